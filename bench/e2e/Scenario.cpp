@@ -1,0 +1,47 @@
+#include "e2e/Scenario.h"
+
+#include "core/process/ChildProcess.h"
+#include "core/process/SubprocessExecutor.h"
+
+#include <algorithm>
+#include <chrono>
+#include <cstdio>
+
+namespace orvel::bench {
+
+std::map<std::string, ScenarioFunction>& scenarios() {
+    static std::map<std::string, ScenarioFunction> registry;
+    return registry;
+}
+
+double milliseconds(const std::function<void()>& work) {
+    const auto start = std::chrono::steady_clock::now();
+    work();
+    return std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - start).count();
+}
+
+double median(std::vector<double> values) {
+    std::sort(values.begin(), values.end());
+    return values.empty() ? 0.0 : values[values.size() / 2];
+}
+
+std::string gitOutput(const std::string& repo, const std::vector<std::string>& arguments) {
+    ChildRequest request;
+    request.executable = "/usr/bin/git";
+    request.arguments = {"-C", repo};
+    request.arguments.insert(request.arguments.end(), arguments.begin(), arguments.end());
+    request.environment = gitEnvironment(inheritedEnvironment(), std::nullopt);
+    request.stdoutCapture = StreamCapture::capture(SubprocessExecutor::stdoutLimit);
+    request.stderrCapture = StreamCapture::capture(SubprocessExecutor::stderrLimit);
+    return runChild(request).out;
+}
+
+void report(const std::string& scenario, const std::vector<double>& ours, const std::vector<double>& git,
+            const std::string& extra) {
+    const double oursMs = median(ours), gitMs = median(git);
+    std::printf("scenario=%s ours_ms=%.2f git_ms=%.2f ratio=%.3f%s\n", scenario.c_str(), oursMs, gitMs,
+                gitMs > 0 ? oursMs / gitMs : 0.0, extra.c_str());
+    std::fflush(stdout);
+}
+
+} // namespace orvel::bench

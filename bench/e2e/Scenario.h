@@ -1,0 +1,38 @@
+// What every benchmark scenario shares: its options, registration by name, timing, and the one
+// report line "scenario=<name> ours_ms=<x> git_ms=<y> ratio=<x/y>".
+#pragma once
+
+#include <functional>
+#include <map>
+#include <string>
+#include <vector>
+
+namespace orvel::bench {
+
+struct ScenarioOptions {
+    std::string repo;  // an existing repository, or where to generate one
+    bool tiny = false; // a small repository for a smoke run
+    int rounds = 7;
+};
+
+using ScenarioFunction = std::function<int(const ScenarioOptions&)>;
+
+std::map<std::string, ScenarioFunction>& scenarios();
+
+// Registers a scenario at start-up: `static ScenarioRegistration r("name", run);` in its own file.
+struct ScenarioRegistration {
+    ScenarioRegistration(const std::string& name, ScenarioFunction run) { scenarios().emplace(name, std::move(run)); }
+};
+
+double milliseconds(const std::function<void()>& work);
+double median(std::vector<double> values);
+
+// Runs git with `arguments` in `repo` under the environment the executor gives git, capturing
+// stdout as the executor does; this is git's own time for the same output.
+std::string gitOutput(const std::string& repo, const std::vector<std::string>& arguments);
+
+// Prints the report line; `extra` is appended as further key=value pairs.
+void report(const std::string& scenario, const std::vector<double>& ours, const std::vector<double>& git,
+            const std::string& extra = {});
+
+} // namespace orvel::bench

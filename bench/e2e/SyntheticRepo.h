@@ -1,0 +1,23 @@
+// Makes large repositories for benchmarks through `git fast-import` and plain file writes.
+#pragma once
+
+#include <cstddef>
+#include <string>
+
+namespace orvel::bench {
+
+struct WorkingTreeShape {
+    std::size_t trackedFiles = 0;
+    std::size_t modifiedFiles = 0;
+    std::size_t untrackedFiles = 0;
+};
+
+// Creates `directory` as a repository with one commit of `trackedFiles` files spread over nested
+// folders, checks it out, then modifies and adds files as `shape` asks. The index is refreshed
+// at the end so that timed runs of status don't pay for a first stat pass.
+void makeWorkingTreeRepository(const std::string& directory, const WorkingTreeShape& shape);
+
+// The path of the n-th generated file, relative to the repository root.
+std::string generatedFilePath(std::size_t n);
+
+} // namespace orvel::bench

@@ -1,0 +1,12 @@
+#!/usr/bin/env bash
+# Runs the benchmark tool once on a tiny generated repository: a check that it works, not a measurement.
+set -euo pipefail
+tool="$1"
+work=$(mktemp -d)
+trap 'rm -rf "$work"' EXIT
+export HOME="$work/home" GIT_CONFIG_NOSYSTEM=1 GIT_CONFIG_GLOBAL=/dev/null
+export GIT_AUTHOR_NAME=Bench GIT_AUTHOR_EMAIL=bench@orvel.invalid GIT_COMMITTER_NAME=Bench GIT_COMMITTER_EMAIL=bench@orvel.invalid
+mkdir -p "$HOME"
+line=$("$tool" --scenario status-100k --tiny --rounds 2 --repo "$work/repo")
+echo "$line"
+[[ "$line" =~ ^scenario=status-tiny\ ours_ms=[0-9.]+\ git_ms=[0-9.]+\ ratio=[0-9.]+\ files=40\  ]]

@@ -1,0 +1,23 @@
+#!/usr/bin/env bash
+# Installs the Debian packages that Orvel needs to build, run and test; does nothing when all are present.
+set -euo pipefail
+
+packages=(
+  build-essential cmake ninja-build git clang libclang-rt-14-dev
+  qt6-base-dev qt6-l10n-tools qt6-tools-dev-tools qcoro-qt6-dev
+  libcmark-gfm-dev libcmark-gfm-extensions-dev
+  googletest libgtest-dev libgmock-dev libbenchmark-dev
+  libgl-dev xvfb xauth
+)
+
+missing=()
+for p in "${packages[@]}"; do
+  dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q 'install ok installed' || missing+=("$p")
+done
+[ ${#missing[@]} -eq 0 ] && exit 0
+
+sudo=""
+[ "$(id -u)" -eq 0 ] || sudo="sudo"
+export DEBIAN_FRONTEND=noninteractive
+$sudo apt-get update -qq
+$sudo apt-get install -y -qq --no-install-recommends "${missing[@]}"

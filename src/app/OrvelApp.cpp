@@ -1,0 +1,33 @@
+#include "app/OrvelApp.h"
+
+#include "app/Appearance.h"
+#include "core/process/SubprocessExecutor.h"
+#include "core/queue/GitOpRunner.h"
+#include "core/service/NativeGitService.h"
+#include "core/support/Log.h"
+#include "core/support/UserDefaults.h"
+#include "workspace/AppViewModel.h"
+
+#include <QTimer>
+
+namespace orvel {
+
+OrvelApp::OrvelApp() : defaults_(std::make_unique<SettingsUserDefaults>()) {
+    qCDebug(lcApp, "op=app.launched");
+    qCDebug(lcApp, "init: starting OrvelApp");
+    executor_ = std::make_shared<SubprocessExecutor>(std::nullopt, *defaults_);
+    qCDebug(lcApp, "init: SubprocessExecutor created");
+    service_ = std::make_shared<NativeGitService>(executor_, std::make_shared<GitOpRunner>());
+    qCDebug(lcApp, "init: NativeGitService created");
+    appViewModel_ = std::make_unique<AppViewModel>(service_);
+    std::optional<QByteArray> autotestPath;
+    if (qEnvironmentVariableIsSet("ORVEL_AUTOTEST_OPEN_REPO"))
+        autotestPath = qgetenv("ORVEL_AUTOTEST_OPEN_REPO");
+    appViewModel_->openFromEnvironment(std::move(autotestPath));
+    QTimer::singleShot(0, [appearance = defaults_->string("appearance")] { applyAppearance(appearance); });
+    qCDebug(lcApp, "init: OrvelApp ready");
+}
+
+OrvelApp::~OrvelApp() = default;
+
+} // namespace orvel

@@ -1,0 +1,29 @@
+// Brings the application up in its fixed order: executor, git service, application model, and
+// the stored appearance; then it opens the repository named by ORVEL_AUTOTEST_OPEN_REPO, if any.
+#pragma once
+
+#include <memory>
+
+namespace orvel {
+
+class AppViewModel;
+class GitOpRunner;
+class NativeGitService;
+class SubprocessExecutor;
+class UserDefaults;
+
+class OrvelApp {
+public:
+    OrvelApp();
+    ~OrvelApp();
+
+    AppViewModel& appViewModel() { return *appViewModel_; }
+
+private:
+    std::unique_ptr<UserDefaults> defaults_;
+    std::shared_ptr<SubprocessExecutor> executor_;
+    std::shared_ptr<NativeGitService> service_;
+    std::unique_ptr<AppViewModel> appViewModel_;
+};
+
+} // namespace orvel

@@ -1,0 +1,20 @@
+// The program's entry: the application object, the start-up sequence and the main window.
+#include "app/OrvelApp.h"
+#include "workspace/AppViewModel.h"
+#include "workspace/ui/RepositoryWindow.h"
+
+#include <QApplication>
+
+int main(int argc, char** argv) {
+    QApplication application(argc, argv);
+    QApplication::setOrganizationName("Orvel");
+    QApplication::setApplicationName("Orvel");
+    QApplication::setQuitOnLastWindowClosed(true);
+
+    orvel::OrvelApp app;
+    orvel::RepositoryWindow window(app.appViewModel());
+    window.show();
+    window.raise();
+    window.activateWindow();
+    return QApplication::exec();
+}

@@ -1,0 +1,33 @@
+// Commands such as merge, rebase, pull, cherry-pick, revert and stash apply fail when they stop on
+// conflicts. This helper tells that apart from a real failure by asking git for unmerged paths.
+#pragma once
+
+#include "core/parsers/ConflictParser.h"
+#include "core/process/GitExecutorProtocol.h"
+#include "core/service/GitServiceError.h"
+
+#include <exception>
+#include <string>
+#include <utility>
+
+namespace orvel {
+
+// Runs `command`. When it fails with a GitServiceError and the repository then holds unmerged
+// paths, answers `onConflict(conflicts)` instead; otherwise the command's error goes on.
+// Errors that are not a GitServiceError, and a failing query, go to the caller as they are.
+template <typename Command, typename OnConflict>
+auto runWithConflictRecovery(GitExecutorProtocol& git, const std::string& repoPath, Command&& command,
+                             OnConflict&& onConflict) -> decltype(command()) {
+    try {
+        return command();
+    } catch (const GitServiceError&) {
+        const std::exception_ptr failure = std::current_exception();
+        auto conflicts = GitOutputParser::parseConflictFiles(
+            git.execute({"status", "--porcelain=v2", "-uall", "-z"}, repoPath));
+        if (!conflicts.empty())
+            return onConflict(std::move(conflicts));
+        std::rethrow_exception(failure);
+    }
+}
+
+} // namespace orvel

@@ -1,0 +1,25 @@
+// An opened repository as a value: a snapshot taken by `open`, never refreshed by itself.
+#pragma once
+
+#include <optional>
+#include <string>
+
+namespace orvel {
+
+// The operation in progress, as read from marker files in the git directory.
+enum class RepositoryState { clean = 0, merging, rebasing, cherryPicking, reverting, bisecting, applyingMailbox };
+
+const char* toString(RepositoryState state);
+
+struct RepoEntry {
+    std::string path; // as given to `open`; the queue key and the value given to git through "-C"
+    std::optional<std::string> gitDirPath;
+    bool isBare = false;
+    std::optional<std::string> currentBranch;
+    std::optional<std::string> headHash;
+    RepositoryState state = RepositoryState::clean;
+
+    bool operator==(const RepoEntry&) const = default;
+};
+
+} // namespace orvel

@@ -1,0 +1,30 @@
+// The one interface through which upper layers reach a repository. Operations stand in contract
+// order; each is a coroutine that may fail with GitServiceError, a child-process error
+// (std::system_error) or a file-system error. Arguments are taken by value: coroutines outlive
+// their callers' temporaries.
+#pragma once
+
+#include "core/records/FileChange.h"
+#include "core/records/RepoEntry.h"
+
+#include <QCoro/QCoroTask>
+
+#include <optional>
+#include <string>
+
+namespace orvel {
+
+class GitServiceProtocol {
+public:
+    virtual ~GitServiceProtocol() = default;
+
+    virtual QCoro::Task<RepoEntry> open(std::string path) = 0;
+    virtual QCoro::Task<StatusResult> status(RepoEntry repo) = 0;
+
+    virtual QCoro::Task<std::optional<std::string>> defaultBranch(RepoEntry repo) = 0;
+    virtual QCoro::Task<std::optional<std::string>> currentBranch(RepoEntry repo) = 0;
+    virtual QCoro::Task<RepoEntry> cloneRepository(std::string url, std::string path) = 0;
+    virtual QCoro::Task<RepoEntry> initRepository(std::string path, std::optional<std::string> initialBranch) = 0;
+};
+
+} // namespace orvel

@@ -1,0 +1,52 @@
+#include "core/service/MockGitService.h"
+
+#include "core/commands/RepositoryCommands.h"
+
+namespace orvel {
+
+MockGitService::MockGitService() {
+    repository.gitDirPath = ".git";
+    repository.currentBranch = "main";
+    repository.headHash = "4b825dc642cb6eb9a060e54bf8d69288fbee4904";
+    defaultBranchName = "main";
+    auto change = [](std::string path, FileStatusKind status) {
+        FileChange file;
+        file.path = std::move(path);
+        file.status = status;
+        return file;
+    };
+    workingTree.files = {
+        change("README.md", FileStatusKind::tracked(TrackedStatus::modified, TrackedStatus::unmodified)),
+        change("src/main.cpp", FileStatusKind::tracked(TrackedStatus::unmodified, TrackedStatus::modified)),
+        change("notes.txt", FileStatusKind::untracked()),
+    };
+}
+
+QCoro::Task<RepoEntry> MockGitService::open(std::string path) {
+    RepoEntry entry = repository;
+    entry.gitDirPath = path + "/.git";
+    entry.path = std::move(path);
+    co_return entry;
+}
+
+QCoro::Task<StatusResult> MockGitService::status(RepoEntry) { co_return workingTree; }
+
+QCoro::Task<std::optional<std::string>> MockGitService::defaultBranch(RepoEntry) { co_return defaultBranchName; }
+
+QCoro::Task<std::optional<std::string>> MockGitService::currentBranch(RepoEntry) {
+    co_return repository.currentBranch;
+}
+
+QCoro::Task<RepoEntry> MockGitService::cloneRepository(std::string url, std::string path) {
+    RepositoryCommands::validateCloneUrl(url);
+    co_return co_await open(std::move(path));
+}
+
+QCoro::Task<RepoEntry> MockGitService::initRepository(std::string path, std::optional<std::string> initialBranch) {
+    RepoEntry entry = co_await open(std::move(path));
+    entry.currentBranch = initialBranch.value_or("main");
+    entry.headHash.reset();
+    co_return entry;
+}
+
+} // namespace orvel

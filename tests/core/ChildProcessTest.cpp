@@ -1,0 +1,84 @@
+// The child-process layer: concurrent capture of both streams, limits, and no child left behind.
+#include "core/process/ChildProcess.h"
+
+#include <gtest/gtest.h>
+
+#include <cerrno>
+#include <sys/wait.h>
+#include <system_error>
+
+using namespace orvel;
+
+namespace {
+
+ChildRequest shell(const std::string& script, std::size_t outLimit = 64u << 20, std::size_t errLimit = 64u << 20) {
+    ChildRequest request;
+    request.executable = "/bin/sh";
+    request.arguments = {"-c", script};
+    request.environment = inheritedEnvironment();
+    request.stdoutCapture = StreamCapture::capture(outLimit);
+    request.stderrCapture = StreamCapture::capture(errLimit);
+    return request;
+}
+
+bool noChildLeft() { return ::waitpid(-1, nullptr, WNOHANG) == -1 && errno == ECHILD; }
+
+} // namespace
+
+TEST(ChildProcess, MegabytesOnBothStreamsAtOnceFinishWithoutDeadlock) {
+    // Each stream gets far more than a pipe buffer, interleaved, so reading one stream only would hang.
+    const auto outcome =
+        runChild(shell("i=0; while [ $i -lt 40 ]; do head -c 100000 /dev/zero; head -c 100000 /dev/zero >&2; "
+                       "i=$((i+1)); done"));
+    EXPECT_TRUE(outcome.succeeded());
+    EXPECT_EQ(outcome.out.size(), 4'000'000u);
+    EXPECT_EQ(outcome.err.size(), 4'000'000u);
+}
+
+TEST(ChildProcess, OutputIsKeptAsRawBytes) {
+    const auto outcome = runChild(shell("printf 'a\\000b\\377\\n'"));
+    EXPECT_EQ(outcome.out, std::string("a\0b\xff\n", 5));
+}
+
+TEST(ChildProcess, StreamOverItsLimitKillsAndReapsTheChild) {
+    // The child would run forever; only the limit ends it.
+    EXPECT_THROW(runChild(shell("yes 1>&2", 1024, 1u << 20)), OutputLimitExceeded);
+    EXPECT_TRUE(noChildLeft());
+    EXPECT_THROW(runChild(shell("yes", 1u << 20)), OutputLimitExceeded);
+    EXPECT_TRUE(noChildLeft());
+}
+
+TEST(ChildProcess, ExitStatusAndSignalAreReported) {
+    auto exited = runChild(shell("echo oops >&2; exit 3"));
+    EXPECT_EQ(exited.termination, ChildOutcome::Termination::exited);
+    EXPECT_EQ(exited.code, 3);
+    EXPECT_EQ(exited.err, "oops\n");
+    auto killed = runChild(shell("kill -TERM $$"));
+    EXPECT_EQ(killed.termination, ChildOutcome::Termination::signaled);
+    EXPECT_FALSE(killed.succeeded());
+}
+
+TEST(ChildProcess, StdinIsTheNullDevice) {
+    EXPECT_EQ(runChild(shell("wc -c")).out, "0\n");
+}
+
+TEST(ChildProcess, DiscardedStreamIsNotCaptured) {
+    auto request = shell("echo out; echo err >&2");
+    request.stderrCapture = StreamCapture::discarded();
+    const auto outcome = runChild(request);
+    EXPECT_EQ(outcome.out, "out\n");
+    EXPECT_EQ(outcome.err, "");
+}
+
+TEST(ChildProcess, MissingExecutableGivesAClearError) {
+    ChildRequest request;
+    request.executable = "/nonexistent/bin/git";
+    try {
+        runChild(request);
+        FAIL() << "expected an error";
+    } catch (const std::system_error& error) {
+        EXPECT_EQ(error.code().value(), ENOENT);
+        EXPECT_NE(std::string(error.what()).find("Could not run git at /nonexistent/bin/git"), std::string::npos);
+    }
+    EXPECT_TRUE(noChildLeft());
+}

@@ -1,0 +1,192 @@
+// The executor against fake git programs (shell scripts) that print what they were given, and
+// against the real git for the version probe.
+#include "core/process/ChildProcess.h"
+#include "core/process/SubprocessExecutor.h"
+#include "core/service/GitServiceError.h"
+#include "core/support/UserDefaults.h"
+#include "support/GitFixture.h"
+
+#include <gtest/gtest.h>
+
+#include <cerrno>
+#include <filesystem>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <system_error>
+
+using namespace orvel;
+using orvel::test::TempDir;
+
+namespace {
+
+// A fake git: a script with `body`, made executable.
+std::string fakeGit(const TempDir& dir, const std::string& body, const std::string& name = "git") {
+    const std::string path = dir / name;
+    test::writeFile(path, "#!/bin/sh\n" + body + "\n");
+    ::chmod(path.c_str(), 0755);
+    return path;
+}
+
+std::unique_ptr<SubprocessExecutor> executorFor(const std::string& gitPath,
+                                                std::optional<std::string> askpass = std::nullopt) {
+    InMemoryUserDefaults defaults;
+    defaults.setValue("gitBinaryPath", QString::fromStdString(gitPath));
+    return std::make_unique<SubprocessExecutor>(std::move(askpass), defaults);
+}
+
+std::string valueOf(const std::vector<std::string>& environment, const std::string& key) {
+    for (const auto& entry : environment) {
+        if (entry.starts_with(key + "="))
+            return entry.substr(key.size() + 1);
+    }
+    return "<unset>";
+}
+
+} // namespace
+
+TEST(SubprocessExecutorArguments, RepositoryComesFirstThroughDashC) {
+    TempDir dir;
+    auto executor = executorFor(fakeGit(dir, R"(for a in "$@"; do printf '[%s]' "$a"; done)"));
+    EXPECT_EQ(executor->execute({"status"}, "/r"), "[-C][/r][status]");
+    EXPECT_EQ(executor->execute({"commit", "-m", "it's $(touch x) `y`"}, "/a b"),
+              "[-C][/a b][commit][-m][it's $(touch x) `y`]");
+    EXPECT_FALSE(std::filesystem::exists("x"));
+}
+
+TEST(SubprocessExecutorArguments, OutputIsReturnedUntrimmed) {
+    TempDir dir;
+    auto executor = executorFor(fakeGit(dir, R"(printf '  two\n\nlines \n')"));
+    EXPECT_EQ(executor->execute({"log"}, "/r"), "  two\n\nlines \n");
+}
+
+TEST(SubprocessExecutorFailures, NonZeroExitCarriesCommandWordAndStderr) {
+    TempDir dir;
+    auto executor = executorFor(fakeGit(dir, "echo partial; echo 'fatal: bad' >&2; exit 128"));
+    try {
+        executor->execute({"--no-pager", "log", "-1"}, "/r");
+        FAIL() << "expected commandFailed";
+    } catch (const GitServiceError& error) {
+        EXPECT_EQ(error.kind(), GitServiceError::Kind::commandFailed);
+        EXPECT_STREQ(error.what(), "git log failed: fatal: bad\n");
+    }
+}
+
+TEST(SubprocessExecutorFailures, SixtyMegabytesOfStderrGiveTheHundredMegabyteMessage) {
+    TempDir dir;
+    auto executor = executorFor(fakeGit(dir, "head -c 62914560 /dev/zero >&2"));
+    try {
+        executor->execute({"fsck"}, "/r");
+        FAIL() << "expected commandFailed";
+    } catch (const GitServiceError& error) {
+        EXPECT_EQ(error.command(), "fsck");
+        EXPECT_TRUE(error.stderrText().starts_with("output exceeded 100 MB limit: ")) << error.stderrText();
+    }
+    EXPECT_EQ(::waitpid(-1, nullptr, WNOHANG), -1);
+    EXPECT_EQ(errno, ECHILD);
+}
+
+TEST(SubprocessExecutorFailures, MissingGitGivesAClearError) {
+    auto executor = executorFor("/nonexistent/git");
+    try {
+        executor->execute({"status"}, "/r");
+        FAIL() << "expected an error";
+    } catch (const std::system_error& error) {
+        EXPECT_NE(std::string(error.what()).find("Could not run git at /nonexistent/git"), std::string::npos);
+    }
+}
+
+TEST(SubprocessExecutorEnvironment, RepositoryCommandsGetPathPromptAndLocale) {
+    const auto environment = gitEnvironment({"PATH=/usr/bin", "HOME=/h", "LC_ALL=de_DE.UTF-8"}, std::nullopt);
+    EXPECT_EQ(valueOf(environment, "PATH"), "/opt/homebrew/bin:/opt/homebrew/sbin:/usr/local/bin:/usr/bin");
+    EXPECT_EQ(valueOf(environment, "GIT_TERMINAL_PROMPT"), "0");
+    EXPECT_EQ(valueOf(environment, "LC_ALL"), "C");
+    EXPECT_EQ(valueOf(environment, "HOME"), "/h");
+}
+
+TEST(SubprocessExecutorEnvironment, MissingPathFallsBackToSystemDirectories) {
+    EXPECT_EQ(valueOf(gitEnvironment({}, std::nullopt), "PATH"),
+              "/opt/homebrew/bin:/opt/homebrew/sbin:/usr/local/bin:/usr/bin:/bin");
+}
+
+TEST(SubprocessExecutorEnvironment, AskpassSetsPromptsAndKeepsTheRealDisplay) {
+    const auto without = gitEnvironment({"GIT_ASKPASS=/mine", "DISPLAY=:5"}, std::nullopt);
+    EXPECT_EQ(valueOf(without, "GIT_ASKPASS"), "/mine");
+    EXPECT_EQ(valueOf(without, "SSH_ASKPASS"), "<unset>");
+
+    const auto with = gitEnvironment({"DISPLAY=:5"}, std::string("/tmp/askpass.sh"));
+    EXPECT_EQ(valueOf(with, "GIT_ASKPASS"), "/tmp/askpass.sh");
+    EXPECT_EQ(valueOf(with, "SSH_ASKPASS"), "/tmp/askpass.sh");
+    EXPECT_EQ(valueOf(with, "SSH_ASKPASS_REQUIRE"), "force");
+    EXPECT_EQ(valueOf(with, "DISPLAY"), ":5");
+    EXPECT_EQ(valueOf(gitEnvironment({}, std::string("/a")), "DISPLAY"), ":0");
+}
+
+TEST(SubprocessExecutorEnvironment, ExtraEnvironmentWinsOverEverything) {
+    const auto environment = gitEnvironment({"PATH=/bin"}, std::nullopt, {{"LC_ALL", "POSIX"}, {"GIT_EDITOR", "true"}});
+    EXPECT_EQ(valueOf(environment, "LC_ALL"), "POSIX");
+    EXPECT_EQ(valueOf(environment, "GIT_EDITOR"), "true");
+}
+
+TEST(SubprocessExecutorEnvironment, ChildSeesTheBuiltEnvironment) {
+    TempDir dir;
+    auto executor = executorFor(fakeGit(dir, R"(printf '%s|%s|%s' "$LC_ALL" "$GIT_TERMINAL_PROMPT" "$X")"));
+    EXPECT_EQ(executor->executeWithEnvironment({"rebase"}, "/r", {{"X", "y"}}), "C|0|y");
+}
+
+TEST(SubprocessExecutorCommandWord, FirstNonOptionArgument) {
+    EXPECT_EQ(commandWord({"--no-pager", "log"}), "log");
+    EXPECT_EQ(commandWord({"--version"}), "--version");
+    EXPECT_EQ(commandWord({}), "git");
+    EXPECT_EQ(commandWord({"status", "--porcelain=v2"}), "status");
+    EXPECT_EQ(commandWord({"-c", "x", "y"}), "x");
+}
+
+TEST(SubprocessExecutorDiscovery, WellKnownPlacesThenWhichThenUsrBin) {
+    int whichRuns = 0;
+    auto which = [&](std::optional<std::string> answer) {
+        return [&whichRuns, answer] {
+            ++whichRuns;
+            return answer;
+        };
+    };
+    auto only = [](std::string present) { return [present](const std::string& path) { return path == present; }; };
+    EXPECT_EQ(discoverGitPath(only("/opt/homebrew/bin/git"), which("/x")), "/opt/homebrew/bin/git");
+    EXPECT_EQ(discoverGitPath(only("/usr/local/bin/git"), which("/x")), "/usr/local/bin/git");
+    EXPECT_EQ(whichRuns, 0);
+    EXPECT_EQ(discoverGitPath(only(""), which("/home/me/bin/git")), "/home/me/bin/git");
+    EXPECT_EQ(discoverGitPath(only(""), which("")), "");
+    EXPECT_EQ(discoverGitPath(only(""), which(std::nullopt)), "/usr/bin/git");
+}
+
+TEST(SubprocessExecutorOverride, InvalidPathIsRefusedAndTheOldOneKept) {
+    TempDir dir;
+    const std::string first = fakeGit(dir, "echo first", "git-first");
+    auto executor = executorFor(first);
+    EXPECT_THROW(executor->setGitPathOverride(std::string("/nonexistent/git")), GitServiceError);
+    EXPECT_THROW(executor->setGitPathOverride(fakeGit(dir, "exit 1", "git-broken")), GitServiceError);
+    EXPECT_EQ(executor->resolvedGitPath(), first);
+
+    const std::string second = fakeGit(dir, "echo second", "git-second");
+    executor->setGitPathOverride(second);
+    EXPECT_EQ(executor->resolvedGitPath(), second);
+    EXPECT_EQ(executor->execute({"x"}, "/r"), "second\n");
+}
+
+TEST(SubprocessExecutorOverride, ClearingRediscoversGit) {
+    TempDir dir;
+    auto executor = executorFor(fakeGit(dir, "echo fake"));
+    executor->setGitPathOverride(std::nullopt);
+    const std::string discovered = executor->resolvedGitPath();
+    EXPECT_TRUE(discovered.ends_with("/git")) << discovered;
+    EXPECT_TRUE(executor->gitVersion().starts_with("git version "));
+}
+
+TEST(SubprocessExecutorOverride, ConfiguredPathComesFromTheSettings) {
+    InMemoryUserDefaults empty;
+    SubprocessExecutor discovering(std::nullopt, empty);
+    EXPECT_TRUE(discovering.gitVersion().starts_with("git version "));
+
+    TempDir dir;
+    const std::string fake = fakeGit(dir, "echo 'git version 0.0.fake'");
+    EXPECT_EQ(executorFor(fake)->gitVersion(), "git version 0.0.fake");
+}
