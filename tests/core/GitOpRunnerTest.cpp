@@ -135,6 +135,15 @@ TEST(GitOpRunnerValues, VoidAndMoveOnlyBlocksDeliverTheirOutcome) {
     EXPECT_EQ(*pointer, 7);
 }
 
+TEST(GitOpRunnerValues, UnqueuedWorkDoesNotWaitForARepository) {
+    GitOpRunner runner(2);
+    Gate gate;
+    auto held = runner.serializedExecute("/r", [&] { gate.wait(); });
+    EXPECT_EQ(test::await(runner.runUnqueued([] { return 5; })), 5);
+    gate.open();
+    test::await(std::move(held));
+}
+
 // Several repositories, hundreds of operations of mixed length and outcome: each path sees its
 // operations in submission order, never two at once, different paths run at the same time, and
 // no tail is left afterwards. Uses only standard primitives so that ThreadSanitizer sees all.

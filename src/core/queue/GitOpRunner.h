@@ -50,6 +50,16 @@ public:
         co_return co_await typename CrossThreadResult<Value>::Awaiter{result};
     }
 
+    // Runs `block` on the worker pool outside every repository's queue, for the few look-ups
+    // that must not wait behind a repository's operations.
+    template <typename Block>
+    auto runUnqueued(Block block) -> QCoro::Task<std::invoke_result_t<Block&>> {
+        using Value = std::invoke_result_t<Block&>;
+        auto result = std::make_shared<CrossThreadResult<Value>>();
+        pool_.post([result, block = std::move(block)]() mutable { result->complete(block); });
+        co_return co_await typename CrossThreadResult<Value>::Awaiter{result};
+    }
+
     // The queue itself: throws OperationCancelled, before a nonce is taken, when `cancellation`
     // has been triggered; otherwise returns the nonce of the queued job.
     std::uint64_t enqueue(const std::string& repoPath, Job job, std::stop_token cancellation = {});
