@@ -5,6 +5,6 @@ cd "$(dirname "$0")/.."
 scripts/install-deps.sh
 cmake --preset tsan >/dev/null
 cmake --build build/tsan --target orvel_core_tests
-export TSAN_OPTIONS="halt_on_error=1:second_deadlock_stack=1"
+export TSAN_OPTIONS="halt_on_error=1:second_deadlock_stack=1:suppressions=$PWD/tests/tsan.supp"
 export QT_QPA_PLATFORM=offscreen
 build/tsan/tests/orvel_core_tests --gtest_filter='GitOpRunner*:ChildProcess*:SubprocessExecutor*'

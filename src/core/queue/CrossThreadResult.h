@@ -2,9 +2,7 @@
 // coroutine resumes on its own thread, through that thread's event loop.
 #pragma once
 
-#include <QAbstractEventDispatcher>
-#include <QCoreApplication>
-#include <QMetaObject>
+#include "core/queue/CoroutineResumer.h"
 
 #include <coroutine>
 #include <exception>
@@ -30,7 +28,7 @@ public:
             error_ = std::current_exception();
         }
         std::coroutine_handle<> waiter;
-        QObject* resumer = nullptr;
+        CoroutineResumer* resumer = nullptr;
         {
             std::lock_guard lock(mutex_);
             done_ = true;
@@ -38,8 +36,7 @@ public:
             resumer = resumer_;
         }
         if (waiter)
-            QMetaObject::invokeMethod(
-resumer, [waiter] { waiter.resume(); }, Qt::QueuedConnection);
+            resumer->post(waiter);
     }
 
     bool failed() const {
@@ -55,10 +52,7 @@ resumer, [waiter] { waiter.resume(); }, Qt::QueuedConnection);
             return result->done_;
         }
         bool await_suspend(std::coroutine_handle<> handle) {
-            // The event dispatcher lives in this thread, so the resumption is posted back here.
-            QObject* resumer = QAbstractEventDispatcher::instance();
-            if (!resumer)
-                resumer = QCoreApplication::instance();
+            CoroutineResumer* resumer = CoroutineResumer::forCurrentThread();
             std::lock_guard lock(result->mutex_);
             if (result->done_)
                 return false;
@@ -83,7 +77,7 @@ private:
     std::optional<Stored> value_;
     std::exception_ptr error_;
     std::coroutine_handle<> waiter_;
-    QObject* resumer_ = nullptr;
+    CoroutineResumer* resumer_ = nullptr;
 };
 
 } // namespace orvel
