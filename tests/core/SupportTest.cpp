@@ -28,7 +28,7 @@ TEST(SettingsUserDefaults, ValuesPersistInTheXdgConfigurationDirectory) {
     }
     SettingsUserDefaults reopened;
     EXPECT_EQ(reopened.string("gitBinaryPath"), "/opt/git/bin/git");
-    const QString file = qEnvironmentVariable("XDG_CONFIG_HOME") + "/Orvel/Orvel.conf";
+    const QString file = qEnvironmentVariable("XDG_CONFIG_HOME") + "/Orvel/Orvel.ini";
     EXPECT_TRUE(QFile::exists(file)) << file.toStdString();
     reopened.remove("gitBinaryPath");
     EXPECT_EQ(reopened.string("gitBinaryPath", "gone"), "gone");

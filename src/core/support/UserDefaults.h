@@ -25,7 +25,7 @@ public:
     }
 };
 
-// INI file "Orvel/Orvel.conf" under the XDG configuration directory.
+// INI file "Orvel/Orvel.ini" under the XDG configuration directory.
 class SettingsUserDefaults final : public UserDefaults {
 public:
     SettingsUserDefaults();
