@@ -3,8 +3,6 @@
 #include "core/parsers/LineFields.h"
 #include "core/support/Log.h"
 
-#include <algorithm>
-
 namespace orvel::GitOutputParser {
 
 namespace {
@@ -56,7 +54,6 @@ void readTrackField(std::string_view track, UpstreamInfo& upstream) {
 std::vector<BranchEntry> parseBranches(std::string_view text) {
     qCDebug(lcParser, "parseBranches: %ld chars", static_cast<long>(text.size()));
     std::vector<BranchEntry> branches;
-    branches.reserve(static_cast<std::size_t>(std::count(text.begin(), text.end(), '\n')));
     forEachNonEmptyLine(text, [&](std::string_view line) {
         std::array<std::string_view, 10> fields;
         if (splitNulFields(line, fields) < fields.size())
