@@ -2,6 +2,7 @@
 // an upstream it has diverged from. The branch listing through the executor and parseBranches
 // against git's own run of the same command; the parser's share is reported on its own as well.
 #include "e2e/Scenario.h"
+#include "e2e/SyntheticRepo.h"
 
 #include "core/parsers/RefParsers.h"
 #include "core/process/ChildProcess.h"
@@ -21,21 +22,6 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr std::size_t commitsInHistory = 10;
-
-void runGit(const std::string& directory, const std::vector<std::string>& arguments,
-            const std::string& input = "/dev/null") {
-    ChildRequest request;
-    request.stdinPath = input;
-    request.executable = "/usr/bin/git";
-    request.arguments = {"-C", directory};
-    request.arguments.insert(request.arguments.end(), arguments.begin(), arguments.end());
-    request.environment = inheritedEnvironment();
-    request.stdoutCapture = StreamCapture::discarded();
-    request.stderrCapture = StreamCapture::capture(1 << 20);
-    const ChildOutcome outcome = runChild(request);
-    if (!outcome.succeeded())
-        throw std::runtime_error("git " + arguments.front() + " failed: " + outcome.err);
-}
 
 std::string branchName(std::size_t n) {
     char name[64];

@@ -11,9 +11,7 @@ namespace orvel::bench {
 
 namespace fs = std::filesystem;
 
-namespace {
-
-void runGit(const std::string& directory, std::vector<std::string> arguments, const std::string& input = "/dev/null") {
+void runGit(const std::string& directory, const std::vector<std::string>& arguments, const std::string& input) {
     ChildRequest request;
     request.stdinPath = input;
     request.executable = "/usr/bin/git";
@@ -26,6 +24,8 @@ void runGit(const std::string& directory, std::vector<std::string> arguments, co
     if (!outcome.succeeded())
         throw std::runtime_error("git " + arguments.front() + " failed: " + outcome.err);
 }
+
+namespace {
 
 std::string fileContent(std::size_t n) {
     return "file " + std::to_string(n) + "\nthe second line of every generated file\n";

@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <string>
+#include <vector>
 
 namespace orvel::bench {
 
@@ -16,6 +17,10 @@ struct WorkingTreeShape {
 // folders, checks it out, then modifies and adds files as `shape` asks. The index is refreshed
 // at the end so that timed runs of status don't pay for a first stat pass.
 void makeWorkingTreeRepository(const std::string& directory, const WorkingTreeShape& shape);
+
+// Runs git with `arguments` in `directory`, stdin read from `input`; throws with git's stderr on failure.
+void runGit(const std::string& directory, const std::vector<std::string>& arguments,
+            const std::string& input = "/dev/null");
 
 // The path of the n-th generated file, relative to the repository root.
 std::string generatedFilePath(std::size_t n);
