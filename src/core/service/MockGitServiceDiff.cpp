@@ -67,6 +67,8 @@ void putHunk(DiffResult& into, const std::string& path, DiffHunk hunk) {
 
 } // namespace
 
+// The canned records are returned as explicit copies: QCoro's return_value moves from an lvalue
+// it is given, which would empty the fields at the first call.
 DiffResult MockGitService::sampleUnstagedDiff() {
     return GitOutputParser::parseDiff("diff --git a/src/main.cpp b/src/main.cpp\n"
                                       "index 3b18e51..a0b1c2d 100644\n"
@@ -133,23 +135,23 @@ QCoro::Task<void> MockGitService::discardHunk(RepoEntry, std::string path, DiffH
 QCoro::Task<DiffResult> MockGitService::diff(RepoEntry, DiffContext context, std::optional<int>) {
     switch (context.kind) {
     case DiffContext::Case::unstaged:
-        co_return unstagedDiff;
+        co_return DiffResult(unstagedDiff);
     case DiffContext::Case::staged:
-        co_return stagedDiff;
+        co_return DiffResult(stagedDiff);
     case DiffContext::Case::commit:
     case DiffContext::Case::stash:
     case DiffContext::Case::commitRange:
         break;
     }
-    co_return historyDiff;
+    co_return DiffResult(historyDiff);
 }
 
 QCoro::Task<DiffResult> MockGitService::commitDiff(RepoEntry, std::string, std::optional<int>) {
-    co_return historyDiff;
+    co_return DiffResult(historyDiff);
 }
 
 QCoro::Task<std::vector<FileChange>> MockGitService::commitFileChanges(RepoEntry, std::string) {
-    co_return commitFiles;
+    co_return std::vector<FileChange>(commitFiles);
 }
 
 } // namespace orvel
