@@ -1,0 +1,113 @@
+// diff-parse: `parseDiff` on the diff between the two commits of a generated repository, about
+// 100 MB of text, against git's own time to print that diff. Reports the parse's throughput and
+// the peak heap it takes beside the text, and checks the counts against `git diff --shortstat`.
+#include "e2e/AllocationCounter.h"
+#include "e2e/Scenario.h"
+#include "e2e/SyntheticRepo.h"
+
+#include "core/parsers/DiffParser.h"
+#include "core/process/SubprocessExecutor.h"
+#include "core/queue/GitOpRunner.h"
+#include "core/service/NativeGitService.h"
+#include "core/support/UserDefaults.h"
+
+#include <QCoro/QCoroTask>
+
+#include <cstdio>
+#include <filesystem>
+#include <iostream>
+
+namespace orvel::bench {
+
+namespace {
+
+struct Totals {
+    std::size_t files = 0, hunks = 0, lines = 0;
+    long additions = 0, deletions = 0;
+};
+
+Totals totalsOf(const DiffResult& diff) {
+    Totals totals;
+    totals.files = diff.files.size();
+    for (const auto& file : diff.files) {
+        totals.hunks += file.hunks.size();
+        totals.additions += file.additions;
+        totals.deletions += file.deletions;
+        for (const auto& hunk : file.hunks)
+            totals.lines += hunk.lines.size();
+    }
+    return totals;
+}
+
+// " 5 files changed, 120 insertions(+), 80 deletions(-)"
+long shortstatNumber(const std::string& text, const std::string& word) {
+    const auto at = text.find(word);
+    if (at == std::string::npos)
+        return 0;
+    const auto start = text.rfind(' ', at - 2);
+    return std::stol(text.substr(start + 1, at - start - 1));
+}
+
+int runDiffParse(const ScenarioOptions& options) {
+    const DiffHistoryShape shape = options.tiny ? DiffHistoryShape{20, 120} : DiffHistoryShape{5000, 560};
+    if (!std::filesystem::exists(std::filesystem::path(options.repo) / ".git")) {
+        std::cerr << "generating " << shape.files << " files of " << shape.linesPerFile << " lines in "
+                  << options.repo << "\n";
+        makeDiffHistoryRepository(options.repo, shape);
+    }
+    const std::vector<std::string> arguments{"diff", "HEAD~1", "HEAD"};
+
+    std::string raw;
+    std::vector<double> ours, git;
+    for (int round = 0; round < options.rounds; ++round) {
+        git.push_back(milliseconds([&] { raw = gitOutput(options.repo, arguments); }));
+        DiffResult parsed;
+        ours.push_back(milliseconds([&] { parsed = GitOutputParser::parseDiff(raw); }));
+    }
+
+    // Memory: the peak of the heap while parsing, and what the result keeps, beside the text.
+    const std::size_t before = liveHeapBytes();
+    resetPeakHeapBytes();
+    DiffResult parsed = GitOutputParser::parseDiff(raw);
+    const std::size_t peakBytes = peakHeapBytes() - before;
+    const std::size_t keptBytes = liveHeapBytes() - before;
+    const Totals totals = totalsOf(parsed);
+
+    // The whole operation through the service: git, the queue and the parse.
+    InMemoryUserDefaults defaults;
+    NativeGitService service(std::make_shared<SubprocessExecutor>(std::nullopt, defaults),
+                             std::make_shared<GitOpRunner>());
+    RepoEntry repo;
+    repo.path = options.repo;
+    std::size_t serviceFiles = 0;
+    const double serviceMs = milliseconds([&] {
+        serviceFiles =
+            QCoro::waitFor(service.diff(repo, DiffContext::commitRange("HEAD~1", "HEAD"), std::nullopt))
+                .files.size();
+    });
+
+    const std::string shortstat = gitOutput(options.repo, {"diff", "--shortstat", "HEAD~1", "HEAD"});
+    const bool countsAgree = shortstatNumber(shortstat, "insertion") == totals.additions &&
+                             shortstatNumber(shortstat, "deletion") == totals.deletions &&
+                             shortstatNumber(shortstat, "file") == static_cast<long>(totals.files) &&
+                             serviceFiles == totals.files;
+
+    const double parseMs = median(ours);
+    const double megabytesPerSecond = parseMs > 0 ? (double(raw.size()) / 1e6) / (parseMs / 1000.0) : 0.0;
+    char extra[320];
+    std::snprintf(extra, sizeof extra,
+                  " mb_per_s=%.0f raw_bytes=%zu peak_bytes=%zu memory_ratio=%.2f kept_ratio=%.2f files=%zu "
+                  "hunks=%zu lines=%zu service_ms=%.2f counts_agree=%s",
+                  megabytesPerSecond, raw.size(), peakBytes,
+                  double(peakBytes) / double(std::max<std::size_t>(raw.size(), 1)),
+                  double(keptBytes) / double(std::max<std::size_t>(raw.size(), 1)), totals.files,
+                  totals.hunks, totals.lines, serviceMs, countsAgree ? "yes" : "no");
+    report(options.tiny ? "diff-parse-tiny" : "diff-parse", ours, git, extra);
+    return countsAgree ? 0 : 1;
+}
+
+const ScenarioRegistration registration("diff-parse", runDiffParse);
+
+} // namespace
+
+} // namespace orvel::bench
