@@ -4,11 +4,12 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <string>
 #include <string_view>
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     const std::string_view text(reinterpret_cast<const char*>(data), size);
-    const orvel::DiffResult diff = orvel::GitOutputParser::parseDiff(text);
+    const orvel::DiffResult diff = orvel::GitOutputParser::parseDiff(std::string(text));
     for (const auto& file : diff.files) {
         int additions = 0, deletions = 0;
         for (const auto& hunk : file.hunks) {

@@ -10,6 +10,7 @@
 #include <cstdint>
 #include <cstring>
 #include <iterator>
+#include <memory>
 #include <utility>
 
 namespace orvel::GitOutputParser {
@@ -75,6 +76,8 @@ int raised(int number) {
 
 class DiffReader {
   public:
+    explicit DiffReader(std::shared_ptr<const std::string> text) : text_(std::move(text)) {}
+
     DiffResult finish() {
         closeFile();
         DiffResult result;
@@ -122,29 +125,37 @@ class DiffReader {
             }
             return;
         case '\\':
-            lines_.push_back(DiffLine{mint_.next(), DiffLineType::noNewlineAtEnd, std::string(line), {}, {}});
+            addLine(DiffLineType::noNewlineAtEnd, line, std::nullopt, std::nullopt);
             return;
         case ' ':
-            lines_.push_back(DiffLine{mint_.next(), DiffLineType::context, std::string(line.substr(1)),
-                                      oldNumber_, newNumber_});
+            addLine(DiffLineType::context, line.substr(1), oldNumber_, newNumber_);
             oldNumber_ = raised(oldNumber_);
             newNumber_ = raised(newNumber_);
             return;
         case '+':
-            lines_.push_back(DiffLine{mint_.next(), DiffLineType::addition, std::string(line.substr(1)),
-                                      std::nullopt, newNumber_});
+            addLine(DiffLineType::addition, line.substr(1), std::nullopt, newNumber_);
             newNumber_ = raised(newNumber_);
             file_.additions = raised(file_.additions);
             return;
         case '-':
-            lines_.push_back(DiffLine{mint_.next(), DiffLineType::deletion, std::string(line.substr(1)),
-                                      oldNumber_, std::nullopt});
+            addLine(DiffLineType::deletion, line.substr(1), oldNumber_, std::nullopt);
             oldNumber_ = raised(oldNumber_);
             file_.deletions = raised(file_.deletions);
             return;
         default:
             return;
         }
+    }
+
+    // Built in place in the buffer: this runs once for every line of the text.
+    void addLine(DiffLineType type, std::string_view content, std::optional<int> oldNumber,
+                 std::optional<int> newNumber) {
+        DiffLine& line = lines_.emplace_back();
+        line.id = mint_.next();
+        line.type = type;
+        line.content = slice(content);
+        line.oldLineNumber = oldNumber;
+        line.newLineNumber = newNumber;
     }
 
     // Between "diff --git" and the first hunk; text before the first file falls in here too.
@@ -203,6 +214,14 @@ class DiffReader {
         // Anything else ("index ", "similarity index ", a commit header...) is skipped.
     }
 
+    TextSlice slice(std::string_view part) const {
+        const auto offset = static_cast<std::size_t>(part.data() - text_->data());
+        // Offsets are 32-bit; a line beyond 4 GiB of text gets bytes of its own.
+        if (offset + part.size() > UINT32_MAX)
+            return TextSlice(part);
+        return TextSlice(text_, offset, part.size());
+    }
+
     // `header` is the whole "@@ " line.
     void startHunk(std::string_view header) {
         hunk_ = DiffHunk{};
@@ -254,6 +273,7 @@ class DiffReader {
         files_.push_back(std::move(file_));
     }
 
+    std::shared_ptr<const std::string> text_;
     UuidMint mint_;
     bool inFile_ = false;
     bool inHunk_ = false;
@@ -270,11 +290,12 @@ class DiffReader {
 
 } // namespace
 
-DiffResult parseDiff(std::string_view output) {
+DiffResult parseDiff(std::string output) {
     qCDebug(lcParser, "parseDiff: %ld chars", static_cast<long>(output.size()));
-    DiffReader reader;
-    const char* cursor = output.data();
-    const char* const end = cursor + output.size();
+    const auto text = std::make_shared<const std::string>(std::move(output));
+    DiffReader reader(text);
+    const char* cursor = text->data();
+    const char* const end = cursor + text->size();
     while (cursor < end) {
         const auto* newline =
             static_cast<const char*>(std::memchr(cursor, '\n', static_cast<std::size_t>(end - cursor)));

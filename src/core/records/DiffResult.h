@@ -3,6 +3,8 @@
 // found again by its four numbers, never by its id.
 #pragma once
 
+#include "core/records/TextSlice.h"
+
 #include <QUuid>
 
 #include <optional>
@@ -23,8 +25,9 @@ std::optional<DiffStatus> diffStatusFromCode(char code);
 struct DiffLine {
     QUuid id;
     DiffLineType type = DiffLineType::context;
-    // Without the marker column; for `noNewlineAtEnd` the whole line, backslash included.
-    std::string content;
+    // Without the marker column; for `noNewlineAtEnd` the whole line, backslash included. The
+    // bytes stay in the text that was parsed, which lives as long as any line of it.
+    TextSlice content;
     std::optional<int> oldLineNumber; // context and deletion
     std::optional<int> newLineNumber; // context and addition
 
