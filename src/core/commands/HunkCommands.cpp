@@ -7,6 +7,7 @@
 #include <QUuid>
 
 #include <cerrno>
+#include <cstdlib>
 #include <fcntl.h>
 #include <filesystem>
 #include <string_view>

@@ -8,7 +8,6 @@
 
 #include <climits>
 #include <cstdint>
-#include <cstring>
 #if defined(__SSE2__)
 #include <emmintrin.h>
 #endif

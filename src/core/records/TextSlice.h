@@ -3,6 +3,7 @@
 // parse point into the one text git printed, and every copy of a line keeps that text alive.
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
 #include <memory>
 #include <string>
@@ -17,10 +18,10 @@ class TextSlice {
     TextSlice(std::shared_ptr<const std::string> text, std::size_t offset, std::size_t size)
         : text_(std::move(text)), offset_(static_cast<std::uint32_t>(offset)),
           size_(static_cast<std::uint32_t>(size)) {}
-    // A text of its own.
+    // A text of its own (at most 4 GiB of it are seen).
     explicit TextSlice(std::string_view bytes)
-        : text_(std::make_shared<const std::string>(bytes)), size_(static_cast<std::uint32_t>(bytes.size())) {
-    }
+        : text_(std::make_shared<const std::string>(bytes)),
+          size_(static_cast<std::uint32_t>(std::min<std::size_t>(bytes.size(), UINT32_MAX))) {}
 
     std::string_view view() const {
         return text_ ? std::string_view(*text_).substr(offset_, size_) : std::string_view();
