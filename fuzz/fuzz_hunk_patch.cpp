@@ -12,10 +12,12 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const std::string_view input(reinterpret_cast<const char*>(data), size);
     const auto newline = input.find('\n');
     const std::string_view header = input.substr(0, newline);
-    const std::string_view rawDiff = newline == std::string_view::npos ? std::string_view() : input.substr(newline + 1);
+    const std::string_view rawDiff =
+        newline == std::string_view::npos ? std::string_view() : input.substr(newline + 1);
 
     orvel::DiffHunk hunk;
-    const auto parsed = orvel::GitOutputParser::parseDiff("diff --git a/f b/f\n" + std::string(header) + "\n");
+    const auto parsed =
+        orvel::GitOutputParser::parseDiff("diff --git a/f b/f\n" + std::string(header) + "\n");
     if (!parsed.files.empty() && !parsed.files[0].hunks.empty())
         hunk = parsed.files[0].hunks[0];
     orvel::HunkCommands::hunkHeaderMatches(header, hunk);

@@ -223,6 +223,16 @@ TEST(DiffParser, EdgeCases) {
     EXPECT_EQ(odd.lines.at(0).content, "line\r");
 }
 
+TEST(DiffStatusCodes, OneLetterPerStatusInDeclaredOrder) {
+    std::string letters;
+    for (int i = 0; i <= static_cast<int>(DiffStatus::unmerged); ++i) {
+        letters += codeOf(static_cast<DiffStatus>(i));
+        EXPECT_EQ(diffStatusFromCode(letters.back()), static_cast<DiffStatus>(i));
+    }
+    EXPECT_EQ(letters, "ACDMRTU");
+    EXPECT_EQ(diffStatusFromCode('X'), std::nullopt);
+}
+
 TEST(NameStatusParser, ReadsStatusesAndRenames) {
     const auto changes = parseNameStatus("A\tadded.txt\nM\tdir with space/m.txt\nD\t-lead.txt\n"
                                          "R100\ta.txt\trenamed.txt\nC075\tsrc.txt\tcopy.txt\nT\tlink\n"
