@@ -10,3 +10,6 @@ mkdir -p "$HOME"
 line=$("$tool" --scenario status-100k --tiny --rounds 2 --repo "$work/repo")
 echo "$line"
 [[ "$line" =~ ^scenario=status-tiny\ ours_ms=[0-9.]+\ git_ms=[0-9.]+\ ratio=[0-9.]+\ files=40\  ]]
+line=$("$tool" --scenario diff-parse --tiny --rounds 2 --repo "$work/diff-repo")
+echo "$line"
+[[ "$line" =~ ^scenario=diff-parse-tiny\ ours_ms=[0-9.]+\ git_ms=[0-9.]+\ ratio=[0-9.]+\ mb_per_s=[0-9]+\ .*files=20\ .*counts_agree=yes$ ]]

@@ -8,12 +8,17 @@
 namespace {
 
 std::atomic<std::size_t> live{0};
+std::atomic<std::size_t> peak{0};
 
 void* allocate(std::size_t size) {
     void* block = std::malloc(size ? size : 1);
     if (!block)
         throw std::bad_alloc();
-    live.fetch_add(malloc_usable_size(block), std::memory_order_relaxed);
+    const std::size_t bytes = malloc_usable_size(block);
+    const std::size_t now = live.fetch_add(bytes, std::memory_order_relaxed) + bytes;
+    for (std::size_t high = peak.load(std::memory_order_relaxed);
+         now > high && !peak.compare_exchange_weak(high, now, std::memory_order_relaxed);) {
+    }
     return block;
 }
 
@@ -36,5 +41,9 @@ void operator delete[](void* block, std::size_t) noexcept { release(block); }
 namespace orvel::bench {
 
 std::size_t liveHeapBytes() { return live.load(std::memory_order_relaxed); }
+
+std::size_t peakHeapBytes() { return peak.load(std::memory_order_relaxed); }
+
+void resetPeakHeapBytes() { peak.store(live.load(std::memory_order_relaxed), std::memory_order_relaxed); }
 
 } // namespace orvel::bench

@@ -2,10 +2,13 @@
 
 #include "core/process/ChildProcess.h"
 
+#include <algorithm>
+#include <cstdint>
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
 #include <stdexcept>
+#include <vector>
 
 namespace orvel::bench {
 
@@ -36,7 +39,101 @@ void writeFile(const fs::path& path, const std::string& content) {
     std::ofstream(path, std::ios::binary | std::ios::trunc) << content;
 }
 
+// splitmix64: a fixed seed gives the same repository at every run.
+class Random {
+  public:
+    explicit Random(std::uint64_t seed) : state_(seed) {}
+    std::uint64_t next() {
+        std::uint64_t z = (state_ += 0x9e3779b97f4a7c15ull);
+        z = (z ^ (z >> 30)) * 0xbf58476d1ce4e5b9ull;
+        z = (z ^ (z >> 27)) * 0x94d049bb133111ebull;
+        return z ^ (z >> 31);
+    }
+    std::size_t below(std::size_t bound) { return static_cast<std::size_t>(next() % bound); }
+
+  private:
+    std::uint64_t state_;
+};
+
+// A line of source code as it commonly looks: indented statements, braces, comments and blank
+// lines, about 35 characters on average.
+std::string codeLine(Random& random) {
+    static const char* const words[] = {"value",  "count", "result", "index", "buffer", "entry",
+                                        "parent", "child", "offset", "range", "name",   "status",
+                                        "items",  "node",  "state",  "path"};
+    auto word = [&] { return std::string(words[random.below(std::size(words))]); };
+    const std::size_t kind = random.below(100);
+    if (kind < 10)
+        return {};
+    std::string line(4 * random.below(4), ' ');
+    if (kind < 22)
+        line += "}";
+    else if (kind < 36)
+        line += "if (" + word() + " != nullptr && " + word() + "->" + word() + "()) {";
+    else if (kind < 52)
+        line += "return " + word() + "(" + word() + ", " + word() + ");";
+    else if (kind < 72)
+        line += "auto " + word() + " = " + word() + "." + word() + "(" + word() + ");";
+    else if (kind < 86)
+        line += "// the " + word() + " of each " + word() + " before the " + word();
+    else
+        line += word() + "." + word() + " += " + std::to_string(random.below(1000)) + ";";
+    return line;
+}
+
+void appendLines(std::string& text, const std::vector<std::string>& lines) {
+    for (const auto& line : lines)
+        text += line + "\n";
+}
+
 } // namespace
+
+void makeDiffHistoryRepository(const std::string& directory, const DiffHistoryShape& shape) {
+    fs::create_directories(directory);
+    runGit(directory, {"init", "-q", "-b", "main"});
+    const fs::path stream = fs::path(directory) / ".git" / "orvel-fast-import";
+    {
+        // Both versions of each file go out as marked blobs as they are made; the two commits
+        // then name them by mark, so that no version is held in memory.
+        std::ofstream out(stream, std::ios::binary);
+        auto blob = [&](std::size_t mark, const std::vector<std::string>& lines) {
+            std::string content;
+            appendLines(content, lines);
+            out << "blob\nmark :" << mark << "\ndata " << content.size() << "\n" << content << "\n";
+        };
+        Random random(20260101);
+        for (std::size_t n = 0; n < shape.files; ++n) {
+            std::vector<std::string> lines;
+            for (std::size_t i = 0; i < shape.linesPerFile; ++i)
+                lines.push_back(codeLine(random));
+            blob(2 * n + 1, lines);
+            // Every few lines an edit: lines replaced, inserted or deleted.
+            std::vector<std::string> changed;
+            for (std::size_t i = 0; i < lines.size();) {
+                const std::size_t gap = 3 + random.below(18);
+                for (std::size_t k = 0; k < gap && i < lines.size(); ++k)
+                    changed.push_back(lines[i++]);
+                const std::size_t removed = random.below(4), added = random.below(4);
+                i += std::min(removed, lines.size() - i);
+                for (std::size_t k = 0; k < added; ++k)
+                    changed.push_back(codeLine(random));
+            }
+            blob(2 * n + 2, changed);
+        }
+        for (const std::size_t version : {1, 2}) {
+            const std::string message = version == 1 ? "base" : "changes";
+            out << "commit refs/heads/main\ncommitter Bench <bench@orvel.invalid> 1767225600 +0000\n"
+                << "data " << message.size() << "\n"
+                << message << "\n";
+            for (std::size_t n = 0; n < shape.files; ++n)
+                out << "M 100644 :" << 2 * n + version << " " << generatedFilePath(n) << "\n";
+            out << "\n";
+        }
+    }
+    runGit(directory, {"fast-import", "--quiet"}, stream.string());
+    fs::remove(stream);
+    runGit(directory, {"reset", "-q", "--hard", "main"});
+}
 
 std::string generatedFilePath(std::size_t n) {
     char path[96];

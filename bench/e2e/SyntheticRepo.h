@@ -22,6 +22,16 @@ void makeWorkingTreeRepository(const std::string& directory, const WorkingTreeSh
 void runGit(const std::string& directory, const std::vector<std::string>& arguments,
             const std::string& input = "/dev/null");
 
+struct DiffHistoryShape {
+    std::size_t files = 0;
+    std::size_t linesPerFile = 0;
+};
+
+// Creates `directory` as a repository of two commits on "main": `files` files of code-like text,
+// then the same files with lines replaced, inserted and deleted every few lines, so that
+// `git diff HEAD~1 HEAD` is a long diff of many hunks. The content is the same at every run.
+void makeDiffHistoryRepository(const std::string& directory, const DiffHistoryShape& shape);
+
 // The path of the n-th generated file, relative to the repository root.
 std::string generatedFilePath(std::size_t n);
 

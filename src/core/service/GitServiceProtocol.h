@@ -4,6 +4,8 @@
 // their callers' temporaries.
 #pragma once
 
+#include "core/records/DiffContext.h"
+#include "core/records/DiffResult.h"
 #include "core/records/FileChange.h"
 #include "core/records/RepoEntry.h"
 
@@ -11,6 +13,7 @@
 
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace orvel {
 
@@ -20,6 +23,14 @@ public:
 
     virtual QCoro::Task<RepoEntry> open(std::string path) = 0;
     virtual QCoro::Task<StatusResult> status(RepoEntry repo) = 0;
+    virtual QCoro::Task<void> stageHunk(RepoEntry repo, std::string path, DiffHunk hunk) = 0;
+    virtual QCoro::Task<void> unstageHunk(RepoEntry repo, std::string path, DiffHunk hunk) = 0;
+    virtual QCoro::Task<void> discardHunk(RepoEntry repo, std::string path, DiffHunk hunk) = 0;
+    virtual QCoro::Task<DiffResult> diff(RepoEntry repo, DiffContext context,
+                                         std::optional<int> contextLines) = 0;
+    virtual QCoro::Task<DiffResult> commitDiff(RepoEntry repo, std::string hash,
+                                               std::optional<int> contextLines) = 0;
+    virtual QCoro::Task<std::vector<FileChange>> commitFileChanges(RepoEntry repo, std::string hash) = 0;
 
     virtual QCoro::Task<std::optional<std::string>> defaultBranch(RepoEntry repo) = 0;
     virtual QCoro::Task<std::optional<std::string>> currentBranch(RepoEntry repo) = 0;

@@ -16,6 +16,14 @@ public:
 
     QCoro::Task<RepoEntry> open(std::string path) override;
     QCoro::Task<StatusResult> status(RepoEntry repo) override;
+    QCoro::Task<void> stageHunk(RepoEntry repo, std::string path, DiffHunk hunk) override;
+    QCoro::Task<void> unstageHunk(RepoEntry repo, std::string path, DiffHunk hunk) override;
+    QCoro::Task<void> discardHunk(RepoEntry repo, std::string path, DiffHunk hunk) override;
+    QCoro::Task<DiffResult> diff(RepoEntry repo, DiffContext context,
+                                 std::optional<int> contextLines) override;
+    QCoro::Task<DiffResult> commitDiff(RepoEntry repo, std::string hash,
+                                       std::optional<int> contextLines) override;
+    QCoro::Task<std::vector<FileChange>> commitFileChanges(RepoEntry repo, std::string hash) override;
 
     QCoro::Task<std::optional<std::string>> defaultBranch(RepoEntry repo) override;
     QCoro::Task<std::optional<std::string>> currentBranch(RepoEntry repo) override;
@@ -26,6 +34,17 @@ public:
     RepoEntry repository;
     StatusResult workingTree;
     std::optional<std::string> defaultBranchName;
+    // `diff` answers the first two for `unstaged` and `staged`, and `historyDiff` for a commit, a
+    // stash or a range, as `commitDiff` does; the hunk actions move hunks between the first two.
+    DiffResult unstagedDiff = sampleUnstagedDiff();
+    DiffResult stagedDiff = sampleStagedDiff();
+    DiffResult historyDiff = sampleHistoryDiff();
+    std::vector<FileChange> commitFiles = sampleCommitFiles();
+
+    static DiffResult sampleUnstagedDiff();
+    static DiffResult sampleStagedDiff();
+    static DiffResult sampleHistoryDiff();
+    static std::vector<FileChange> sampleCommitFiles();
 };
 
 } // namespace orvel

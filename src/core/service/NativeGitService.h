@@ -20,6 +20,14 @@ public:
 
     QCoro::Task<RepoEntry> open(std::string path) override;
     QCoro::Task<StatusResult> status(RepoEntry repo) override;
+    QCoro::Task<void> stageHunk(RepoEntry repo, std::string path, DiffHunk hunk) override;
+    QCoro::Task<void> unstageHunk(RepoEntry repo, std::string path, DiffHunk hunk) override;
+    QCoro::Task<void> discardHunk(RepoEntry repo, std::string path, DiffHunk hunk) override;
+    QCoro::Task<DiffResult> diff(RepoEntry repo, DiffContext context,
+                                 std::optional<int> contextLines) override;
+    QCoro::Task<DiffResult> commitDiff(RepoEntry repo, std::string hash,
+                                       std::optional<int> contextLines) override;
+    QCoro::Task<std::vector<FileChange>> commitFileChanges(RepoEntry repo, std::string hash) override;
 
     QCoro::Task<std::optional<std::string>> defaultBranch(RepoEntry repo) override;
     QCoro::Task<std::optional<std::string>> currentBranch(RepoEntry repo) override;

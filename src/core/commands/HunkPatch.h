@@ -1,0 +1,19 @@
+// Cuts a one-hunk patch out of git's own diff text, so that a hunk is applied with exactly the
+// bytes git printed, and only while its numbers are still those the user saw.
+#pragma once
+
+#include "core/records/DiffResult.h"
+
+#include <string>
+#include <string_view>
+
+namespace orvel::HunkCommands {
+
+// The file's header lines and the hunk whose header carries `hunk`'s four numbers, joined by
+// newlines with one more at the end; empty when no such hunk is in `rawDiff`.
+std::string extractHunkPatch(std::string_view rawDiff, const DiffHunk& hunk);
+
+// Whether the "@@ -a,b +c,d @@" line carries the hunk's four numbers (a missing count is 1).
+bool hunkHeaderMatches(std::string_view line, const DiffHunk& hunk);
+
+} // namespace orvel::HunkCommands

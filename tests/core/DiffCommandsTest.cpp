@@ -1,0 +1,341 @@
+// The diff operations: their exact argument lists through a recording executor, and their
+// results on real repositories, with each file's counts checked against git's own numstat.
+#include "core/process/SubprocessExecutor.h"
+#include "core/queue/GitOpRunner.h"
+#include "core/service/GitServiceError.h"
+#include "core/service/NativeGitService.h"
+#include "core/support/Text.h"
+#include "core/support/UserDefaults.h"
+#include "support/Await.h"
+#include "support/GitFixture.h"
+#include "support/RecordingExecutor.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <set>
+#include <stdexcept>
+#include <sys/stat.h>
+
+namespace orvel {
+namespace {
+
+using test::await;
+using Arguments = GitExecutorProtocol::Arguments;
+
+RepoEntry repositoryAt(const std::string& path) {
+    RepoEntry entry;
+    entry.path = path;
+    return entry;
+}
+
+class DiffArguments : public ::testing::Test {
+  protected:
+    std::shared_ptr<test::RecordingExecutor> git = std::make_shared<test::RecordingExecutor>();
+    NativeGitService service{git, std::make_shared<GitOpRunner>(2)};
+    RepoEntry repo = repositoryAt("/repo");
+};
+
+TEST_F(DiffArguments, EveryContextWithAndWithoutContextLines) {
+    await(service.diff(repo, DiffContext::unstaged(), std::nullopt));
+    await(service.diff(repo, DiffContext::unstaged(), 5));
+    await(service.diff(repo, DiffContext::staged(), std::nullopt));
+    await(service.diff(repo, DiffContext::staged(), 0));
+    await(service.diff(repo, DiffContext::commit("c0ffee"), std::nullopt));
+    await(service.diff(repo, DiffContext::commit("c0ffee"), 99999));
+    await(service.diff(repo, DiffContext::stash("5ta5h"), std::nullopt));
+    await(service.diff(repo, DiffContext::stash("5ta5h"), 1));
+    await(service.diff(repo, DiffContext::commitRange("main", "HEAD"), std::nullopt));
+    await(service.diff(repo, DiffContext::commitRange("main", "HEAD"), 2));
+    const std::vector<Arguments> expected{
+        {"diff"},
+        {"diff", "-U5"},
+        {"diff", "--cached"},
+        {"diff", "--cached", "-U0"},
+        {"show", "--format=", "c0ffee"},
+        {"show", "--format=", "c0ffee", "-U99999"},
+        {"stash", "show", "-p", "5ta5h"},
+        {"stash", "show", "-p", "5ta5h", "-U1"},
+        {"diff", "main", "HEAD"},
+        {"diff", "main", "HEAD", "-U2"},
+    };
+    EXPECT_EQ(git->argumentLists(), expected);
+    for (const auto& call : git->calls())
+        EXPECT_EQ(call.repoPath, "/repo");
+}
+
+TEST_F(DiffArguments, ParentIndexPicksAParentOrFallsBackToCaret) {
+    git->reply("p0 p1\n");
+    await(service.diff(repo, DiffContext::commit("m", 1), 3));
+    git->reply("p0 p1\n");
+    await(service.diff(repo, DiffContext::commit("m", 0), std::nullopt));
+    git->reply("p0\n");
+    await(service.diff(repo, DiffContext::commit("c", 1), std::nullopt));
+    git->reply("\n");
+    await(service.diff(repo, DiffContext::commit("root", 0), std::nullopt));
+    const std::vector<Arguments> expected{
+        {"log", "--format=%P", "-1", "m"},    {"diff", "p1", "m", "-U3"},
+        {"log", "--format=%P", "-1", "m"},    {"diff", "p0", "m"},
+        {"log", "--format=%P", "-1", "c"},    {"diff", "c^", "c"},
+        {"log", "--format=%P", "-1", "root"}, {"diff", "root^", "root"},
+    };
+    EXPECT_EQ(git->argumentLists(), expected);
+}
+
+TEST_F(DiffArguments, CommitDiffAndFileChanges) {
+    await(service.commitDiff(repo, "abc", std::nullopt));
+    await(service.commitDiff(repo, "abc", 7));
+    git->reply("M\tx.txt\n");
+    const auto changes = await(service.commitFileChanges(repo, "abc"));
+    const std::vector<Arguments> expected{
+        {"show", "--format=", "-m", "--first-parent", "abc"},
+        {"show", "--format=", "-m", "--first-parent", "abc", "-U7"},
+        {"diff-tree", "--root", "--no-commit-id", "-r", "--name-status", "abc"},
+    };
+    EXPECT_EQ(git->argumentLists(), expected);
+    ASSERT_EQ(changes.size(), 1u);
+    EXPECT_EQ(changes[0].path, "x.txt");
+}
+
+TEST_F(DiffArguments, RevisionsThatReadAsOptionsAreRefusedBeforeGitRuns) {
+    EXPECT_THROW(await(service.diff(repo, DiffContext::commit("--output=/tmp/x"), std::nullopt)),
+                 GitServiceError);
+    EXPECT_THROW(await(service.diff(repo, DiffContext::commit("-p", 0), std::nullopt)), GitServiceError);
+    EXPECT_THROW(await(service.diff(repo, DiffContext::stash("-x"), std::nullopt)), GitServiceError);
+    EXPECT_THROW(await(service.diff(repo, DiffContext::commitRange("a", "-b"), std::nullopt)),
+                 GitServiceError);
+    EXPECT_THROW(await(service.commitDiff(repo, "-h", std::nullopt)), GitServiceError);
+    EXPECT_THROW(await(service.commitFileChanges(repo, "--all")), GitServiceError);
+    EXPECT_THROW(await(service.diff(repo, DiffContext::commit("c", -1), std::nullopt)),
+                 std::invalid_argument);
+    EXPECT_TRUE(git->calls().empty());
+}
+
+TEST(DiffContextCoding, TaggedValuesRoundTrip) {
+    const DiffContext contexts[] = {DiffContext::unstaged(),    DiffContext::staged(),
+                                    DiffContext::commit("abc"), DiffContext::commit("abc", 1),
+                                    DiffContext::stash("s"),    DiffContext::commitRange("a", "b")};
+    for (const auto& context : contexts)
+        EXPECT_EQ(diffContextFromJson(toJson(context)), context) << describe(context);
+    const QJsonObject commit = toJson(DiffContext::commit("abc", 1));
+    EXPECT_EQ(commit["commit"].toObject()["hash"].toString(), "abc");
+    EXPECT_EQ(commit["commit"].toObject()["parentIndex"].toInt(), 1);
+    EXPECT_EQ(toJson(DiffContext::commitRange("a", "b"))["commitRange"].toObject()["to"].toString(), "b");
+    EXPECT_EQ(diffContextFromJson(QJsonObject{{"rebase", QJsonObject{}}}), std::nullopt);
+    EXPECT_EQ(diffContextFromJson(QJsonObject{{"stash", QJsonObject{}}}), std::nullopt);
+}
+
+// A repository whose history holds every kind of change the parser must read.
+class DiffHistory : public ::testing::Test {
+  protected:
+    void SetUp() override {
+        repo.git({"config", "diff.renames", "copies"});
+        repo.write("a.txt", "one\ntwo\nthree\n");
+        repo.write("dash.txt", "-- dashed\n++ plussed\nplain\n");
+        repo.write("bin.dat", std::string("x\0y", 3));
+        repo.write("nonl.txt", "no newline");
+        repo.write("dir with space/file b.txt", numbered(1, 30));
+        repo.write(nonUtf8, "raw\n");
+        repo.write("-lead.txt", "x\n");
+        commits.push_back(repo.commitAll("all kinds of files"));
+
+        repo.git({"mv", "a.txt", "renamed.txt"});
+        repo.write("dash.txt", "++ plussed\n++ added\n-- added too\nplain\n");
+        repo.write("bin.dat", std::string("x\1y", 3));
+        repo.write("nonl.txt", "no newline changed");
+        ::chmod((repo / nonUtf8).c_str(), 0755);
+        repo.write("copy.txt", repo.read("dir with space/file b.txt"));
+        repo.write("dir with space/file b.txt",
+                   numbered(1, 3) + "inserted\n" + numbered(4, 25) + numbered(27, 30));
+        repo.git({"rm", "-q", "--", "-lead.txt"});
+        commits.push_back(repo.commitAll("rename, copy, mode, binary, delete"));
+
+        std::filesystem::create_symlink("renamed.txt", repo / "link");
+        repo.write(nonUtf8, "raw\ncooked\n");
+        commits.push_back(repo.commitAll("a symlink"));
+
+        std::filesystem::remove(repo / "link");
+        repo.write("link", "now a file\n");
+        repo.write("nonl.txt", "no newline changed\nand now one\n");
+        commits.push_back(repo.commitAll("a type change"));
+    }
+
+    static std::string numbered(int from, int to) {
+        std::string text;
+        for (int n = from; n <= to; ++n)
+            text += "line " + std::to_string(n) + "\n";
+        return text;
+    }
+
+    // git's own counts: one entry a file pair, "-" for a binary side.
+    struct Count {
+        std::string additions, deletions;
+    };
+    std::vector<Count> numstat(const std::string& hash) const {
+        const std::string text = repo.git({"show", "--numstat", "-z", "--format=", hash});
+        std::vector<Count> counts;
+        std::size_t at = 0;
+        while (at < text.size()) {
+            const auto tab1 = text.find('\t', at), tab2 = text.find('\t', tab1 + 1);
+            counts.push_back({text.substr(at, tab1 - at), text.substr(tab1 + 1, tab2 - tab1 - 1)});
+            at = text.find('\0', tab2) + 1;
+            if (at == tab2 + 2) // a rename or copy: the two paths follow as records of their own
+                at = text.find('\0', text.find('\0', at) + 1) + 1;
+        }
+        return counts;
+    }
+
+    DiffResult shown(const std::string& hash) {
+        return await(service.diff(entry(), DiffContext::commit(hash), std::nullopt));
+    }
+    RepoEntry entry() const { return repositoryAt(repo.path()); }
+
+    const std::string nonUtf8 = "caf\xe9.txt";
+    test::TempRepo repo;
+    std::vector<std::string> commits;
+    InMemoryUserDefaults defaults;
+    NativeGitService service{std::make_shared<SubprocessExecutor>(std::nullopt, defaults),
+                             std::make_shared<GitOpRunner>(2)};
+};
+
+TEST_F(DiffHistory, EveryFileCountsWhatNumstatCounts) {
+    for (const auto& hash : commits) {
+        SCOPED_TRACE(hash);
+        const DiffResult diff = shown(hash);
+        const auto counts = numstat(hash);
+        std::size_t next = 0;
+        for (std::size_t i = 0; i < diff.files.size(); ++i, ++next) {
+            ASSERT_LT(next, counts.size());
+            FileDiff file = diff.files[i];
+            // A type change is one pair for numstat and two patches (deleted, then added) in the text.
+            if (file.status == DiffStatus::deleted && i + 1 < diff.files.size() &&
+                diff.files[i + 1].status == DiffStatus::added && diff.files[i + 1].newPath == file.oldPath) {
+                file.additions += diff.files[++i].additions;
+            }
+            if (counts[next].additions == "-") {
+                EXPECT_TRUE(file.isBinary) << file.newPath;
+                EXPECT_TRUE(file.hunks.empty());
+                continue;
+            }
+            EXPECT_EQ(std::to_string(file.additions), counts[next].additions) << file.newPath;
+            EXPECT_EQ(std::to_string(file.deletions), counts[next].deletions) << file.newPath;
+        }
+        EXPECT_EQ(next, counts.size());
+        const DiffResult firstParent = await(service.commitDiff(entry(), hash, std::nullopt));
+        EXPECT_EQ(firstParent.files.size(), diff.files.size());
+    }
+}
+
+TEST_F(DiffHistory, KindsOfChangeAreRecognised) {
+    const DiffResult diff = shown(commits[1]);
+    auto find = [&](DiffStatus status) -> const FileDiff& {
+        for (const auto& file : diff.files) {
+            if (file.status == status)
+                return file;
+        }
+        throw std::runtime_error("no file of that status");
+    };
+    EXPECT_EQ(find(DiffStatus::renamed).oldPath, "a.txt");
+    EXPECT_EQ(find(DiffStatus::renamed).newPath, "renamed.txt");
+    EXPECT_EQ(find(DiffStatus::copied).newPath, "copy.txt");
+    EXPECT_EQ(find(DiffStatus::deleted).oldPath, "-lead.txt");
+    EXPECT_EQ(find(DiffStatus::typeChanged).hunks.size(), 0u);
+
+    const DiffResult later = shown(commits[2]);
+    const auto symlink = std::find_if(later.files.begin(), later.files.end(),
+                                      [](const FileDiff& file) { return file.newPath == "link"; });
+    ASSERT_NE(symlink, later.files.end());
+    EXPECT_EQ(symlink->status, DiffStatus::added);
+}
+
+TEST_F(DiffHistory, FileChangesOfACommit) {
+    const auto root = await(service.commitFileChanges(entry(), commits[0]));
+    EXPECT_EQ(root.size(), 7u);
+    for (const auto& change : root)
+        EXPECT_EQ(change.status, FileStatusKind::tracked(TrackedStatus::added, TrackedStatus::unmodified));
+
+    const auto changes = await(service.commitFileChanges(entry(), commits[1]));
+    auto statusOf = [&](const std::string& path) {
+        for (const auto& change : changes) {
+            if (change.path == path)
+                return change.status.index;
+        }
+        return TrackedStatus::unmodified;
+    };
+    EXPECT_EQ(statusOf("-lead.txt"), TrackedStatus::deleted);
+    // diff-tree detects no renames unless asked, whatever diff.renames says.
+    EXPECT_EQ(statusOf("renamed.txt"), TrackedStatus::added);
+    EXPECT_EQ(statusOf("a.txt"), TrackedStatus::deleted);
+    EXPECT_EQ(statusOf("dir with space/file b.txt"), TrackedStatus::modified);
+    EXPECT_EQ(statusOf("bin.dat"), TrackedStatus::modified);
+}
+
+TEST_F(DiffHistory, WorkingTreeIndexStashAndRange) {
+    repo.write("dash.txt", "changed in the index\n");
+    repo.git({"add", "dash.txt"});
+    repo.write("renamed.txt", "one\ntwo\nthree\nfour\n");
+
+    const DiffResult unstaged = await(service.diff(entry(), DiffContext::unstaged(), std::nullopt));
+    ASSERT_EQ(unstaged.files.size(), 1u);
+    EXPECT_EQ(unstaged.files[0].newPath, "renamed.txt");
+    EXPECT_EQ(unstaged.files[0].additions, 1);
+    const DiffResult staged = await(service.diff(entry(), DiffContext::staged(), std::nullopt));
+    ASSERT_EQ(staged.files.size(), 1u);
+    EXPECT_EQ(staged.files[0].newPath, "dash.txt");
+    EXPECT_EQ(staged.files[0].additions, 1);
+    EXPECT_EQ(staged.files[0].deletions, 4);
+
+    // Zero lines of context leave only the changes; a huge number makes one hunk of the whole file.
+    const DiffResult bare = await(service.diff(entry(), DiffContext::staged(), 0));
+    for (const auto& line : bare.files[0].hunks.at(0).lines)
+        EXPECT_NE(line.type, DiffLineType::context);
+    repo.write("dir with space/file b.txt", "changed first line\n" + numbered(2, 30));
+    const DiffResult whole = await(service.diff(entry(), DiffContext::unstaged(), 99999));
+    EXPECT_EQ(whole.files.at(0).hunks.size(), 1u);
+
+    repo.git({"stash", "push", "-q"});
+    const std::string stash = trimmed(repo.git({"rev-parse", "stash@{0}"}));
+    const DiffResult stashed = await(service.diff(entry(), DiffContext::stash(stash), std::nullopt));
+    ASSERT_EQ(stashed.files.size(), 3u);
+    EXPECT_TRUE(await(service.diff(entry(), DiffContext::unstaged(), std::nullopt)).files.empty());
+
+    const DiffResult range =
+        await(service.diff(entry(), DiffContext::commitRange(commits[1], commits[3]), std::nullopt));
+    std::set<std::string> paths;
+    for (const auto& file : range.files)
+        paths.insert(file.newPath.empty() ? file.oldPath : file.newPath);
+    // A quoted path keeps its quotes, so its "b/" stays too: nothing is unquoted.
+    EXPECT_EQ(paths, (std::set<std::string>{"link", "nonl.txt", "\"b/caf\\351.txt\""}));
+}
+
+TEST_F(DiffHistory, MergeCommitAgainstEitherParent) {
+    repo.git({"checkout", "-q", "-b", "side", commits[0]});
+    repo.write("side.txt", "from the side\n");
+    repo.commitAll("side");
+    repo.git({"checkout", "-q", "main"});
+    repo.git({"merge", "-q", "--no-ff", "-m", "merge side", "side"});
+    const std::string merge = repo.head();
+
+    const DiffResult first = await(service.diff(entry(), DiffContext::commit(merge, 0), std::nullopt));
+    ASSERT_EQ(first.files.size(), 1u);
+    EXPECT_EQ(first.files[0].newPath, "side.txt");
+    const DiffResult second = await(service.diff(entry(), DiffContext::commit(merge, 1), std::nullopt));
+    EXPECT_GT(second.files.size(), 3u);
+    // Past the last parent the commit is shown against "<hash>^", its first parent.
+    EXPECT_EQ(await(service.diff(entry(), DiffContext::commit(merge, 2), std::nullopt)).files.size(), 1u);
+    const DiffResult viaFirstParent = await(service.commitDiff(entry(), merge, std::nullopt));
+    ASSERT_EQ(viaFirstParent.files.size(), 1u);
+    EXPECT_EQ(viaFirstParent.files[0].newPath, "side.txt");
+    EXPECT_EQ(viaFirstParent.files[0].additions, 1);
+}
+
+TEST_F(DiffHistory, GitFailuresComeBackAsErrors) {
+    EXPECT_THROW(await(service.diff(entry(), DiffContext::commit("no-such-commit"), std::nullopt)),
+                 GitServiceError);
+    EXPECT_THROW(await(service.commitFileChanges(entry(), "0000000000000000000000000000000000000000")),
+                 GitServiceError);
+}
+
+} // namespace
+} // namespace orvel
