@@ -29,12 +29,12 @@ QCoro::Task<RepoEntry> MockGitService::open(std::string path) {
     co_return entry;
 }
 
-QCoro::Task<StatusResult> MockGitService::status(RepoEntry) { co_return workingTree; }
+QCoro::Task<StatusResult> MockGitService::status(RepoEntry) { co_return StatusResult(workingTree); }
 
-QCoro::Task<std::optional<std::string>> MockGitService::defaultBranch(RepoEntry) { co_return defaultBranchName; }
+QCoro::Task<std::optional<std::string>> MockGitService::defaultBranch(RepoEntry) { co_return std::optional<std::string>(defaultBranchName); }
 
 QCoro::Task<std::optional<std::string>> MockGitService::currentBranch(RepoEntry) {
-    co_return repository.currentBranch;
+    co_return std::optional<std::string>(repository.currentBranch);
 }
 
 QCoro::Task<RepoEntry> MockGitService::cloneRepository(std::string url, std::string path) {

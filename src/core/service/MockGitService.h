@@ -1,5 +1,6 @@
 // An in-memory git service with canned records, so that views can be shown and view models
 // exercised without git. Tests replace the canned records through the public fields.
+// Records are returned as explicit copies: QCoro's co_return moves from a named lvalue.
 #pragma once
 
 #include "core/service/GitServiceProtocol.h"
