@@ -9,7 +9,7 @@ cmake --build build/release --target orvel-bench
 repos="$PWD/build/bench-repos"
 mkdir -p "$repos"
 scenarios=("$@")
-[ ${#scenarios[@]} -gt 0 ] || scenarios=(status-100k)
+[ ${#scenarios[@]} -gt 0 ] || mapfile -t scenarios < <(build/release/bench/orvel-bench --list)
 for scenario in "${scenarios[@]}"; do
   build/release/bench/orvel-bench --scenario "$scenario" --repo "$repos/$scenario"
 done

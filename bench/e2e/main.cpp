@@ -24,8 +24,12 @@ int main(int argc, char** argv) {
             options.rounds = std::max(1, std::atoi(value().c_str()));
         else if (argument == "--tiny")
             options.tiny = true;
-        else {
-            std::cerr << "usage: orvel-bench [--scenario NAME] --repo DIR [--rounds N] [--tiny]\nscenarios:";
+        else if (argument == "--list") {
+            for (const auto& [name, run] : scenarios())
+                std::cout << name << "\n";
+            return 0;
+        } else {
+            std::cerr << "usage: orvel-bench [--scenario NAME] --repo DIR [--rounds N] [--tiny] | --list\nscenarios:";
             for (const auto& [name, run] : scenarios())
                 std::cerr << " " << name;
             std::cerr << "\n";
