@@ -4,27 +4,42 @@
 // their callers' temporaries.
 #pragma once
 
+#include "core/records/CommitEntry.h"
 #include "core/records/FileChange.h"
+#include "core/records/GraphCommit.h"
 #include "core/records/RepoEntry.h"
 
 #include <QCoro/QCoroTask>
 
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace orvel {
 
 class GitServiceProtocol {
-public:
+  public:
     virtual ~GitServiceProtocol() = default;
 
     virtual QCoro::Task<RepoEntry> open(std::string path) = 0;
     virtual QCoro::Task<StatusResult> status(RepoEntry repo) = 0;
+    virtual QCoro::Task<void> stage(RepoEntry repo, std::string path) = 0;
+    virtual QCoro::Task<void> stageFiles(RepoEntry repo, std::vector<std::string> paths) = 0;
+    virtual QCoro::Task<void> stageAll(RepoEntry repo) = 0;
+    virtual QCoro::Task<void> unstage(RepoEntry repo, std::string path) = 0;
+    virtual QCoro::Task<void> unstageFiles(RepoEntry repo, std::vector<std::string> paths) = 0;
+    virtual QCoro::Task<void> unstageAll(RepoEntry repo) = 0;
+    virtual QCoro::Task<void> discardChanges(RepoEntry repo, std::string path, bool includeStaged) = 0;
+    virtual QCoro::Task<CommitEntry> commit(RepoEntry repo, std::string message) = 0;
+    virtual QCoro::Task<CommitEntry> amendCommit(RepoEntry repo, std::string message) = 0;
+    virtual QCoro::Task<std::vector<CommitEntry>> commitHistory(RepoEntry repo, long limit) = 0;
+    virtual QCoro::Task<std::vector<GraphCommit>> commitGraph(RepoEntry repo, long limit) = 0;
 
     virtual QCoro::Task<std::optional<std::string>> defaultBranch(RepoEntry repo) = 0;
     virtual QCoro::Task<std::optional<std::string>> currentBranch(RepoEntry repo) = 0;
     virtual QCoro::Task<RepoEntry> cloneRepository(std::string url, std::string path) = 0;
-    virtual QCoro::Task<RepoEntry> initRepository(std::string path, std::optional<std::string> initialBranch) = 0;
+    virtual QCoro::Task<RepoEntry> initRepository(std::string path,
+                                                  std::optional<std::string> initialBranch) = 0;
 };
 
 } // namespace orvel

@@ -11,21 +11,45 @@
 namespace orvel {
 
 class MockGitService final : public GitServiceProtocol {
-public:
+  public:
     MockGitService();
 
     QCoro::Task<RepoEntry> open(std::string path) override;
     QCoro::Task<StatusResult> status(RepoEntry repo) override;
+    QCoro::Task<void> stage(RepoEntry repo, std::string path) override;
+    QCoro::Task<void> stageFiles(RepoEntry repo, std::vector<std::string> paths) override;
+    QCoro::Task<void> stageAll(RepoEntry repo) override;
+    QCoro::Task<void> unstage(RepoEntry repo, std::string path) override;
+    QCoro::Task<void> unstageFiles(RepoEntry repo, std::vector<std::string> paths) override;
+    QCoro::Task<void> unstageAll(RepoEntry repo) override;
+    QCoro::Task<void> discardChanges(RepoEntry repo, std::string path, bool includeStaged) override;
+    QCoro::Task<CommitEntry> commit(RepoEntry repo, std::string message) override;
+    QCoro::Task<CommitEntry> amendCommit(RepoEntry repo, std::string message) override;
+    QCoro::Task<std::vector<CommitEntry>> commitHistory(RepoEntry repo, long limit) override;
+    QCoro::Task<std::vector<GraphCommit>> commitGraph(RepoEntry repo, long limit) override;
 
     QCoro::Task<std::optional<std::string>> defaultBranch(RepoEntry repo) override;
     QCoro::Task<std::optional<std::string>> currentBranch(RepoEntry repo) override;
     QCoro::Task<RepoEntry> cloneRepository(std::string url, std::string path) override;
-    QCoro::Task<RepoEntry> initRepository(std::string path, std::optional<std::string> initialBranch) override;
+    QCoro::Task<RepoEntry> initRepository(std::string path,
+                                          std::optional<std::string> initialBranch) override;
 
     // The canned repository: `open` answers it with the requested path.
     RepoEntry repository;
     StatusResult workingTree;
     std::optional<std::string> defaultBranchName;
+    // The canned graph, newest first; the history is HEAD's first-parent line through it, and a
+    // commit or an amend changes it.
+    std::vector<GraphCommit> graph = sampleGraph();
+
+    static std::vector<GraphCommit> sampleGraph();
+
+  private:
+    static CommitEntry entryOf(const GraphCommit& commit);
+    // Makes the commit that a commit or an amend with `message` leaves at HEAD.
+    CommitEntry commitStaged(const std::string& message, bool amend);
+
+    int madeCommits_ = 0;
 };
 
 } // namespace orvel

@@ -2,6 +2,7 @@
 // one block to the repository's queue, where the commands run through the executor.
 #pragma once
 
+#include "core/parsers/LogParser.h"
 #include "core/process/GitExecutorProtocol.h"
 #include "core/queue/GitOpRunner.h"
 #include "core/service/GitServiceProtocol.h"
@@ -15,22 +16,42 @@
 namespace orvel {
 
 class NativeGitService final : public GitServiceProtocol {
-public:
+  public:
     NativeGitService(std::shared_ptr<GitExecutorProtocol> executor, std::shared_ptr<GitOpRunner> opRunner);
 
     QCoro::Task<RepoEntry> open(std::string path) override;
     QCoro::Task<StatusResult> status(RepoEntry repo) override;
+    QCoro::Task<void> stage(RepoEntry repo, std::string path) override;
+    QCoro::Task<void> stageFiles(RepoEntry repo, std::vector<std::string> paths) override;
+    QCoro::Task<void> stageAll(RepoEntry repo) override;
+    QCoro::Task<void> unstage(RepoEntry repo, std::string path) override;
+    QCoro::Task<void> unstageFiles(RepoEntry repo, std::vector<std::string> paths) override;
+    QCoro::Task<void> unstageAll(RepoEntry repo) override;
+    QCoro::Task<void> discardChanges(RepoEntry repo, std::string path, bool includeStaged) override;
+    QCoro::Task<CommitEntry> commit(RepoEntry repo, std::string message) override;
+    QCoro::Task<CommitEntry> amendCommit(RepoEntry repo, std::string message) override;
+    QCoro::Task<std::vector<CommitEntry>> commitHistory(RepoEntry repo, long limit) override;
+    QCoro::Task<std::vector<GraphCommit>> commitGraph(RepoEntry repo, long limit) override;
 
     QCoro::Task<std::optional<std::string>> defaultBranch(RepoEntry repo) override;
     QCoro::Task<std::optional<std::string>> currentBranch(RepoEntry repo) override;
     QCoro::Task<RepoEntry> cloneRepository(std::string url, std::string path) override;
-    QCoro::Task<RepoEntry> initRepository(std::string path, std::optional<std::string> initialBranch) override;
+    QCoro::Task<RepoEntry> initRepository(std::string path,
+                                          std::optional<std::string> initialBranch) override;
 
     const std::shared_ptr<GitOpRunner>& opRunner() const { return opRunner_; }
 
-private:
+    // Drops the remote names commitGraph keeps, so that the next graph load reads them anew;
+    // adding or removing a remote calls it when it has finished.
+    void resetCachedRemoteNames();
+
+  private:
     std::shared_ptr<GitExecutorProtocol> executor_;
     std::shared_ptr<GitOpRunner> opRunner_;
+    // Read by `git remote` once per service, not once per graph load. Worker threads and the
+    // coroutines both reach it, hence the mutex.
+    std::optional<RemoteNameSet> cachedRemoteNames_;
+    mutable std::mutex cachedRemoteNamesMutex_;
 };
 
 } // namespace orvel
