@@ -8,16 +8,8 @@
 namespace orvel {
 
 class GitServiceError final : public std::exception {
-  public:
-    enum class Kind {
-        invalidGitPath,
-        commandFailed,
-        parseFailed,
-        invalidInput,
-        unknownRemote,
-        gitNotFound,
-        detachedHead
-    };
+public:
+    enum class Kind { invalidGitPath, commandFailed, parseFailed, invalidInput, unknownRemote, gitNotFound, detachedHead };
 
     static GitServiceError invalidGitPath(std::string path);
     static GitServiceError commandFailed(std::string command, std::string stderrText);
@@ -39,7 +31,7 @@ class GitServiceError final : public std::exception {
     const std::string& description() const { return description_; }
     const char* what() const noexcept override { return description_.c_str(); }
 
-  private:
+private:
     GitServiceError(Kind kind, std::string first, std::string second);
 
     Kind kind_;

@@ -18,7 +18,7 @@
 namespace orvel {
 
 class GitServiceProtocol {
-  public:
+public:
     virtual ~GitServiceProtocol() = default;
 
     virtual QCoro::Task<RepoEntry> open(std::string path) = 0;
@@ -38,8 +38,7 @@ class GitServiceProtocol {
     virtual QCoro::Task<std::optional<std::string>> defaultBranch(RepoEntry repo) = 0;
     virtual QCoro::Task<std::optional<std::string>> currentBranch(RepoEntry repo) = 0;
     virtual QCoro::Task<RepoEntry> cloneRepository(std::string url, std::string path) = 0;
-    virtual QCoro::Task<RepoEntry> initRepository(std::string path,
-                                                  std::optional<std::string> initialBranch) = 0;
+    virtual QCoro::Task<RepoEntry> initRepository(std::string path, std::optional<std::string> initialBranch) = 0;
 };
 
 } // namespace orvel

@@ -11,7 +11,7 @@
 namespace orvel {
 
 class MockGitService final : public GitServiceProtocol {
-  public:
+public:
     MockGitService();
 
     QCoro::Task<RepoEntry> open(std::string path) override;
@@ -31,8 +31,7 @@ class MockGitService final : public GitServiceProtocol {
     QCoro::Task<std::optional<std::string>> defaultBranch(RepoEntry repo) override;
     QCoro::Task<std::optional<std::string>> currentBranch(RepoEntry repo) override;
     QCoro::Task<RepoEntry> cloneRepository(std::string url, std::string path) override;
-    QCoro::Task<RepoEntry> initRepository(std::string path,
-                                          std::optional<std::string> initialBranch) override;
+    QCoro::Task<RepoEntry> initRepository(std::string path, std::optional<std::string> initialBranch) override;
 
     // The canned repository: `open` answers it with the requested path.
     RepoEntry repository;
@@ -44,7 +43,7 @@ class MockGitService final : public GitServiceProtocol {
 
     static std::vector<GraphCommit> sampleGraph();
 
-  private:
+private:
     static CommitEntry entryOf(const GraphCommit& commit);
     // Makes the commit that a commit or an amend with `message` leaves at HEAD.
     CommitEntry commitStaged(const std::string& message, bool amend);

@@ -16,7 +16,7 @@
 namespace orvel {
 
 class NativeGitService final : public GitServiceProtocol {
-  public:
+public:
     NativeGitService(std::shared_ptr<GitExecutorProtocol> executor, std::shared_ptr<GitOpRunner> opRunner);
 
     QCoro::Task<RepoEntry> open(std::string path) override;
@@ -36,8 +36,7 @@ class NativeGitService final : public GitServiceProtocol {
     QCoro::Task<std::optional<std::string>> defaultBranch(RepoEntry repo) override;
     QCoro::Task<std::optional<std::string>> currentBranch(RepoEntry repo) override;
     QCoro::Task<RepoEntry> cloneRepository(std::string url, std::string path) override;
-    QCoro::Task<RepoEntry> initRepository(std::string path,
-                                          std::optional<std::string> initialBranch) override;
+    QCoro::Task<RepoEntry> initRepository(std::string path, std::optional<std::string> initialBranch) override;
 
     const std::shared_ptr<GitOpRunner>& opRunner() const { return opRunner_; }
 
@@ -45,7 +44,7 @@ class NativeGitService final : public GitServiceProtocol {
     // adding or removing a remote calls it when it has finished.
     void resetCachedRemoteNames();
 
-  private:
+private:
     std::shared_ptr<GitExecutorProtocol> executor_;
     std::shared_ptr<GitOpRunner> opRunner_;
     // Read by `git remote` once per service, not once per graph load. Worker threads and the
