@@ -6,7 +6,8 @@ namespace orvel::HistoryCommands {
 
 RemoteNameSet remoteNames(GitExecutorProtocol& git, const std::string& repoPath) {
     RemoteNameSet names;
-    for (const auto line : splitLines(git.execute({"remote"}, repoPath))) {
+    const std::string output = git.execute({"remote"}, repoPath);
+    for (const auto line : splitLines(output)) {
         if (std::string name = trimmedBlanks(line); !name.empty())
             names.insert(std::move(name));
     }
