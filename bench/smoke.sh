@@ -10,3 +10,9 @@ mkdir -p "$HOME"
 line=$("$tool" --scenario status-100k --tiny --rounds 2 --repo "$work/repo")
 echo "$line"
 [[ "$line" =~ ^scenario=status-tiny\ ours_ms=[0-9.]+\ git_ms=[0-9.]+\ ratio=[0-9.]+\ files=40\  ]]
+line=$("$tool" --scenario graph-2000 --tiny --rounds 2 --repo "$work/history")
+echo "$line"
+[[ "$line" =~ ^scenario=graph-tiny\ ours_ms=[0-9.]+\ git_ms=[0-9.]+\ ratio=[0-9.]+\ commits=300\ rows=300$ ]]
+line=$("$tool" --scenario layout-200k --tiny --rounds 2 --repo "$work/history")
+echo "$line"
+[[ "$line" =~ ^scenario=layout-tiny\ ours_ms=[0-9.]+\ git_ms=[0-9.]+\ ratio=[0-9.]+\ commits=300\  ]]

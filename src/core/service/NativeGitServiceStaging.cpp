@@ -48,8 +48,8 @@ QCoro::Task<void> NativeGitService::unstageAll(RepoEntry repo) {
 }
 
 QCoro::Task<void> NativeGitService::discardChanges(RepoEntry repo, std::string path, bool includeStaged) {
-    qCDebug(lcStaging, "discardChanges: %s includeStaged=%d in %s", path.c_str(), includeStaged ? 1 : 0,
-            repo.path.c_str());
+    qCDebug(lcStaging, "discardChanges: %s includeStaged=%s in %s", path.c_str(),
+            includeStaged ? "true" : "false", repo.path.c_str());
     co_await opRunner_->serializedExecute(
         repo.path, [git = executor_, repoPath = repo.path, path, includeStaged] {
             StagingCommands::discardChanges(*git, repoPath, path, includeStaged);
