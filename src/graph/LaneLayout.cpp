@@ -101,7 +101,12 @@ std::vector<CommitRow> layoutCommitRows(const std::vector<DAGNode>& nodes, const
             assert(state.isActive(lane));
             colour = state.activeLanes[lane]->colour;
         }
-        GraphLane nodeLane{lane, colour, true, state.wasActive(lane), !node.parents.empty(), {}, {}};
+        GraphLane nodeLane;
+        nodeLane.index = lane;
+        nodeLane.colorIndex = static_cast<std::uint8_t>(colour);
+        nodeLane.hasNode = true;
+        nodeLane.lineUp = state.wasActive(lane);
+        nodeLane.lineDown = !node.parents.empty();
 
         // 3. The other columns that reached this commit end here: children that branched off it.
         closed.clear();
@@ -141,31 +146,41 @@ std::vector<CommitRow> layoutCommitRows(const std::vector<DAGNode>& nodes, const
             nodeLane.mergesFrom.push_back(target);
         }
 
-        // 6 to 9. The node lane, every other active column, and the closed ones for their colours.
+        // 6 to 9. The node lane, every other active column, and the closed ones for their
+        // colours, built in column order. A closed column that is active again was reopened
+        // for a merge parent in this row and is listed once, as the new column.
         CommitRow row = rowFor(node, info);
         row.activeLane = lane;
-        row.lanes.reserve(state.activeLanes.size() + closed.size() + 1);
-        row.lanes.push_back(std::move(nodeLane));
-        for (std::size_t column = 0; column < state.activeLanes.size(); ++column) {
-            const int index = static_cast<int>(column);
-            if (!state.activeLanes[column] || index == lane)
-                continue;
-            const int laneColour = state.activeLanes[column]->colour;
-            if (contains(newLanes, index)) // its vertical line starts in the next row
-                row.lanes.push_back({index, laneColour, false, false, false, {}, {}});
-            else
-                row.lanes.push_back({index, laneColour, false, state.wasActive(index), true, {}, {}});
+        int lastClosed = -1;
+        for (const auto& entry : closed)
+            lastClosed = std::max(lastClosed, entry.first);
+        const int width = std::max({static_cast<int>(state.activeLanes.size()), lastClosed + 1, lane + 1});
+        row.lanes.reserve(static_cast<std::size_t>(width));
+        for (int column = 0; column < width; ++column) {
+            if (column == lane) {
+                row.lanes.push_back(std::move(nodeLane));
+            } else if (state.isActive(column)) {
+                GraphLane& passing = row.lanes.emplace_back();
+                passing.index = column;
+                passing.colorIndex = static_cast<std::uint8_t>(state.activeLanes[column]->colour);
+                // A column opened in this row has no vertical line here: its line starts below.
+                const bool opened = !newLanes.empty() && contains(newLanes, column);
+                passing.lineUp = !opened && state.wasActive(column);
+                passing.lineDown = !opened;
+            } else if (column <= lastClosed) {
+                for (const auto& [closedColumn, closedColour] : closed) {
+                    if (closedColumn != column)
+                        continue;
+                    GraphLane& ended = row.lanes.emplace_back();
+                    ended.index = column;
+                    ended.colorIndex = static_cast<std::uint8_t>(closedColour);
+                }
+            }
         }
-        for (const auto& [column, closedColour] : closed) {
-            if (!contains(newLanes, column))
-                row.lanes.push_back({column, closedColour, false, false, false, {}, {}});
-        }
-        std::sort(row.lanes.begin(), row.lanes.end(),
-                  [](const GraphLane& a, const GraphLane& b) { return a.index < b.index; });
         rows.push_back(std::move(row));
 
         // 11. What the next row sees as lines coming from above.
-        state.previousActive.assign(state.activeLanes.size(), false);
+        state.previousActive.resize(state.activeLanes.size());
         for (std::size_t column = 0; column < state.activeLanes.size(); ++column)
             state.previousActive[column] = state.activeLanes[column].has_value();
     }

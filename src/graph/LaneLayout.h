@@ -30,8 +30,8 @@ struct LaneLayoutState {
     std::unordered_map<std::string_view, std::vector<int>> waitingLanes;
     // Counts every column that was opened; the colour of the next one is this modulo 8.
     int nextColor = 0;
-    // The columns that were active after the previous row, by column.
-    std::vector<bool> previousActive;
+    // Whether each column was active after the previous row.
+    std::vector<char> previousActive;
 
     int firstFreeLane() const;
     bool isActive(int column) const;

@@ -50,7 +50,7 @@ std::vector<DAGNode> randomHistory(std::mt19937& random, int count) {
     return nodes;
 }
 
-bool contains(const std::vector<int>& columns, int column) {
+bool contains(const ColumnList& columns, int column) {
     return std::find(columns.begin(), columns.end(), column) != columns.end();
 }
 

@@ -12,13 +12,28 @@ std::vector<CommitRow> layout(const std::vector<DAGNode>& nodes, const CommitInf
     return layoutCommitRows(nodes, info);
 }
 
+GraphLane lane(int index, int colour, bool node, bool up, bool down) {
+    GraphLane made;
+    made.index = index;
+    made.colorIndex = static_cast<std::uint8_t>(colour);
+    made.hasNode = node;
+    made.lineUp = up;
+    made.lineDown = down;
+    return made;
+}
+
 GraphLane node(int index, int colour, bool up, bool down, std::vector<int> mergesFrom = {},
                std::vector<int> branchesTo = {}) {
-    return {index, colour, true, up, down, std::move(mergesFrom), std::move(branchesTo)};
+    GraphLane made = lane(index, colour, true, up, down);
+    for (const int column : mergesFrom)
+        made.mergesFrom.push_back(column);
+    for (const int column : branchesTo)
+        made.branchesTo.push_back(column);
+    return made;
 }
 
 GraphLane line(int index, int colour, bool up, bool down) {
-    return {index, colour, false, up, down, {}, {}};
+    return lane(index, colour, false, up, down);
 }
 
 } // namespace
@@ -76,7 +91,7 @@ TEST(LaneLayoutRows, ColoursWrapAfterEightOpenedColumns) {
 TEST(LaneLayoutRows, OctopusMergeOpensOneColumnPerFurtherParentInOrder) {
     const auto rows =
         layout({{"O", {"A", "B", "C", "D"}}, {"D", {"A"}}, {"C", {"A"}}, {"B", {"A"}}, {"A", {}}});
-    EXPECT_EQ(rows[0].lanes[0].mergesFrom, (std::vector<int>{1, 2, 3}));
+    EXPECT_EQ(rows[0].lanes[0].mergesFrom.toVector(), (std::vector<int>{1, 2, 3}));
     EXPECT_EQ(rows[0].lanes.size(), 4u);
     EXPECT_EQ(rows[1].activeLane, 3);
     EXPECT_EQ(rows[2].activeLane, 2);
