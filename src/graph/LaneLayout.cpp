@@ -25,10 +25,10 @@ CommitRow rowFor(const DAGNode& node, const CommitInfoMap& info) {
     CommitRow row;
     row.hash = node.hash;
     row.shortHash = node.hash.substr(0, 7);
-    if (const auto found = info.find(node.hash); found != info.end()) {
-        row.message = found->second.message;
-        row.author = found->second.author;
-        row.date = found->second.date;
+    if (const CommitInfo* found = info.find(node.hash)) {
+        row.message = found->message;
+        row.author = found->author;
+        row.date = found->date;
     } else {
         row.message = node.hash;
     }
@@ -43,15 +43,6 @@ int LaneLayoutState::firstFreeLane() const {
             return static_cast<int>(column);
     }
     return static_cast<int>(activeLanes.size());
-}
-
-bool LaneLayoutState::isActive(int column) const {
-    return column >= 0 && static_cast<std::size_t>(column) < activeLanes.size() &&
-           activeLanes[column].has_value();
-}
-
-bool LaneLayoutState::wasActive(int column) const {
-    return column >= 0 && static_cast<std::size_t>(column) < previousActive.size() && previousActive[column];
 }
 
 void LaneLayoutState::assignLane(int column, std::string_view hash, int colour) {

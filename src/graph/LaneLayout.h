@@ -2,7 +2,7 @@
 // look-ahead: commits come in `git log --topo-order` order, children above parents.
 #pragma once
 
-#include "graph/CommitInfo.h"
+#include "graph/CommitInfoMap.h"
 #include "graph/CommitRow.h"
 #include "graph/DAGNode.h"
 
@@ -34,13 +34,17 @@ struct LaneLayoutState {
     std::vector<char> previousActive;
 
     int firstFreeLane() const;
-    bool isActive(int column) const;
+    bool isActive(int column) const {
+        return column >= 0 && static_cast<std::size_t>(column) < activeLanes.size() &&
+               activeLanes[column].has_value();
+    }
     void assignLane(int column, std::string_view hash, int colour);
     void releaseLane(int column);
-    bool wasActive(int column) const;
+    bool wasActive(int column) const {
+        return column >= 0 && static_cast<std::size_t>(column) < previousActive.size() &&
+               previousActive[column];
+    }
 };
-
-using CommitInfoMap = std::unordered_map<std::string, CommitInfo>;
 
 inline constexpr int laneColourCount = 8;
 

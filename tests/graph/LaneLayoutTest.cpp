@@ -151,3 +151,18 @@ TEST(LaneLayoutTexts, InfoFillsTheRowAndAMissingHashShowsItself) {
     EXPECT_EQ(rows[1].author, "");
     EXPECT_EQ(rows[1].date, "");
 }
+
+TEST(LaneLayoutTexts, InfoMapKeepsTheFirstTextsAndFindsEveryHashAfterGrowing) {
+    CommitInfoMap info;
+    for (int i = 0; i < 1000; ++i)
+        EXPECT_TRUE(info.emplace("hash" + std::to_string(i), {"message " + std::to_string(i), "", ""}));
+    EXPECT_FALSE(info.emplace("hash7", {"replaced", "", ""}));
+    EXPECT_EQ(info.size(), 1000u);
+    for (int i = 0; i < 1000; ++i) {
+        const CommitInfo* found = info.find("hash" + std::to_string(i));
+        ASSERT_NE(found, nullptr) << i;
+        EXPECT_EQ(found->message, "message " + std::to_string(i));
+    }
+    EXPECT_EQ(info.find("hash1000"), nullptr);
+    EXPECT_EQ(CommitInfoMap{}.find("anything"), nullptr);
+}
