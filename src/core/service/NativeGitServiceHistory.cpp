@@ -8,14 +8,19 @@ namespace orvel {
 
 namespace {
 
-std::optional<RemoteNameSet> readCachedNames(std::mutex& mutex, const std::optional<RemoteNameSet>& cache) {
-    std::lock_guard lock(mutex);
-    return cache;
-}
-
-void storeCachedNames(std::mutex& mutex, std::optional<RemoteNameSet>& cache, const RemoteNameSet& names) {
+// The remote names of the service's cache, read through `git remote` when the cache is empty.
+// git runs without the lock held, so a slow look-up doesn't hold up other repositories.
+RemoteNameSet cachedOrReadRemoteNames(std::mutex& mutex, std::optional<RemoteNameSet>& cache,
+                                      GitExecutorProtocol& git, const std::string& repoPath) {
+    {
+        std::lock_guard lock(mutex);
+        if (cache)
+            return *cache;
+    }
+    RemoteNameSet names = HistoryCommands::remoteNames(git, repoPath);
     std::lock_guard lock(mutex);
     cache = names;
+    return names;
 }
 
 } // namespace
@@ -27,27 +32,24 @@ void NativeGitService::resetCachedRemoteNames() {
 
 QCoro::Task<std::vector<CommitEntry>> NativeGitService::commitHistory(RepoEntry repo, long limit) {
     qCDebug(lcGraph, "commitHistory: limit=%ld in %s", limit, repo.path.c_str());
-    co_return co_await opRunner_->serializedExecute(repo.path, [git = executor_, path = repo.path, limit] {
+    auto task = opRunner_->serializedExecute(repo.path, [git = executor_, path = repo.path, limit] {
         return HistoryCommands::commitHistory(*git, path, limit);
     });
+    co_return co_await std::move(task);
 }
 
 QCoro::Task<std::vector<GraphCommit>> NativeGitService::commitGraph(RepoEntry repo, long limit) {
     qCDebug(lcGraph, "commitGraph: limit=%ld in %s", limit, repo.path.c_str());
-    // The blocks are named objects rather than temporaries inside the co_await: g++ 12 destroys
-    // such temporaries twice when the await stands in a nested block of a coroutine.
-    std::optional<RemoteNameSet> names = readCachedNames(cachedRemoteNamesMutex_, cachedRemoteNames_);
-    if (!names) {
-        auto lookUp = [git = executor_, path = repo.path] {
-            return HistoryCommands::remoteNames(*git, path);
-        };
-        names = co_await opRunner_->serializedExecute(repo.path, std::move(lookUp));
-        storeCachedNames(cachedRemoteNamesMutex_, cachedRemoteNames_, *names);
-    }
-    auto load = [git = executor_, path = repo.path, limit, names = std::move(*names)] {
+    // One block for the look-up and the log. It reaches the cache through references: the
+    // service lives as long as the program. The task is made in a statement of its own because
+    // g++ 12 destroys temporaries that stand inside an await expression twice.
+    auto task = opRunner_->serializedExecute(repo.path, [&mutex = cachedRemoteNamesMutex_,
+                                                         &cache = cachedRemoteNames_, git = executor_,
+                                                         path = repo.path, limit] {
+        const RemoteNameSet names = cachedOrReadRemoteNames(mutex, cache, *git, path);
         return HistoryCommands::commitGraph(*git, path, limit, names);
-    };
-    co_return co_await opRunner_->serializedExecute(repo.path, std::move(load));
+    });
+    co_return co_await std::move(task);
 }
 
 } // namespace orvel
