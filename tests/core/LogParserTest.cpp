@@ -2,6 +2,8 @@
 // Their reading of real git output is covered by CommitGraphTest.
 #include "core/parsers/LogParser.h"
 
+#include <QJsonArray>
+
 #include <gtest/gtest.h>
 
 #include <chrono>
@@ -141,4 +143,24 @@ TEST(CommitHistoryRecords, ThirteenFieldsAreDroppedAndAnEmptyLastFieldCounts) {
     ASSERT_EQ(entries.size(), 2u);
     EXPECT_EQ(entries[1].authorDate, distantPast);
     EXPECT_TRUE(GitOutputParser::parseCommitHistory("").empty());
+}
+
+TEST(CommitEntryCoding, KeysAreTheFieldNamesAndTheRecordComesBackWhole) {
+    const auto entries = GitOutputParser::parseCommitHistory(historyRecord(hashA));
+    ASSERT_EQ(entries.size(), 1u);
+    const QJsonObject object = toJson(entries[0]);
+    EXPECT_EQ(object.keys(), (QStringList{"abbreviatedHash", "authorDate", "authorEmail", "authorName",
+                                          "body", "hash", "parentHashes", "refs", "subject"}));
+    EXPECT_EQ(object.value("authorDate").toString(), "2026-01-02T03:04:05Z");
+    EXPECT_EQ(object.value("refs").toArray().size(), 2);
+    EXPECT_EQ(commitEntryFromJson(object), entries[0]);
+
+    QJsonObject broken = object;
+    broken.insert("parentHashes", "not a list");
+    EXPECT_FALSE(commitEntryFromJson(broken).has_value());
+    broken = object;
+    broken.insert("authorDate", "tomorrow");
+    EXPECT_FALSE(commitEntryFromJson(broken).has_value());
+    broken.remove("authorDate");
+    EXPECT_FALSE(commitEntryFromJson(broken).has_value());
 }

@@ -3,6 +3,9 @@
 
 #include "core/support/IsoDate.h"
 
+#include <QJsonObject>
+
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -22,5 +25,11 @@ struct CommitEntry {
 
     bool operator==(const CommitEntry&) const = default;
 };
+
+// The keyed form of a commit entry: one key a field, named as the field. Texts go as UTF-8 (bytes
+// that aren't are replaced), the date as "YYYY-MM-DDTHH:MM:SSZ", the lists as arrays of text.
+QJsonObject toJson(const CommitEntry& entry);
+// Nothing when a key is missing, has the wrong type or the date doesn't read.
+std::optional<CommitEntry> commitEntryFromJson(const QJsonObject& object);
 
 } // namespace orvel
