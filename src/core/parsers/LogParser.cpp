@@ -2,10 +2,12 @@
 
 #include "core/support/Log.h"
 
+#include <QRandomGenerator>
 #include <QUuid>
 
 #include <algorithm>
 #include <array>
+#include <random>
 
 namespace orvel::GitOutputParser {
 
@@ -110,6 +112,19 @@ void readDecorations(std::string_view decorations, const RemoteNameSet& remoteNa
     }
 }
 
+// A random (version 4) UUID. Asking the system for randomness per commit would cost a system call
+// each, which dominates a long log; a generator seeded once per thread from it does as well.
+QUuid freshAuthorId() {
+    thread_local std::mt19937_64 generator(QRandomGenerator::system()->generate64());
+    const std::uint64_t high = generator();
+    const std::uint64_t low = generator();
+    return QUuid(static_cast<uint>(high >> 32), static_cast<ushort>(high >> 16),
+                 static_cast<ushort>((high & 0x0fff) | 0x4000),
+                 static_cast<uchar>(((low >> 56) & 0x3f) | 0x80), static_cast<uchar>(low >> 48),
+                 static_cast<uchar>(low >> 40), static_cast<uchar>(low >> 32), static_cast<uchar>(low >> 24),
+                 static_cast<uchar>(low >> 16), static_cast<uchar>(low >> 8), static_cast<uchar>(low));
+}
+
 bool isHistoryHash(std::string_view hash) {
     return hash.size() >= 7 && hash.size() <= 64 && std::all_of(hash.begin(), hash.end(), [](char c) {
                return (c >= '0' && c <= '9') || (c >= 'a' && c <= 'f') || (c >= 'A' && c <= 'F');
@@ -136,7 +151,7 @@ std::vector<GraphCommit> parseCommitGraph(std::string_view output, const RemoteN
         commit.parentHashes = nonEmptyPieces(fields[2], " ");
         commit.date = readIsoDateOrDistantPast(fields[5]);
         commit.authors.push_back(
-            {QUuid::createUuid(), std::string(fields[3]), std::string(fields[4]), std::nullopt, commit.date});
+            {freshAuthorId(), std::string(fields[3]), std::string(fields[4]), std::nullopt, commit.date});
         commit.subject = fields[6];
         commit.body = fields[7];
         if (!fields[8].empty())
