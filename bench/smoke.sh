@@ -13,3 +13,9 @@ echo "$line"
 line=$("$tool" --scenario diff-parse --tiny --rounds 2 --repo "$work/diff-repo")
 echo "$line"
 [[ "$line" =~ ^scenario=diff-parse-tiny\ ours_ms=[0-9.]+\ git_ms=[0-9.]+\ ratio=[0-9.]+\ mb_per_s=[0-9]+\ .*files=20\ .*counts_agree=yes$ ]]
+line=$("$tool" --scenario graph-2000 --tiny --rounds 2 --repo "$work/history")
+echo "$line"
+[[ "$line" =~ ^scenario=graph-tiny\ ours_ms=[0-9.]+\ git_ms=[0-9.]+\ ratio=[0-9.]+\ commits=300\ rows=300$ ]]
+line=$("$tool" --scenario layout-200k --tiny --rounds 2 --repo "$work/history")
+echo "$line"
+[[ "$line" =~ ^scenario=layout-tiny\ ours_ms=[0-9.]+\ git_ms=[0-9.]+\ ratio=[0-9.]+\ commits=300\  ]]

@@ -31,6 +31,23 @@ struct DiffHistoryShape {
 // then the same files with lines replaced, inserted and deleted every few lines, so that
 // `git diff HEAD~1 HEAD` is a long diff of many hunks. The content is the same at every run.
 void makeDiffHistoryRepository(const std::string& directory, const DiffHistoryShape& shape);
+struct HistoryShape {
+    std::size_t commits = 0;
+    std::size_t branches = 0; // local branches, besides the lines the history grows on
+    std::size_t tags = 0;
+    std::size_t remoteBranches = 0; // under the remote "origin", which is configured
+};
+
+// Creates `directory` as a repository whose history has `shape.commits` commits on several
+// interleaved lines of development with frequent merges (some of them octopus merges) and a few
+// root commits, imported in one `git fast-import` run from a handful of distinct blobs. Branches,
+// tags and remote branches point at commits spread over the history; HEAD is "main".
+void makeHistoryRepository(const std::string& directory, const HistoryShape& shape);
+
+// The history of the graph benchmarks: 200,000 commits and a thousand refs, or 300 for a smoke run.
+inline HistoryShape graphBenchmarkShape(bool tiny) {
+    return tiny ? HistoryShape{300, 12, 12, 6} : HistoryShape{200000, 450, 450, 100};
+}
 
 // The path of the n-th generated file, relative to the repository root.
 std::string generatedFilePath(std::size_t n);

@@ -6,7 +6,9 @@
 
 #include "core/records/DiffContext.h"
 #include "core/records/DiffResult.h"
+#include "core/records/CommitEntry.h"
 #include "core/records/FileChange.h"
+#include "core/records/GraphCommit.h"
 #include "core/records/RepoEntry.h"
 
 #include <QCoro/QCoroTask>
@@ -23,9 +25,20 @@ public:
 
     virtual QCoro::Task<RepoEntry> open(std::string path) = 0;
     virtual QCoro::Task<StatusResult> status(RepoEntry repo) = 0;
+    virtual QCoro::Task<void> stage(RepoEntry repo, std::string path) = 0;
+    virtual QCoro::Task<void> stageFiles(RepoEntry repo, std::vector<std::string> paths) = 0;
+    virtual QCoro::Task<void> stageAll(RepoEntry repo) = 0;
+    virtual QCoro::Task<void> unstage(RepoEntry repo, std::string path) = 0;
+    virtual QCoro::Task<void> unstageFiles(RepoEntry repo, std::vector<std::string> paths) = 0;
+    virtual QCoro::Task<void> unstageAll(RepoEntry repo) = 0;
     virtual QCoro::Task<void> stageHunk(RepoEntry repo, std::string path, DiffHunk hunk) = 0;
     virtual QCoro::Task<void> unstageHunk(RepoEntry repo, std::string path, DiffHunk hunk) = 0;
     virtual QCoro::Task<void> discardHunk(RepoEntry repo, std::string path, DiffHunk hunk) = 0;
+    virtual QCoro::Task<void> discardChanges(RepoEntry repo, std::string path, bool includeStaged) = 0;
+    virtual QCoro::Task<CommitEntry> commit(RepoEntry repo, std::string message) = 0;
+    virtual QCoro::Task<CommitEntry> amendCommit(RepoEntry repo, std::string message) = 0;
+    virtual QCoro::Task<std::vector<CommitEntry>> commitHistory(RepoEntry repo, long limit) = 0;
+    virtual QCoro::Task<std::vector<GraphCommit>> commitGraph(RepoEntry repo, long limit) = 0;
     virtual QCoro::Task<DiffResult> diff(RepoEntry repo, DiffContext context,
                                          std::optional<int> contextLines) = 0;
     virtual QCoro::Task<DiffResult> commitDiff(RepoEntry repo, std::string hash,

@@ -17,9 +17,20 @@ public:
 
     QCoro::Task<RepoEntry> open(std::string path) override;
     QCoro::Task<StatusResult> status(RepoEntry repo) override;
+    QCoro::Task<void> stage(RepoEntry repo, std::string path) override;
+    QCoro::Task<void> stageFiles(RepoEntry repo, std::vector<std::string> paths) override;
+    QCoro::Task<void> stageAll(RepoEntry repo) override;
+    QCoro::Task<void> unstage(RepoEntry repo, std::string path) override;
+    QCoro::Task<void> unstageFiles(RepoEntry repo, std::vector<std::string> paths) override;
+    QCoro::Task<void> unstageAll(RepoEntry repo) override;
     QCoro::Task<void> stageHunk(RepoEntry repo, std::string path, DiffHunk hunk) override;
     QCoro::Task<void> unstageHunk(RepoEntry repo, std::string path, DiffHunk hunk) override;
     QCoro::Task<void> discardHunk(RepoEntry repo, std::string path, DiffHunk hunk) override;
+    QCoro::Task<void> discardChanges(RepoEntry repo, std::string path, bool includeStaged) override;
+    QCoro::Task<CommitEntry> commit(RepoEntry repo, std::string message) override;
+    QCoro::Task<CommitEntry> amendCommit(RepoEntry repo, std::string message) override;
+    QCoro::Task<std::vector<CommitEntry>> commitHistory(RepoEntry repo, long limit) override;
+    QCoro::Task<std::vector<GraphCommit>> commitGraph(RepoEntry repo, long limit) override;
     QCoro::Task<DiffResult> diff(RepoEntry repo, DiffContext context,
                                  std::optional<int> contextLines) override;
     QCoro::Task<DiffResult> commitDiff(RepoEntry repo, std::string hash,
@@ -46,6 +57,19 @@ public:
     static DiffResult sampleStagedDiff();
     static DiffResult sampleHistoryDiff();
     static std::vector<FileChange> sampleCommitFiles();
+
+    // The canned graph, newest first; the history is HEAD's first-parent line through it, and a
+    // commit or an amend changes it.
+    std::vector<GraphCommit> graph = sampleGraph();
+
+    static std::vector<GraphCommit> sampleGraph();
+
+private:
+    static CommitEntry entryOf(const GraphCommit& commit);
+    // Makes the commit that a commit or an amend with `message` leaves at HEAD.
+    CommitEntry commitStaged(const std::string& message, bool amend);
+
+    int madeCommits_ = 0;
 };
 
 } // namespace orvel

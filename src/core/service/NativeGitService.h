@@ -2,6 +2,7 @@
 // one block to the repository's queue, where the commands run through the executor.
 #pragma once
 
+#include "core/parsers/LogParser.h"
 #include "core/process/GitExecutorProtocol.h"
 #include "core/queue/GitOpRunner.h"
 #include "core/service/GitServiceProtocol.h"
@@ -20,9 +21,20 @@ public:
 
     QCoro::Task<RepoEntry> open(std::string path) override;
     QCoro::Task<StatusResult> status(RepoEntry repo) override;
+    QCoro::Task<void> stage(RepoEntry repo, std::string path) override;
+    QCoro::Task<void> stageFiles(RepoEntry repo, std::vector<std::string> paths) override;
+    QCoro::Task<void> stageAll(RepoEntry repo) override;
+    QCoro::Task<void> unstage(RepoEntry repo, std::string path) override;
+    QCoro::Task<void> unstageFiles(RepoEntry repo, std::vector<std::string> paths) override;
+    QCoro::Task<void> unstageAll(RepoEntry repo) override;
     QCoro::Task<void> stageHunk(RepoEntry repo, std::string path, DiffHunk hunk) override;
     QCoro::Task<void> unstageHunk(RepoEntry repo, std::string path, DiffHunk hunk) override;
     QCoro::Task<void> discardHunk(RepoEntry repo, std::string path, DiffHunk hunk) override;
+    QCoro::Task<void> discardChanges(RepoEntry repo, std::string path, bool includeStaged) override;
+    QCoro::Task<CommitEntry> commit(RepoEntry repo, std::string message) override;
+    QCoro::Task<CommitEntry> amendCommit(RepoEntry repo, std::string message) override;
+    QCoro::Task<std::vector<CommitEntry>> commitHistory(RepoEntry repo, long limit) override;
+    QCoro::Task<std::vector<GraphCommit>> commitGraph(RepoEntry repo, long limit) override;
     QCoro::Task<DiffResult> diff(RepoEntry repo, DiffContext context,
                                  std::optional<int> contextLines) override;
     QCoro::Task<DiffResult> commitDiff(RepoEntry repo, std::string hash,
@@ -36,9 +48,17 @@ public:
 
     const std::shared_ptr<GitOpRunner>& opRunner() const { return opRunner_; }
 
+    // Drops the remote names commitGraph keeps, so that the next graph load reads them anew;
+    // adding or removing a remote calls it when it has finished.
+    void resetCachedRemoteNames();
+
 private:
     std::shared_ptr<GitExecutorProtocol> executor_;
     std::shared_ptr<GitOpRunner> opRunner_;
+    // Read by `git remote` once per service, not once per graph load. Worker threads and the
+    // coroutines both reach it, hence the mutex.
+    std::optional<RemoteNameSet> cachedRemoteNames_;
+    mutable std::mutex cachedRemoteNamesMutex_;
 };
 
 } // namespace orvel

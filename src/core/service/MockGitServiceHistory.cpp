@@ -1,0 +1,102 @@
+// The canned history of the in-memory service: a small graph with a merge, a feature branch, a
+// remote branch and a tag, and HEAD's flat history read from it.
+#include "core/service/MockGitService.h"
+
+#include <algorithm>
+#include <chrono>
+
+namespace orvel {
+
+namespace {
+
+GraphCommit cannedCommit(std::string hash, std::vector<std::string> parents, std::string subject,
+                         int dayOfMonth, std::vector<GraphRef> refs = {}) {
+    using namespace std::chrono;
+    GraphCommit commit;
+    commit.abbreviatedHash = hash.substr(0, 7);
+    commit.hash = std::move(hash);
+    commit.parentHashes = std::move(parents);
+    commit.subject = std::move(subject);
+    commit.date = sys_days{year{2026} / 1 / dayOfMonth} + hours{9};
+    commit.authors.push_back(
+        {QUuid::createUuid(), "Ada Example", "ada@example.invalid", std::nullopt, commit.date});
+    commit.refs = std::move(refs);
+    commit.isHead = std::any_of(commit.refs.begin(), commit.refs.end(),
+                                [](const GraphRef& ref) { return ref.isCurrent; });
+    return commit;
+}
+
+// The decorations as git's "%D" prints them.
+std::vector<std::string> decorationsOf(const GraphCommit& commit) {
+    std::vector<std::string> items;
+    if (commit.isHead && std::none_of(commit.refs.begin(), commit.refs.end(),
+                                      [](const GraphRef& ref) { return ref.isCurrent; }))
+        items.push_back("HEAD");
+    for (const auto& ref : commit.refs) {
+        if (ref.isCurrent)
+            items.push_back("HEAD -> " + ref.name);
+        else if (ref.type == GraphRefType::tag)
+            items.push_back("tag: " + ref.name);
+        else
+            items.push_back(ref.name);
+    }
+    return items;
+}
+
+} // namespace
+
+CommitEntry MockGitService::entryOf(const GraphCommit& commit) {
+    CommitEntry entry;
+    entry.hash = commit.hash;
+    entry.abbreviatedHash = commit.abbreviatedHash;
+    if (!commit.authors.empty()) {
+        entry.authorName = commit.authors.front().name;
+        entry.authorEmail = commit.authors.front().email.value_or("");
+    }
+    entry.authorDate = commit.date;
+    entry.subject = commit.subject;
+    entry.body = commit.body;
+    entry.parentHashes = commit.parentHashes;
+    entry.refs = decorationsOf(commit);
+    return entry;
+}
+
+std::vector<GraphCommit> MockGitService::sampleGraph() {
+    const std::string merge = "4b825dc642cb6eb9a060e54bf8d69288fbee4904";
+    const std::string feature = "9d1e3c6a2f1b0e4d8c7a6b5f4e3d2c1b0a998877";
+    const std::string fix = "2c3d4e5f60718293a4b5c6d7e8f90a1b2c3d4e5f";
+    const std::string base = "7f6e5d4c3b2a19080706050403020100ffeeddcc";
+    const std::string root = "0123456789abcdef0123456789abcdef01234567";
+    return {
+        cannedCommit(
+            merge, {fix, feature}, "Merge branch 'feature/search'", 5,
+            {{"main", GraphRefType::localBranch, true}, {"origin/main", GraphRefType::remoteBranch, false}}),
+        cannedCommit(feature, {base}, "Add commit search", 4,
+                     {{"feature/search", GraphRefType::localBranch, false}}),
+        cannedCommit(fix, {base}, "Fix the lane colours", 3),
+        cannedCommit(base, {root}, "Draw the commit graph", 2, {{"v1.0", GraphRefType::tag, false}}),
+        cannedCommit(root, {}, "Initial commit", 1),
+    };
+}
+
+QCoro::Task<std::vector<CommitEntry>> MockGitService::commitHistory(RepoEntry, long limit) {
+    std::vector<CommitEntry> history;
+    auto current =
+        std::find_if(graph.begin(), graph.end(), [](const GraphCommit& commit) { return commit.isHead; });
+    while (current != graph.end() && static_cast<long>(history.size()) < limit) {
+        history.push_back(entryOf(*current));
+        if (current->parentHashes.empty())
+            break;
+        const std::string& parent = current->parentHashes.front();
+        current = std::find_if(graph.begin(), graph.end(),
+                               [&](const GraphCommit& commit) { return commit.hash == parent; });
+    }
+    co_return history;
+}
+
+QCoro::Task<std::vector<GraphCommit>> MockGitService::commitGraph(RepoEntry, long limit) {
+    const auto count = static_cast<std::size_t>(std::clamp<long>(limit, 0, static_cast<long>(graph.size())));
+    co_return std::vector<GraphCommit>(graph.begin(), graph.begin() + static_cast<std::ptrdiff_t>(count));
+}
+
+} // namespace orvel

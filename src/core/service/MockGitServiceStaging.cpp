@@ -1,0 +1,160 @@
+// Staging and committing in the in-memory service: changes move between the canned working tree's
+// two sides, and a commit becomes the new HEAD of the canned graph.
+#include "core/service/GitServiceError.h"
+#include "core/service/MockGitService.h"
+
+#include <algorithm>
+#include <chrono>
+#include <cstdio>
+
+namespace orvel {
+
+namespace {
+
+FileChange* findFile(StatusResult& tree, const std::string& path) {
+    const auto found = std::find_if(tree.files.begin(), tree.files.end(),
+                                    [&](const FileChange& file) { return file.path == path; });
+    return found == tree.files.end() ? nullptr : &*found;
+}
+
+bool isStaged(const FileChange& file) {
+    return file.status.kind == FileStatusKind::Case::tracked &&
+           file.status.index != TrackedStatus::unmodified;
+}
+
+void dropUnchanged(StatusResult& tree) {
+    std::erase_if(tree.files, [](const FileChange& file) {
+        return file.status == FileStatusKind::tracked(TrackedStatus::unmodified, TrackedStatus::unmodified);
+    });
+}
+
+void stageFile(StatusResult& tree, const std::string& path) {
+    FileChange* file = findFile(tree, path);
+    if (!file)
+        throw GitServiceError::commandFailed("add",
+                                             "fatal: pathspec '" + path + "' did not match any files\n");
+    if (file->status.kind == FileStatusKind::Case::untracked) {
+        file->status = FileStatusKind::tracked(TrackedStatus::added, TrackedStatus::unmodified);
+    } else if (file->status.kind == FileStatusKind::Case::tracked &&
+               file->status.worktree != TrackedStatus::unmodified) {
+        if (file->status.index == TrackedStatus::unmodified)
+            file->status.index = file->status.worktree;
+        file->status.worktree = TrackedStatus::unmodified;
+    }
+}
+
+void unstageFile(StatusResult& tree, const std::string& path) {
+    FileChange* file = findFile(tree, path);
+    if (!file || !isStaged(*file))
+        return;
+    if (file->status.index == TrackedStatus::added) {
+        file->status = FileStatusKind::untracked();
+        return;
+    }
+    if (file->status.worktree == TrackedStatus::unmodified)
+        file->status.worktree = file->status.index;
+    file->status.index = TrackedStatus::unmodified;
+}
+
+} // namespace
+
+QCoro::Task<void> MockGitService::stage(RepoEntry, std::string path) {
+    stageFile(workingTree, path);
+    co_return;
+}
+
+QCoro::Task<void> MockGitService::stageFiles(RepoEntry, std::vector<std::string> paths) {
+    for (const auto& path : paths)
+        stageFile(workingTree, path);
+    co_return;
+}
+
+QCoro::Task<void> MockGitService::stageAll(RepoEntry) {
+    for (const auto& file : std::vector<FileChange>(workingTree.files))
+        stageFile(workingTree, file.path);
+    co_return;
+}
+
+QCoro::Task<void> MockGitService::unstage(RepoEntry, std::string path) {
+    unstageFile(workingTree, path);
+    co_return;
+}
+
+QCoro::Task<void> MockGitService::unstageFiles(RepoEntry, std::vector<std::string> paths) {
+    for (const auto& path : paths)
+        unstageFile(workingTree, path);
+    co_return;
+}
+
+QCoro::Task<void> MockGitService::unstageAll(RepoEntry) {
+    for (const auto& file : std::vector<FileChange>(workingTree.files))
+        unstageFile(workingTree, file.path);
+    co_return;
+}
+
+QCoro::Task<void> MockGitService::discardChanges(RepoEntry, std::string path, bool includeStaged) {
+    FileChange* file = findFile(workingTree, path);
+    if (!file || file->status.kind != FileStatusKind::Case::tracked)
+        throw GitServiceError::commandFailed("restore", "error: pathspec '" + path +
+                                                            "' did not match any file(s) known to git\n");
+    file->status.worktree = TrackedStatus::unmodified;
+    if (includeStaged)
+        file->status.index = TrackedStatus::unmodified;
+    dropUnchanged(workingTree);
+    co_return;
+}
+
+QCoro::Task<CommitEntry> MockGitService::commit(RepoEntry, std::string message) {
+    co_return commitStaged(message, false);
+}
+
+QCoro::Task<CommitEntry> MockGitService::amendCommit(RepoEntry, std::string message) {
+    co_return commitStaged(message, true);
+}
+
+CommitEntry MockGitService::commitStaged(const std::string& message, bool amend) {
+    const auto head =
+        std::find_if(graph.begin(), graph.end(), [](const GraphCommit& commit) { return commit.isHead; });
+    const bool staged = std::any_of(workingTree.files.begin(), workingTree.files.end(), isStaged);
+    if (!staged && !amend)
+        throw GitServiceError::commandFailed("commit", "nothing added to commit\n");
+    if (amend && head == graph.end())
+        throw GitServiceError::commandFailed("commit", "fatal: You have nothing to amend.\n");
+
+    GraphCommit made;
+    char hash[41];
+    std::snprintf(hash, sizeof hash, "%08x%032x", 0xc0ffee00u + static_cast<unsigned>(++madeCommits_), 0u);
+    made.hash = hash;
+    made.abbreviatedHash = made.hash.substr(0, 7);
+    const auto paragraphEnd = message.find("\n\n");
+    made.subject = message.substr(0, paragraphEnd);
+    std::replace(made.subject.begin(), made.subject.end(), '\n', ' ');
+    if (paragraphEnd != std::string::npos)
+        made.body = message.substr(paragraphEnd + 2);
+    made.date = std::chrono::floor<std::chrono::seconds>(std::chrono::system_clock::now());
+    made.authors.push_back(
+        {QUuid::createUuid(), "Ada Example", "ada@example.invalid", std::nullopt, made.date});
+    made.isHead = true;
+    if (head != graph.end()) {
+        // HEAD's branch moves to the new commit; the other refs stay where they were.
+        auto current = std::find_if(head->refs.begin(), head->refs.end(),
+                                    [](const GraphRef& ref) { return ref.isCurrent; });
+        if (current != head->refs.end()) {
+            made.refs.push_back(*current);
+            head->refs.erase(current);
+        }
+        head->isHead = false;
+        made.parentHashes = amend ? head->parentHashes : std::vector<std::string>{head->hash};
+        if (amend && head->refs.empty())
+            graph.erase(head);
+    }
+    for (auto& file : workingTree.files) {
+        if (isStaged(file))
+            file.status.index = TrackedStatus::unmodified;
+    }
+    dropUnchanged(workingTree);
+    graph.insert(graph.begin(), made);
+    return entryOf(made);
+}
+
+} // namespace orvel

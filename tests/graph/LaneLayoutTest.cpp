@@ -1,0 +1,168 @@
+// The lane layout on small histories whose rows are known by hand: the worked merge, tips that
+// share a parent, colours that wrap, octopus merges and loads cut off below a merge.
+#include "graph/LaneLayout.h"
+
+#include <gtest/gtest.h>
+
+using namespace orvel;
+
+namespace {
+
+std::vector<CommitRow> layout(const std::vector<DAGNode>& nodes, const CommitInfoMap& info = {}) {
+    return layoutCommitRows(nodes, info);
+}
+
+GraphLane lane(int index, int colour, bool node, bool up, bool down) {
+    GraphLane made;
+    made.index = index;
+    made.colorIndex = static_cast<std::uint8_t>(colour);
+    made.hasNode = node;
+    made.lineUp = up;
+    made.lineDown = down;
+    return made;
+}
+
+GraphLane node(int index, int colour, bool up, bool down, std::vector<int> mergesFrom = {},
+               std::vector<int> branchesTo = {}) {
+    GraphLane made = lane(index, colour, true, up, down);
+    for (const int column : mergesFrom)
+        made.mergesFrom.push_back(column);
+    for (const int column : branchesTo)
+        made.branchesTo.push_back(column);
+    return made;
+}
+
+GraphLane line(int index, int colour, bool up, bool down) {
+    return lane(index, colour, false, up, down);
+}
+
+} // namespace
+
+TEST(LaneLayoutRows, MergeOfABranchThatLeftTheSameBase) {
+    const auto rows = layout({{"M", {"A", "B"}}, {"B", {"A"}}, {"A", {}}});
+    ASSERT_EQ(rows.size(), 3u);
+    EXPECT_EQ(rows[0].lanes,
+              (std::vector<GraphLane>{node(0, 0, false, true, {1}), line(1, 1, false, false)}));
+    EXPECT_EQ(rows[0].activeLane, 0);
+    EXPECT_EQ(rows[1].lanes, (std::vector<GraphLane>{line(0, 0, true, true), node(1, 1, true, true)}));
+    EXPECT_EQ(rows[1].activeLane, 1);
+    EXPECT_EQ(rows[2].lanes,
+              (std::vector<GraphLane>{node(0, 0, true, false, {}, {1}), line(1, 1, false, false)}));
+    EXPECT_EQ(rows[2].activeLane, 0);
+}
+
+TEST(LaneLayoutRows, EmptyInputSingleRootAndLinearHistory) {
+    EXPECT_TRUE(layout({}).empty());
+    const auto single = layout({{"R", {}}});
+    ASSERT_EQ(single.size(), 1u);
+    EXPECT_EQ(single[0].lanes, (std::vector<GraphLane>{node(0, 0, false, false)}));
+
+    const auto linear = layout({{"e", {"d"}}, {"d", {"c"}}, {"c", {"b"}}, {"b", {"a"}}, {"a", {}}});
+    for (std::size_t i = 0; i < linear.size(); ++i) {
+        EXPECT_EQ(linear[i].lanes, (std::vector<GraphLane>{node(0, 0, i != 0, i != linear.size() - 1)})) << i;
+    }
+}
+
+TEST(LaneLayoutRows, TipsSharingAParentJoinAtTheParentAndFreeTheirColumn) {
+    const auto rows = layout({{"T1", {"P"}}, {"T2", {"P"}}, {"P", {"R"}}, {"T3", {"R"}}, {"R", {}}});
+    EXPECT_EQ(rows[1].lanes, (std::vector<GraphLane>{line(0, 0, true, true), node(1, 1, false, true)}));
+    EXPECT_EQ(rows[2].lanes,
+              (std::vector<GraphLane>{node(0, 0, true, true, {}, {1}), line(1, 1, false, false)}));
+    // The freed column is the first free one for the next tip, which gets the next colour.
+    EXPECT_EQ(rows[3].lanes, (std::vector<GraphLane>{line(0, 0, true, true), node(1, 2, false, true)}));
+    EXPECT_EQ(rows[4].lanes,
+              (std::vector<GraphLane>{node(0, 0, true, false, {}, {1}), line(1, 2, false, false)}));
+}
+
+TEST(LaneLayoutRows, ColoursWrapAfterEightOpenedColumns) {
+    std::vector<DAGNode> tips;
+    for (int i = 0; i < 9; ++i)
+        tips.push_back({"tip" + std::to_string(i), {"unloaded" + std::to_string(i)}});
+    const auto rows = layout(tips);
+    for (int i = 0; i < 9; ++i) {
+        EXPECT_EQ(rows[i].activeLane, i);
+        EXPECT_EQ(rows[i].lanes[i].colorIndex, i % 8);
+    }
+    // Lines to parents outside the load run out of the bottom.
+    for (const auto& lane : rows.back().lanes)
+        EXPECT_TRUE(lane.lineDown);
+}
+
+TEST(LaneLayoutRows, OctopusMergeOpensOneColumnPerFurtherParentInOrder) {
+    const auto rows =
+        layout({{"O", {"A", "B", "C", "D"}}, {"D", {"A"}}, {"C", {"A"}}, {"B", {"A"}}, {"A", {}}});
+    EXPECT_EQ(rows[0].lanes[0].mergesFrom.toVector(), (std::vector<int>{1, 2, 3}));
+    EXPECT_EQ(rows[0].lanes.size(), 4u);
+    EXPECT_EQ(rows[1].activeLane, 3);
+    EXPECT_EQ(rows[2].activeLane, 2);
+    EXPECT_EQ(rows[3].activeLane, 1);
+    EXPECT_EQ(rows[4].lanes[0], node(0, 0, true, false, {}, {1, 2, 3}));
+}
+
+TEST(LaneLayoutRows, MergeIntoAColumnThatAlreadyRunsTowardsTheParent) {
+    // T's line runs towards B, so M's second parent curves into it and nothing opens.
+    const auto rows = layout({{"T", {"B"}}, {"M", {"A", "B"}}, {"B", {"A"}}, {"A", {}}});
+    EXPECT_EQ(rows[1].lanes, (std::vector<GraphLane>{line(0, 0, true, true), node(1, 1, false, true, {0})}));
+    EXPECT_EQ(rows[2].lanes, (std::vector<GraphLane>{node(0, 0, true, true), line(1, 1, true, true)}));
+}
+
+TEST(LaneLayoutRows, SameParentTwiceOpensASecondColumn) {
+    const auto rows = layout({{"X", {"P", "P"}}, {"P", {}}});
+    EXPECT_EQ(rows[0].lanes,
+              (std::vector<GraphLane>{node(0, 0, false, true, {1}), line(1, 1, false, false)}));
+    EXPECT_EQ(rows[1].lanes,
+              (std::vector<GraphLane>{node(0, 0, true, false, {}, {1}), line(1, 1, false, false)}));
+}
+
+TEST(LaneLayoutRows, ClosedColumnReopenedInTheSameRowIsListedOnceWithItsNewColour) {
+    const auto rows = layout({{"T1", {"P"}}, {"T2", {"P"}}, {"P", {"Q", "R"}}});
+    EXPECT_EQ(rows[2].lanes,
+              (std::vector<GraphLane>{node(0, 0, true, true, {1}, {1}), line(1, 2, false, false)}));
+}
+
+TEST(LaneLayoutRows, LoadCutOffBelowAMergeLeavesLinesRunning) {
+    const auto rows = layout({{"M", {"A", "B"}}, {"C", {"X"}}});
+    EXPECT_EQ(rows[1].lanes, (std::vector<GraphLane>{line(0, 0, true, true), line(1, 1, true, true),
+                                                     node(2, 2, false, true)}));
+}
+
+TEST(LaneLayoutRows, WorkingTreeRowJoinsHeadsColumn) {
+    const auto rows = layout({{"wip", {"H"}}, {"H", {"P"}}, {"P", {}}});
+    EXPECT_EQ(rows[0].lanes, (std::vector<GraphLane>{node(0, 0, false, true)}));
+    EXPECT_EQ(rows[1].lanes, (std::vector<GraphLane>{node(0, 0, true, true)}));
+}
+
+TEST(LaneLayoutRows, DuplicateHashStartsANewColumn) {
+    const auto rows = layout({{"A", {}}, {"A", {}}, {"B", {"C"}}});
+    EXPECT_EQ(rows[1].lanes, (std::vector<GraphLane>{node(0, 1, false, false)}));
+    EXPECT_EQ(rows[2].lanes, (std::vector<GraphLane>{node(0, 2, false, true)}));
+}
+
+TEST(LaneLayoutTexts, InfoFillsTheRowAndAMissingHashShowsItself) {
+    const std::string hash = "0123456789abcdef";
+    const auto rows = layout({{hash, {}}, {"abc", {}}}, {{hash, {"Subject", "Ada", "Jan 2"}}});
+    EXPECT_EQ(rows[0].hash, hash);
+    EXPECT_EQ(rows[0].shortHash, "0123456");
+    EXPECT_EQ(rows[0].message, "Subject");
+    EXPECT_EQ(rows[0].author, "Ada");
+    EXPECT_EQ(rows[0].date, "Jan 2");
+    EXPECT_EQ(rows[1].shortHash, "abc");
+    EXPECT_EQ(rows[1].message, "abc");
+    EXPECT_EQ(rows[1].author, "");
+    EXPECT_EQ(rows[1].date, "");
+}
+
+TEST(LaneLayoutTexts, InfoMapKeepsTheFirstTextsAndFindsEveryHashAfterGrowing) {
+    CommitInfoMap info;
+    for (int i = 0; i < 1000; ++i)
+        EXPECT_TRUE(info.emplace("hash" + std::to_string(i), {"message " + std::to_string(i), "", ""}));
+    EXPECT_FALSE(info.emplace("hash7", {"replaced", "", ""}));
+    EXPECT_EQ(info.size(), 1000u);
+    for (int i = 0; i < 1000; ++i) {
+        const CommitInfo* found = info.find("hash" + std::to_string(i));
+        ASSERT_NE(found, nullptr) << i;
+        EXPECT_EQ(found->message, "message " + std::to_string(i));
+    }
+    EXPECT_EQ(info.find("hash1000"), nullptr);
+    EXPECT_EQ(CommitInfoMap{}.find("anything"), nullptr);
+}
