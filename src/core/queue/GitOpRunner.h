@@ -47,7 +47,8 @@ public:
             result->complete(block);
             return !result->failed();
         }, cancellation);
-        co_return co_await typename CrossThreadResult<Value>::Awaiter{result};
+        typename CrossThreadResult<Value>::Awaiter awaiter{result};
+        co_return co_await awaiter;
     }
 
     // Runs `block` on the worker pool outside every repository's queue, for the few look-ups
@@ -57,7 +58,8 @@ public:
         using Value = std::invoke_result_t<Block&>;
         auto result = std::make_shared<CrossThreadResult<Value>>();
         pool_.post([result, block = std::move(block)]() mutable { result->complete(block); });
-        co_return co_await typename CrossThreadResult<Value>::Awaiter{result};
+        typename CrossThreadResult<Value>::Awaiter awaiter{result};
+        co_return co_await awaiter;
     }
 
     // The queue itself: throws OperationCancelled, before a nonce is taken, when `cancellation`
