@@ -9,7 +9,9 @@
 #include "core/records/CommitEntry.h"
 #include "core/records/FileChange.h"
 #include "core/records/GraphCommit.h"
+#include "core/records/RemoteEntry.h"
 #include "core/records/RepoEntry.h"
+#include "core/service/OperationResults.h"
 
 #include <QCoro/QCoroTask>
 
@@ -44,6 +46,15 @@ public:
     virtual QCoro::Task<DiffResult> commitDiff(RepoEntry repo, std::string hash,
                                                std::optional<int> contextLines) = 0;
     virtual QCoro::Task<std::vector<FileChange>> commitFileChanges(RepoEntry repo, std::string hash) = 0;
+
+    virtual QCoro::Task<void> pushBranch(RepoEntry repo, std::string branch, std::string remote) = 0;
+    virtual QCoro::Task<std::vector<RemoteEntry>> listRemotes(RepoEntry repo) = 0;
+    virtual QCoro::Task<void> addRemote(RepoEntry repo, std::string name, std::string url) = 0;
+    virtual QCoro::Task<void> removeRemote(RepoEntry repo, std::string name) = 0;
+    virtual QCoro::Task<void> fetch(RepoEntry repo, std::string remote, bool prune) = 0;
+    virtual QCoro::Task<MergeResult> pull(RepoEntry repo, std::string remote, PullStrategy strategy) = 0;
+    virtual QCoro::Task<void> push(RepoEntry repo, std::string remote) = 0;
+    virtual QCoro::Task<void> forcePush(RepoEntry repo, std::string remote) = 0;
 
     virtual QCoro::Task<std::optional<std::string>> defaultBranch(RepoEntry repo) = 0;
     virtual QCoro::Task<std::optional<std::string>> currentBranch(RepoEntry repo) = 0;

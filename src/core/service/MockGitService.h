@@ -37,6 +37,15 @@ public:
                                        std::optional<int> contextLines) override;
     QCoro::Task<std::vector<FileChange>> commitFileChanges(RepoEntry repo, std::string hash) override;
 
+    QCoro::Task<void> pushBranch(RepoEntry repo, std::string branch, std::string remote) override;
+    QCoro::Task<std::vector<RemoteEntry>> listRemotes(RepoEntry repo) override;
+    QCoro::Task<void> addRemote(RepoEntry repo, std::string name, std::string url) override;
+    QCoro::Task<void> removeRemote(RepoEntry repo, std::string name) override;
+    QCoro::Task<void> fetch(RepoEntry repo, std::string remote, bool prune) override;
+    QCoro::Task<MergeResult> pull(RepoEntry repo, std::string remote, PullStrategy strategy) override;
+    QCoro::Task<void> push(RepoEntry repo, std::string remote) override;
+    QCoro::Task<void> forcePush(RepoEntry repo, std::string remote) override;
+
     QCoro::Task<std::optional<std::string>> defaultBranch(RepoEntry repo) override;
     QCoro::Task<std::optional<std::string>> currentBranch(RepoEntry repo) override;
     QCoro::Task<RepoEntry> cloneRepository(std::string url, std::string path) override;
@@ -63,6 +72,12 @@ public:
     std::vector<GraphCommit> graph = sampleGraph();
 
     static std::vector<GraphCommit> sampleGraph();
+
+    // The canned remotes, sorted by name as `git remote -v` reads; adding and removing change them,
+    // and fetch, pull and push accept only these names.
+    std::vector<RemoteEntry> remotes = sampleRemotes();
+
+    static std::vector<RemoteEntry> sampleRemotes();
 
 private:
     static CommitEntry entryOf(const GraphCommit& commit);

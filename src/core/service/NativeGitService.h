@@ -41,6 +41,15 @@ public:
                                        std::optional<int> contextLines) override;
     QCoro::Task<std::vector<FileChange>> commitFileChanges(RepoEntry repo, std::string hash) override;
 
+    QCoro::Task<void> pushBranch(RepoEntry repo, std::string branch, std::string remote) override;
+    QCoro::Task<std::vector<RemoteEntry>> listRemotes(RepoEntry repo) override;
+    QCoro::Task<void> addRemote(RepoEntry repo, std::string name, std::string url) override;
+    QCoro::Task<void> removeRemote(RepoEntry repo, std::string name) override;
+    QCoro::Task<void> fetch(RepoEntry repo, std::string remote, bool prune) override;
+    QCoro::Task<MergeResult> pull(RepoEntry repo, std::string remote, PullStrategy strategy) override;
+    QCoro::Task<void> push(RepoEntry repo, std::string remote) override;
+    QCoro::Task<void> forcePush(RepoEntry repo, std::string remote) override;
+
     QCoro::Task<std::optional<std::string>> defaultBranch(RepoEntry repo) override;
     QCoro::Task<std::optional<std::string>> currentBranch(RepoEntry repo) override;
     QCoro::Task<RepoEntry> cloneRepository(std::string url, std::string path) override;
