@@ -7,6 +7,7 @@
 #include "core/support/Log.h"
 #include "core/support/UserDefaults.h"
 #include "workspace/AppViewModel.h"
+#include "workspace/CredentialManager.h"
 
 #include <QTimer>
 
@@ -15,7 +16,12 @@ namespace orvel {
 OrvelApp::OrvelApp() : defaults_(std::make_unique<SettingsUserDefaults>()) {
     qCDebug(lcApp, "op=app.launched");
     qCDebug(lcApp, "init: starting OrvelApp");
-    executor_ = std::make_shared<SubprocessExecutor>(std::nullopt, *defaults_);
+    // git's questions for passwords reach the user through the script the manager writes, so
+    // the manager starts before the executor that hands the script's path to git.
+    credentialManager_ = std::make_unique<CredentialManager>();
+    credentialManager_->start();
+    executor_ = std::make_shared<SubprocessExecutor>(credentialManager_->askpassScriptPath().toStdString(),
+                                                     *defaults_);
     qCDebug(lcApp, "init: SubprocessExecutor created");
     service_ = std::make_shared<NativeGitService>(executor_, std::make_shared<GitOpRunner>());
     qCDebug(lcApp, "init: NativeGitService created");
@@ -28,6 +34,9 @@ OrvelApp::OrvelApp() : defaults_(std::make_unique<SettingsUserDefaults>()) {
     qCDebug(lcApp, "init: OrvelApp ready");
 }
 
-OrvelApp::~OrvelApp() = default;
+OrvelApp::~OrvelApp() {
+    // No git runs any more: the listener ends and the pipes and the script go.
+    credentialManager_->stop();
+}
 
 } // namespace orvel

@@ -1,5 +1,6 @@
-// Brings the application up in its fixed order: executor, git service, application model, and
-// the stored appearance; then it opens the repository named by ORVEL_AUTOTEST_OPEN_REPO, if any.
+// Brings the application up in its fixed order: credential prompts, executor, git service,
+// application model, and the stored appearance; then it opens the repository named by
+// ORVEL_AUTOTEST_OPEN_REPO, if any.
 #pragma once
 
 #include <memory>
@@ -7,6 +8,7 @@
 namespace orvel {
 
 class AppViewModel;
+class CredentialManager;
 class GitOpRunner;
 class NativeGitService;
 class SubprocessExecutor;
@@ -18,9 +20,11 @@ public:
     ~OrvelApp();
 
     AppViewModel& appViewModel() { return *appViewModel_; }
+    CredentialManager& credentialManager() { return *credentialManager_; }
 
 private:
     std::unique_ptr<UserDefaults> defaults_;
+    std::unique_ptr<CredentialManager> credentialManager_;
     std::shared_ptr<SubprocessExecutor> executor_;
     std::shared_ptr<NativeGitService> service_;
     std::unique_ptr<AppViewModel> appViewModel_;
