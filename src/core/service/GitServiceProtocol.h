@@ -7,9 +7,11 @@
 #include "core/records/DiffContext.h"
 #include "core/records/DiffResult.h"
 #include "core/records/CommitEntry.h"
+#include "core/records/BranchEntry.h"
 #include "core/records/FileChange.h"
 #include "core/records/GraphCommit.h"
 #include "core/records/RepoEntry.h"
+#include "core/service/OperationResults.h"
 
 #include <QCoro/QCoroTask>
 
@@ -45,7 +47,27 @@ public:
                                                std::optional<int> contextLines) = 0;
     virtual QCoro::Task<std::vector<FileChange>> commitFileChanges(RepoEntry repo, std::string hash) = 0;
 
+    virtual QCoro::Task<std::vector<BranchEntry>> branches(RepoEntry repo) = 0;
+    virtual QCoro::Task<void> createBranch(RepoEntry repo, std::string name,
+                                           std::optional<std::string> startPoint) = 0;
+    virtual QCoro::Task<void> checkoutBranch(RepoEntry repo, std::string name) = 0;
+    virtual QCoro::Task<void> checkoutNewBranch(RepoEntry repo, std::string name, std::string startPoint) = 0;
+    virtual QCoro::Task<void> deleteBranch(RepoEntry repo, std::string name, bool force) = 0;
+    virtual QCoro::Task<void> renameBranch(RepoEntry repo, std::string oldName, std::string newName) = 0;
+    virtual QCoro::Task<void> deleteRemoteBranch(RepoEntry repo, std::string remote, std::string branch) = 0;
+    virtual QCoro::Task<MergeResult> merge(RepoEntry repo, std::string branch) = 0;
+    virtual QCoro::Task<MergeResult> fastForwardMerge(RepoEntry repo, std::string branch) = 0;
+    virtual QCoro::Task<RebaseResult> rebase(RepoEntry repo, std::string onto) = 0;
+
+    virtual QCoro::Task<void> abortMerge(RepoEntry repo) = 0;
+    virtual QCoro::Task<void> abortRebase(RepoEntry repo) = 0;
+    virtual QCoro::Task<void> abortCherryPick(RepoEntry repo) = 0;
+    virtual QCoro::Task<void> abortRevert(RepoEntry repo) = 0;
+    virtual QCoro::Task<InteractiveRebaseResult> rebaseContinue(RepoEntry repo) = 0;
+    virtual QCoro::Task<InteractiveRebaseResult> rebaseSkip(RepoEntry repo) = 0;
+
     virtual QCoro::Task<std::optional<std::string>> defaultBranch(RepoEntry repo) = 0;
+    virtual QCoro::Task<std::vector<std::string>> mergedBranches(RepoEntry repo, std::string target) = 0;
     virtual QCoro::Task<std::optional<std::string>> currentBranch(RepoEntry repo) = 0;
     virtual QCoro::Task<RepoEntry> cloneRepository(std::string url, std::string path) = 0;
     virtual QCoro::Task<RepoEntry> initRepository(std::string path, std::optional<std::string> initialBranch) = 0;

@@ -8,6 +8,7 @@
 #include <map>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace orvel {
 
@@ -37,7 +38,27 @@ public:
                                        std::optional<int> contextLines) override;
     QCoro::Task<std::vector<FileChange>> commitFileChanges(RepoEntry repo, std::string hash) override;
 
+    QCoro::Task<std::vector<BranchEntry>> branches(RepoEntry repo) override;
+    QCoro::Task<void> createBranch(RepoEntry repo, std::string name,
+                                   std::optional<std::string> startPoint) override;
+    QCoro::Task<void> checkoutBranch(RepoEntry repo, std::string name) override;
+    QCoro::Task<void> checkoutNewBranch(RepoEntry repo, std::string name, std::string startPoint) override;
+    QCoro::Task<void> deleteBranch(RepoEntry repo, std::string name, bool force) override;
+    QCoro::Task<void> renameBranch(RepoEntry repo, std::string oldName, std::string newName) override;
+    QCoro::Task<void> deleteRemoteBranch(RepoEntry repo, std::string remote, std::string branch) override;
+    QCoro::Task<MergeResult> merge(RepoEntry repo, std::string branch) override;
+    QCoro::Task<MergeResult> fastForwardMerge(RepoEntry repo, std::string branch) override;
+    QCoro::Task<RebaseResult> rebase(RepoEntry repo, std::string onto) override;
+
+    QCoro::Task<void> abortMerge(RepoEntry repo) override;
+    QCoro::Task<void> abortRebase(RepoEntry repo) override;
+    QCoro::Task<void> abortCherryPick(RepoEntry repo) override;
+    QCoro::Task<void> abortRevert(RepoEntry repo) override;
+    QCoro::Task<InteractiveRebaseResult> rebaseContinue(RepoEntry repo) override;
+    QCoro::Task<InteractiveRebaseResult> rebaseSkip(RepoEntry repo) override;
+
     QCoro::Task<std::optional<std::string>> defaultBranch(RepoEntry repo) override;
+    QCoro::Task<std::vector<std::string>> mergedBranches(RepoEntry repo, std::string target) override;
     QCoro::Task<std::optional<std::string>> currentBranch(RepoEntry repo) override;
     QCoro::Task<RepoEntry> cloneRepository(std::string url, std::string path) override;
     QCoro::Task<RepoEntry> initRepository(std::string path, std::optional<std::string> initialBranch) override;
@@ -64,12 +85,24 @@ public:
 
     static std::vector<GraphCommit> sampleGraph();
 
+
+    // The branch operations change this list as git would change the refs, and fail with git's
+    // words where git would.
+    std::vector<BranchEntry> branchList = sampleBranches();
+    MergeResult mergeOutcome = merge::AlreadyUpToDate{};
+    RebaseResult rebaseOutcome = rebase::Success{};
+    InteractiveRebaseResult rebaseStepOutcome = rebase::Success{}; // of rebaseContinue and rebaseSkip
+    std::vector<std::string> mergedBranchNames = {"main", "feature/sidebar"};
+
+
 private:
     static CommitEntry entryOf(const GraphCommit& commit);
     // Makes the commit that a commit or an amend with `message` leaves at HEAD.
     CommitEntry commitStaged(const std::string& message, bool amend);
 
     int madeCommits_ = 0;
+    static std::vector<BranchEntry> sampleBranches();
+    BranchEntry* findBranch(const std::string& fullRefName);
 };
 
 } // namespace orvel

@@ -41,7 +41,27 @@ public:
                                        std::optional<int> contextLines) override;
     QCoro::Task<std::vector<FileChange>> commitFileChanges(RepoEntry repo, std::string hash) override;
 
+    QCoro::Task<std::vector<BranchEntry>> branches(RepoEntry repo) override;
+    QCoro::Task<void> createBranch(RepoEntry repo, std::string name,
+                                   std::optional<std::string> startPoint) override;
+    QCoro::Task<void> checkoutBranch(RepoEntry repo, std::string name) override;
+    QCoro::Task<void> checkoutNewBranch(RepoEntry repo, std::string name, std::string startPoint) override;
+    QCoro::Task<void> deleteBranch(RepoEntry repo, std::string name, bool force) override;
+    QCoro::Task<void> renameBranch(RepoEntry repo, std::string oldName, std::string newName) override;
+    QCoro::Task<void> deleteRemoteBranch(RepoEntry repo, std::string remote, std::string branch) override;
+    QCoro::Task<MergeResult> merge(RepoEntry repo, std::string branch) override;
+    QCoro::Task<MergeResult> fastForwardMerge(RepoEntry repo, std::string branch) override;
+    QCoro::Task<RebaseResult> rebase(RepoEntry repo, std::string onto) override;
+
+    QCoro::Task<void> abortMerge(RepoEntry repo) override;
+    QCoro::Task<void> abortRebase(RepoEntry repo) override;
+    QCoro::Task<void> abortCherryPick(RepoEntry repo) override;
+    QCoro::Task<void> abortRevert(RepoEntry repo) override;
+    QCoro::Task<InteractiveRebaseResult> rebaseContinue(RepoEntry repo) override;
+    QCoro::Task<InteractiveRebaseResult> rebaseSkip(RepoEntry repo) override;
+
     QCoro::Task<std::optional<std::string>> defaultBranch(RepoEntry repo) override;
+    QCoro::Task<std::vector<std::string>> mergedBranches(RepoEntry repo, std::string target) override;
     QCoro::Task<std::optional<std::string>> currentBranch(RepoEntry repo) override;
     QCoro::Task<RepoEntry> cloneRepository(std::string url, std::string path) override;
     QCoro::Task<RepoEntry> initRepository(std::string path, std::optional<std::string> initialBranch) override;
