@@ -1,7 +1,6 @@
 // Feeds arbitrary bytes to the conflict-marker reader, which must cut any text into hunks without
 // crashing, and checks that composing the default choice and both sides stays consistent with it.
-// The fuzz targets link the engine library only, so the merge model's reader is compiled in here.
-#include "merge/ConflictHunks.cpp"
+#include "merge/ConflictHunks.h"
 
 #include <cstddef>
 #include <cstdint>
