@@ -83,16 +83,19 @@ std::string readBlob(GitExecutorProtocol& git, const std::string& repoPath, cons
     return git.execute({"cat-file", "blob", checkedBlobHash(hash)}, repoPath);
 }
 
+std::string repoRelativePath(std::string_view path) {
+    while (!path.empty() && path.front() == '/')
+        path.remove_prefix(1);
+    return std::string(path);
+}
+
 std::string workTreeFile(const std::string& repoPath, const std::string& path) {
     std::string joined = repoPath;
     while (joined.size() > 1 && joined.back() == '/')
         joined.pop_back();
-    std::string_view relative = path;
-    while (!relative.empty() && relative.front() == '/')
-        relative.remove_prefix(1);
     if (joined != "/")
         joined += '/';
-    joined += relative;
+    joined += repoRelativePath(path);
     return joined;
 }
 

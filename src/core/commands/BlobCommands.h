@@ -14,7 +14,9 @@ std::string checkedBlobHash(std::string_view hash);
 // The blob's bytes as git prints them.
 std::string readBlob(GitExecutorProtocol& git, const std::string& repoPath, const std::string& hash);
 
-// `path` taken as relative to the repository: a leading "/" does not leave it.
+// `path` without leading "/": joined by path components, a path stays inside the repository.
+std::string repoRelativePath(std::string_view path);
+// `path` taken as relative to the repository, joined to `repoPath`.
 std::string workTreeFile(const std::string& repoPath, const std::string& path);
 // Writes `content` to `file` through a private temporary file in the same directory and a rename,
 // so that the file is never seen half written. The file keeps its permissions when it exists.

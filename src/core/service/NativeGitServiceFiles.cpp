@@ -32,9 +32,10 @@ QCoro::Task<void> NativeGitService::writeResolvedFile(RepoEntry repo, std::strin
         BlobCommands::writeFileAtomically(file, content);
     });
     co_await std::move(write);
-    auto task = opRunner_->serializedExecute(repo.path, [git = executor_, repoPath = repo.path, path] {
-        StagingCommands::stage(*git, repoPath, path);
-    });
+    auto task = opRunner_->serializedExecute(
+        repo.path, [git = executor_, repoPath = repo.path, relative = BlobCommands::repoRelativePath(path)] {
+            StagingCommands::stage(*git, repoPath, relative);
+        });
     co_await std::move(task);
 }
 
