@@ -120,6 +120,13 @@ TEST(TagArguments, CreateInEachShape) {
                                        {"tag", "-s", "-m", "signed", "v3", "abc"},
                                        {"tag", "-a", "-m", "", "v4"},
                                    }));
+    // Only the lightweight tag switches git's own tag signing off, for its run alone.
+    const auto calls = git.calls();
+    EXPECT_TRUE(calls[0].environment.empty());
+    EXPECT_EQ(calls[1].environment, (GitExecutorProtocol::Environment{{"GIT_CONFIG_COUNT", "1"},
+                                                                      {"GIT_CONFIG_KEY_0", "tag.gpgSign"},
+                                                                      {"GIT_CONFIG_VALUE_0", "false"}}));
+    EXPECT_TRUE(calls[2].environment.empty());
 }
 
 TEST(TagArguments, ListShowPushDeleteCheckout) {

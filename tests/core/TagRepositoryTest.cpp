@@ -99,6 +99,14 @@ TEST_F(TagsInRepository, OptionLikeNamesChangeNothing) {
     EXPECT_EQ(repo.git({"symbolic-ref", "HEAD"}), "refs/heads/main\n");
 }
 
+TEST_F(TagsInRepository, WithoutAMessageTheTagStaysLightweightEvenWhenSigningIsOn) {
+    repo.git({"config", "core.editor", "false"}); // a regression fails here instead of waiting
+    repo.git({"config", "tag.gpgSign", "yes"});
+    test::await(real.service.createTag(entry(), "plain", std::nullopt, std::nullopt));
+    EXPECT_EQ(repo.git({"cat-file", "-t", "plain"}), "commit\n");
+    EXPECT_EQ(repo.git({"config", "tag.gpgSign"}), "yes\n");
+}
+
 TEST_F(TagsInRepository, AnEmptyMessageStillMakesAnAnnotatedTag) {
     test::await(real.service.createTag(entry(), "plain", std::nullopt, std::nullopt));
     EXPECT_EQ(repo.git({"cat-file", "-t", "plain"}), "commit\n");

@@ -11,6 +11,16 @@ namespace orvel::TagCommands {
 
 using Arguments = GitExecutorProtocol::Arguments;
 
+namespace {
+
+const GitExecutorProtocol::Environment& lightweightEnvironment() {
+    static const GitExecutorProtocol::Environment environment{
+        {"GIT_CONFIG_COUNT", "1"}, {"GIT_CONFIG_KEY_0", "tag.gpgSign"}, {"GIT_CONFIG_VALUE_0", "false"}};
+    return environment;
+}
+
+} // namespace
+
 std::vector<TagEntry> listTags(GitExecutorProtocol& git, const std::string& repoPath) {
     return GitOutputParser::parseTags(
         git.execute({"tag", "-l", "--format", std::string(GitOutputParser::tagListFormat)}, repoPath));
@@ -46,7 +56,13 @@ void createTag(GitExecutorProtocol& git, const std::string& repoPath, const std:
     arguments.push_back(name);
     if (hash)
         arguments.push_back(*hash);
-    git.execute(arguments, repoPath);
+    if (message) {
+        git.execute(arguments, repoPath);
+        return;
+    }
+    // With "tag.gpgSign" on, git would turn a tag without a message into a signed one and wait
+    // for an editor to write its message. Switched off for this one run, the tag stays lightweight.
+    git.executeWithEnvironment(arguments, repoPath, lightweightEnvironment());
 }
 
 void pushTag(GitExecutorProtocol& git, const std::string& repoPath, const std::string& name,
