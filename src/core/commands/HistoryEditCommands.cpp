@@ -5,21 +5,6 @@
 
 namespace orvel::HistoryEditCommands {
 
-namespace {
-
-OperationResult replay(GitExecutorProtocol& git, const std::string& repoPath,
-                       const GitExecutorProtocol::Arguments& arguments) {
-    return runWithConflictRecovery(
-        git, repoPath,
-        [&]() -> OperationResult {
-            git.execute(arguments, repoPath);
-            return operation::Success{};
-        },
-        [](std::vector<ConflictEntry> files) -> OperationResult { return Conflicted{std::move(files)}; });
-}
-
-} // namespace
-
 const char* resetModeName(ResetMode mode) {
     switch (mode) {
     case ResetMode::soft:
@@ -43,12 +28,12 @@ void reset(GitExecutorProtocol& git, const std::string& repoPath, const std::str
 
 OperationResult cherryPick(GitExecutorProtocol& git, const std::string& repoPath, const std::string& hash) {
     refuseOptionLike(hash, "commit");
-    return replay(git, repoPath, {"cherry-pick", hash});
+    return runOperationWithConflictRecovery(git, repoPath, {"cherry-pick", hash});
 }
 
 OperationResult revert(GitExecutorProtocol& git, const std::string& repoPath, const std::string& hash) {
     refuseOptionLike(hash, "commit");
-    return replay(git, repoPath, {"revert", "--no-edit", hash});
+    return runOperationWithConflictRecovery(git, repoPath, {"revert", "--no-edit", hash});
 }
 
 } // namespace orvel::HistoryEditCommands

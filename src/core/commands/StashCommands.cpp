@@ -14,17 +14,6 @@ std::string selector(long index) {
     return "stash@{" + std::to_string(index) + "}";
 }
 
-OperationResult applyWithRecovery(GitExecutorProtocol& git, const std::string& repoPath,
-                                  const Arguments& arguments) {
-    return runWithConflictRecovery(
-        git, repoPath,
-        [&]() -> OperationResult {
-            git.execute(arguments, repoPath);
-            return operation::Success{};
-        },
-        [](std::vector<ConflictEntry> files) -> OperationResult { return Conflicted{std::move(files)}; });
-}
-
 } // namespace
 
 void stashSave(GitExecutorProtocol& git, const std::string& repoPath,
@@ -40,11 +29,11 @@ void stashSave(GitExecutorProtocol& git, const std::string& repoPath,
 }
 
 OperationResult stashPop(GitExecutorProtocol& git, const std::string& repoPath) {
-    return applyWithRecovery(git, repoPath, {"stash", "pop"});
+    return runOperationWithConflictRecovery(git, repoPath, {"stash", "pop"});
 }
 
 OperationResult stashApply(GitExecutorProtocol& git, const std::string& repoPath, long index) {
-    return applyWithRecovery(git, repoPath, {"stash", "apply", selector(index)});
+    return runOperationWithConflictRecovery(git, repoPath, {"stash", "apply", selector(index)});
 }
 
 void stashDrop(GitExecutorProtocol& git, const std::string& repoPath, long index) {
