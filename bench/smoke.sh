@@ -19,3 +19,6 @@ echo "$line"
 line=$("$tool" --scenario layout-200k --tiny --rounds 2 --repo "$work/history")
 echo "$line"
 [[ "$line" =~ ^scenario=layout-tiny\ ours_ms=[0-9.]+\ git_ms=[0-9.]+\ ratio=[0-9.]+\ commits=300\  ]]
+line=$("$tool" --scenario branches-5000 --tiny --rounds 2 --repo "$work/branches" 2>/dev/null)
+echo "$line"
+[[ "$line" =~ ^scenario=branches-tiny\ ours_ms=[0-9.]+\ git_ms=[0-9.]+\ ratio=[0-9.]+\ branches=52\  ]]

@@ -135,6 +135,38 @@ void makeDiffHistoryRepository(const std::string& directory, const DiffHistorySh
     runGit(directory, {"reset", "-q", "--hard", "main"});
 }
 
+void makeBlameRepository(const std::string& directory, const BlameShape& shape) {
+    fs::create_directories(directory);
+    runGit(directory, {"init", "-q", "-b", "main"});
+    const fs::path stream = fs::path(directory) / ".git" / "orvel-fast-import";
+    {
+        std::ofstream out(stream, std::ios::binary);
+        Random random(20260202);
+        std::vector<std::string> lines;
+        for (std::size_t i = 0; i < shape.lines; ++i)
+            lines.push_back(codeLine(random));
+        for (std::size_t commit = 0; commit < shape.commits; ++commit) {
+            if (commit > 0)
+                for (std::size_t k = 0; k < 8; ++k)
+                    lines[random.below(lines.size())] = codeLine(random);
+            std::string content;
+            appendLines(content, lines);
+            const std::size_t author = commit % std::max<std::size_t>(shape.authors, 1);
+            const std::string message = "change " + std::to_string(commit);
+            out << "commit refs/heads/main\n"
+                << "author Author " << author << " <a" << author << "@orvel.invalid> "
+                << 1767225600 + commit * 60 << " +0000\ncommitter Bench <bench@orvel.invalid> "
+                << 1767225600 + commit * 60 << " +0000\n"
+                << "data " << message.size() << "\n"
+                << message << "\nM 100644 inline blamed.txt\ndata " << content.size() << "\n"
+                << content << "\n\n";
+        }
+    }
+    runGit(directory, {"fast-import", "--quiet"}, stream.string());
+    fs::remove(stream);
+    runGit(directory, {"reset", "-q", "--hard", "main"});
+}
+
 std::string generatedFilePath(std::size_t n) {
     char path[96];
     std::snprintf(path, sizeof path, "src/module%03zu/component%02zu/source_file_%06zu.txt", n / 1000 % 1000,

@@ -49,6 +49,18 @@ inline HistoryShape graphBenchmarkShape(bool tiny) {
     return tiny ? HistoryShape{300, 12, 12, 6} : HistoryShape{200000, 450, 450, 100};
 }
 
+struct BlameShape {
+    std::size_t commits = 0;
+    std::size_t lines = 0;
+    std::size_t authors = 0;
+};
+
+// Creates `directory` as a repository whose one file, "blamed.txt", has `shape.lines` lines and
+// `shape.commits` commits on "main": every commit after the first rewrites a scattered handful of
+// lines, each commit by one of `shape.authors` authors, so that blame yields many short runs from
+// many commits. The content is the same at every run.
+void makeBlameRepository(const std::string& directory, const BlameShape& shape);
+
 // The path of the n-th generated file, relative to the repository root.
 std::string generatedFilePath(std::size_t n);
 

@@ -15,6 +15,7 @@
 #include <QSignalSpy>
 
 #include <future>
+#include <mutex>
 
 #include <gtest/gtest.h>
 
@@ -22,14 +23,20 @@ using namespace orvel;
 
 namespace {
 
+// Worker threads log too, so the captured lines are guarded.
+std::mutex capturedMutex;
 QStringList captured;
 
-void capture(QtMsgType, const QMessageLogContext&, const QString& message) { captured << message; }
+void capture(QtMsgType, const QMessageLogContext&, const QString& message) {
+    std::lock_guard lock(capturedMutex);
+    captured << message;
+}
 
 // Collects the log lines of the "orvel" categories while it lives.
 class LogCapture {
 public:
     LogCapture() {
+        std::lock_guard lock(capturedMutex);
         captured.clear();
         QLoggingCategory::setFilterRules("orvel.*.debug=true");
         previous_ = qInstallMessageHandler(capture);
@@ -38,7 +45,14 @@ public:
         qInstallMessageHandler(previous_);
         QLoggingCategory::setFilterRules("");
     }
-    bool contains(const QString& line) const { return captured.contains(line); }
+    bool contains(const QString& line) const {
+        std::lock_guard lock(capturedMutex);
+        return captured.contains(line);
+    }
+    QString all() const {
+        std::lock_guard lock(capturedMutex);
+        return captured.join("\n");
+    }
 
 private:
     QtMessageHandler previous_;
@@ -67,7 +81,7 @@ TEST_F(AutomaticOpen, PathWithBlanksAroundOpensTheRepository) {
     const QString path = QString::fromStdString(repo.path());
     EXPECT_TRUE(log.contains("env var present: " + path));
     EXPECT_TRUE(log.contains("gitDir=" + path + "/.git exists=true"));
-    EXPECT_TRUE(log.contains("openRepository returned; mode=working activeRepo=" + path)) << captured.join("\n").toStdString();
+    EXPECT_TRUE(log.contains("openRepository returned; mode=working activeRepo=" + path)) << log.all().toStdString();
 }
 
 TEST_F(AutomaticOpen, BlankOrInvalidValueLogsTheErrorAndStartsNormally) {
@@ -84,7 +98,7 @@ TEST_F(AutomaticOpen, BlankOrInvalidValueLogsTheErrorAndStartsNormally) {
 TEST_F(AutomaticOpen, UnsetVariableDoesNothing) {
     LogCapture log;
     test::await(model.openFromEnvironment(std::nullopt));
-    EXPECT_TRUE(captured.isEmpty());
+    EXPECT_TRUE(log.all().isEmpty());
     EXPECT_EQ(model.mode(), AppMode::welcome);
 }
 

@@ -5,6 +5,7 @@
 #include "core/parsers/ConflictParser.h"
 #include "core/process/GitExecutorProtocol.h"
 #include "core/service/GitServiceError.h"
+#include "core/service/OperationResults.h"
 
 #include <exception>
 #include <string>
@@ -28,6 +29,19 @@ auto runWithConflictRecovery(GitExecutorProtocol& git, const std::string& repoPa
             return onConflict(std::move(conflicts));
         std::rethrow_exception(failure);
     }
+}
+
+// Runs one command whose stop on conflicts is an outcome rather than a failure (cherry-pick,
+// revert, stash apply and pop).
+inline OperationResult runOperationWithConflictRecovery(GitExecutorProtocol& git, const std::string& repoPath,
+                                                        const GitExecutorProtocol::Arguments& arguments) {
+    return runWithConflictRecovery(
+        git, repoPath,
+        [&]() -> OperationResult {
+            git.execute(arguments, repoPath);
+            return operation::Success{};
+        },
+        [](std::vector<ConflictEntry> files) -> OperationResult { return Conflicted{std::move(files)}; });
 }
 
 } // namespace orvel

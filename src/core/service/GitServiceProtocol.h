@@ -6,11 +6,15 @@
 
 #include "core/records/DiffContext.h"
 #include "core/records/DiffResult.h"
+#include "core/records/BlameEntry.h"
 #include "core/records/CommitEntry.h"
+#include "core/records/BranchEntry.h"
 #include "core/records/FileChange.h"
 #include "core/records/GraphCommit.h"
 #include "core/records/RemoteEntry.h"
 #include "core/records/RepoEntry.h"
+#include "core/records/StashEntry.h"
+#include "core/records/TagEntry.h"
 #include "core/service/OperationResults.h"
 
 #include <QCoro/QCoroTask>
@@ -46,8 +50,20 @@ public:
     virtual QCoro::Task<DiffResult> commitDiff(RepoEntry repo, std::string hash,
                                                std::optional<int> contextLines) = 0;
     virtual QCoro::Task<std::vector<FileChange>> commitFileChanges(RepoEntry repo, std::string hash) = 0;
-
+    virtual QCoro::Task<std::vector<BlameEntry>> blame(RepoEntry repo, std::string path) = 0;
+    virtual QCoro::Task<std::vector<BranchEntry>> branches(RepoEntry repo) = 0;
+    virtual QCoro::Task<void> createBranch(RepoEntry repo, std::string name,
+                                           std::optional<std::string> startPoint) = 0;
+    virtual QCoro::Task<void> checkoutBranch(RepoEntry repo, std::string name) = 0;
+    virtual QCoro::Task<void> checkoutNewBranch(RepoEntry repo, std::string name, std::string startPoint) = 0;
+    virtual QCoro::Task<void> deleteBranch(RepoEntry repo, std::string name, bool force) = 0;
+    virtual QCoro::Task<void> renameBranch(RepoEntry repo, std::string oldName, std::string newName) = 0;
+    virtual QCoro::Task<void> deleteRemoteBranch(RepoEntry repo, std::string remote, std::string branch) = 0;
+    virtual QCoro::Task<MergeResult> merge(RepoEntry repo, std::string branch) = 0;
+    virtual QCoro::Task<MergeResult> fastForwardMerge(RepoEntry repo, std::string branch) = 0;
+    virtual QCoro::Task<RebaseResult> rebase(RepoEntry repo, std::string onto) = 0;
     virtual QCoro::Task<void> pushBranch(RepoEntry repo, std::string branch, std::string remote) = 0;
+    virtual QCoro::Task<std::string> tagDetail(RepoEntry repo, std::string name) = 0;
     virtual QCoro::Task<std::vector<RemoteEntry>> listRemotes(RepoEntry repo) = 0;
     virtual QCoro::Task<void> addRemote(RepoEntry repo, std::string name, std::string url) = 0;
     virtual QCoro::Task<void> removeRemote(RepoEntry repo, std::string name) = 0;
@@ -55,8 +71,34 @@ public:
     virtual QCoro::Task<MergeResult> pull(RepoEntry repo, std::string remote, PullStrategy strategy) = 0;
     virtual QCoro::Task<void> push(RepoEntry repo, std::string remote) = 0;
     virtual QCoro::Task<void> forcePush(RepoEntry repo, std::string remote) = 0;
-
+    virtual QCoro::Task<OperationResult> cherryPick(RepoEntry repo, std::string hash) = 0;
+    virtual QCoro::Task<OperationResult> revert(RepoEntry repo, std::string hash) = 0;
+    virtual QCoro::Task<void> reset(RepoEntry repo, std::string hash, ResetMode mode) = 0;
+    virtual QCoro::Task<std::vector<TagEntry>> listTags(RepoEntry repo) = 0;
+    virtual QCoro::Task<void> createTag(RepoEntry repo, std::string name, std::optional<std::string> hash,
+                                        std::optional<std::string> message) = 0;
+    virtual QCoro::Task<void> pushTag(RepoEntry repo, std::string name, std::string remote) = 0;
+    virtual QCoro::Task<void> deleteTag(RepoEntry repo, std::string name) = 0;
+    virtual QCoro::Task<void> checkoutTag(RepoEntry repo, std::string name) = 0;
+    virtual QCoro::Task<void> stashSave(RepoEntry repo, std::optional<std::string> message, bool includeUntracked) = 0;
+    virtual QCoro::Task<OperationResult> stashPop(RepoEntry repo) = 0;
+    virtual QCoro::Task<OperationResult> stashApply(RepoEntry repo, long index) = 0;
+    virtual QCoro::Task<void> stashDrop(RepoEntry repo, long index) = 0;
+    virtual QCoro::Task<std::vector<StashEntry>> stashList(RepoEntry repo) = 0;
+    virtual QCoro::Task<void> stashFile(RepoEntry repo, std::string path) = 0;
+    virtual QCoro::Task<void> resolveConflictUsingOurs(RepoEntry repo, std::string path) = 0;
+    virtual QCoro::Task<void> resolveConflictUsingTheirs(RepoEntry repo, std::string path) = 0;
+    virtual QCoro::Task<void> abortMerge(RepoEntry repo) = 0;
+    virtual QCoro::Task<void> abortRebase(RepoEntry repo) = 0;
+    virtual QCoro::Task<void> abortCherryPick(RepoEntry repo) = 0;
+    virtual QCoro::Task<void> abortRevert(RepoEntry repo) = 0;
+    virtual QCoro::Task<InteractiveRebaseResult> rebaseContinue(RepoEntry repo) = 0;
+    virtual QCoro::Task<InteractiveRebaseResult> rebaseSkip(RepoEntry repo) = 0;
+    virtual QCoro::Task<std::string> readBlob(RepoEntry repo, std::string hash) = 0;
+    virtual QCoro::Task<void> writeResolvedFile(RepoEntry repo, std::string path, std::string content) = 0;
+    virtual QCoro::Task<std::vector<CommitEntry>> fileHistory(RepoEntry repo, std::string path, long limit) = 0;
     virtual QCoro::Task<std::optional<std::string>> defaultBranch(RepoEntry repo) = 0;
+    virtual QCoro::Task<std::vector<std::string>> mergedBranches(RepoEntry repo, std::string target) = 0;
     virtual QCoro::Task<std::optional<std::string>> currentBranch(RepoEntry repo) = 0;
     virtual QCoro::Task<RepoEntry> cloneRepository(std::string url, std::string path) = 0;
     virtual QCoro::Task<RepoEntry> initRepository(std::string path, std::optional<std::string> initialBranch) = 0;

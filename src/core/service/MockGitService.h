@@ -8,6 +8,7 @@
 #include <map>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace orvel {
 
@@ -36,8 +37,20 @@ public:
     QCoro::Task<DiffResult> commitDiff(RepoEntry repo, std::string hash,
                                        std::optional<int> contextLines) override;
     QCoro::Task<std::vector<FileChange>> commitFileChanges(RepoEntry repo, std::string hash) override;
-
+    QCoro::Task<std::vector<BlameEntry>> blame(RepoEntry repo, std::string path) override;
+    QCoro::Task<std::vector<BranchEntry>> branches(RepoEntry repo) override;
+    QCoro::Task<void> createBranch(RepoEntry repo, std::string name,
+                                   std::optional<std::string> startPoint) override;
+    QCoro::Task<void> checkoutBranch(RepoEntry repo, std::string name) override;
+    QCoro::Task<void> checkoutNewBranch(RepoEntry repo, std::string name, std::string startPoint) override;
+    QCoro::Task<void> deleteBranch(RepoEntry repo, std::string name, bool force) override;
+    QCoro::Task<void> renameBranch(RepoEntry repo, std::string oldName, std::string newName) override;
+    QCoro::Task<void> deleteRemoteBranch(RepoEntry repo, std::string remote, std::string branch) override;
+    QCoro::Task<MergeResult> merge(RepoEntry repo, std::string branch) override;
+    QCoro::Task<MergeResult> fastForwardMerge(RepoEntry repo, std::string branch) override;
+    QCoro::Task<RebaseResult> rebase(RepoEntry repo, std::string onto) override;
     QCoro::Task<void> pushBranch(RepoEntry repo, std::string branch, std::string remote) override;
+    QCoro::Task<std::string> tagDetail(RepoEntry repo, std::string name) override;
     QCoro::Task<std::vector<RemoteEntry>> listRemotes(RepoEntry repo) override;
     QCoro::Task<void> addRemote(RepoEntry repo, std::string name, std::string url) override;
     QCoro::Task<void> removeRemote(RepoEntry repo, std::string name) override;
@@ -45,8 +58,34 @@ public:
     QCoro::Task<MergeResult> pull(RepoEntry repo, std::string remote, PullStrategy strategy) override;
     QCoro::Task<void> push(RepoEntry repo, std::string remote) override;
     QCoro::Task<void> forcePush(RepoEntry repo, std::string remote) override;
-
+    QCoro::Task<OperationResult> cherryPick(RepoEntry repo, std::string hash) override;
+    QCoro::Task<OperationResult> revert(RepoEntry repo, std::string hash) override;
+    QCoro::Task<void> reset(RepoEntry repo, std::string hash, ResetMode mode) override;
+    QCoro::Task<std::vector<TagEntry>> listTags(RepoEntry repo) override;
+    QCoro::Task<void> createTag(RepoEntry repo, std::string name, std::optional<std::string> hash,
+                                std::optional<std::string> message) override;
+    QCoro::Task<void> pushTag(RepoEntry repo, std::string name, std::string remote) override;
+    QCoro::Task<void> deleteTag(RepoEntry repo, std::string name) override;
+    QCoro::Task<void> checkoutTag(RepoEntry repo, std::string name) override;
+    QCoro::Task<void> stashSave(RepoEntry repo, std::optional<std::string> message, bool includeUntracked) override;
+    QCoro::Task<OperationResult> stashPop(RepoEntry repo) override;
+    QCoro::Task<OperationResult> stashApply(RepoEntry repo, long index) override;
+    QCoro::Task<void> stashDrop(RepoEntry repo, long index) override;
+    QCoro::Task<std::vector<StashEntry>> stashList(RepoEntry repo) override;
+    QCoro::Task<void> stashFile(RepoEntry repo, std::string path) override;
+    QCoro::Task<void> resolveConflictUsingOurs(RepoEntry repo, std::string path) override;
+    QCoro::Task<void> resolveConflictUsingTheirs(RepoEntry repo, std::string path) override;
+    QCoro::Task<void> abortMerge(RepoEntry repo) override;
+    QCoro::Task<void> abortRebase(RepoEntry repo) override;
+    QCoro::Task<void> abortCherryPick(RepoEntry repo) override;
+    QCoro::Task<void> abortRevert(RepoEntry repo) override;
+    QCoro::Task<InteractiveRebaseResult> rebaseContinue(RepoEntry repo) override;
+    QCoro::Task<InteractiveRebaseResult> rebaseSkip(RepoEntry repo) override;
+    QCoro::Task<std::string> readBlob(RepoEntry repo, std::string hash) override;
+    QCoro::Task<void> writeResolvedFile(RepoEntry repo, std::string path, std::string content) override;
+    QCoro::Task<std::vector<CommitEntry>> fileHistory(RepoEntry repo, std::string path, long limit) override;
     QCoro::Task<std::optional<std::string>> defaultBranch(RepoEntry repo) override;
+    QCoro::Task<std::vector<std::string>> mergedBranches(RepoEntry repo, std::string target) override;
     QCoro::Task<std::optional<std::string>> currentBranch(RepoEntry repo) override;
     QCoro::Task<RepoEntry> cloneRepository(std::string url, std::string path) override;
     QCoro::Task<RepoEntry> initRepository(std::string path, std::optional<std::string> initialBranch) override;
@@ -79,12 +118,38 @@ public:
 
     static std::vector<RemoteEntry> sampleRemotes();
 
+    // The branch operations change this list as git would change the refs, and fail with git's
+    // words where git would.
+    std::vector<BranchEntry> branchList = sampleBranches();
+    MergeResult mergeOutcome = merge::AlreadyUpToDate{};
+    RebaseResult rebaseOutcome = rebase::Success{};
+    InteractiveRebaseResult rebaseStepOutcome = rebase::Success{}; // of rebaseContinue and rebaseSkip
+    std::vector<std::string> mergedBranchNames = {"main", "feature/sidebar"};
+
+    // The canned tags, stashes (newest first, "stash@{0}" first), blame runs by path and blob
+    // contents by hash. Stash, tag and reset operations change them and `repository`; a resolved
+    // file lands in `resolvedFiles` and is staged in the working tree.
+    std::vector<TagEntry> tags = sampleTags();
+    std::vector<StashEntry> stashes = sampleStashes();
+    std::map<std::string, std::vector<BlameEntry>> blames = sampleBlames();
+    std::map<std::string, std::string> blobs = sampleBlobs();
+    std::map<std::string, std::string> resolvedFiles;
+
+    static std::vector<TagEntry> sampleTags();
+    static std::vector<StashEntry> sampleStashes();
+    static std::map<std::string, std::vector<BlameEntry>> sampleBlames();
+    static std::map<std::string, std::string> sampleBlobs();
+
 private:
+    // Puts a new entry at "stash@{0}" and renumbers the rest.
+    void pushStash(const std::string& message);
     static CommitEntry entryOf(const GraphCommit& commit);
     // Makes the commit that a commit or an amend with `message` leaves at HEAD.
     CommitEntry commitStaged(const std::string& message, bool amend);
 
     int madeCommits_ = 0;
+    static std::vector<BranchEntry> sampleBranches();
+    BranchEntry* findBranch(const std::string& fullRefName);
 };
 
 } // namespace orvel

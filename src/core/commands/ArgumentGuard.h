@@ -1,0 +1,19 @@
+// Refuses user text that git would read as an option where the command line has no "--" to stand
+// it behind: branch names, start points, remotes and merge or rebase targets.
+#pragma once
+
+#include "core/service/GitServiceError.h"
+
+#include <string>
+#include <string_view>
+
+namespace orvel {
+
+// Throws invalidInput naming `role` ("Branch name", "Start point"...) when `value` begins with "-".
+inline void refuseOptionLike(std::string_view value, std::string_view role) {
+    if (value.starts_with('-'))
+        throw GitServiceError::invalidInput(std::string(role) +
+                                            " must not begin with '-': " + std::string(value));
+}
+
+} // namespace orvel

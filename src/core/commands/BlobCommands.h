@@ -1,0 +1,26 @@
+// Reading a blob's bytes, and writing a resolved file back into the work tree.
+#pragma once
+
+#include "core/process/GitExecutorProtocol.h"
+
+#include <string>
+#include <string_view>
+
+namespace orvel::BlobCommands {
+
+// The hash without surrounding blanks. An empty one fails as "cat-file blob" with "empty hash",
+// one that begins with "-" as invalid input; neither runs git.
+std::string checkedBlobHash(std::string_view hash);
+// The blob's bytes as git prints them.
+std::string readBlob(GitExecutorProtocol& git, const std::string& repoPath, const std::string& hash);
+
+// `path` without leading "/": joined by path components, a path stays inside the repository.
+std::string repoRelativePath(std::string_view path);
+// `path` taken as relative to the repository, joined to `repoPath`.
+std::string workTreeFile(const std::string& repoPath, const std::string& path);
+// Writes `content` to `file` through a private temporary file in the same directory and a rename,
+// so that the file is never seen half written. The file keeps its permissions when it exists.
+// The temporary file is removed on every failure; failures are std::filesystem::filesystem_error.
+void writeFileAtomically(const std::string& file, std::string_view content);
+
+} // namespace orvel::BlobCommands

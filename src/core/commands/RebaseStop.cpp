@@ -1,0 +1,68 @@
+#include "core/commands/RebaseStop.h"
+
+#include "core/parsers/ConflictParser.h"
+#include "core/service/GitServiceError.h"
+#include "core/support/Log.h"
+#include "core/support/Text.h"
+
+#include <charconv>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+
+namespace orvel {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+fs::path gitDirectory(const RepoEntry& repo) {
+    if (!repo.gitDirPath)
+        return fs::path(repo.path) / ".git";
+    // git may answer a path relative to the work tree; the queue does not run in it.
+    const fs::path gitDir(*repo.gitDirPath);
+    return gitDir.is_relative() ? fs::path(repo.path) / gitDir : gitDir;
+}
+
+std::string readTrimmed(const fs::path& file) {
+    std::ifstream in(file, std::ios::binary);
+    if (!in)
+        return {};
+    return trimmed(std::string(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()));
+}
+
+int readCount(const fs::path& file) {
+    const std::string text = readTrimmed(file);
+    int value = 0;
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
+    return error == std::errc() && end == text.data() + text.size() ? value : 0;
+}
+
+} // namespace
+
+InteractiveRebaseResult readRebaseStop(GitExecutorProtocol& git, const RepoEntry& repo) {
+    const fs::path stateDir = gitDirectory(repo) / "rebase-merge";
+    std::error_code error;
+    if (!fs::is_directory(stateDir, error))
+        throw GitServiceError::commandFailed("rebase", "Rebase failed unexpectedly");
+
+    const int currentStep = readCount(stateDir / "msgnum");
+    const int totalSteps = readCount(stateDir / "end");
+    std::string stoppedAt = readTrimmed(stateDir / "stopped-sha");
+
+    std::vector<ConflictEntry> conflicts;
+    try {
+        conflicts = GitOutputParser::parseConflictFiles(
+            git.execute({"status", "--porcelain=v2", "-uall", "-z"}, repo.path));
+    } catch (const std::exception& queryError) {
+        // The stop is still a stop; without the list it reads as an edit stop.
+        qCDebug(lcOps, "op=rebase.stop.conflicts reason=%s", redactForLog(queryError.what()).c_str());
+    }
+    qCDebug(lcOps, "op=rebase.stop step=%d total=%d conflicts=%zu", currentStep, totalSteps,
+            conflicts.size());
+    if (conflicts.empty())
+        return rebase::EditStop{std::move(stoppedAt), currentStep, totalSteps};
+    return RebaseStop{std::move(stoppedAt), currentStep, totalSteps, std::move(conflicts)};
+}
+
+} // namespace orvel

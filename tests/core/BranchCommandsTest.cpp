@@ -1,0 +1,265 @@
+// Branch commands: the exact command lines, what they do to real repositories, and the refusal of
+// names that git would read as options.
+#include "core/commands/BranchCommands.h"
+#include "core/process/SubprocessExecutor.h"
+#include "core/queue/GitOpRunner.h"
+#include "core/service/GitServiceError.h"
+#include "core/service/MockGitService.h"
+#include "core/service/NativeGitService.h"
+#include "core/support/UserDefaults.h"
+#include "support/Await.h"
+#include "support/GitFixture.h"
+#include "support/RecordingExecutor.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <functional>
+
+using namespace orvel;
+using test::RecordingExecutor;
+using test::TempRepo;
+using Args = std::vector<std::string>;
+
+namespace {
+
+GitServiceError::Kind kindOf(const std::function<void()>& call) {
+    try {
+        call();
+    } catch (const GitServiceError& error) {
+        return error.kind();
+    }
+    ADD_FAILURE() << "no GitServiceError was thrown";
+    return GitServiceError::Kind::parseFailed;
+}
+
+std::string stderrOf(const std::function<void()>& call) {
+    try {
+        call();
+    } catch (const GitServiceError& error) {
+        EXPECT_EQ(error.kind(), GitServiceError::Kind::commandFailed);
+        return error.stderrText();
+    }
+    ADD_FAILURE() << "no GitServiceError was thrown";
+    return {};
+}
+
+// Every ref and the state of the work tree and index, to show that a refused command changed nothing.
+std::string snapshot(const TempRepo& repo) {
+    return repo.git({"for-each-ref", "--format=%(refname) %(objectname)"}) +
+           repo.git({"symbolic-ref", "HEAD"}) + repo.git({"status", "--porcelain=v2", "-uall"});
+}
+
+} // namespace
+
+TEST(BranchCommandLines, EachOperationBuildsItsArgumentList) {
+    RecordingExecutor git;
+    BranchCommands::branches(git, "/r");
+    BranchCommands::createBranch(git, "/r", "topic", std::nullopt);
+    BranchCommands::createBranch(git, "/r", "topic", "origin/main");
+    BranchCommands::checkoutBranch(git, "/r", "topic");
+    BranchCommands::checkoutNewBranch(git, "/r", "topic", "v1.0");
+    BranchCommands::deleteBranch(git, "/r", "topic", false);
+    BranchCommands::deleteBranch(git, "/r", "topic", true);
+    BranchCommands::renameBranch(git, "/r", "old", "new");
+    BranchCommands::deleteRemoteBranch(git, "/r", "origin", "topic");
+    BranchCommands::mergedBranches(git, "/r", "main");
+    EXPECT_EQ(git.argumentLists(),
+              (std::vector<Args>{
+                  {"branch", "-a", "--format",
+                   "%(refname:short)%00%(refname)%00%(objectname)%00%(HEAD)%00%(upstream:short)%00"
+                   "%(upstream:remotename)%00%(upstream:track,nobracket)%00%(worktreepath)%00"
+                   "%(contents:subject)%00%(committerdate:iso-strict)%00"},
+                  {"branch", "topic"},
+                  {"branch", "topic", "origin/main"},
+                  {"checkout", "topic"},
+                  {"checkout", "-b", "topic", "v1.0"},
+                  {"branch", "-d", "topic"},
+                  {"branch", "-D", "topic"},
+                  {"branch", "-m", "old", "new"},
+                  {"push", "origin", "--delete", "topic"},
+                  {"branch", "--merged", "main", "--format=%(refname:short)"},
+              }));
+    for (const auto& call : git.calls())
+        EXPECT_EQ(call.repoPath, "/r");
+}
+
+TEST(BranchCommandLines, MergedBranchesDropsBlankLinesAndTheTarget) {
+    RecordingExecutor git;
+    git.reply("  feature/x \n\nmain\n\t\ntopic\nmain-old\n");
+    EXPECT_EQ(BranchCommands::mergedBranches(git, "/r", "main"), (Args{"feature/x", "topic", "main-old"}));
+}
+
+TEST(BranchCommandLines, OptionLikeNamesAreRefusedBeforeGitRuns) {
+    RecordingExecutor git;
+    const std::vector<std::function<void()>> calls = {
+        [&] { BranchCommands::createBranch(git, "/r", "-D", std::nullopt); },
+        [&] { BranchCommands::createBranch(git, "/r", "ok", "--orphan"); },
+        [&] { BranchCommands::checkoutBranch(git, "/r", "-f"); },
+        [&] { BranchCommands::checkoutNewBranch(git, "/r", "-b", "main"); },
+        [&] { BranchCommands::checkoutNewBranch(git, "/r", "ok", "--detach"); },
+        [&] { BranchCommands::deleteBranch(git, "/r", "--all", true); },
+        [&] { BranchCommands::renameBranch(git, "/r", "-M", "x"); },
+        [&] { BranchCommands::renameBranch(git, "/r", "x", "--copy"); },
+        [&] { BranchCommands::deleteRemoteBranch(git, "/r", "--mirror", "x"); },
+        [&] { BranchCommands::deleteRemoteBranch(git, "/r", "origin", "--all"); },
+        [&] { BranchCommands::mergedBranches(git, "/r", "--no-merged"); },
+    };
+    for (const auto& call : calls)
+        EXPECT_EQ(kindOf(call), GitServiceError::Kind::invalidInput);
+    EXPECT_TRUE(git.calls().empty());
+}
+
+namespace {
+
+class BranchesInRealRepository : public ::testing::Test {
+  protected:
+    InMemoryUserDefaults defaults;
+    SubprocessExecutor git{std::nullopt, defaults};
+    TempRepo repo;
+
+    void SetUp() override {
+        repo.write("file", "base\n");
+        repo.commitAll("base");
+    }
+
+    std::vector<std::string> localNames() {
+        std::vector<std::string> names;
+        for (const BranchEntry& branch : BranchCommands::branches(git, repo.path()))
+            if (!branch.isRemote)
+                names.push_back(branch.name);
+        return names;
+    }
+
+    std::string current() { return repo.git({"symbolic-ref", "--short", "HEAD"}); }
+};
+
+} // namespace
+
+TEST_F(BranchesInRealRepository, CreateCheckoutRenameAndDeleteANestedName) {
+    const std::string base = repo.head();
+    BranchCommands::createBranch(git, repo.path(), "a/b/c", std::nullopt);
+    EXPECT_EQ(localNames(), (Args{"a/b/c", "main"}));
+
+    BranchCommands::checkoutBranch(git, repo.path(), "a/b/c");
+    EXPECT_EQ(current(), "a/b/c\n");
+    const auto listed = BranchCommands::branches(git, repo.path());
+    const auto nested = std::ranges::find(listed, std::string("a/b/c"), &BranchEntry::name);
+    ASSERT_NE(nested, listed.end());
+    EXPECT_TRUE(nested->isCurrent);
+    EXPECT_EQ(nested->fullRefName, "refs/heads/a/b/c");
+    EXPECT_EQ(nested->hash, base);
+    EXPECT_EQ(nested->lastCommitSubject, "base");
+
+    BranchCommands::renameBranch(git, repo.path(), "a/b/c", "a/b/d");
+    EXPECT_EQ(current(), "a/b/d\n");
+    BranchCommands::checkoutBranch(git, repo.path(), "main");
+    BranchCommands::deleteBranch(git, repo.path(), "a/b/d", false);
+    EXPECT_EQ(localNames(), (Args{"main"}));
+}
+
+TEST_F(BranchesInRealRepository, CreateAndCheckoutFromAStartPoint) {
+    const std::string base = repo.head();
+    repo.write("file", "second\n");
+    repo.commitAll("second");
+    BranchCommands::createBranch(git, repo.path(), "old", base);
+    EXPECT_EQ(repo.git({"rev-parse", "old"}), base + "\n");
+    EXPECT_EQ(current(), "main\n");
+
+    BranchCommands::checkoutNewBranch(git, repo.path(), "fix", "old");
+    EXPECT_EQ(current(), "fix\n");
+    EXPECT_EQ(repo.head(), base);
+    EXPECT_EQ(repo.read("file"), "base\n");
+}
+
+TEST_F(BranchesInRealRepository, UnmergedBranchNeedsForceToGo) {
+    repo.git({"checkout", "-q", "-b", "topic"});
+    repo.write("file", "topic\n");
+    repo.commitAll("topic");
+    repo.git({"checkout", "-q", "main"});
+
+    EXPECT_NE(stderrOf([&] {
+                  BranchCommands::deleteBranch(git, repo.path(), "topic", false);
+              }).find("not fully merged"),
+              std::string::npos);
+    EXPECT_EQ(localNames(), (Args{"main", "topic"}));
+    BranchCommands::deleteBranch(git, repo.path(), "topic", true);
+    EXPECT_EQ(localNames(), (Args{"main"}));
+}
+
+TEST_F(BranchesInRealRepository, GitErrorsReachTheCaller) {
+    BranchCommands::createBranch(git, repo.path(), "topic", std::nullopt);
+    EXPECT_NE(stderrOf([&] {
+                  BranchCommands::createBranch(git, repo.path(), "topic", std::nullopt);
+              }).find("already exists"),
+              std::string::npos);
+    EXPECT_FALSE(stderrOf([&] { BranchCommands::checkoutBranch(git, repo.path(), "nowhere"); }).empty());
+    EXPECT_FALSE(stderrOf([&] { BranchCommands::deleteBranch(git, repo.path(), "main", true); }).empty());
+    EXPECT_EQ(localNames(), (Args{"main", "topic"}));
+}
+
+TEST_F(BranchesInRealRepository, MergedBranchesListsReachableTipsButNotTheTarget) {
+    repo.git({"branch", "merged-one"});
+    repo.git({"branch", "deep/merged-two"});
+    repo.git({"checkout", "-q", "-b", "ahead"});
+    repo.commitAll("ahead");
+    repo.git({"checkout", "-q", "main"});
+    EXPECT_EQ(BranchCommands::mergedBranches(git, repo.path(), "main"),
+              (Args{"deep/merged-two", "merged-one"}));
+    EXPECT_EQ(BranchCommands::mergedBranches(git, repo.path(), "ahead"),
+              (Args{"deep/merged-two", "main", "merged-one"}));
+}
+
+TEST_F(BranchesInRealRepository, OptionLikeNamesChangeNothing) {
+    repo.git({"branch", "topic"});
+    const std::string before = snapshot(repo);
+    EXPECT_EQ(kindOf([&] { BranchCommands::createBranch(git, repo.path(), "--orphan", "x"); }),
+              GitServiceError::Kind::invalidInput);
+    EXPECT_EQ(kindOf([&] { BranchCommands::checkoutNewBranch(git, repo.path(), "new", "--orphan"); }),
+              GitServiceError::Kind::invalidInput);
+    EXPECT_EQ(kindOf([&] { BranchCommands::deleteBranch(git, repo.path(), "-D", false); }),
+              GitServiceError::Kind::invalidInput);
+    EXPECT_EQ(kindOf([&] { BranchCommands::renameBranch(git, repo.path(), "topic", "-f"); }),
+              GitServiceError::Kind::invalidInput);
+    EXPECT_EQ(kindOf([&] { BranchCommands::checkoutBranch(git, repo.path(), "--detach"); }),
+              GitServiceError::Kind::invalidInput);
+    EXPECT_EQ(snapshot(repo), before);
+}
+
+TEST(BranchService, NativeServiceRunsTheCommandsInTheRepositoryQueue) {
+    InMemoryUserDefaults defaults;
+    NativeGitService service{std::make_shared<SubprocessExecutor>(std::nullopt, defaults),
+                             std::make_shared<GitOpRunner>(2)};
+    TempRepo repo;
+    repo.commitAll("base");
+    const RepoEntry entry = test::await(service.open(repo.path()));
+    test::await(service.checkoutNewBranch(entry, "topic", "main"));
+    test::await(service.createBranch(entry, "later", std::nullopt));
+    test::await(service.renameBranch(entry, "later", "renamed"));
+    EXPECT_EQ(test::await(service.mergedBranches(entry, "topic")), (Args{"main", "renamed"}));
+    test::await(service.deleteBranch(entry, "renamed", false));
+    const auto branches = test::await(service.branches(entry));
+    ASSERT_EQ(branches.size(), 2u);
+    EXPECT_EQ(branches[1].name, "topic");
+    EXPECT_TRUE(branches[1].isCurrent);
+    EXPECT_THROW(test::await(service.checkoutBranch(entry, "-q")), GitServiceError);
+}
+
+TEST(BranchService, MockServiceKeepsItsBranchListLikeGit) {
+    MockGitService mock;
+    const RepoEntry repo = test::await(mock.open("/r"));
+    test::await(mock.checkoutNewBranch(repo, "topic", "main"));
+    EXPECT_EQ(test::await(mock.currentBranch(repo)), "topic");
+    EXPECT_THROW(test::await(mock.createBranch(repo, "topic", std::nullopt)), GitServiceError);
+    EXPECT_THROW(test::await(mock.deleteBranch(repo, "topic", true)), GitServiceError);
+    test::await(mock.renameBranch(repo, "topic", "renamed"));
+    test::await(mock.checkoutBranch(repo, "main"));
+    test::await(mock.deleteBranch(repo, "renamed", false));
+    test::await(mock.deleteRemoteBranch(repo, "origin", "main"));
+    Args names;
+    for (const BranchEntry& branch : test::await(mock.branches(repo)))
+        names.push_back(branch.fullRefName);
+    EXPECT_EQ(names, (Args{"refs/heads/main", "refs/heads/feature/sidebar"}));
+    EXPECT_EQ(test::await(mock.mergedBranches(repo, "main")), (Args{"feature/sidebar"}));
+    EXPECT_THROW(test::await(mock.createBranch(repo, "-f", std::nullopt)), GitServiceError);
+}

@@ -1,0 +1,228 @@
+// Blame, file history, blobs and resolved files against real repositories: blame runs compared
+// line by line with git's own line-porcelain, history across a rename, blob bytes untouched, and
+// an atomic write that leaves no temporary file behind, also when it fails.
+#include "DatedCommits.h"
+#include "RealGitService.h"
+
+#include "core/commands/BlobCommands.h"
+#include "core/service/GitServiceError.h"
+#include "support/Await.h"
+#include "support/GitFixture.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+using namespace orvel;
+using namespace std::string_literals;
+using orvel::test::TempDir;
+using orvel::test::TempRepo;
+
+namespace {
+
+struct BlamedLine {
+    std::string hash;
+    int number = 0;
+    std::string text;
+    std::string author;
+    std::string summary;
+    bool operator==(const BlamedLine&) const = default;
+};
+
+std::ostream& operator<<(std::ostream& out, const BlamedLine& line) {
+    return out << line.number << " " << line.hash << " " << line.author << " " << line.summary << " |"
+               << line.text;
+}
+
+// Reads "blame --line-porcelain", where every line carries all of its commit's fields.
+std::vector<BlamedLine> linePorcelain(const std::string& text) {
+    std::vector<BlamedLine> lines;
+    BlamedLine current;
+    bool header = true;
+    std::size_t start = 0;
+    while (start < text.size()) {
+        const std::size_t end = text.find('\n', start);
+        const std::string line = text.substr(start, end - start);
+        start = end == std::string::npos ? text.size() : end + 1;
+        if (header) {
+            current = {};
+            current.hash = line.substr(0, 40);
+            const std::size_t second = line.find(' ', 41);
+            current.number = std::stoi(line.substr(second + 1));
+            header = false;
+        } else if (line.starts_with('\t')) {
+            current.text = line.substr(1);
+            lines.push_back(current);
+            header = true;
+        } else if (line.starts_with("author ")) {
+            current.author = line.substr(7);
+        } else if (line.starts_with("summary ")) {
+            current.summary = line.substr(8);
+        }
+    }
+    return lines;
+}
+
+std::vector<BlamedLine> expand(const std::vector<BlameEntry>& entries) {
+    std::vector<BlamedLine> lines;
+    for (const auto& entry : entries)
+        for (std::size_t i = 0; i < entry.lines.size(); ++i)
+            lines.push_back({entry.hash, entry.finalLineNumber + static_cast<int>(i), entry.lines[i],
+                             entry.authorName, entry.summary});
+    return lines;
+}
+
+std::vector<std::string> entriesOf(const std::string& directory) {
+    std::vector<std::string> names;
+    for (const auto& item : std::filesystem::directory_iterator(directory))
+        names.push_back(item.path().filename().string());
+    std::sort(names.begin(), names.end());
+    return names;
+}
+
+class FilesInRepository : public ::testing::Test {
+  protected:
+    RepoEntry entry() const { return test::RealGitService::repoAt(repo.path()); }
+    void commitAs(const std::string& author, const std::string& message, const std::string& date) {
+        test::ScopedGitDates dates(date);
+        repo.git({"add", "-A"});
+        repo.git({"-c", "user.name=" + author, "commit", "-q", "-m", message});
+    }
+
+    TempRepo repo;
+    test::RealGitService real;
+};
+
+} // namespace
+
+TEST_F(FilesInRepository, BlameMatchesGitsLinePorcelain) {
+    const std::string path = "-src dir/file one.txt";
+    std::filesystem::create_directory(repo / "-src dir");
+    repo.write(path, "alpha\nbeta\ngamma\ndelta\n");
+    commitAs("Ann", "first", "2026-01-01T10:00:00Z");
+    repo.write(path, "alpha\nBETA\ngamma\ndelta\nepsilon\n");
+    commitAs("Bob", "second $(x)", "2026-01-02T10:00:00Z");
+    repo.write(path, "alpha\nBETA\nGAMMA\ndelta\nepsilon\n\tzeta\n");
+    commitAs("Cy", "third", "2026-01-03T10:00:00Z");
+
+    const auto blamed = test::await(real.service.blame(entry(), path));
+    const auto expected = linePorcelain(repo.git({"blame", "--line-porcelain", "--", path}));
+    ASSERT_EQ(expected.size(), 6u);
+    EXPECT_EQ(expand(blamed), expected);
+    std::set<std::string> hashes;
+    for (const auto& run : blamed)
+        hashes.insert(run.hash);
+    EXPECT_EQ(hashes.size(), 3u);
+
+    repo.write("loose.txt", "x\n");
+    EXPECT_THROW(test::await(real.service.blame(entry(), "loose.txt")), GitServiceError);
+}
+
+TEST_F(FilesInRepository, FileHistoryFollowsARename) {
+    repo.write("old name.txt", "1\n2\n3\n4\n5\n6\n7\n8\n");
+    commitAs("Ann", "add", "2026-01-01T10:00:00Z");
+    repo.write("other.txt", "unrelated\n");
+    commitAs("Ann", "unrelated", "2026-01-02T10:00:00Z");
+    repo.write("old name.txt", "1\n2\n3\n4\n5\n6\n7\n8\n9\n");
+    commitAs("Ann", "grow", "2026-01-03T10:00:00Z");
+    repo.git({"mv", "--", "old name.txt", "-new name.txt"});
+    commitAs("Ann", "rename", "2026-01-04T10:00:00Z");
+    repo.write("-new name.txt", "1\n2\n3\n4\n5\n6\n7\n8\n9\n10\n");
+    commitAs("Ann", "grow again", "2026-01-05T10:00:00Z");
+
+    const auto history = test::await(real.service.fileHistory(entry(), "-new name.txt", 100));
+    std::vector<std::string> subjects;
+    for (const auto& commit : history)
+        subjects.push_back(commit.subject);
+    EXPECT_EQ(subjects, (std::vector<std::string>{"grow again", "rename", "grow", "add"}));
+    EXPECT_EQ(history.front().hash, repo.head());
+
+    EXPECT_EQ(test::await(real.service.fileHistory(entry(), "-new name.txt", 2)).size(), 2u);
+}
+
+TEST_F(FilesInRepository, ReadBlobGivesTheBytesAsTheyAre) {
+    const std::string bytes = "line\r\n\0binary\xff\xfe caf\xe9\n"s;
+    repo.write("blob.bin", bytes);
+    std::string hash = repo.git({"hash-object", "-w", "--", "blob.bin"});
+    hash.pop_back();
+    EXPECT_EQ(test::await(real.service.readBlob(entry(), " " + hash + "\t")), bytes);
+    EXPECT_THROW(test::await(real.service.readBlob(entry(), std::string(40, '0'))), GitServiceError);
+}
+
+TEST_F(FilesInRepository, WriteResolvedFileReplacesAtomicallyAndStages) {
+    std::filesystem::create_directory(repo / "-dir x");
+    const std::string path = "-dir x/-conflicted $(x).txt";
+    repo.write(path, "<<<<<<< ours\n");
+    ::chmod((repo / path).c_str(), 0755);
+    repo.write("keep.txt", "k\n");
+    repo.commitAll("base");
+
+    test::await(real.service.writeResolvedFile(entry(), path, "resolved \xc3\xa9\n"));
+    EXPECT_EQ(repo.read(path), "resolved \xc3\xa9\n");
+    EXPECT_EQ(entriesOf(repo / "-dir x"), std::vector<std::string>{"-conflicted $(x).txt"});
+    EXPECT_EQ(std::filesystem::status(repo / path).permissions() & std::filesystem::perms::all,
+              std::filesystem::perms(0755));
+    EXPECT_EQ(repo.git({"diff", "--cached", "--name-only"}), "-dir x/-conflicted $(x).txt\n");
+
+    test::await(real.service.writeResolvedFile(entry(), "/new file.txt", "new\n"));
+    EXPECT_EQ(repo.read("new file.txt"), "new\n");
+}
+
+TEST_F(FilesInRepository, FailedWriteLeavesNoTemporaryFileAndStagesNothing) {
+    std::filesystem::create_directory(repo / "taken");
+    repo.write("taken/inside.txt", "x\n");
+    const auto before = entriesOf(repo.path());
+    // A directory stands where the file would go: the rename fails after the temporary was written.
+    EXPECT_THROW(test::await(real.service.writeResolvedFile(entry(), "taken", "content\n")),
+                 std::filesystem::filesystem_error);
+    EXPECT_EQ(entriesOf(repo.path()), before);
+    EXPECT_THROW(test::await(real.service.writeResolvedFile(entry(), "missing dir/f.txt", "c\n")),
+                 std::filesystem::filesystem_error);
+    EXPECT_EQ(repo.git({"status", "--porcelain=v1"}), "?? taken/\n");
+}
+
+TEST(AtomicWrite, UnwritableDirectoryFailsAndLeavesNothing) {
+    TempDir root;
+    const std::string locked = root / "locked";
+    std::filesystem::create_directory(locked);
+    test::writeFile(locked + "/f.txt", "old\n");
+    ::chmod(locked.c_str(), 0555);
+    ::chmod(root.path().c_str(), 0755);
+    // Root writes anywhere: the attempt then runs in a child that has given its rights up.
+    const pid_t child = ::fork();
+    ASSERT_GE(child, 0);
+    if (child == 0) {
+        if (::geteuid() == 0 && (::setgid(65534) != 0 || ::setuid(65534) != 0))
+            ::_exit(3);
+        try {
+            BlobCommands::writeFileAtomically(locked + "/f.txt", "new\n");
+        } catch (const std::filesystem::filesystem_error& error) {
+            ::_exit(error.code().value() == EACCES ? 0 : 2);
+        }
+        ::_exit(1);
+    }
+    int status = 0;
+    ASSERT_EQ(::waitpid(child, &status, 0), child);
+    ASSERT_TRUE(WIFEXITED(status));
+    EXPECT_EQ(WEXITSTATUS(status), 0);
+    EXPECT_EQ(entriesOf(locked), std::vector<std::string>{"f.txt"});
+    EXPECT_EQ(test::readFile(locked + "/f.txt"), "old\n");
+    ::chmod(locked.c_str(), 0755);
+}
+
+TEST(AtomicWrite, TemporaryFileIsPrivateUntilItTakesTheTargetsMode) {
+    TempDir root;
+    const std::string file = root / "f.txt";
+    BlobCommands::writeFileAtomically(file, "one\n");
+    EXPECT_EQ(std::filesystem::status(file).permissions() & std::filesystem::perms::all,
+              std::filesystem::perms(0644));
+    ::chmod(file.c_str(), 0600);
+    BlobCommands::writeFileAtomically(file, "two\n");
+    EXPECT_EQ(test::readFile(file), "two\n");
+    EXPECT_EQ(std::filesystem::status(file).permissions() & std::filesystem::perms::all,
+              std::filesystem::perms(0600));
+    EXPECT_EQ(entriesOf(root.path()), std::vector<std::string>{"f.txt"});
+}

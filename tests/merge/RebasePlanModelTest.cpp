@@ -1,0 +1,200 @@
+// Editing an interactive rebase's plan: actions, order, exec rows, rewording, autosquash, start.
+#include "merge/RebasePlanModel.h"
+#include "core/commands/RebaseTodo.h"
+
+#include <gtest/gtest.h>
+
+using namespace orvel;
+
+namespace {
+
+RebaseTodoEntry commit(std::string hash, std::string subject) {
+    RebaseTodoEntry entry;
+    entry.id = QUuid::createUuid();
+    entry.hash = std::move(hash);
+    entry.subject = std::move(subject);
+    return entry;
+}
+
+// "hash:action" for every row, to read orders and actions at a glance.
+std::string summary(const RebasePlanModel& model) {
+    std::string text;
+    for (const auto& entry : model.entries())
+        text += (text.empty() ? "" : " ") + (entry.hash.empty() ? "<exec>" : entry.hash) + ":" +
+                std::string(rawValue(entry.action));
+    return text;
+}
+
+RebasePlanModel modelOf(const std::vector<std::pair<std::string, std::string>>& rows) {
+    std::vector<RebaseTodoEntry> entries;
+    for (const auto& [hash, subject] : rows)
+        entries.push_back(commit(hash, subject));
+    return RebasePlanModel("main", std::move(entries));
+}
+
+} // namespace
+
+TEST(RebasePlanModelTest, StartsFromTheInitialEntriesAndHandsThePlanOver) {
+    auto model = modelOf({{"a1", "one"}, {"b2", "two"}});
+    EXPECT_EQ(model.entries(), model.initialEntries());
+    model.setAction(model.entries()[1].id, RebaseAction::edit);
+    EXPECT_EQ(model.initialEntries()[1].action, RebaseAction::pick);
+
+    std::optional<RebasePlan> started;
+    bool cancelled = false;
+    model.onStart = [&](RebasePlan plan) { started = std::move(plan); };
+    model.onCancel = [&] { cancelled = true; };
+    EXPECT_TRUE(model.start());
+    ASSERT_TRUE(started);
+    EXPECT_EQ(started->onto, "main");
+    EXPECT_EQ(started->entries, model.entries());
+    EXPECT_EQ(RebaseTodo::todoFileContents(started->entries), "pick a1 one\nedit b2 two\n");
+    model.cancel();
+    EXPECT_TRUE(cancelled);
+}
+
+TEST(RebasePlanModelTest, CanStartOnlyWhenSomethingBesidesDropRemains) {
+    auto model = modelOf({{"a1", "one"}, {"b2", "two"}});
+    for (const auto& entry : model.initialEntries())
+        model.setAction(entry.id, RebaseAction::drop);
+    EXPECT_FALSE(model.canStart());
+    bool called = false;
+    model.onStart = [&](RebasePlan) { called = true; };
+    EXPECT_FALSE(model.start());
+    EXPECT_FALSE(called);
+
+    model.addExec();
+    EXPECT_TRUE(model.canStart());
+    model.removeExec(model.entries().back().id);
+    EXPECT_FALSE(model.canStart());
+    model.setAction(model.entries()[0].id, RebaseAction::squash); // git judges a leading squash
+    EXPECT_TRUE(model.canStart());
+    EXPECT_FALSE(RebasePlanModel("main", {}).canStart());
+}
+
+TEST(RebasePlanModelTest, SetActionTakesEveryActionButLeavesExecRowsAndUnknownIds) {
+    auto model = modelOf({{"a1", "one"}, {"b2", "two"}});
+    const QUuid id = model.entries()[0].id;
+    for (const RebaseAction action : allRebaseActions) {
+        model.setAction(id, action);
+        EXPECT_EQ(model.entries()[0].action, action);
+    }
+    // Made an exec row, it has no action menu any more, like an added one.
+    model.setAction(id, RebaseAction::pick);
+    model.addExec();
+    model.setAction(model.entries()[2].id, RebaseAction::pick);
+    model.setAction(QUuid::createUuid(), RebaseAction::drop);
+    EXPECT_EQ(summary(model), "a1:exec b2:pick <exec>:exec");
+}
+
+TEST(RebasePlanModelTest, MoveLeavesTheRowAtTheTargetPosition) {
+    auto model = modelOf({{"a", "a"}, {"b", "b"}, {"c", "c"}, {"d", "d"}});
+    model.move(0, 2);
+    EXPECT_EQ(summary(model), "b:pick c:pick a:pick d:pick");
+    model.move(3, 0);
+    EXPECT_EQ(summary(model), "d:pick b:pick c:pick a:pick");
+    model.move(1, 1);
+    model.move(4, 0);
+    model.move(0, 4);
+    EXPECT_EQ(summary(model), "d:pick b:pick c:pick a:pick");
+}
+
+TEST(RebasePlanModelTest, ExecRowsAreAddedAtTheEndEditedAndRemoved) {
+    auto model = modelOf({{"a1", "one"}, {"b2", "two"}});
+    model.addExec();
+    const RebaseTodoEntry& added = model.entries().back();
+    EXPECT_FALSE(added.id.isNull());
+    EXPECT_EQ(added.action, RebaseAction::exec);
+    EXPECT_EQ(added.hash, "");
+    EXPECT_EQ(added.subject, "");
+    EXPECT_EQ(added.rewordMessage, std::nullopt);
+    EXPECT_EQ(added.execCommand, std::optional<std::string>(""));
+    const QUuid execId = added.id;
+
+    model.setExecCommand(execId, "make test && echo 'ok' $(date)");
+    model.move(2, 1);
+    EXPECT_EQ(RebaseTodo::todoFileContents(model.entries()),
+              "pick a1 one\nexec make test && echo 'ok' $(date)\npick b2 two\n");
+
+    // A commit row has no command, and removeExec leaves it in place.
+    const QUuid commitId = model.entries()[0].id;
+    model.setExecCommand(commitId, "rm -rf");
+    model.removeExec(commitId);
+    EXPECT_EQ(model.entries()[0].execCommand, std::nullopt);
+    model.removeExec(execId);
+    EXPECT_EQ(summary(model), "a1:pick b2:pick");
+}
+
+TEST(RebasePlanModelTest, RewordEditsFromTheMessageOrSubjectAndSavesTrimmed) {
+    auto model = modelOf({{"a1", "one"}, {"b2", "two"}});
+    const QUuid id = model.entries()[1].id;
+    model.beginReword(id);
+    EXPECT_EQ(model.rewordingEntryID(), id);
+    EXPECT_EQ(model.rewordText(), "two");
+
+    model.setRewordText(" \n\tNew 'title' \"x\" $(touch pwned)\n\nbody `id` \\\n \n");
+    model.saveReword();
+    EXPECT_EQ(model.rewordingEntryID(), std::nullopt);
+    EXPECT_EQ(model.entries()[1].action, RebaseAction::reword); // it was pick
+    EXPECT_EQ(model.entries()[1].rewordMessage, "New 'title' \"x\" $(touch pwned)\n\nbody `id` \\");
+    EXPECT_EQ(RebaseTodo::rewordMessages(model.entries()),
+              (std::map<int, std::string>{{2, "New 'title' \"x\" $(touch pwned)\n\nbody `id` \\"}}));
+
+    model.beginReword(id);
+    EXPECT_EQ(model.rewordText(), "New 'title' \"x\" $(touch pwned)\n\nbody `id` \\");
+    model.setRewordText("discarded");
+    model.cancelReword();
+    EXPECT_EQ(model.rewordingEntryID(), std::nullopt);
+    EXPECT_EQ(model.entries()[1].rewordMessage, "New 'title' \"x\" $(touch pwned)\n\nbody `id` \\");
+
+    // Nothing to edit for an exec row or an unknown id; saving without an edit changes nothing.
+    model.addExec();
+    model.beginReword(model.entries().back().id);
+    model.beginReword(QUuid::createUuid());
+    EXPECT_EQ(model.rewordingEntryID(), std::nullopt);
+    model.saveReword();
+    EXPECT_EQ(summary(model), "a1:pick b2:reword <exec>:exec");
+}
+
+TEST(RebasePlanModelTest, AutosquashMovesFixupsAndSquashesBehindTheirTargets) {
+    auto model = modelOf({{"f1", "fixup! A"},
+                          {"a", "A"},
+                          {"b", "B"},
+                          {"s1", "squash! B"},
+                          {"f2", "fixup! A"},
+                          {"n", "fixup! fixup! A"},
+                          {"u1", "fixup! Missing"},
+                          {"m", "amend! B"},
+                          {"c", "C"},
+                          {"u2", "squash! Gone"}});
+    auto marked = model.entries()[0];
+    marked.rewordMessage = "kept";
+    marked.execCommand = "kept too";
+    model = RebasePlanModel("main", [&] {
+        auto entries = model.entries();
+        entries[0] = marked;
+        return entries;
+    }());
+    model.autosquash();
+    // Fixups of A keep their order; a nested fixup and a missing target go to the end, backwards.
+    EXPECT_EQ(summary(model),
+              "a:pick f1:fixup f2:fixup b:pick s1:squash m:pick c:pick u2:squash u1:fixup n:fixup");
+    const auto& moved = model.entries()[1];
+    EXPECT_EQ(moved.id, marked.id);
+    EXPECT_EQ(moved.hash, "f1");
+    EXPECT_EQ(moved.rewordMessage, "kept");
+    EXPECT_EQ(moved.execCommand, "kept too");
+}
+
+TEST(RebasePlanModelTest, AutosquashMatchesTheLaterOfTwoEqualSubjectsAndNeverAnExecRow) {
+    auto model = modelOf({{"a1", "A"}, {"x", "X"}, {"a2", "A"}, {"f", "fixup! A"}, {"g", "fixup! "}});
+    model.addExec();
+    model.move(5, 0);
+    model.autosquash();
+    EXPECT_EQ(summary(model), "<exec>:exec a1:pick x:pick a2:pick f:fixup g:fixup");
+
+    auto plain = modelOf({{"a", "A"}, {"b", "B"}});
+    const auto before = plain.entries();
+    plain.autosquash();
+    EXPECT_EQ(plain.entries(), before);
+}
