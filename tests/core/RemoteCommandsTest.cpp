@@ -265,6 +265,16 @@ TEST_F(RemoteRepositories, FetchKeepsDeletedBranchesUnlessPruning) {
     EXPECT_THROW(test::await(real.service.fetch(repo(), "nowhere", false)), GitServiceError);
 }
 
+TEST_F(RemoteRepositories, DeleteRemoteBranchRemovesItFromTheRemote) {
+    test::git(local.path(), {"push", "-q", "origin", "HEAD:refs/heads/a/b/c"});
+    test::await(real.service.deleteRemoteBranch(repo(), "origin", "a/b/c"));
+    EXPECT_NE(test::gitAllowingFailure(origin.path(), {"rev-parse", "--verify", "-q", "refs/heads/a/b/c"}).exitCode,
+              0);
+    EXPECT_EQ(test::gitAllowingFailure(origin.path(), {"rev-parse", "--verify", "-q", "refs/heads/main"}).exitCode,
+              0);
+    EXPECT_THROW(test::await(real.service.deleteRemoteBranch(repo(), "origin", "a/b/c")), GitServiceError);
+}
+
 TEST_F(RemoteRepositories, PullFastForwardsThenIsUpToDate) {
     const std::string theirs = commitIn(other, "theirs.txt", "x\n", "theirs");
     test::git(other.path(), {"push", "-q", "origin", "main"});
