@@ -244,19 +244,6 @@ class MergesInRealRepository : public ::testing::Test {
     SubprocessExecutor git{std::nullopt, defaults};
     TempRepo repo;
 
-    // "main" and "topic" both change "file" after a common "base".
-    void divergeOnFile() {
-        repo.write("file", "base\n");
-        repo.write("other", "other\n");
-        repo.commitAll("base");
-        repo.git({"checkout", "-q", "-b", "topic"});
-        repo.write("file", "topic\n");
-        repo.commitAll("topic changes file");
-        repo.git({"checkout", "-q", "main"});
-        repo.write("file", "main\n");
-        repo.commitAll("main changes file");
-    }
-
     RepoEntry entry() { return RepositoryCommands::open(git, repo.path()); }
     bool exists(const std::string& relative) const { return std::filesystem::exists(repo / relative); }
 };
@@ -322,7 +309,7 @@ TEST_F(MergesInRealRepository, ConflictsOfSeveralKindsComeBackWithTheirFiles) {
 }
 
 TEST_F(MergesInRealRepository, MergeBlockedByLocalChangesLeavesTheWorkTreeAlone) {
-    divergeOnFile();
+    repo.divergeOnOneFile();
     const std::string head = repo.head();
     repo.write("file", "uncommitted\n");
     const GitServiceError error = caught([&] { MergeCommands::merge(git, repo.path(), "topic"); });
@@ -336,7 +323,7 @@ TEST_F(MergesInRealRepository, MergeBlockedByLocalChangesLeavesTheWorkTreeAlone)
 }
 
 TEST_F(MergesInRealRepository, FastForwardOnlyRefusesDivergedBranches) {
-    divergeOnFile();
+    repo.divergeOnOneFile();
     const std::string head = repo.head();
     const GitServiceError error = caught([&] { MergeCommands::fastForwardMerge(git, repo.path(), "topic"); });
     EXPECT_EQ(error.command(), "merge");
@@ -380,7 +367,7 @@ TEST_F(MergesInRealRepository, RebaseUpToDateSuccessAndDirtyTree) {
 }
 
 TEST_F(MergesInRealRepository, RebaseConflictThenContinueWithUnresolvedFiles) {
-    divergeOnFile();
+    repo.divergeOnOneFile();
     repo.git({"checkout", "-q", "topic"});
     repo.write("more", "more\n");
     repo.commitAll("topic adds more");
@@ -415,7 +402,7 @@ TEST_F(MergesInRealRepository, RebaseConflictThenContinueWithUnresolvedFiles) {
 }
 
 TEST_F(MergesInRealRepository, SkipOfTheLastStepEndsTheRebase) {
-    divergeOnFile();
+    repo.divergeOnOneFile();
     const std::string mainHead = repo.head();
     repo.git({"checkout", "-q", "topic"});
     ASSERT_TRUE(std::holds_alternative<RebaseStop>(MergeCommands::rebase(git, repo.path(), "main")));
@@ -426,7 +413,7 @@ TEST_F(MergesInRealRepository, SkipOfTheLastStepEndsTheRebase) {
 }
 
 TEST_F(MergesInRealRepository, ContinueAfterTheRebaseVanishedIsAnError) {
-    divergeOnFile();
+    repo.divergeOnOneFile();
     repo.git({"checkout", "-q", "topic"});
     const std::string topicHead = repo.head();
     ASSERT_TRUE(std::holds_alternative<RebaseStop>(MergeCommands::rebase(git, repo.path(), "main")));
@@ -443,7 +430,7 @@ TEST_F(MergesInRealRepository, ContinueAfterTheRebaseVanishedIsAnError) {
 }
 
 TEST_F(MergesInRealRepository, AbortCherryPickAndRevert) {
-    divergeOnFile();
+    repo.divergeOnOneFile();
     const std::string head = repo.head();
     const std::string topic = repo.git({"rev-parse", "topic"}).substr(0, 40);
     EXPECT_NE(repo.gitAllowingFailure({"cherry-pick", topic}).exitCode, 0);
@@ -464,7 +451,7 @@ TEST_F(MergesInRealRepository, AbortCherryPickAndRevert) {
 }
 
 TEST_F(MergesInRealRepository, OptionLikeTargetsChangeNothing) {
-    divergeOnFile();
+    repo.divergeOnOneFile();
     const auto snapshot = [&] { return repo.git({"for-each-ref"}) + repo.git({"status", "--porcelain=v2"}); };
     const std::string before = snapshot();
     EXPECT_EQ(caught([&] { MergeCommands::merge(git, repo.path(), "--no-ff"); }).kind(),

@@ -133,18 +133,6 @@ protected:
                              std::make_shared<GitOpRunner>(4)};
 
     RepoEntry open(const std::string& path) { return test::await(service.open(path)); }
-
-    // A repository whose "main" and "topic" both change "file", so merges and picks conflict.
-    static void divergedOnOneFile(const TempRepo& repo) {
-        repo.write("file", "base\n");
-        repo.commitAll("base");
-        repo.git({"checkout", "-q", "-b", "topic"});
-        repo.write("file", "topic\n");
-        repo.commitAll("topic");
-        repo.git({"checkout", "-q", "main"});
-        repo.write("file", "main\n");
-        repo.commitAll("main");
-    }
 };
 
 } // namespace
@@ -179,7 +167,7 @@ TEST_F(OpenRealRepository, DetachedHeadHasNoBranch) {
 
 TEST_F(OpenRealRepository, LinkedWorktreeKeepsItsAbsoluteGitDirAndItsOwnState) {
     TempRepo repo;
-    divergedOnOneFile(repo);
+    repo.divergeOnOneFile();
     TempDir place;
     const std::string worktree = place / "wt";
     repo.git({"worktree", "add", "-q", worktree, "topic"});
@@ -195,25 +183,25 @@ TEST_F(OpenRealRepository, LinkedWorktreeKeepsItsAbsoluteGitDirAndItsOwnState) {
 TEST_F(OpenRealRepository, EveryInProgressStateFromRealCommands) {
     {
         TempRepo repo;
-        divergedOnOneFile(repo);
+        repo.divergeOnOneFile();
         repo.gitAllowingFailure({"merge", "topic"});
         EXPECT_EQ(open(repo.path()).state, RepositoryState::merging);
     }
     {
         TempRepo repo;
-        divergedOnOneFile(repo);
+        repo.divergeOnOneFile();
         repo.gitAllowingFailure({"rebase", "topic"});
         EXPECT_EQ(open(repo.path()).state, RepositoryState::rebasing);
     }
     {
         TempRepo repo;
-        divergedOnOneFile(repo);
+        repo.divergeOnOneFile();
         repo.gitAllowingFailure({"cherry-pick", "topic"});
         EXPECT_EQ(open(repo.path()).state, RepositoryState::cherryPicking);
     }
     {
         TempRepo repo;
-        divergedOnOneFile(repo);
+        repo.divergeOnOneFile();
         repo.write("file", "later\n");
         repo.commitAll("later");
         repo.gitAllowingFailure({"revert", "--no-edit", "HEAD~1"});
@@ -221,13 +209,13 @@ TEST_F(OpenRealRepository, EveryInProgressStateFromRealCommands) {
     }
     {
         TempRepo repo;
-        divergedOnOneFile(repo);
+        repo.divergeOnOneFile();
         repo.git({"bisect", "start"});
         EXPECT_EQ(open(repo.path()).state, RepositoryState::bisecting);
     }
     {
         TempRepo repo;
-        divergedOnOneFile(repo);
+        repo.divergeOnOneFile();
         const std::string patch = repo.git({"format-patch", "-1", "--stdout", "topic"});
         repo.write("topic.patch", patch);
         repo.gitAllowingFailure({"am", repo / "topic.patch"});

@@ -128,4 +128,16 @@ std::string TempRepo::head() const {
     return hash;
 }
 
+void TempRepo::divergeOnOneFile() const {
+    write("file", "base\n");
+    write("other", "other\n");
+    commitAll("base");
+    git({"checkout", "-q", "-b", "topic"});
+    write("file", "topic\n");
+    commitAll("topic changes file");
+    git({"checkout", "-q", "main"});
+    write("file", "main\n");
+    commitAll("main changes file");
+}
+
 } // namespace orvel::test

@@ -59,6 +59,9 @@ public:
     // Stages everything and commits; returns the new HEAD hash.
     std::string commitAll(const std::string& message) const;
     std::string head() const;
+    // "main" and "topic" both change "file" after a common "base" (which also adds "other"), so
+    // merges, rebases and picks between them conflict. Leaves "main" checked out.
+    void divergeOnOneFile() const;
 };
 
 } // namespace orvel::test
