@@ -26,11 +26,9 @@ int runBlame(const ScenarioOptions& options) {
     }
     const std::vector<std::string> arguments{"blame", "--porcelain", "--", "blamed.txt"};
 
-    InMemoryUserDefaults defaults;
-    NativeGitService service(std::make_shared<SubprocessExecutor>(std::nullopt, defaults),
-                             std::make_shared<GitOpRunner>());
-    RepoEntry repo;
-    repo.path = options.repo;
+    BenchService bench(options.repo);
+    auto& service = bench.service;
+    const RepoEntry& repo = bench.repo;
 
     std::size_t lines = 0, runs = 0;
     QCoro::waitFor(service.blame(repo, "blamed.txt")); // warms caches and the discovery of git

@@ -112,11 +112,9 @@ int runDiffParse(const ScenarioOptions& options) {
     const Totals totals = totalsOf(parsed);
 
     // The whole operation through the service: git, the queue and the parse.
-    InMemoryUserDefaults defaults;
-    NativeGitService service(std::make_shared<SubprocessExecutor>(std::nullopt, defaults),
-                             std::make_shared<GitOpRunner>());
-    RepoEntry repo;
-    repo.path = options.repo;
+    BenchService bench(options.repo);
+    auto& service = bench.service;
+    const RepoEntry& repo = bench.repo;
     std::size_t serviceFiles = 0;
     const double serviceMs = milliseconds([&] {
         serviceFiles =

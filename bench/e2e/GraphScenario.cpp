@@ -34,11 +34,9 @@ int runGraph(const ScenarioOptions& options) {
     const std::vector<std::string> arguments{
         "log", "--all", "--topo-order", "-n", std::to_string(graphLimit), std::string(graphFormat)};
 
-    InMemoryUserDefaults defaults;
-    NativeGitService service(std::make_shared<SubprocessExecutor>(std::nullopt, defaults),
-                             std::make_shared<GitOpRunner>());
-    RepoEntry repo;
-    repo.path = options.repo;
+    BenchService bench(options.repo);
+    auto& service = bench.service;
+    const RepoEntry& repo = bench.repo;
 
     std::size_t rows = 0, commits = 0;
     std::vector<double> ours, git;

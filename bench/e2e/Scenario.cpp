@@ -2,6 +2,7 @@
 
 #include "core/process/ChildProcess.h"
 #include "core/process/SubprocessExecutor.h"
+#include "core/queue/GitOpRunner.h"
 
 #include <algorithm>
 #include <chrono>
@@ -12,6 +13,11 @@ namespace orvel::bench {
 std::map<std::string, ScenarioFunction>& scenarios() {
     static std::map<std::string, ScenarioFunction> registry;
     return registry;
+}
+
+BenchService::BenchService(const std::string& repoPath)
+    : service(std::make_shared<SubprocessExecutor>(std::nullopt, defaults), std::make_shared<GitOpRunner>()) {
+    repo.path = repoPath;
 }
 
 double milliseconds(const std::function<void()>& work) {

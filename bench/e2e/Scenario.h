@@ -2,6 +2,10 @@
 // report line "scenario=<name> ours_ms=<x> git_ms=<y> ratio=<x/y>".
 #pragma once
 
+#include "core/records/RepoEntry.h"
+#include "core/service/NativeGitService.h"
+#include "core/support/UserDefaults.h"
+
 #include <functional>
 #include <map>
 #include <string>
@@ -22,6 +26,15 @@ std::map<std::string, ScenarioFunction>& scenarios();
 // Registers a scenario at start-up: `static ScenarioRegistration r("name", run);` in its own file.
 struct ScenarioRegistration {
     ScenarioRegistration(const std::string& name, ScenarioFunction run) { scenarios().emplace(name, std::move(run)); }
+};
+
+// The git service as the program builds it, with default settings, and the repository it runs on.
+struct BenchService {
+    explicit BenchService(const std::string& repoPath);
+
+    InMemoryUserDefaults defaults;
+    NativeGitService service;
+    RepoEntry repo;
 };
 
 double milliseconds(const std::function<void()>& work);

@@ -29,11 +29,9 @@ int runStatus(const ScenarioOptions& options) {
     }
     const std::vector<std::string> arguments{"status", "--porcelain=v2", "--branch", "--show-stash", "-uall", "-z"};
 
-    InMemoryUserDefaults defaults;
-    NativeGitService service(std::make_shared<SubprocessExecutor>(std::nullopt, defaults),
-                             std::make_shared<GitOpRunner>());
-    RepoEntry repo;
-    repo.path = options.repo;
+    BenchService bench(options.repo);
+    auto& service = bench.service;
+    const RepoEntry& repo = bench.repo;
 
     std::size_t files = 0;
     std::vector<double> ours, git;
