@@ -1,46 +1,15 @@
 // Conflict files made by real merges, cut into hunks and composed back from per-line choices.
 #include "merge/ConflictHunks.h"
-#include "support/GitFixture.h"
+#include "merge/ConflictedMerge.h"
 
 #include <gtest/gtest.h>
 
 using namespace orvel;
-using test::TempRepo;
+using test::ConflictedMerge;
+using namespace test::conflict_texts;
 using Lines = std::vector<std::string>;
 
 namespace {
-
-const std::string baseText =
-    "header\nshared 1\nvalue = 1\nshared 2\nshared 3\nshared 4\nshared 5\nshared 6\nlast = base\ntrailer\n";
-const std::string oursText = "header\nshared 1\nvalue = 2\nextra ours\nshared 2\nshared 3\nshared 4\nshared "
-                             "5\nshared 6\nlast = ours\ntrailer\n";
-const std::string theirsText = "header\nshared 1\nvalue = 3\nshared 2\nshared 3\nshared 4\nshared 5\nshared "
-                               "6\nlast = 'theirs' $(x)\ntrailer\n";
-
-// A repository in the middle of a merge of "other" into "main" that conflicts on "file.txt".
-struct ConflictedMerge {
-    TempRepo repo;
-    std::string text; // the working-tree file with git's markers
-
-    ConflictedMerge(const std::string& base, const std::string& ours, const std::string& theirs, bool diff3) {
-        repo.write("file.txt", base);
-        repo.commitAll("base");
-        repo.git({"checkout", "-q", "-b", "other"});
-        repo.write("file.txt", theirs);
-        repo.commitAll("theirs");
-        repo.git({"checkout", "-q", "main"});
-        repo.write("file.txt", ours);
-        repo.commitAll("ours");
-        const auto merge = repo.gitAllowingFailure(
-            {"-c", std::string("merge.conflictStyle=") + (diff3 ? "diff3" : "merge"), "merge", "other"});
-        EXPECT_NE(merge.exitCode, 0) << "the merge was expected to conflict";
-        text = repo.read("file.txt");
-    }
-
-    std::string stage(int number) const {
-        return repo.git({"show", ":" + std::to_string(number) + ":file.txt"});
-    }
-};
 
 const ConflictSides& sidesOf(const ConflictHunk& hunk) {
     return std::get<ConflictSides>(hunk.kind);

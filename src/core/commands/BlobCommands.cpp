@@ -99,6 +99,32 @@ std::string workTreeFile(const std::string& repoPath, const std::string& path) {
     return joined;
 }
 
+std::string readFile(const std::string& file) {
+    const int fd = ::open(file.c_str(), O_RDONLY | O_CLOEXEC);
+    if (fd < 0)
+        throwFileError("cannot read file", file, errno);
+    std::string bytes;
+    struct stat info {};
+    if (::fstat(fd, &info) == 0 && info.st_size > 0)
+        bytes.reserve(static_cast<std::size_t>(info.st_size));
+    char buffer[64 * 1024];
+    for (;;) {
+        const ssize_t n = ::read(fd, buffer, sizeof buffer);
+        if (n == 0)
+            break;
+        if (n < 0) {
+            if (errno == EINTR)
+                continue;
+            const int error = errno;
+            ::close(fd);
+            throwFileError("cannot read file", file, error);
+        }
+        bytes.append(buffer, static_cast<std::size_t>(n));
+    }
+    ::close(fd);
+    return bytes;
+}
+
 void writeFileAtomically(const std::string& file, std::string_view content) {
     // A new file gets what git would give it; an existing one keeps its bits, executable ones too.
     mode_t mode = 0644;

@@ -1,4 +1,4 @@
-// Reading a blob's bytes, and writing a resolved file back into the work tree.
+// Reading a blob's bytes or a work-tree file, and writing a resolved file back into the work tree.
 #pragma once
 
 #include "core/process/GitExecutorProtocol.h"
@@ -18,6 +18,8 @@ std::string readBlob(GitExecutorProtocol& git, const std::string& repoPath, cons
 std::string repoRelativePath(std::string_view path);
 // `path` taken as relative to the repository, joined to `repoPath`.
 std::string workTreeFile(const std::string& repoPath, const std::string& path);
+// The bytes of `file`; failures are std::filesystem::filesystem_error.
+std::string readFile(const std::string& file);
 // Writes `content` to `file` through a private temporary file in the same directory and a rename,
 // so that the file is never seen half written. The file keeps its permissions when it exists.
 // The temporary file is removed on every failure; failures are std::filesystem::filesystem_error.

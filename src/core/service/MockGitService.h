@@ -1,5 +1,6 @@
 // An in-memory git service with canned records, so that views can be shown and view models
-// exercised without git. Tests replace the canned records through the public fields.
+// exercised without git. Tests replace the canned records through the public fields, or derive
+// to hold an answer back or make one fail.
 // Records are returned as explicit copies: QCoro's co_return moves from a named lvalue.
 #pragma once
 
@@ -12,7 +13,7 @@
 
 namespace orvel {
 
-class MockGitService final : public GitServiceProtocol {
+class MockGitService : public GitServiceProtocol {
 public:
     MockGitService();
 
