@@ -52,7 +52,7 @@ QCoro::Task<InteractiveRebaseResult> MockGitService::interactiveRebase(RepoEntry
         throw GitServiceError::commandFailed("rebase", "Rebase failed unexpectedly");
     if (!std::holds_alternative<rebase::Success>(interactiveRebaseOutcome))
         repository.state = RepositoryState::rebasing;
-    co_return interactiveRebaseOutcome;
+    co_return InteractiveRebaseResult(interactiveRebaseOutcome);
 }
 
 } // namespace orvel
