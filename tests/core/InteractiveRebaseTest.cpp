@@ -4,7 +4,6 @@
 #include "RealGitService.h"
 #include "core/commands/InteractiveRebaseCommands.h"
 #include "core/service/GitServiceError.h"
-#include "core/service/MockGitService.h"
 #include "core/support/Text.h"
 #include "support/Await.h"
 #include "support/GitFixture.h"
@@ -346,31 +345,4 @@ TEST_F(InteractiveRebaseFiles, AFailedWriteOfAnyFileLeavesNoneBehind) {
         EXPECT_TRUE(temporaryFiles().empty()) << *temporaryFiles().begin();
     }
     std::signal(SIGXFSZ, previousHandler);
-}
-
-// The in-memory service answers from its canned graph and keeps the plan it was given.
-TEST(MockInteractiveRebase, TodoListFollowsTheGraphAndPlansAreKept) {
-    MockGitService mock;
-    const auto rows = await(mock.rebaseTodoList(mock.repository, "v1.0"));
-    ASSERT_EQ(rows.size(), 2u);
-    EXPECT_EQ(rows[0].subject, "Fix the lane colours");
-    EXPECT_EQ(rows[1].subject, "Merge branch 'feature/search'");
-    EXPECT_EQ(failureText([&] { await(mock.rebaseTodoList(mock.repository, "nowhere")); }).substr(0, 35),
-              "git log failed: fatal: ambiguous ar");
-
-    mock.interactiveRebaseOutcome = RebaseStop{"2c3d4e5", 1, 2, {}};
-    for (int run = 0; run < 2; ++run) { // the canned outcome answers every call alike
-        const auto result = await(mock.interactiveRebase(mock.repository, {"v1.0", rows}));
-        EXPECT_EQ(std::get<RebaseStop>(result).stoppedAtHash, "2c3d4e5");
-    }
-    EXPECT_EQ(mock.lastRebasePlan, (RebasePlan{"v1.0", rows}));
-    EXPECT_EQ(mock.repository.state, RepositoryState::rebasing);
-    EXPECT_EQ(failureText([&] {
-                  await(mock.interactiveRebase(mock.repository, {"v1.0", {}}));
-              }),
-              "git rebase failed: Rebase failed unexpectedly");
-    EXPECT_EQ(failureText([&] {
-                  await(mock.interactiveRebase(mock.repository, {"-v", rows}));
-              }),
-              "Invalid input: Rebase target must not begin with '-': -v");
 }
