@@ -16,14 +16,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-fs::path gitDirectory(const RepoEntry& repo) {
-    if (!repo.gitDirPath)
-        return fs::path(repo.path) / ".git";
-    // git may answer a path relative to the work tree; the queue does not run in it.
-    const fs::path gitDir(*repo.gitDirPath);
-    return gitDir.is_relative() ? fs::path(repo.path) / gitDir : gitDir;
-}
-
 std::string readTrimmed(const fs::path& file) {
     std::ifstream in(file, std::ios::binary);
     if (!in)
@@ -41,7 +33,7 @@ int readCount(const fs::path& file) {
 } // namespace
 
 InteractiveRebaseResult readRebaseStop(GitExecutorProtocol& git, const RepoEntry& repo) {
-    const fs::path stateDir = gitDirectory(repo) / "rebase-merge";
+    const fs::path stateDir = fs::path(gitDirectory(repo)) / "rebase-merge";
     std::error_code error;
     if (!fs::is_directory(stateDir, error))
         throw GitServiceError::commandFailed("rebase", "Rebase failed unexpectedly");

@@ -1,5 +1,7 @@
 #include "core/records/RepoEntry.h"
 
+#include <filesystem>
+
 namespace orvel {
 
 const char* toString(RepositoryState state) {
@@ -20,6 +22,15 @@ const char* toString(RepositoryState state) {
         return "applyingMailbox";
     }
     return "clean";
+}
+
+std::string gitDirectory(const RepoEntry& repo) {
+    namespace fs = std::filesystem;
+    const fs::path gitDir(repo.gitDirPath.value_or(".git"));
+    std::string directory = (gitDir.is_relative() ? fs::path(repo.path) / gitDir : gitDir).string();
+    if (!directory.ends_with('/'))
+        directory += '/';
+    return directory;
 }
 
 } // namespace orvel

@@ -22,4 +22,8 @@ struct RepoEntry {
     bool operator==(const RepoEntry&) const = default;
 };
 
+// The git directory of `repo`, ending in "/": `gitDirPath`, joined to `path` when git answered it
+// relative, or `path` joined with ".git/" when the record has none.
+std::string gitDirectory(const RepoEntry& repo);
+
 } // namespace orvel

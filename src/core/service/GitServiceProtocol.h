@@ -11,6 +11,7 @@
 #include "core/records/BranchEntry.h"
 #include "core/records/FileChange.h"
 #include "core/records/GraphCommit.h"
+#include "core/records/RebasePlan.h"
 #include "core/records/RemoteEntry.h"
 #include "core/records/RepoEntry.h"
 #include "core/records/StashEntry.h"
@@ -62,6 +63,8 @@ public:
     virtual QCoro::Task<MergeResult> merge(RepoEntry repo, std::string branch) = 0;
     virtual QCoro::Task<MergeResult> fastForwardMerge(RepoEntry repo, std::string branch) = 0;
     virtual QCoro::Task<RebaseResult> rebase(RepoEntry repo, std::string onto) = 0;
+    virtual QCoro::Task<std::vector<RebaseTodoEntry>> rebaseTodoList(RepoEntry repo, std::string onto) = 0;
+    virtual QCoro::Task<InteractiveRebaseResult> interactiveRebase(RepoEntry repo, RebasePlan plan) = 0;
     virtual QCoro::Task<void> pushBranch(RepoEntry repo, std::string branch, std::string remote) = 0;
     virtual QCoro::Task<std::string> tagDetail(RepoEntry repo, std::string name) = 0;
     virtual QCoro::Task<std::vector<RemoteEntry>> listRemotes(RepoEntry repo) = 0;

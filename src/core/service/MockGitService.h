@@ -50,6 +50,8 @@ public:
     QCoro::Task<MergeResult> merge(RepoEntry repo, std::string branch) override;
     QCoro::Task<MergeResult> fastForwardMerge(RepoEntry repo, std::string branch) override;
     QCoro::Task<RebaseResult> rebase(RepoEntry repo, std::string onto) override;
+    QCoro::Task<std::vector<RebaseTodoEntry>> rebaseTodoList(RepoEntry repo, std::string onto) override;
+    QCoro::Task<InteractiveRebaseResult> interactiveRebase(RepoEntry repo, RebasePlan plan) override;
     QCoro::Task<void> pushBranch(RepoEntry repo, std::string branch, std::string remote) override;
     QCoro::Task<std::string> tagDetail(RepoEntry repo, std::string name) override;
     QCoro::Task<std::vector<RemoteEntry>> listRemotes(RepoEntry repo) override;
@@ -125,6 +127,11 @@ public:
     MergeResult mergeOutcome = merge::AlreadyUpToDate{};
     RebaseResult rebaseOutcome = rebase::Success{};
     InteractiveRebaseResult rebaseStepOutcome = rebase::Success{}; // of rebaseContinue and rebaseSkip
+    // `rebaseTodoList` reads HEAD's first-parent line of `graph` back to the commit that `onto` names
+    // (a hash, a prefix of one or a ref); `interactiveRebase` keeps the plan it was given and
+    // answers `interactiveRebaseOutcome`.
+    std::optional<RebasePlan> lastRebasePlan;
+    InteractiveRebaseResult interactiveRebaseOutcome = rebase::Success{};
     std::vector<std::string> mergedBranchNames = {"main", "feature/sidebar"};
 
     // The canned tags, stashes (newest first, "stash@{0}" first), blame runs by path and blob

@@ -52,6 +52,8 @@ public:
     QCoro::Task<MergeResult> merge(RepoEntry repo, std::string branch) override;
     QCoro::Task<MergeResult> fastForwardMerge(RepoEntry repo, std::string branch) override;
     QCoro::Task<RebaseResult> rebase(RepoEntry repo, std::string onto) override;
+    QCoro::Task<std::vector<RebaseTodoEntry>> rebaseTodoList(RepoEntry repo, std::string onto) override;
+    QCoro::Task<InteractiveRebaseResult> interactiveRebase(RepoEntry repo, RebasePlan plan) override;
     QCoro::Task<void> pushBranch(RepoEntry repo, std::string branch, std::string remote) override;
     QCoro::Task<std::string> tagDetail(RepoEntry repo, std::string name) override;
     QCoro::Task<std::vector<RemoteEntry>> listRemotes(RepoEntry repo) override;
