@@ -190,15 +190,18 @@ TEST_F(InteractiveRebase, ConflictStopReportsTheStoppedCommitItsStepAndTheFiles)
     EXPECT_EQ(head(), conflicting);
 }
 
-// git ends an edit step with exit 0, so the run reads as finished and the repository's state tells
-// the pause; a failing exec exits non-zero with nothing conflicted and is an edit stop.
-TEST_F(InteractiveRebase, EditPausesTheRebaseAndAFailingExecIsAnEditStop) {
+// git pauses at an edit row with exit 0 and at a failing exec with an error; both are edit stops
+// with git's step counter, and the rebase goes on from there.
+TEST_F(InteractiveRebase, EditAndAFailingExecAreEditStops) {
     commit("a"), commit("b"), commit("c");
     auto rows = todo();
     rows[1].action = RebaseAction::edit;
-    EXPECT_TRUE(std::holds_alternative<rebase::Success>(rebase(rows)));
+    const auto paused = rebase(rows);
+    ASSERT_TRUE(std::holds_alternative<rebase::EditStop>(paused));
+    EXPECT_EQ(std::get<rebase::EditStop>(paused).currentStep, 2);
+    EXPECT_EQ(std::get<rebase::EditStop>(paused).totalSteps, 3);
+    EXPECT_EQ(std::get<rebase::EditStop>(paused).hash, head());
     EXPECT_EQ(state(), RepositoryState::rebasing);
-    EXPECT_EQ(trimmed(test::readFile(repoPath + "/.git/rebase-merge/msgnum")), "2");
     EXPECT_TRUE(std::holds_alternative<rebase::Success>(await(git.service.rebaseContinue(repo))));
     EXPECT_EQ(subjectsSinceBase(), "c\nb\na\n");
 

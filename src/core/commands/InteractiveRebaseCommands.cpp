@@ -49,12 +49,15 @@ InteractiveRebaseResult interactiveRebase(GitExecutorProtocol& git, const RepoEn
 
     try {
         git.executeWithEnvironment({"rebase", "--interactive", plan.onto}, repo.path, environment);
-        return rebase::Success{};
     } catch (const std::exception&) {
         // git's words don't say where it stopped; its state files do. Without them the rebase
         // never started, and the reader raises that.
         return readRebaseStop(git, repo);
     }
+    // git pauses at an edit row with exit 0; the plan has finished only when its state is gone.
+    if (rebaseInProgress(repo))
+        return readRebaseStop(git, repo);
+    return rebase::Success{};
 }
 
 } // namespace orvel::InteractiveRebaseCommands

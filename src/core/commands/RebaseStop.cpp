@@ -30,12 +30,18 @@ int readCount(const fs::path& file) {
     return error == std::errc() && end == text.data() + text.size() ? value : 0;
 }
 
+fs::path rebaseStateDirectory(const RepoEntry& repo) { return fs::path(gitDirectory(repo)) / "rebase-merge"; }
+
 } // namespace
 
-InteractiveRebaseResult readRebaseStop(GitExecutorProtocol& git, const RepoEntry& repo) {
-    const fs::path stateDir = fs::path(gitDirectory(repo)) / "rebase-merge";
+bool rebaseInProgress(const RepoEntry& repo) {
     std::error_code error;
-    if (!fs::is_directory(stateDir, error))
+    return fs::is_directory(rebaseStateDirectory(repo), error);
+}
+
+InteractiveRebaseResult readRebaseStop(GitExecutorProtocol& git, const RepoEntry& repo) {
+    const fs::path stateDir = rebaseStateDirectory(repo);
+    if (!rebaseInProgress(repo))
         throw GitServiceError::commandFailed("rebase", "Rebase failed unexpectedly");
 
     const int currentStep = readCount(stateDir / "msgnum");

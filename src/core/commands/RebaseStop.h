@@ -15,4 +15,7 @@ namespace orvel {
 // when no rebase is in progress.
 InteractiveRebaseResult readRebaseStop(GitExecutorProtocol& git, const RepoEntry& repo);
 
+// True while git's "rebase-merge" state directory exists, also after git has paused with exit 0.
+bool rebaseInProgress(const RepoEntry& repo);
+
 } // namespace orvel

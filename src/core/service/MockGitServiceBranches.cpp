@@ -47,7 +47,7 @@ BranchEntry* MockGitService::findBranch(const std::string& fullRefName) {
 }
 
 QCoro::Task<std::vector<BranchEntry>> MockGitService::branches(RepoEntry) {
-    co_return branchList;
+    co_return std::vector<BranchEntry>(branchList);
 }
 
 QCoro::Task<void> MockGitService::createBranch(RepoEntry, std::string name,
@@ -134,7 +134,7 @@ QCoro::Task<MergeResult> MockGitService::merge(RepoEntry, std::string branch) {
     refuseOptionLike(branch, "Branch name");
     if (std::holds_alternative<Conflicted>(mergeOutcome))
         repository.state = RepositoryState::merging;
-    co_return mergeOutcome;
+    co_return MergeResult(mergeOutcome);
 }
 
 QCoro::Task<MergeResult> MockGitService::fastForwardMerge(RepoEntry, std::string branch) {
@@ -142,14 +142,14 @@ QCoro::Task<MergeResult> MockGitService::fastForwardMerge(RepoEntry, std::string
     if (std::holds_alternative<merge::Merged>(mergeOutcome) ||
         std::holds_alternative<Conflicted>(mergeOutcome))
         throw GitServiceError::commandFailed("merge", "fatal: Not possible to fast-forward, aborting.");
-    co_return mergeOutcome;
+    co_return MergeResult(mergeOutcome);
 }
 
 QCoro::Task<RebaseResult> MockGitService::rebase(RepoEntry, std::string onto) {
     refuseOptionLike(onto, "Rebase target");
     if (std::holds_alternative<RebaseStop>(rebaseOutcome))
         repository.state = RepositoryState::rebasing;
-    co_return rebaseOutcome;
+    co_return RebaseResult(rebaseOutcome);
 }
 
 QCoro::Task<void> MockGitService::abortMerge(RepoEntry) {
@@ -186,7 +186,7 @@ QCoro::Task<InteractiveRebaseResult> MockGitService::rebaseContinue(RepoEntry) {
         throw GitServiceError::commandFailed("rebase", "Rebase failed unexpectedly");
     if (std::holds_alternative<rebase::Success>(rebaseStepOutcome))
         repository.state = RepositoryState::clean;
-    co_return rebaseStepOutcome;
+    co_return InteractiveRebaseResult(rebaseStepOutcome);
 }
 
 QCoro::Task<InteractiveRebaseResult> MockGitService::rebaseSkip(RepoEntry repo) {
