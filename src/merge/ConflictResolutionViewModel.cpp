@@ -89,6 +89,7 @@ QCoro::Task<void> ConflictResolutionViewModel::load() {
         self->rawWorkingTreeText_ = std::move(fileText);
         self->hunks_ = parseConflictHunks(self->rawWorkingTreeText_);
         self->decisions_ = defaultDecisions(self->hunks_);
+        self->hasLoaded_ = true;
         self->isLoading_ = false;
         qCDebug(lcOps, "op=mergeEditor.loaded hunks=%ld", static_cast<long>(self->hunks_.size()));
         emit self->loadStateChanged();
@@ -165,12 +166,16 @@ void ConflictResolutionViewModel::takeAllTheirs() {
 }
 
 QCoro::Task<bool> ConflictResolutionViewModel::save() {
+    if (!canSave())
+        co_return false;
     auto written = write(composedText(), "hunks", "save");
     co_return co_await std::move(written);
 }
 
 QCoro::Task<bool> ConflictResolutionViewModel::setRawText(std::string text) {
     qCDebug(lcOps, "op=mergeEditor.rawTextEdit lines=%ld", lineCount(text));
+    if (isSaving_)
+        co_return false;
     if (containsConflictMarkers(text)) {
         saveError_ = tr("Remove conflict markers before saving.");
         qCDebug(lcOps, "op=mergeEditor.setRawText reason=conflictMarkersPresent");

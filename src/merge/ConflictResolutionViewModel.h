@@ -63,11 +63,15 @@ class ConflictResolutionViewModel final : public QObject {
     void takeAllOurs();
     void takeAllTheirs();
 
+    // Whether save() would write: the file has been read and cut into hunks, no load is under way,
+    // and no save runs. Before that the composed text would be empty and overwrite the file.
+    bool canSave() const { return hasLoaded_ && !isLoading_ && !isSaving_; }
+
     // Writes the composed text over the file and stages it. A failure keeps hunks and choices and
-    // sets saveError. Answers whether the file was saved.
+    // sets saveError. Answers whether the file was saved; without canSave() nothing is written.
     QCoro::Task<bool> save();
     // Saves `text` as typed, unless a line still starts with a conflict marker: then nothing is
-    // written and saveError says so.
+    // written and saveError says so. Nothing is written while a save runs.
     QCoro::Task<bool> setRawText(std::string text);
 
   signals:
@@ -94,6 +98,7 @@ class ConflictResolutionViewModel final : public QObject {
     std::string rawWorkingTreeText_;
     bool isLoading_ = false;
     bool isSaving_ = false;
+    bool hasLoaded_ = false;
     std::optional<QString> loadError_;
     std::optional<QString> saveError_;
     int loadGeneration_ = 0;

@@ -193,6 +193,7 @@ TEST(ConflictResolutionViewModelTest, AFailedReadIsALoadErrorAndARetryLoads) {
 TEST(ConflictResolutionViewModelTest, ALateLoadResultChangesNothing) {
     HeldBackEditor setup;
     auto model = setup.makeModel();
+    EXPECT_FALSE(test::await(model->save())) << "nothing read yet: saving would empty the file";
     auto first = model->load();  // reads 0 and 1
     auto second = model->load(); // reads 2 and 3
     EXPECT_EQ(model->loadGeneration(), 2);
@@ -208,6 +209,7 @@ TEST(ConflictResolutionViewModelTest, ALateLoadResultChangesNothing) {
     EXPECT_EQ(model->oursText(), "o #2");
     EXPECT_EQ(model->composedText(), "a\ntheirs\nz\n");
     EXPECT_FALSE(model->isLoading());
+    EXPECT_TRUE(setup.service->resolvedFiles.empty());
 }
 
 TEST(ConflictResolutionViewModelTest, AFailedSaveKeepsEveryChoice) {
