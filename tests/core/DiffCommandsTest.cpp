@@ -1,5 +1,5 @@
-// The diff operations: their exact argument lists through a recording executor, and their
-// results on real repositories, with each file's counts checked against git's own numstat.
+// The diff operations: revisions that read as options refused before git runs, and results on
+// real repositories, with each file's counts checked against git's own numstat.
 #include "core/process/SubprocessExecutor.h"
 #include "core/queue/GitOpRunner.h"
 #include "core/service/GitServiceError.h"
@@ -22,7 +22,6 @@ namespace orvel {
 namespace {
 
 using test::await;
-using Arguments = GitExecutorProtocol::Arguments;
 
 RepoEntry repositoryAt(const std::string& path) {
     RepoEntry entry;
@@ -30,75 +29,10 @@ RepoEntry repositoryAt(const std::string& path) {
     return entry;
 }
 
-class DiffArguments : public ::testing::Test {
-  protected:
-    std::shared_ptr<test::RecordingExecutor> git = std::make_shared<test::RecordingExecutor>();
+TEST(DiffArguments, RevisionsThatReadAsOptionsAreRefusedBeforeGitRuns) {
+    const auto git = std::make_shared<test::RecordingExecutor>();
     NativeGitService service{git, std::make_shared<GitOpRunner>(2)};
-    RepoEntry repo = repositoryAt("/repo");
-};
-
-TEST_F(DiffArguments, EveryContextWithAndWithoutContextLines) {
-    await(service.diff(repo, DiffContext::unstaged(), std::nullopt));
-    await(service.diff(repo, DiffContext::unstaged(), 5));
-    await(service.diff(repo, DiffContext::staged(), std::nullopt));
-    await(service.diff(repo, DiffContext::staged(), 0));
-    await(service.diff(repo, DiffContext::commit("c0ffee"), std::nullopt));
-    await(service.diff(repo, DiffContext::commit("c0ffee"), 99999));
-    await(service.diff(repo, DiffContext::stash("5ta5h"), std::nullopt));
-    await(service.diff(repo, DiffContext::stash("5ta5h"), 1));
-    await(service.diff(repo, DiffContext::commitRange("main", "HEAD"), std::nullopt));
-    await(service.diff(repo, DiffContext::commitRange("main", "HEAD"), 2));
-    const std::vector<Arguments> expected{
-        {"diff"},
-        {"diff", "-U5"},
-        {"diff", "--cached"},
-        {"diff", "--cached", "-U0"},
-        {"show", "--format=", "c0ffee"},
-        {"show", "--format=", "c0ffee", "-U99999"},
-        {"stash", "show", "-p", "5ta5h"},
-        {"stash", "show", "-p", "5ta5h", "-U1"},
-        {"diff", "main", "HEAD"},
-        {"diff", "main", "HEAD", "-U2"},
-    };
-    EXPECT_EQ(git->argumentLists(), expected);
-    for (const auto& call : git->calls())
-        EXPECT_EQ(call.repoPath, "/repo");
-}
-
-TEST_F(DiffArguments, ParentIndexPicksAParentOrFallsBackToCaret) {
-    git->reply("p0 p1\n");
-    await(service.diff(repo, DiffContext::commit("m", 1), 3));
-    git->reply("p0 p1\n");
-    await(service.diff(repo, DiffContext::commit("m", 0), std::nullopt));
-    git->reply("p0\n");
-    await(service.diff(repo, DiffContext::commit("c", 1), std::nullopt));
-    git->reply("\n");
-    await(service.diff(repo, DiffContext::commit("root", 0), std::nullopt));
-    const std::vector<Arguments> expected{
-        {"log", "--format=%P", "-1", "m"},    {"diff", "p1", "m", "-U3"},
-        {"log", "--format=%P", "-1", "m"},    {"diff", "p0", "m"},
-        {"log", "--format=%P", "-1", "c"},    {"diff", "c^", "c"},
-        {"log", "--format=%P", "-1", "root"}, {"diff", "root^", "root"},
-    };
-    EXPECT_EQ(git->argumentLists(), expected);
-}
-
-TEST_F(DiffArguments, CommitDiffAndFileChanges) {
-    await(service.commitDiff(repo, "abc", std::nullopt));
-    await(service.commitDiff(repo, "abc", 7));
-    git->reply("M\tx.txt\n");
-    const auto changes = await(service.commitFileChanges(repo, "abc"));
-    const std::vector<Arguments> expected{
-        {"show", "--format=", "-m", "--first-parent", "abc"},
-        {"show", "--format=", "-m", "--first-parent", "abc", "-U7"},
-        {"diff-tree", "--root", "--no-commit-id", "-r", "--name-status", "abc"},
-    };
-    EXPECT_EQ(git->argumentLists(), expected);
-    ASSERT_EQ(changes.size(), 1u);
-    EXPECT_EQ(changes[0].path, "x.txt");
-}
-
-TEST_F(DiffArguments, RevisionsThatReadAsOptionsAreRefusedBeforeGitRuns) {
+    const RepoEntry repo = repositoryAt("/repo");
     EXPECT_THROW(await(service.diff(repo, DiffContext::commit("--output=/tmp/x"), std::nullopt)),
                  GitServiceError);
     EXPECT_THROW(await(service.diff(repo, DiffContext::commit("-p", 0), std::nullopt)), GitServiceError);

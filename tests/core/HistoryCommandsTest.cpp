@@ -1,4 +1,5 @@
-// The argument lists of the history reads, and the remote names the service keeps between loads.
+// The remote names that tell remote branches from local ones in the graph: how they are read, and
+// how the service keeps them between loads until they are reset.
 #include "RealGitService.h"
 
 #include "core/commands/HistoryCommands.h"
@@ -16,9 +17,6 @@ using Arguments = GitExecutorProtocol::Arguments;
 namespace {
 
 const std::string graphFormatText = "--format=%H%x1f%h%x1f%P%x1f%aN%x1f%aE%x1f%aI%x1f%s%x1f%b%x1f%D%x1e";
-const std::string historyFormatText =
-    "--format=%x01%H%x00%h%x00%P%x00%aN%x00%aE%x00%aI%x00%cN%x00%cE%x00%cI%x00%s%x00%b%x00%D%x00%G?%x00"
-    "%(trailers:key=Co-Authored-By,valueonly,separator=%x1E)";
 
 struct RecordingService {
     std::shared_ptr<test::RecordingExecutor> executor = std::make_shared<test::RecordingExecutor>();
@@ -27,19 +25,6 @@ struct RecordingService {
 };
 
 } // namespace
-
-TEST(HistoryCommandArguments, GraphAndHistoryAskGitExactly) {
-    test::RecordingExecutor git;
-    HistoryCommands::commitGraph(git, "/repo", 2000, {});
-    HistoryCommands::commitHistory(git, "/repo", 50);
-    HistoryCommands::remoteNames(git, "/repo");
-    EXPECT_EQ(git.argumentLists(), (std::vector<Arguments>{
-                                       {"log", "--all", "--topo-order", "-n", "2000", graphFormatText},
-                                       {"log", "-n", "50", historyFormatText},
-                                       {"remote"},
-                                   }));
-    EXPECT_EQ(git.calls()[0].repoPath, "/repo");
-}
 
 TEST(HistoryCommandArguments, RemoteNamesAreTrimmedLinesWithoutEmptyOnes) {
     test::RecordingExecutor git;
