@@ -1,6 +1,6 @@
-// Remote commands: the exact argument lists, the checks before a push and the reading of pull
-// results, then the same operations against a local bare repository that serves as "origin",
-// with a second clone pushing to it to make the histories diverge.
+// Remote commands: the checks before a push and the URL check, then every operation against a
+// local bare repository that serves as "origin", with a second clone pushing to it to make the
+// histories diverge.
 #include "core/commands/RemoteCommands.h"
 #include "RealGitService.h"
 #include "core/service/GitServiceError.h"
@@ -8,10 +8,13 @@
 #include "support/Await.h"
 #include "support/GitFixture.h"
 #include "support/RecordingExecutor.h"
+#include "support/ServiceError.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <functional>
+#include <optional>
 #include <string>
 
 using namespace std::string_literals;
@@ -24,10 +27,6 @@ using Args = std::vector<std::string>;
 
 namespace {
 
-GitServiceError failure(const std::string& command, const std::string& text) {
-    return GitServiceError::commandFailed(command, text);
-}
-
 template <typename Alternative>
 const Alternative& expectCase(const MergeResult& result) {
     EXPECT_TRUE(std::holds_alternative<Alternative>(result)) << RemoteCommands::describe(result);
@@ -38,131 +37,66 @@ const Alternative& expectCase(const MergeResult& result) {
 
 } // namespace
 
-TEST(RemoteCommandArguments, ListAddRemoveFetchAndPushForms) {
-    RecordingExecutor git;
-    git.reply("origin\t/srv/o.git (fetch)\norigin\t/srv/o.git (push)\n");
-    EXPECT_EQ(RemoteCommands::listRemotes(git, "/r"),
-              (std::vector<RemoteEntry>{{"origin", "/srv/o.git", "/srv/o.git"}}));
-    RemoteCommands::addRemote(git, "/r", "fork", "https://example.invalid/a b.git");
-    RemoteCommands::removeRemote(git, "/r", "fork");
-    RemoteCommands::fetch(git, "/r", "origin", false);
-    RemoteCommands::fetch(git, "/r", "origin", true);
-    RemoteCommands::pushBranch(git, "/r", "feature", "origin");
-    RemoteCommands::forcePush(git, "/r", "origin");
-    EXPECT_EQ(git.argumentLists(),
-              (std::vector<Args>{{"remote", "-v"},
-                                 {"remote", "add", "fork", "https://example.invalid/a b.git"},
-                                 {"remote", "remove", "fork"},
-                                 {"fetch", "origin"},
-                                 {"fetch", "--prune", "origin"},
-                                 {"push", "-u", "origin", "feature"},
-                                 {"push", "--force-with-lease", "origin", "HEAD"}}));
-    for (const auto& call : git.calls())
-        EXPECT_EQ(call.repoPath, "/r");
-}
-
-TEST(RemoteCommandArguments, PullFlagOfEachStrategy) {
-    const std::vector<std::pair<PullStrategy, Args>> cases{
-        {PullStrategy::merge, {"pull", "--no-rebase", "origin"}},
-        {PullStrategy::rebase, {"pull", "--rebase", "origin"}},
-        {PullStrategy::fastForwardOnly, {"pull", "--ff-only", "origin"}},
-        {PullStrategy::useConfig, {"pull", "origin"}},
+// Push checks HEAD, then the remote list, before anything reaches the network: a detached HEAD
+// never runs "remote", an unknown name stops before "push", and an unreadable list skips the check.
+TEST(RemoteCommandChecks, PushRunsOnlyPastItsChecks) {
+    struct Case {
+        const char* name;
+        std::vector<std::function<void(RecordingExecutor&)>> replies;
+        std::string remote;
+        std::optional<std::string> error;
+        std::vector<Args> ran;
     };
-    for (const auto& [strategy, expected] : cases) {
+    const auto answer = [](std::string text) { return [text](RecordingExecutor& git) { git.reply(text); }; };
+    const auto fail = [](std::string command) {
+        return [command](RecordingExecutor& git) {
+            git.fail(std::make_exception_ptr(GitServiceError::commandFailed(command, "fatal: scripted\n")));
+        };
+    };
+    const std::vector<Case> cases{
+        {"detached",
+         {fail("symbolic-ref")},
+         "origin",
+         "Cannot push: HEAD is detached. Check out a branch first.",
+         {{"symbolic-ref", "HEAD"}}},
+        {"unknown remote",
+         {answer("refs/heads/main\n"), answer("origin\n")},
+         "orign",
+         "Cannot push: remote \"orign\" does not exist.",
+         {{"symbolic-ref", "HEAD"}, {"remote"}}},
+        {"listed remote",
+         {answer("refs/heads/main\n"), answer("origin\n  upstream  \n\n")},
+         "upstream",
+         std::nullopt,
+         {{"symbolic-ref", "HEAD"}, {"remote"}, {"push", "-u", "upstream", "HEAD"}}},
+        {"unreadable list",
+         {answer("refs/heads/main\n"), fail("remote")},
+         "anything",
+         std::nullopt,
+         {{"symbolic-ref", "HEAD"}, {"remote"}, {"push", "-u", "anything", "HEAD"}}},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.name);
         RecordingExecutor git;
-        git.reply("Already up to date.\n");
-        expectCase<merge::AlreadyUpToDate>(RemoteCommands::pull(git, "/r", "origin", strategy));
-        EXPECT_EQ(git.argumentLists(), std::vector<Args>{expected}) << RemoteCommands::toString(strategy);
+        for (const auto& reply : c.replies)
+            reply(git);
+        if (c.error)
+            EXPECT_EQ(test::serviceError([&] { RemoteCommands::push(git, "/r", c.remote); }).description(),
+                      *c.error);
+        else
+            RemoteCommands::push(git, "/r", c.remote);
+        EXPECT_EQ(git.argumentLists(), c.ran);
     }
 }
 
-TEST(RemoteCommandArguments, PullResultIsReadFromItsOutputAndHead) {
-    RecordingExecutor fastForward;
-    fastForward.reply("Updating 1111111..2222222\nFast-forward\n a.txt | 1 +\n");
-    fastForward.reply("2222222222\n");
-    EXPECT_EQ(
-        expectCase<merge::FastForward>(RemoteCommands::pull(fastForward, "/r", "origin", PullStrategy::merge))
-            .newHead,
-        "2222222222");
-    EXPECT_EQ(fastForward.argumentLists().back(), (Args{"rev-parse", "HEAD"}));
-
-    RecordingExecutor merged;
-    merged.reply("Merge made by the 'ort' strategy.\n");
-    merged.reply("3333333333\n");
-    EXPECT_EQ(expectCase<merge::Merged>(RemoteCommands::pull(merged, "/r", "origin", PullStrategy::merge))
-                  .commitHash,
-              "3333333333");
-}
-
-TEST(RemoteCommandArguments, FailedPullWithoutConflictsKeepsGitsError) {
-    RecordingExecutor git;
-    git.fail(std::make_exception_ptr(failure("pull", "fatal: Not possible to fast-forward, aborting.\n")));
-    git.reply("1 .M N... 100644 100644 100644 aaa bbb a.txt\0"s);
-    try {
-        RemoteCommands::pull(git, "/r", "origin", PullStrategy::fastForwardOnly);
-        FAIL() << "expected an error";
-    } catch (const GitServiceError& error) {
-        EXPECT_EQ(error.kind(), GitServiceError::Kind::commandFailed);
-        EXPECT_NE(error.stderrText().find("Not possible to fast-forward"), std::string::npos);
-    }
-    EXPECT_EQ(git.argumentLists().back(), (Args{"status", "--porcelain=v2", "-uall", "-z"}));
-}
-
-TEST(RemoteCommandArguments, PushChecksHeadThenRemotesThenPushes) {
-    RecordingExecutor git;
-    git.reply("refs/heads/main\n");
-    git.reply("origin\n  upstream  \n\n");
-    RemoteCommands::push(git, "/r", "upstream");
-    EXPECT_EQ(git.argumentLists(),
-              (std::vector<Args>{{"symbolic-ref", "HEAD"}, {"remote"}, {"push", "-u", "upstream", "HEAD"}}));
-}
-
-TEST(RemoteCommandArguments, PushInDetachedStateNeverRunsRemote) {
-    RecordingExecutor git;
-    git.fail(std::make_exception_ptr(failure("symbolic-ref", "fatal: ref HEAD is not a symbolic ref\n")));
-    try {
-        RemoteCommands::push(git, "/r", "origin");
-        FAIL() << "expected detachedHead";
-    } catch (const GitServiceError& error) {
-        EXPECT_EQ(error.kind(), GitServiceError::Kind::detachedHead);
-        EXPECT_STREQ(error.what(), "Cannot push: HEAD is detached. Check out a branch first.");
-    }
-    EXPECT_EQ(git.argumentLists(), (std::vector<Args>{{"symbolic-ref", "HEAD"}}));
-}
-
-TEST(RemoteCommandArguments, PushToUnknownRemoteStopsBeforePushing) {
-    RecordingExecutor git;
-    git.reply("refs/heads/main\n");
-    git.reply("origin\n");
-    try {
-        RemoteCommands::push(git, "/r", "orign");
-        FAIL() << "expected unknownRemote";
-    } catch (const GitServiceError& error) {
-        EXPECT_EQ(error.kind(), GitServiceError::Kind::unknownRemote);
-        EXPECT_STREQ(error.what(), "Cannot push: remote \"orign\" does not exist.");
-    }
-    EXPECT_EQ(git.argumentLists().size(), 2u);
-}
-
-TEST(RemoteCommandArguments, UnreadableRemoteListSkipsTheCheck) {
-    RecordingExecutor git;
-    git.reply("refs/heads/main\n");
-    git.fail(std::make_exception_ptr(failure("remote", "fatal: bad config\n")));
-    RemoteCommands::push(git, "/r", "anything");
-    EXPECT_EQ(git.argumentLists().back(), (Args{"push", "-u", "anything", "HEAD"}));
-}
-
-TEST(RemoteServiceValidation, AddRemoteRefusesAUrlThatLooksLikeAnOptionAndRunsNothing) {
+TEST(RemoteCommandChecks, AddRemoteRefusesAUrlThatLooksLikeAnOptionAndRunsNothing) {
     auto git = std::make_shared<RecordingExecutor>();
     NativeGitService service(git, std::make_shared<GitOpRunner>(1));
     const RepoEntry repo = test::RealGitService::repoAt("/r");
-    try {
-        test::await(service.addRemote(repo, "evil", "  -x"));
-        FAIL() << "expected invalidInput";
-    } catch (const GitServiceError& error) {
-        EXPECT_EQ(error.kind(), GitServiceError::Kind::invalidInput);
-        EXPECT_STREQ(error.what(), "Invalid input: URL must not begin with '-': -x");
-    }
+    const GitServiceError refused =
+        test::serviceError([&] { test::await(service.addRemote(repo, "evil", "  -x")); });
+    EXPECT_EQ(refused.kind(), GitServiceError::Kind::invalidInput);
+    EXPECT_STREQ(refused.what(), "Invalid input: URL must not begin with '-': -x");
     EXPECT_THROW(test::await(service.addRemote(repo, "empty", " ")), GitServiceError);
     EXPECT_TRUE(git->calls().empty());
     // Blanks inside a url are the url's own; only the check trims.
@@ -247,20 +181,17 @@ TEST_F(RemoteRepositories, AddingARemoteRefreshesTheNamesTheGraphUses) {
 
 TEST_F(RemoteRepositories, FetchKeepsDeletedBranchesUnlessPruning) {
     test::git(other.path(), {"push", "-q", "origin", "HEAD:refs/heads/feature"});
+    const auto tracked = [&] {
+        return test::gitAllowingFailure(local.path(), {"rev-parse", "--verify", "-q", "origin/feature"})
+                   .exitCode == 0;
+    };
     test::await(real.service.fetch(repo(), "origin", false));
-    EXPECT_EQ(
-        test::gitAllowingFailure(local.path(), {"rev-parse", "--verify", "-q", "origin/feature"}).exitCode,
-        0);
-
+    EXPECT_TRUE(tracked());
     test::git(other.path(), {"push", "-q", "origin", "--delete", "feature"});
     test::await(real.service.fetch(repo(), "origin", false));
-    EXPECT_EQ(
-        test::gitAllowingFailure(local.path(), {"rev-parse", "--verify", "-q", "origin/feature"}).exitCode,
-        0);
+    EXPECT_TRUE(tracked());
     test::await(real.service.fetch(repo(), "origin", true));
-    EXPECT_NE(
-        test::gitAllowingFailure(local.path(), {"rev-parse", "--verify", "-q", "origin/feature"}).exitCode,
-        0);
+    EXPECT_FALSE(tracked());
 
     EXPECT_THROW(test::await(real.service.fetch(repo(), "nowhere", false)), GitServiceError);
 }
@@ -268,10 +199,12 @@ TEST_F(RemoteRepositories, FetchKeepsDeletedBranchesUnlessPruning) {
 TEST_F(RemoteRepositories, DeleteRemoteBranchRemovesItFromTheRemote) {
     test::git(local.path(), {"push", "-q", "origin", "HEAD:refs/heads/a/b/c"});
     test::await(real.service.deleteRemoteBranch(repo(), "origin", "a/b/c"));
-    EXPECT_NE(test::gitAllowingFailure(origin.path(), {"rev-parse", "--verify", "-q", "refs/heads/a/b/c"}).exitCode,
-              0);
-    EXPECT_EQ(test::gitAllowingFailure(origin.path(), {"rev-parse", "--verify", "-q", "refs/heads/main"}).exitCode,
-              0);
+    EXPECT_NE(
+        test::gitAllowingFailure(origin.path(), {"rev-parse", "--verify", "-q", "refs/heads/a/b/c"}).exitCode,
+        0);
+    EXPECT_EQ(
+        test::gitAllowingFailure(origin.path(), {"rev-parse", "--verify", "-q", "refs/heads/main"}).exitCode,
+        0);
     EXPECT_THROW(test::await(real.service.deleteRemoteBranch(repo(), "origin", "a/b/c")), GitServiceError);
 }
 
@@ -289,14 +222,10 @@ TEST_F(RemoteRepositories, PullOfDivergedHistoryByEachStrategy) {
     const std::string mine = commitIn(local, "mine.txt", "y\n", "mine");
 
     // Only a fast-forward is allowed: git refuses and the error carries its words.
-    try {
-        pull(PullStrategy::fastForwardOnly);
-        FAIL() << "expected a refused pull";
-    } catch (const GitServiceError& error) {
-        EXPECT_EQ(error.command(), "pull");
-        EXPECT_NE(error.stderrText().find("Not possible to fast-forward"), std::string::npos)
-            << error.stderrText();
-    }
+    const GitServiceError refused = test::serviceError([&] { pull(PullStrategy::fastForwardOnly); });
+    EXPECT_EQ(refused.command(), "pull");
+    EXPECT_NE(refused.stderrText().find("Not possible to fast-forward"), std::string::npos)
+        << refused.stderrText();
     EXPECT_EQ(head(local), mine);
 
     const auto merged = expectCase<merge::Merged>(pull(PullStrategy::merge));
@@ -347,14 +276,11 @@ TEST_F(RemoteRepositories, PushSetsUpstreamAndRejectedPushCarriesGitsWords) {
     commitIn(other, "theirs.txt", "x\n", "theirs");
     test::git(other.path(), {"push", "-q", "origin", "main"});
     commitIn(local, "mine2.txt", "z\n", "mine again");
-    try {
-        test::await(real.service.push(repo(), "origin"));
-        FAIL() << "expected a rejected push";
-    } catch (const GitServiceError& error) {
-        EXPECT_EQ(error.kind(), GitServiceError::Kind::commandFailed);
-        EXPECT_EQ(error.command(), "push");
-        EXPECT_NE(error.stderrText().find("rejected"), std::string::npos) << error.stderrText();
-    }
+    const GitServiceError rejected =
+        test::serviceError([&] { test::await(real.service.push(repo(), "origin")); });
+    EXPECT_EQ(rejected.kind(), GitServiceError::Kind::commandFailed);
+    EXPECT_EQ(rejected.command(), "push");
+    EXPECT_NE(rejected.stderrText().find("rejected"), std::string::npos) << rejected.stderrText();
     EXPECT_NE(originMain(), head(local));
 }
 
@@ -374,31 +300,21 @@ TEST_F(RemoteRepositories, ForcePushHonoursItsLease) {
     const std::string theirs = commitIn(other, "late.txt", "z\n", "late");
     test::git(other.path(), {"push", "-q", "origin", "main"});
     commitIn(local, "mine2.txt", "w\n", "mine again");
-    try {
-        test::await(real.service.forcePush(repo(), "origin"));
-        FAIL() << "expected the lease to break";
-    } catch (const GitServiceError& error) {
-        EXPECT_NE(error.stderrText().find("stale info"), std::string::npos) << error.stderrText();
-    }
+    const GitServiceError broken =
+        test::serviceError([&] { test::await(real.service.forcePush(repo(), "origin")); });
+    EXPECT_NE(broken.stderrText().find("stale info"), std::string::npos) << broken.stderrText();
     EXPECT_EQ(originMain(), theirs);
 }
 
 TEST_F(RemoteRepositories, PushRefusesDetachedHeadAndUnknownRemote) {
     test::git(local.path(), {"checkout", "-q", "--detach"});
-    try {
-        test::await(real.service.push(repo(), "origin"));
-        FAIL() << "expected detachedHead";
-    } catch (const GitServiceError& error) {
-        EXPECT_EQ(error.kind(), GitServiceError::Kind::detachedHead);
-    }
+    EXPECT_EQ(test::serviceError([&] { test::await(real.service.push(repo(), "origin")); }).kind(),
+              GitServiceError::Kind::detachedHead);
     test::git(local.path(), {"checkout", "-q", "main"});
     commitIn(local, "mine.txt", "y\n", "mine");
-    try {
-        test::await(real.service.push(repo(), "nowhere"));
-        FAIL() << "expected unknownRemote";
-    } catch (const GitServiceError& error) {
-        EXPECT_EQ(error.kind(), GitServiceError::Kind::unknownRemote);
-        EXPECT_EQ(error.name(), "nowhere");
-    }
+    const GitServiceError unknown =
+        test::serviceError([&] { test::await(real.service.push(repo(), "nowhere")); });
+    EXPECT_EQ(unknown.kind(), GitServiceError::Kind::unknownRemote);
+    EXPECT_EQ(unknown.name(), "nowhere");
     EXPECT_NE(originMain(), head(local));
 }

@@ -1,5 +1,6 @@
-// Opening, creating and cloning repositories: the exact commands, and what real repositories of
-// every shape and in-progress state open as.
+// Opening, creating and cloning repositories: the default-branch choice, the state markers, user
+// paths and URLs kept from git's options, and what real repositories of every shape and
+// in-progress state open as.
 #include "core/commands/RepositoryCommands.h"
 #include "core/process/SubprocessExecutor.h"
 #include "core/queue/GitOpRunner.h"
@@ -9,10 +10,13 @@
 #include "support/Await.h"
 #include "support/GitFixture.h"
 #include "support/RecordingExecutor.h"
+#include "support/ServiceError.h"
 
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <functional>
+#include <optional>
 
 using namespace orvel;
 using test::RecordingExecutor;
@@ -20,90 +24,52 @@ using test::TempDir;
 using test::TempRepo;
 using Args = std::vector<std::string>;
 
-TEST(OpenCommands, ArgumentListsAndRelativeGitDir) {
-    RecordingExecutor git;
-    git.reply(".git\nfalse\n");
-    git.reply("abc123\n");
-    git.reply("main\n");
-    const RepoEntry entry = RepositoryCommands::open(git, "/r");
-    EXPECT_EQ(git.argumentLists(), (std::vector<Args>{{"rev-parse", "--git-dir", "--is-bare-repository"},
-                                                      {"rev-parse", "HEAD"},
-                                                      {"symbolic-ref", "--short", "HEAD"}}));
-    EXPECT_EQ(git.calls()[0].repoPath, "/r");
-    EXPECT_EQ(entry.gitDirPath, "/r/.git");
-    EXPECT_FALSE(entry.isBare);
-    EXPECT_EQ(entry.headHash, "abc123");
-    EXPECT_EQ(entry.currentBranch, "main");
-}
-
-TEST(OpenCommands, FailedLookUpsOnlyLeaveFieldsAbsent) {
-    RecordingExecutor git;
-    git.reply("/abs/gitdir\ntrue\n");
-    git.fail(std::make_exception_ptr(GitServiceError::commandFailed("rev-parse", "unknown revision")));
-    git.reply("\n");
-    const RepoEntry entry = RepositoryCommands::open(git, "/r");
-    EXPECT_EQ(entry.gitDirPath, "/abs/gitdir");
-    EXPECT_TRUE(entry.isBare);
-    EXPECT_FALSE(entry.headHash);
-    EXPECT_FALSE(entry.currentBranch);
-}
-
-TEST(OpenCommands, NoRepositoryIsAnError) {
-    RecordingExecutor git;
-    git.fail(std::make_exception_ptr(GitServiceError::commandFailed("rev-parse", "fatal: not a git repository")));
-    EXPECT_THROW(RepositoryCommands::open(git, "/nowhere"), GitServiceError);
-}
-
-TEST(DefaultBranch, RemoteHeadWinsAndIsCutToItsLastComponent) {
-    RecordingExecutor git;
-    git.reply("refs/remotes/origin/feature/main\n");
-    EXPECT_EQ(RepositoryCommands::defaultBranch(git, "/r"), "main");
-    EXPECT_EQ(git.argumentLists(), (std::vector<Args>{{"symbolic-ref", "refs/remotes/origin/HEAD"}}));
-}
-
-TEST(DefaultBranch, LocalBranchesPreferMainThenMasterThenTheFirst) {
-    auto answer = [](std::string listing) {
-        RecordingExecutor git;
-        git.fail(std::make_exception_ptr(GitServiceError::commandFailed("symbolic-ref", "not a symbolic ref")));
-        git.reply(std::move(listing));
-        auto branch = RepositoryCommands::defaultBranch(git, "/r");
-        EXPECT_EQ(git.argumentLists().back(), (Args{"branch", "--list", "--format=%(refname:short)"}));
-        return branch;
+TEST(DefaultBranch, RemoteHeadWinsElseMainThenMasterThenTheFirstLocalBranch) {
+    struct Case {
+        std::optional<std::string> remoteHead; // absent: origin/HEAD is not a symbolic ref
+        std::string localBranches;
+        std::optional<std::string> expected;
     };
-    EXPECT_EQ(answer("develop\nmaster\nmain\n"), "main");
-    EXPECT_EQ(answer("develop\n  master \n"), "master");
-    EXPECT_EQ(answer("develop\nzeta\n"), "develop");
-    EXPECT_EQ(answer("\n"), std::nullopt);
+    const std::vector<Case> cases{
+        {"refs/remotes/origin/feature/main\n", "", "main"},
+        {std::nullopt, "develop\nmaster\nmain\n", "main"},
+        {std::nullopt, "develop\n  master \n", "master"},
+        {std::nullopt, "develop\nzeta\n", "develop"},
+        {std::nullopt, "\n", std::nullopt},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.localBranches);
+        RecordingExecutor git;
+        if (c.remoteHead)
+            git.reply(*c.remoteHead);
+        else
+            git.fail(std::make_exception_ptr(
+                GitServiceError::commandFailed("symbolic-ref", "not a symbolic ref")));
+        git.reply(c.localBranches);
+        EXPECT_EQ(RepositoryCommands::defaultBranch(git, "/r"), c.expected);
+        std::vector<Args> asked{{"symbolic-ref", "refs/remotes/origin/HEAD"}};
+        if (!c.remoteHead)
+            asked.push_back({"branch", "--list", "--format=%(refname:short)"});
+        EXPECT_EQ(git.argumentLists(), asked);
+    }
 }
 
-TEST(CloneAndInit, ArgumentLists) {
+TEST(CloneAndInit, InitPathsStandBehindTheSeparatorAndOptionLikeUrlsAreRefused) {
     RecordingExecutor git;
-    RepositoryCommands::clone(git, "https://example.invalid/r.git", "/abs/target");
     TempDir dir;
-    RepositoryCommands::init(git, dir / "new/nested", std::string("trunk"));
+    RepositoryCommands::init(git, dir / "-new/nested", std::string("trunk"));
     RepositoryCommands::init(git, dir / "plain", std::nullopt);
-    const auto calls = git.calls();
-    EXPECT_EQ(calls[0].arguments, (Args{"clone", "https://example.invalid/r.git", "/abs/target"}));
-    EXPECT_EQ(calls[0].repoPath, "/");
-    EXPECT_EQ(calls[1].arguments, (Args{"init", "-b", "trunk", "--", dir / "new/nested"}));
-    EXPECT_EQ(calls[1].repoPath, dir / "new/nested");
-    EXPECT_TRUE(std::filesystem::is_directory(dir / "new/nested"));
-    EXPECT_EQ(calls[2].arguments, (Args{"init", "--", dir / "plain"}));
-}
+    EXPECT_EQ(git.argumentLists(), (std::vector<Args>{{"init", "-b", "trunk", "--", dir / "-new/nested"},
+                                                      {"init", "--", dir / "plain"}}));
+    EXPECT_EQ(git.calls()[0].repoPath, dir / "-new/nested");
+    EXPECT_TRUE(std::filesystem::is_directory(dir / "-new/nested"));
 
-TEST(CloneAndInit, UrlsThatGitWouldReadAsOptionsAreRefused) {
-    try {
-        RepositoryCommands::validateCloneUrl("  --upload-pack=touch /tmp/pwned ");
-        FAIL();
-    } catch (const GitServiceError& error) {
-        EXPECT_STREQ(error.what(), "Invalid input: URL must not begin with '-': --upload-pack=touch /tmp/pwned");
-    }
-    try {
-        RepositoryCommands::validateCloneUrl(" \t ");
-        FAIL();
-    } catch (const GitServiceError& error) {
-        EXPECT_STREQ(error.what(), "Invalid input: URL must not be empty");
-    }
+    for (const auto& [input, message] : std::vector<std::pair<std::string, std::string>>{
+             {"  --upload-pack=touch /tmp/pwned ",
+              "Invalid input: URL must not begin with '-': --upload-pack=touch /tmp/pwned"},
+             {" \t ", "Invalid input: URL must not be empty"}})
+        EXPECT_STREQ(test::serviceError([url = input] { RepositoryCommands::validateCloneUrl(url); }).what(),
+                     message.c_str());
 }
 
 TEST(StateDetection, MarkerFilesInTheirFixedOrder) {
@@ -127,7 +93,7 @@ TEST(StateDetection, MarkerFilesInTheirFixedOrder) {
 namespace {
 
 class OpenRealRepository : public ::testing::Test {
-protected:
+  protected:
     InMemoryUserDefaults defaults;
     NativeGitService service{std::make_shared<SubprocessExecutor>(std::nullopt, defaults),
                              std::make_shared<GitOpRunner>(4)};
@@ -181,57 +147,48 @@ TEST_F(OpenRealRepository, LinkedWorktreeKeepsItsAbsoluteGitDirAndItsOwnState) {
 }
 
 TEST_F(OpenRealRepository, EveryInProgressStateFromRealCommands) {
-    {
+    const std::vector<std::pair<RepositoryState, std::function<void(const TempRepo&)>>> cases{
+        {RepositoryState::merging,
+         [](const TempRepo& repo) {
+             repo.gitAllowingFailure({"merge", "topic"});
+         }},
+        {RepositoryState::rebasing,
+         [](const TempRepo& repo) {
+             repo.gitAllowingFailure({"rebase", "topic"});
+         }},
+        {RepositoryState::cherryPicking,
+         [](const TempRepo& repo) {
+             repo.gitAllowingFailure({"cherry-pick", "topic"});
+         }},
+        {RepositoryState::reverting,
+         [](const TempRepo& repo) {
+             repo.write("file", "later\n");
+             repo.commitAll("later");
+             repo.gitAllowingFailure({"revert", "--no-edit", "HEAD~1"});
+         }},
+        {RepositoryState::bisecting,
+         [](const TempRepo& repo) {
+             repo.git({"bisect", "start"});
+         }},
+        {RepositoryState::applyingMailbox,
+         [](const TempRepo& repo) {
+             repo.write("topic.patch", repo.git({"format-patch", "-1", "--stdout", "topic"}));
+             repo.gitAllowingFailure({"am", repo / "topic.patch"});
+         }},
+    };
+    for (const auto& [state, enter] : cases) {
         TempRepo repo;
         repo.divergeOnOneFile();
-        repo.gitAllowingFailure({"merge", "topic"});
-        EXPECT_EQ(open(repo.path()).state, RepositoryState::merging);
-    }
-    {
-        TempRepo repo;
-        repo.divergeOnOneFile();
-        repo.gitAllowingFailure({"rebase", "topic"});
-        EXPECT_EQ(open(repo.path()).state, RepositoryState::rebasing);
-    }
-    {
-        TempRepo repo;
-        repo.divergeOnOneFile();
-        repo.gitAllowingFailure({"cherry-pick", "topic"});
-        EXPECT_EQ(open(repo.path()).state, RepositoryState::cherryPicking);
-    }
-    {
-        TempRepo repo;
-        repo.divergeOnOneFile();
-        repo.write("file", "later\n");
-        repo.commitAll("later");
-        repo.gitAllowingFailure({"revert", "--no-edit", "HEAD~1"});
-        EXPECT_EQ(open(repo.path()).state, RepositoryState::reverting);
-    }
-    {
-        TempRepo repo;
-        repo.divergeOnOneFile();
-        repo.git({"bisect", "start"});
-        EXPECT_EQ(open(repo.path()).state, RepositoryState::bisecting);
-    }
-    {
-        TempRepo repo;
-        repo.divergeOnOneFile();
-        const std::string patch = repo.git({"format-patch", "-1", "--stdout", "topic"});
-        repo.write("topic.patch", patch);
-        repo.gitAllowingFailure({"am", repo / "topic.patch"});
-        EXPECT_EQ(open(repo.path()).state, RepositoryState::applyingMailbox);
+        enter(repo);
+        EXPECT_EQ(open(repo.path()).state, state) << static_cast<int>(state);
     }
 }
 
 TEST_F(OpenRealRepository, NotARepositoryFailsWithGitsWords) {
     TempDir plain;
-    try {
-        open(plain.path());
-        FAIL() << "expected an error";
-    } catch (const GitServiceError& error) {
-        EXPECT_EQ(error.command(), "rev-parse");
-        EXPECT_NE(error.stderrText().find("not a git repository"), std::string::npos);
-    }
+    const GitServiceError error = test::serviceError([&] { open(plain.path()); });
+    EXPECT_EQ(error.command(), "rev-parse");
+    EXPECT_NE(error.stderrText().find("not a git repository"), std::string::npos);
 }
 
 TEST_F(OpenRealRepository, CloneFromALocalBareRepositoryAndInit) {
@@ -257,7 +214,8 @@ TEST_F(OpenRealRepository, CloneFromALocalBareRepositoryAndInit) {
 
 TEST_F(OpenRealRepository, CloneWithAnOptionLikeUrlRunsNothing) {
     TempDir place;
-    EXPECT_THROW(test::await(service.cloneRepository("--upload-pack=touch " + (place / "pwned"), place / "c")),
-                 GitServiceError);
+    EXPECT_THROW(
+        test::await(service.cloneRepository("--upload-pack=touch " + (place / "pwned"), place / "c")),
+        GitServiceError);
     EXPECT_TRUE(std::filesystem::is_empty(place.path()));
 }
