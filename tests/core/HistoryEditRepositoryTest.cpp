@@ -6,6 +6,7 @@
 #include "core/service/GitServiceError.h"
 #include "support/Await.h"
 #include "support/GitFixture.h"
+#include "support/ServiceError.h"
 
 #include <gtest/gtest.h>
 
@@ -75,6 +76,11 @@ TEST_F(HistoryEditInRepository, CherryPickConflictThenTheirs) {
     const OperationResult result = test::await(real.service.cherryPick(entry(), theirs));
     EXPECT_EQ(conflictPaths(result), std::vector<std::string>{awkward});
 
+    // A path that is not in conflict fails and stages nothing.
+    EXPECT_THROW(test::await(real.service.resolveConflictUsingOurs(entry(), "-missing file")),
+                 GitServiceError);
+    EXPECT_EQ(unmerged(), awkward + "\n");
+
     test::await(real.service.resolveConflictUsingTheirs(entry(), awkward));
     EXPECT_EQ(repo.read(awkward), "theirs\n");
     EXPECT_EQ(unmerged(), "");
@@ -84,50 +90,31 @@ TEST_F(HistoryEditInRepository, CherryPickConflictThenTheirs) {
 TEST_F(HistoryEditInRepository, EmptyPickIsGitsError) {
     repo.write("a.txt", "a\n");
     const std::string only = repo.commitAll("base");
-    try {
-        test::await(real.service.cherryPick(entry(), only));
-        FAIL() << "expected commandFailed";
-    } catch (const GitServiceError& error) {
-        EXPECT_EQ(error.kind(), GitServiceError::Kind::commandFailed);
-        EXPECT_NE(error.stderrText().find("empty"), std::string::npos) << error.stderrText();
-    }
+    const GitServiceError error =
+        test::serviceError([&] { test::await(real.service.cherryPick(entry(), only)); });
+    EXPECT_EQ(error.kind(), GitServiceError::Kind::commandFailed);
+    EXPECT_NE(error.stderrText().find("empty"), std::string::npos) << error.stderrText();
     EXPECT_THROW(test::await(real.service.cherryPick(entry(), "0000000000000000000000000000000000000000")),
                  GitServiceError);
 }
 
-TEST_F(HistoryEditInRepository, RevertUndoesACommit) {
-    repo.write("a.txt", "one\n");
-    repo.commitAll("one");
-    repo.write("a.txt", "two\n");
-    const std::string two = repo.commitAll("two");
-    const OperationResult result = test::await(real.service.revert(entry(), two));
-    EXPECT_TRUE(std::holds_alternative<operation::Success>(result));
-    EXPECT_EQ(repo.read("a.txt"), "one\n");
-    EXPECT_EQ(subject(), "Revert \"two\"\n");
-    EXPECT_EQ(porcelain(), "");
-}
-
-TEST_F(HistoryEditInRepository, RevertConflictThenOurs) {
+TEST_F(HistoryEditInRepository, RevertUndoesACommitOrStopsOnAConflictThenOurs) {
     repo.write(awkward, "one\n");
     repo.commitAll("one");
     repo.write(awkward, "two\n");
     const std::string two = repo.commitAll("two");
+    EXPECT_TRUE(std::holds_alternative<operation::Success>(test::await(real.service.revert(entry(), two))));
+    EXPECT_EQ(repo.read(awkward), "one\n");
+    EXPECT_EQ(subject(), "Revert \"two\"\n");
+    EXPECT_EQ(porcelain(), "");
+
     repo.write(awkward, "three\n");
     repo.commitAll("three");
-
-    const OperationResult result = test::await(real.service.revert(entry(), two));
-    EXPECT_EQ(conflictPaths(result), std::vector<std::string>{awkward});
+    EXPECT_EQ(conflictPaths(test::await(real.service.revert(entry(), two))),
+              std::vector<std::string>{awkward});
     test::await(real.service.resolveConflictUsingOurs(entry(), awkward));
     EXPECT_EQ(repo.read(awkward), "three\n");
     EXPECT_EQ(unmerged(), "");
-}
-
-TEST_F(HistoryEditInRepository, ResolvingAMissingPathFailsAndStagesNothing) {
-    const std::string theirs = divergedBranches();
-    test::await(real.service.cherryPick(entry(), theirs));
-    EXPECT_THROW(test::await(real.service.resolveConflictUsingOurs(entry(), "-missing file")),
-                 GitServiceError);
-    EXPECT_EQ(unmerged(), awkward + "\n");
 }
 
 TEST_F(HistoryEditInRepository, ResetInEachMode) {

@@ -1,15 +1,15 @@
-// Hunk staging: the one-hunk patch cut from git's text, the argument lists and the patch file's
-// life, and stage, unstage and discard against real repositories.
+// Hunk staging: the one-hunk patch cut from git's text, the private patch file and its removal on
+// every path, and stage, unstage and discard against real repositories.
 #include "core/commands/HunkPatch.h"
 #include "core/parsers/DiffParser.h"
 #include "core/process/SubprocessExecutor.h"
 #include "core/queue/GitOpRunner.h"
 #include "core/service/GitServiceError.h"
-#include "core/service/MockGitService.h"
 #include "core/service/NativeGitService.h"
 #include "core/support/UserDefaults.h"
 #include "support/Await.h"
 #include "support/GitFixture.h"
+#include "support/ServiceError.h"
 
 #include <gtest/gtest.h>
 
@@ -187,13 +187,10 @@ TEST_F(HunkArguments, EachActionReReadsThenAppliesAPrivatePatchFile) {
 }
 
 TEST_F(HunkArguments, NoPatchFileOutlivesAFailure) {
-    try {
-        await(service.stageHunk(repo, "r.txt", numbers(2, 5, 2, 5)));
-        ADD_FAILURE() << "a missing hunk must fail";
-    } catch (const GitServiceError& error) {
-        EXPECT_EQ(error.kind(), GitServiceError::Kind::parseFailed);
-        EXPECT_EQ(error.description(), notFound);
-    }
+    const GitServiceError missing =
+        test::serviceError([&] { await(service.stageHunk(repo, "r.txt", numbers(2, 5, 2, 5))); });
+    EXPECT_EQ(missing.kind(), GitServiceError::Kind::parseFailed);
+    EXPECT_EQ(missing.description(), notFound);
     EXPECT_EQ(git->calls.size(), 1u);
 
     git->rejectApply = true;
@@ -247,12 +244,8 @@ TEST_F(HunkStaging, AHunkThatMovedFailsAndChangesNothing) {
     const auto shown = diff(DiffContext::unstaged()).files.at(0).hunks.at(1);
     // Two new lines at the top shift every later hunk.
     repo.write("r.txt", "new\nlines\n" + repo.read("r.txt"));
-    try {
-        await(service.stageHunk(entry(), "r.txt", shown));
-        ADD_FAILURE() << "a moved hunk must not be staged";
-    } catch (const GitServiceError& error) {
-        EXPECT_EQ(error.description(), notFound);
-    }
+    EXPECT_EQ(test::serviceError([&] { await(service.stageHunk(entry(), "r.txt", shown)); }).description(),
+              notFound);
     EXPECT_TRUE(diff(DiffContext::staged()).files.empty());
     EXPECT_TRUE(tmpIsEmpty());
 }
@@ -302,38 +295,13 @@ TEST_F(HunkStaging, ARejectedApplySurfacesGitsMessageAndLeavesNoPatch) {
     twoChanges("r.txt");
     const auto hunk = diff(DiffContext::unstaged()).files.at(0).hunks.at(0);
     test::writeFile(repo / ".git/index.lock", "");
-    try {
-        await(service.stageHunk(entry(), "r.txt", hunk));
-        ADD_FAILURE() << "a locked index must refuse the patch";
-    } catch (const GitServiceError& error) {
-        EXPECT_EQ(error.kind(), GitServiceError::Kind::commandFailed);
-        EXPECT_NE(error.stderrText().find("index.lock"), std::string::npos) << error.stderrText();
-    }
+    const GitServiceError locked =
+        test::serviceError([&] { await(service.stageHunk(entry(), "r.txt", hunk)); });
+    EXPECT_EQ(locked.kind(), GitServiceError::Kind::commandFailed);
+    EXPECT_NE(locked.stderrText().find("index.lock"), std::string::npos) << locked.stderrText();
     fs::remove(repo / ".git/index.lock");
     EXPECT_TRUE(diff(DiffContext::staged()).files.empty());
     EXPECT_TRUE(tmpIsEmpty());
-}
-
-TEST(MockHunkStaging, HunksMoveBetweenTheCannedDiffs) {
-    MockGitService mock;
-    const RepoEntry repo = await(mock.open("/mock"));
-    const auto hunk = await(mock.diff(repo, DiffContext::unstaged(), std::nullopt)).files.at(0).hunks.at(1);
-    await(mock.stageHunk(repo, "src/main.cpp", hunk));
-    EXPECT_EQ(mock.unstagedDiff.files.at(0).hunks.size(), 1u);
-    EXPECT_EQ(mock.unstagedDiff.files.at(0).deletions, 0);
-    const auto staged = await(mock.diff(repo, DiffContext::staged(), std::nullopt));
-    ASSERT_EQ(staged.files.size(), 2u);
-    EXPECT_EQ(staged.files[1].hunks.at(0).oldStart, 9);
-    try {
-        await(mock.discardHunk(repo, "src/main.cpp", hunk));
-        ADD_FAILURE() << "the hunk is no longer unstaged";
-    } catch (const GitServiceError& error) {
-        EXPECT_EQ(error.description(), notFound);
-    }
-    await(mock.unstageHunk(repo, "src/main.cpp", hunk));
-    EXPECT_EQ(mock.stagedDiff.files.size(), 1u);
-    EXPECT_EQ(mock.unstagedDiff.files.at(0).hunks.size(), 2u);
-    EXPECT_EQ(await(mock.commitFileChanges(repo, "abc")).at(1).originalPath, "notes.txt");
 }
 
 } // namespace

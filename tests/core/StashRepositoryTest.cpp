@@ -5,6 +5,7 @@
 #include "core/service/GitServiceError.h"
 #include "support/Await.h"
 #include "support/GitFixture.h"
+#include "support/ServiceError.h"
 
 #include <gtest/gtest.h>
 
@@ -84,13 +85,10 @@ TEST_F(StashInRepository, ApplyOverLocalChangesIsAnErrorNotAConflict) {
     repo.write("a.txt", "stashed\n");
     test::await(real.service.stashSave(entry(), std::nullopt, false));
     repo.write("a.txt", "dirty\n");
-    try {
-        test::await(real.service.stashApply(entry(), 0));
-        FAIL() << "expected commandFailed";
-    } catch (const GitServiceError& error) {
-        EXPECT_EQ(error.kind(), GitServiceError::Kind::commandFailed);
-        EXPECT_NE(error.stderrText().find("overwritten"), std::string::npos) << error.stderrText();
-    }
+    const GitServiceError error =
+        test::serviceError([&] { test::await(real.service.stashApply(entry(), 0)); });
+    EXPECT_EQ(error.kind(), GitServiceError::Kind::commandFailed);
+    EXPECT_NE(error.stderrText().find("overwritten"), std::string::npos) << error.stderrText();
     EXPECT_EQ(repo.read("a.txt"), "dirty\n");
     EXPECT_EQ(list().size(), 1u);
 }
