@@ -27,15 +27,23 @@ class StashInRepository : public ::testing::Test {
 
 } // namespace
 
-TEST_F(StashInRepository, SavesAndPopsUntrackedFiles) {
+TEST_F(StashInRepository, UntrackedFilesGoIntoTheStashOnlyWhenAsked) {
     repo.write("a.txt", "base\n");
     repo.commitAll("base");
     repo.write("a.txt", "changed\n");
     repo.write("new file.txt", "new\n");
 
+    test::await(real.service.stashSave(entry(), std::nullopt, false));
+    EXPECT_EQ(porcelain(), "?? \"new file.txt\"\n");
+    auto stashes = list();
+    ASSERT_EQ(stashes.size(), 1u);
+    EXPECT_FALSE(stashes[0].includesUntracked);
+    EXPECT_EQ(stashes[0].message.rfind("WIP on main:", 0), 0u) << stashes[0].message;
+    test::await(real.service.stashPop(entry()));
+
     test::await(real.service.stashSave(entry(), "keep $(this) \"safe\""s, true));
     EXPECT_EQ(porcelain(), "");
-    auto stashes = list();
+    stashes = list();
     ASSERT_EQ(stashes.size(), 1u);
     EXPECT_EQ(stashes[0].index, 0);
     EXPECT_EQ(stashes[0].message, "On main: keep $(this) \"safe\"");
@@ -47,19 +55,6 @@ TEST_F(StashInRepository, SavesAndPopsUntrackedFiles) {
     EXPECT_EQ(repo.read("a.txt"), "changed\n");
     EXPECT_EQ(repo.read("new file.txt"), "new\n");
     EXPECT_TRUE(list().empty());
-}
-
-TEST_F(StashInRepository, WithoutUntrackedTheUntrackedFileStays) {
-    repo.write("a.txt", "base\n");
-    repo.commitAll("base");
-    repo.write("a.txt", "changed\n");
-    repo.write("loose.txt", "loose\n");
-    test::await(real.service.stashSave(entry(), std::nullopt, false));
-    EXPECT_EQ(porcelain(), "?? loose.txt\n");
-    const auto stashes = list();
-    ASSERT_EQ(stashes.size(), 1u);
-    EXPECT_FALSE(stashes[0].includesUntracked);
-    EXPECT_EQ(stashes[0].message.rfind("WIP on main:", 0), 0u) << stashes[0].message;
 }
 
 TEST_F(StashInRepository, PopThatConflictsReportsTheFilesAndKeepsTheStash) {

@@ -39,7 +39,7 @@ class TagsInRepository : public ::testing::Test {
 
 } // namespace
 
-TEST_F(TagsInRepository, AnnotatedAndLightweightTagsAreListed) {
+TEST_F(TagsInRepository, AnnotatedAndLightweightTagsAreListedAndDeleted) {
     test::await(real.service.createTag(entry(), "v1.0", std::nullopt, "Release $(one) \"q\""s));
     test::await(real.service.createTag(entry(), "light", first, std::nullopt));
 
@@ -53,6 +53,10 @@ TEST_F(TagsInRepository, AnnotatedAndLightweightTagsAreListed) {
     EXPECT_EQ(listed[1].targetHash, second); // no hash given: HEAD
     EXPECT_EQ(repo.git({"cat-file", "-t", "v1.0"}), "tag\n");
     EXPECT_EQ(repo.git({"tag", "-l", "--format=%(contents:subject)", "v1.0"}), "Release $(one) \"q\"\n");
+
+    test::await(real.service.deleteTag(entry(), "light"));
+    EXPECT_EQ(repo.git({"tag", "-l"}), "v1.0\n");
+    EXPECT_THROW(test::await(real.service.deleteTag(entry(), "light")), GitServiceError);
 }
 
 TEST_F(TagsInRepository, DetailIsWhatShowPrints) {
@@ -63,14 +67,6 @@ TEST_F(TagsInRepository, DetailIsWhatShowPrints) {
     EXPECT_NE(detail.find("Release notes"), std::string::npos);
     EXPECT_NE(detail.find("commit " + first), std::string::npos);
     EXPECT_THROW(test::await(real.service.tagDetail(entry(), "missing")), GitServiceError);
-}
-
-TEST_F(TagsInRepository, DeleteRemovesOnlyThatTag) {
-    test::await(real.service.createTag(entry(), "a", std::nullopt, std::nullopt));
-    test::await(real.service.createTag(entry(), "b", std::nullopt, std::nullopt));
-    test::await(real.service.deleteTag(entry(), "a"));
-    EXPECT_EQ(repo.git({"tag", "-l"}), "b\n");
-    EXPECT_THROW(test::await(real.service.deleteTag(entry(), "a")), GitServiceError);
 }
 
 TEST_F(TagsInRepository, CheckoutDetachesAtTheTagNotAtABranchOfTheSameName) {
@@ -99,17 +95,13 @@ TEST_F(TagsInRepository, OptionLikeNamesChangeNothing) {
     EXPECT_EQ(repo.git({"symbolic-ref", "HEAD"}), "refs/heads/main\n");
 }
 
-TEST_F(TagsInRepository, WithoutAMessageTheTagStaysLightweightEvenWhenSigningIsOn) {
+TEST_F(TagsInRepository, OnlyAMessageMakesAnAnnotatedTagEvenWhenSigningIsOn) {
     repo.git({"config", "core.editor", "false"}); // a regression fails here instead of waiting
     repo.git({"config", "tag.gpgSign", "yes"});
     test::await(real.service.createTag(entry(), "plain", std::nullopt, std::nullopt));
     EXPECT_EQ(repo.git({"cat-file", "-t", "plain"}), "commit\n");
     EXPECT_EQ(repo.git({"config", "tag.gpgSign"}), "yes\n");
-}
-
-TEST_F(TagsInRepository, AnEmptyMessageStillMakesAnAnnotatedTag) {
-    test::await(real.service.createTag(entry(), "plain", std::nullopt, std::nullopt));
-    EXPECT_EQ(repo.git({"cat-file", "-t", "plain"}), "commit\n");
+    repo.git({"config", "tag.gpgSign", "no"});
     test::await(real.service.createTag(entry(), "noted", std::nullopt, ""s));
     EXPECT_EQ(repo.git({"cat-file", "-t", "noted"}), "tag\n");
 }
