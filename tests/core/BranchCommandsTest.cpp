@@ -1,5 +1,7 @@
 // Branch commands: what they do to real repositories, the reading of merged branches, and the
 // refusal of names that git would read as options before git runs.
+#include "RealGitService.h"
+
 #include "core/commands/BranchCommands.h"
 #include "core/process/SubprocessExecutor.h"
 #include "core/queue/GitOpRunner.h"
@@ -119,7 +121,7 @@ TEST_F(BranchesInRealRepository, CreateAndCheckoutFromAStartPoint) {
     EXPECT_EQ(repo.read("file"), "base\n");
 }
 
-TEST_F(BranchesInRealRepository, UnmergedBranchNeedsForceToGo) {
+TEST_F(BranchesInRealRepository, GitErrorsReachTheCallerAndChangeNothing) {
     repo.git({"checkout", "-q", "-b", "topic"});
     repo.write("file", "topic\n");
     repo.commitAll("topic");
@@ -129,13 +131,6 @@ TEST_F(BranchesInRealRepository, UnmergedBranchNeedsForceToGo) {
                   BranchCommands::deleteBranch(git, repo.path(), "topic", false);
               }).find("not fully merged"),
               std::string::npos);
-    EXPECT_EQ(localNames(), (Args{"main", "topic"}));
-    BranchCommands::deleteBranch(git, repo.path(), "topic", true);
-    EXPECT_EQ(localNames(), (Args{"main"}));
-}
-
-TEST_F(BranchesInRealRepository, GitErrorsReachTheCaller) {
-    BranchCommands::createBranch(git, repo.path(), "topic", std::nullopt);
     EXPECT_NE(stderrOf([&] {
                   BranchCommands::createBranch(git, repo.path(), "topic", std::nullopt);
               }).find("already exists"),
@@ -143,6 +138,8 @@ TEST_F(BranchesInRealRepository, GitErrorsReachTheCaller) {
     EXPECT_FALSE(stderrOf([&] { BranchCommands::checkoutBranch(git, repo.path(), "nowhere"); }).empty());
     EXPECT_FALSE(stderrOf([&] { BranchCommands::deleteBranch(git, repo.path(), "main", true); }).empty());
     EXPECT_EQ(localNames(), (Args{"main", "topic"}));
+    BranchCommands::deleteBranch(git, repo.path(), "topic", true);
+    EXPECT_EQ(localNames(), (Args{"main"}));
 }
 
 TEST_F(BranchesInRealRepository, MergedBranchesListsReachableTipsButNotTheTarget) {
@@ -158,9 +155,8 @@ TEST_F(BranchesInRealRepository, MergedBranchesListsReachableTipsButNotTheTarget
 }
 
 TEST(BranchService, NativeServiceRunsTheCommandsInTheRepositoryQueue) {
-    InMemoryUserDefaults defaults;
-    NativeGitService service{std::make_shared<SubprocessExecutor>(std::nullopt, defaults),
-                             std::make_shared<GitOpRunner>(2)};
+    test::RealGitService real;
+    NativeGitService& service = real.service;
     TempRepo repo;
     repo.commitAll("base");
     const RepoEntry entry = test::await(service.open(repo.path()));

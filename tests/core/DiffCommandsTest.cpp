@@ -1,11 +1,11 @@
 // The diff operations: revisions that read as options refused before git runs, and results on
 // real repositories, with each file's counts checked against git's own numstat.
-#include "core/process/SubprocessExecutor.h"
+#include "RealGitService.h"
+
 #include "core/queue/GitOpRunner.h"
 #include "core/service/GitServiceError.h"
 #include "core/service/NativeGitService.h"
 #include "core/support/Text.h"
-#include "core/support/UserDefaults.h"
 #include "support/Await.h"
 #include "support/GitFixture.h"
 #include "support/RecordingExecutor.h"
@@ -23,16 +23,12 @@ namespace {
 
 using test::await;
 
-RepoEntry repositoryAt(const std::string& path) {
-    RepoEntry entry;
-    entry.path = path;
-    return entry;
-}
+using test::RealGitService;
 
 TEST(DiffArguments, RevisionsThatReadAsOptionsAreRefusedBeforeGitRuns) {
     const auto git = std::make_shared<test::RecordingExecutor>();
     NativeGitService service{git, std::make_shared<GitOpRunner>(2)};
-    const RepoEntry repo = repositoryAt("/repo");
+    const RepoEntry repo = RealGitService::repoAt("/repo");
     EXPECT_THROW(await(service.diff(repo, DiffContext::commit("--output=/tmp/x"), std::nullopt)),
                  GitServiceError);
     EXPECT_THROW(await(service.diff(repo, DiffContext::commit("-p", 0), std::nullopt)), GitServiceError);
@@ -123,14 +119,13 @@ class DiffHistory : public ::testing::Test {
     DiffResult shown(const std::string& hash) {
         return await(service.diff(entry(), DiffContext::commit(hash), std::nullopt));
     }
-    RepoEntry entry() const { return repositoryAt(repo.path()); }
+    RepoEntry entry() const { return RealGitService::repoAt(repo.path()); }
 
     const std::string nonUtf8 = "caf\xe9.txt";
     test::TempRepo repo;
     std::vector<std::string> commits;
-    InMemoryUserDefaults defaults;
-    NativeGitService service{std::make_shared<SubprocessExecutor>(std::nullopt, defaults),
-                             std::make_shared<GitOpRunner>(2)};
+    RealGitService real;
+    NativeGitService& service = real.service;
 };
 
 TEST_F(DiffHistory, EveryFileCountsWhatNumstatCounts) {
@@ -183,7 +178,7 @@ TEST_F(DiffHistory, KindsOfChangeAreRecognised) {
     EXPECT_EQ(symlink->status, DiffStatus::added);
 }
 
-TEST_F(DiffHistory, FileChangesOfACommit) {
+TEST_F(DiffHistory, FileChangesOfACommitAndGitsFailures) {
     const auto root = await(service.commitFileChanges(entry(), commits[0]));
     EXPECT_EQ(root.size(), 7u);
     for (const auto& change : root)
@@ -203,6 +198,10 @@ TEST_F(DiffHistory, FileChangesOfACommit) {
     EXPECT_EQ(statusOf("a.txt"), TrackedStatus::deleted);
     EXPECT_EQ(statusOf("dir with space/file b.txt"), TrackedStatus::modified);
     EXPECT_EQ(statusOf("bin.dat"), TrackedStatus::modified);
+
+    EXPECT_THROW(await(service.diff(entry(), DiffContext::commit("no-such-commit"), std::nullopt)),
+                 GitServiceError);
+    EXPECT_THROW(await(service.commitFileChanges(entry(), std::string(40, '0'))), GitServiceError);
 }
 
 TEST_F(DiffHistory, WorkingTreeIndexStashAndRange) {
@@ -262,13 +261,6 @@ TEST_F(DiffHistory, MergeCommitAgainstEitherParent) {
     ASSERT_EQ(viaFirstParent.files.size(), 1u);
     EXPECT_EQ(viaFirstParent.files[0].newPath, "side.txt");
     EXPECT_EQ(viaFirstParent.files[0].additions, 1);
-}
-
-TEST_F(DiffHistory, GitFailuresComeBackAsErrors) {
-    EXPECT_THROW(await(service.diff(entry(), DiffContext::commit("no-such-commit"), std::nullopt)),
-                 GitServiceError);
-    EXPECT_THROW(await(service.commitFileChanges(entry(), "0000000000000000000000000000000000000000")),
-                 GitServiceError);
 }
 
 } // namespace

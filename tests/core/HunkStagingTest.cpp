@@ -1,12 +1,12 @@
 // Hunk staging: the one-hunk patch cut from git's text, the private patch file and its removal on
 // every path, and stage, unstage and discard against real repositories.
+#include "RealGitService.h"
+
 #include "core/commands/HunkPatch.h"
 #include "core/parsers/DiffParser.h"
-#include "core/process/SubprocessExecutor.h"
 #include "core/queue/GitOpRunner.h"
 #include "core/service/GitServiceError.h"
 #include "core/service/NativeGitService.h"
-#include "core/support/UserDefaults.h"
 #include "support/Await.h"
 #include "support/GitFixture.h"
 #include "support/ServiceError.h"
@@ -26,11 +26,7 @@ using HunkCommands::hunkHeaderMatches;
 using test::await;
 using Arguments = GitExecutorProtocol::Arguments;
 
-RepoEntry repositoryAt(const std::string& path) {
-    RepoEntry entry;
-    entry.path = path;
-    return entry;
-}
+using test::RealGitService;
 
 const std::string notFound =
     "Failed to parse git apply: target hunk not found \u2014 file may have changed since "
@@ -155,7 +151,7 @@ class HunkArguments : public PrivateTempDirectory {
   protected:
     std::shared_ptr<ApplyWatchingExecutor> git = std::make_shared<ApplyWatchingExecutor>();
     NativeGitService service{git, std::make_shared<GitOpRunner>(2)};
-    RepoEntry repo = repositoryAt("/repo");
+    RepoEntry repo = RealGitService::repoAt("/repo");
 };
 
 TEST_F(HunkArguments, EachActionReReadsThenAppliesAPrivatePatchFile) {
@@ -207,7 +203,7 @@ class HunkStaging : public PrivateTempDirectory {
             text += prefix + std::to_string(n) + "\n";
         return text;
     }
-    RepoEntry entry() const { return repositoryAt(repo.path()); }
+    RepoEntry entry() const { return RealGitService::repoAt(repo.path()); }
     DiffResult diff(DiffContext context) { return await(service.diff(entry(), context, std::nullopt)); }
 
     // Commits `path` with twenty rows, then changes row 2 and row 18: two hunks in the working tree.
@@ -218,12 +214,11 @@ class HunkStaging : public PrivateTempDirectory {
     }
 
     test::TempRepo repo;
-    InMemoryUserDefaults defaults;
-    NativeGitService service{std::make_shared<SubprocessExecutor>(std::nullopt, defaults),
-                             std::make_shared<GitOpRunner>(2)};
+    RealGitService real;
+    NativeGitService& service = real.service;
 };
 
-TEST_F(HunkStaging, OfTwoHunksOnlyTheTargetIsStaged) {
+TEST_F(HunkStaging, OfTwoHunksOnlyTheTargetIsStagedOrDiscarded) {
     twoChanges("r.txt");
     const auto hunks = diff(DiffContext::unstaged()).files.at(0).hunks;
     ASSERT_EQ(hunks.size(), 2u);
@@ -236,6 +231,12 @@ TEST_F(HunkStaging, OfTwoHunksOnlyTheTargetIsStaged) {
     const auto unstaged = diff(DiffContext::unstaged()).files.at(0);
     ASSERT_EQ(unstaged.hunks.size(), 1u);
     EXPECT_EQ(unstaged.hunks[0].oldStart, hunks[0].oldStart);
+
+    // Discarding the other one reverts it in the work tree and leaves the staged one alone.
+    await(service.discardHunk(entry(), "r.txt", unstaged.hunks[0]));
+    EXPECT_EQ(repo.read("r.txt"), rows(1, 17) + "row eighteen\n" + rows(19, 20));
+    EXPECT_TRUE(diff(DiffContext::unstaged()).files.empty());
+    EXPECT_EQ(diff(DiffContext::staged()).files.at(0).hunks.size(), 1u);
     EXPECT_TRUE(tmpIsEmpty());
 }
 
@@ -265,14 +266,6 @@ TEST_F(HunkStaging, UnstageFindsOnlyHunksOfTheStagedDiff) {
     ASSERT_EQ(left.size(), 1u);
     EXPECT_EQ(left[0].oldStart, stagedHunks[1].oldStart);
     EXPECT_EQ(repo.read("r.txt").substr(0, 7), "on top\n");
-    EXPECT_TRUE(tmpIsEmpty());
-}
-
-TEST_F(HunkStaging, DiscardRevertsOnlyTheTargetInTheWorkingTree) {
-    twoChanges("r.txt");
-    await(service.discardHunk(entry(), "r.txt", diff(DiffContext::unstaged()).files.at(0).hunks.at(0)));
-    EXPECT_EQ(repo.read("r.txt"), rows(1, 17) + "row eighteen\n" + rows(19, 20));
-    EXPECT_TRUE(diff(DiffContext::staged()).files.empty());
     EXPECT_TRUE(tmpIsEmpty());
 }
 

@@ -1,5 +1,7 @@
 // Merge and rebase commands: option-like targets refused before git runs, the rebase-stop reader
 // over its state files, and what real repositories do with each outcome.
+#include "RealGitService.h"
+
 #include "core/commands/MergeCommands.h"
 #include "core/commands/RebaseStop.h"
 #include "core/commands/RepositoryCommands.h"
@@ -190,24 +192,22 @@ TEST_F(MergesInRealRepository, ConflictsOfSeveralKindsComeBackWithTheirFiles) {
     EXPECT_EQ(repo.git({"status", "--porcelain"}), "");
 }
 
-TEST_F(MergesInRealRepository, MergeBlockedByLocalChangesLeavesTheWorkTreeAlone) {
+TEST_F(MergesInRealRepository, RefusedMergesLeaveHeadAndWorkTreeAlone) {
     repo.divergeOnOneFile();
     const std::string head = repo.head();
     repo.write("file", "uncommitted\n");
-    const GitServiceError error =
+    const GitServiceError blocked =
         test::serviceError([&] { MergeCommands::merge(git, repo.path(), "topic"); });
-    EXPECT_EQ(error.kind(), GitServiceError::Kind::commandFailed);
-    EXPECT_EQ(error.command(), "merge");
-    EXPECT_NE(error.stderrText().find("would be overwritten by merge"), std::string::npos)
-        << error.stderrText();
+    EXPECT_EQ(blocked.kind(), GitServiceError::Kind::commandFailed);
+    EXPECT_EQ(blocked.command(), "merge");
+    EXPECT_NE(blocked.stderrText().find("would be overwritten by merge"), std::string::npos)
+        << blocked.stderrText();
     EXPECT_EQ(repo.read("file"), "uncommitted\n");
     EXPECT_EQ(repo.head(), head);
     EXPECT_FALSE(exists(".git/MERGE_HEAD"));
-}
+    repo.git({"checkout", "--", "file"});
 
-TEST_F(MergesInRealRepository, FastForwardOnlyRefusesDivergedBranches) {
-    repo.divergeOnOneFile();
-    const std::string head = repo.head();
+    // Fast-forward only refuses diverged branches, and moves to one that is ahead.
     const GitServiceError error =
         test::serviceError([&] { MergeCommands::fastForwardMerge(git, repo.path(), "topic"); });
     EXPECT_EQ(error.command(), "merge");
@@ -286,26 +286,23 @@ TEST_F(MergesInRealRepository, RebaseConflictThenContinueWithUnresolvedFiles) {
               "topic adds more\ntopic changes file\nmain changes file\n");
 }
 
-TEST_F(MergesInRealRepository, SkipOfTheLastStepEndsTheRebase) {
+TEST_F(MergesInRealRepository, SkipOfTheLastStepEndsTheRebaseAndThenNothingContinues) {
     repo.divergeOnOneFile();
     const std::string mainHead = repo.head();
     repo.git({"checkout", "-q", "topic"});
+    const std::string topicHead = repo.head();
     ASSERT_TRUE(std::holds_alternative<RebaseStop>(MergeCommands::rebase(git, repo.path(), "main")));
     EXPECT_TRUE(std::holds_alternative<rebase::Success>(MergeCommands::rebaseSkip(git, entry())));
     EXPECT_EQ(repo.head(), mainHead);
     EXPECT_EQ(repo.git({"symbolic-ref", "--short", "HEAD"}), "topic\n");
     EXPECT_FALSE(exists(".git/rebase-merge"));
-}
 
-TEST_F(MergesInRealRepository, ContinueAfterTheRebaseVanishedIsAnError) {
-    repo.divergeOnOneFile();
-    repo.git({"checkout", "-q", "topic"});
-    const std::string topicHead = repo.head();
+    // A rebase stopped, then aborted: continue, skip and abort have nothing to work on.
+    repo.git({"reset", "-q", "--hard", topicHead});
     ASSERT_TRUE(std::holds_alternative<RebaseStop>(MergeCommands::rebase(git, repo.path(), "main")));
     MergeCommands::abortRebase(git, repo.path());
     EXPECT_EQ(repo.head(), topicHead);
     EXPECT_FALSE(exists(".git/rebase-merge"));
-
     const GitServiceError error = test::serviceError([&] { MergeCommands::rebaseContinue(git, entry()); });
     EXPECT_EQ(error.command(), "rebase");
     EXPECT_EQ(error.stderrText(), "Rebase failed unexpectedly");
@@ -336,9 +333,8 @@ TEST_F(MergesInRealRepository, AbortCherryPickAndRevert) {
 }
 
 TEST(MergeService, NativeServiceReportsTheConflictAndAborts) {
-    InMemoryUserDefaults defaults;
-    NativeGitService service{std::make_shared<SubprocessExecutor>(std::nullopt, defaults),
-                             std::make_shared<GitOpRunner>(2)};
+    test::RealGitService real;
+    NativeGitService& service = real.service;
     TempRepo repo;
     repo.divergeOnOneFile();
     const RepoEntry entry = test::await(service.open(repo.path()));

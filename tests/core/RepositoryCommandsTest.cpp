@@ -1,12 +1,12 @@
 // Opening, creating and cloning repositories: the default-branch choice, the state markers, user
 // paths and URLs kept from git's options, and what real repositories of every shape and
 // in-progress state open as.
+#include "RealGitService.h"
+
 #include "core/commands/RepositoryCommands.h"
-#include "core/process/SubprocessExecutor.h"
 #include "core/queue/GitOpRunner.h"
 #include "core/service/GitServiceError.h"
 #include "core/service/NativeGitService.h"
-#include "core/support/UserDefaults.h"
 #include "support/Await.h"
 #include "support/GitFixture.h"
 #include "support/RecordingExecutor.h"
@@ -74,29 +74,26 @@ TEST(CloneAndInit, InitPathsStandBehindTheSeparatorAndOptionLikeUrlsAreRefused) 
 
 TEST(StateDetection, MarkerFilesInTheirFixedOrder) {
     TempDir gitDir;
-    auto touch = [&](const std::string& relative) { test::writeFile(gitDir / relative, ""); };
     EXPECT_EQ(RepositoryCommands::detectState(gitDir.path()), RepositoryState::clean);
-    touch("BISECT_LOG");
-    EXPECT_EQ(RepositoryCommands::detectState(gitDir.path()), RepositoryState::bisecting);
-    touch("REVERT_HEAD");
-    EXPECT_EQ(RepositoryCommands::detectState(gitDir.path()), RepositoryState::reverting);
-    touch("CHERRY_PICK_HEAD");
-    EXPECT_EQ(RepositoryCommands::detectState(gitDir.path()), RepositoryState::cherryPicking);
-    touch("rebase-apply/patch");
-    EXPECT_EQ(RepositoryCommands::detectState(gitDir.path()), RepositoryState::rebasing);
-    touch("rebase-apply/applying");
-    EXPECT_EQ(RepositoryCommands::detectState(gitDir.path()), RepositoryState::applyingMailbox);
-    touch("MERGE_HEAD");
-    EXPECT_EQ(RepositoryCommands::detectState(gitDir.path()), RepositoryState::merging);
+    // Each marker added wins over the ones before it.
+    for (const auto& [marker, state] : std::vector<std::pair<std::string, RepositoryState>>{
+             {"BISECT_LOG", RepositoryState::bisecting},
+             {"REVERT_HEAD", RepositoryState::reverting},
+             {"CHERRY_PICK_HEAD", RepositoryState::cherryPicking},
+             {"rebase-apply/patch", RepositoryState::rebasing},
+             {"rebase-apply/applying", RepositoryState::applyingMailbox},
+             {"MERGE_HEAD", RepositoryState::merging}}) {
+        test::writeFile(gitDir / marker, "");
+        EXPECT_EQ(RepositoryCommands::detectState(gitDir.path()), state) << marker;
+    }
 }
 
 namespace {
 
 class OpenRealRepository : public ::testing::Test {
   protected:
-    InMemoryUserDefaults defaults;
-    NativeGitService service{std::make_shared<SubprocessExecutor>(std::nullopt, defaults),
-                             std::make_shared<GitOpRunner>(4)};
+    test::RealGitService real;
+    NativeGitService& service = real.service;
 
     RepoEntry open(const std::string& path) { return test::await(service.open(path)); }
 };

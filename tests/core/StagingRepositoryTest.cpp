@@ -114,7 +114,7 @@ TEST_F(StagingInRepository, RefusingHookLeavesIndexAndHistoryAsTheyWere) {
     EXPECT_EQ(staged(), "file.txt\0"s);
 }
 
-TEST_F(StagingInRepository, CommitReadsTheNewCommitBack) {
+TEST_F(StagingInRepository, CommitReadsTheNewCommitBackAndAnAmendWithNothingStagedReplacesTheMessage) {
     const std::string parent = repo.commitAll("base");
     repo.write("file.txt", "content\n");
     test::await(service.stage(entry(), "file.txt"));
@@ -126,18 +126,13 @@ TEST_F(StagingInRepository, CommitReadsTheNewCommitBack) {
     EXPECT_EQ(made.authorName, "Orvel Test");
     EXPECT_EQ(made.refs, std::vector<std::string>{"HEAD -> main"});
     EXPECT_EQ(staged(), "");
-}
 
-TEST_F(StagingInRepository, AmendWithNothingStagedReplacesTheMessage) {
-    const std::string root = repo.commitAll("root");
-    repo.write("file.txt", "content\n");
-    const std::string first = repo.commitAll("first message");
     const CommitEntry amended = test::await(service.amendCommit(entry(), "second message"));
-    EXPECT_NE(amended.hash, first);
+    EXPECT_NE(amended.hash, made.hash);
     EXPECT_EQ(amended.hash, repo.head());
     EXPECT_EQ(amended.subject, "second message");
-    EXPECT_EQ(amended.parentHashes, std::vector<std::string>{root});
-    EXPECT_EQ(repo.git({"rev-parse", first + "^{tree}"}), repo.git({"rev-parse", "HEAD^{tree}"}));
+    EXPECT_EQ(amended.parentHashes, std::vector<std::string>{parent});
+    EXPECT_EQ(repo.git({"rev-parse", made.hash + "^{tree}"}), repo.git({"rev-parse", "HEAD^{tree}"}));
     EXPECT_EQ(lastMessage(), "second message\n");
 }
 

@@ -1,11 +1,9 @@
 // Status of real working trees: every record kind, all seven conflict kinds, and paths that
 // must come back byte for byte and go back to git unchanged.
+#include "RealGitService.h"
+
 #include "core/commands/MergeCommands.h"
-#include "core/process/SubprocessExecutor.h"
-#include "core/queue/GitOpRunner.h"
-#include "core/service/NativeGitService.h"
 #include "core/service/OperationResults.h"
-#include "core/support/UserDefaults.h"
 #include "support/Await.h"
 #include "support/GitFixture.h"
 
@@ -21,17 +19,14 @@ namespace {
 
 class StatusOfARealRepository : public ::testing::Test {
   protected:
-    InMemoryUserDefaults defaults;
-    std::shared_ptr<SubprocessExecutor> executor =
-        std::make_shared<SubprocessExecutor>(std::nullopt, defaults);
-    NativeGitService service{executor, std::make_shared<GitOpRunner>(4)};
+    test::RealGitService real;
+    SubprocessExecutor& executor = *real.executor;
     TempRepo repo;
 
     std::map<std::string, FileChange> statusByPath() {
-        RepoEntry entry;
-        entry.path = repo.path();
+        const RepoEntry entry = test::RealGitService::repoAt(repo.path());
         std::map<std::string, FileChange> byPath;
-        for (auto& file : test::await(service.status(entry)).files)
+        for (auto& file : test::await(real.service.status(entry)).files)
             byPath.emplace(file.path, file);
         return byPath;
     }
@@ -81,7 +76,7 @@ TEST_F(StatusOfARealRepository, EveryRecordKindWithOddNames) {
 
     // The same bytes go back to git: staging each odd path by the name status gave.
     for (const auto& name : {withNewline, withDash, notUtf8})
-        executor->execute({"add", "--", files[name].path}, repo.path());
+        executor.execute({"add", "--", files[name].path}, repo.path());
     files = statusByPath();
     for (const auto& name : {withNewline, withDash, notUtf8})
         EXPECT_EQ(files[name].status,
@@ -123,7 +118,7 @@ void mergeWithEveryConflictKind(const TempRepo& repo) {
 TEST_F(StatusOfARealRepository, AllSevenConflictKinds) {
     mergeWithEveryConflictKind(repo);
     // The merge's own conflict query reads the same seven.
-    const MergeResult merged = MergeCommands::merge(*executor, repo.path(), "theirs");
+    const MergeResult merged = MergeCommands::merge(executor, repo.path(), "theirs");
     ASSERT_TRUE(std::holds_alternative<Conflicted>(merged));
     EXPECT_EQ(std::get<Conflicted>(merged).files.size(), 7u);
 
