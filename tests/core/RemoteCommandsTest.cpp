@@ -5,6 +5,7 @@
 #include "RealGitService.h"
 #include "core/service/GitServiceError.h"
 #include "core/service/NativeGitService.h"
+#include "core/support/Text.h"
 #include "support/Await.h"
 #include "support/GitFixture.h"
 #include "support/RecordingExecutor.h"
@@ -13,7 +14,6 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <functional>
 #include <optional>
 #include <string>
 
@@ -21,7 +21,6 @@ using namespace std::string_literals;
 
 using namespace orvel;
 using test::RecordingExecutor;
-using test::TempDir;
 using test::TempRepo;
 using Args = std::vector<std::string>;
 
@@ -41,45 +40,36 @@ const Alternative& expectCase(const MergeResult& result) {
 // never runs "remote", an unknown name stops before "push", and an unreadable list skips the check.
 TEST(RemoteCommandChecks, PushRunsOnlyPastItsChecks) {
     struct Case {
-        const char* name;
-        std::vector<std::function<void(RecordingExecutor&)>> replies;
+        std::vector<std::optional<std::string>>
+            replies; // of "symbolic-ref HEAD", then "remote"; absent: fails
         std::string remote;
         std::optional<std::string> error;
         std::vector<Args> ran;
     };
-    const auto answer = [](std::string text) { return [text](RecordingExecutor& git) { git.reply(text); }; };
-    const auto fail = [](std::string command) {
-        return [command](RecordingExecutor& git) {
-            git.fail(std::make_exception_ptr(GitServiceError::commandFailed(command, "fatal: scripted\n")));
-        };
-    };
     const std::vector<Case> cases{
-        {"detached",
-         {fail("symbolic-ref")},
+        {{std::nullopt},
          "origin",
          "Cannot push: HEAD is detached. Check out a branch first.",
          {{"symbolic-ref", "HEAD"}}},
-        {"unknown remote",
-         {answer("refs/heads/main\n"), answer("origin\n")},
+        {{"refs/heads/main\n", "origin\n"},
          "orign",
          "Cannot push: remote \"orign\" does not exist.",
          {{"symbolic-ref", "HEAD"}, {"remote"}}},
-        {"listed remote",
-         {answer("refs/heads/main\n"), answer("origin\n  upstream  \n\n")},
+        {{"refs/heads/main\n", "origin\n  upstream  \n\n"},
          "upstream",
          std::nullopt,
          {{"symbolic-ref", "HEAD"}, {"remote"}, {"push", "-u", "upstream", "HEAD"}}},
-        {"unreadable list",
-         {answer("refs/heads/main\n"), fail("remote")},
+        // An unreadable remote list skips the check.
+        {{"refs/heads/main\n", std::nullopt},
          "anything",
          std::nullopt,
          {{"symbolic-ref", "HEAD"}, {"remote"}, {"push", "-u", "anything", "HEAD"}}},
     };
     for (const Case& c : cases) {
-        SCOPED_TRACE(c.name);
+        SCOPED_TRACE(c.remote);
         RecordingExecutor git;
         for (const auto& reply : c.replies)
-            reply(git);
+            reply ? git.reply(*reply) : git.fail("scripted");
         if (c.error)
             EXPECT_EQ(test::serviceError([&] { RemoteCommands::push(git, "/r", c.remote); }).description(),
                       *c.error);
@@ -112,26 +102,19 @@ class RemoteRepositories : public ::testing::Test {
         seed.write("shared.txt", "one\ntwo\nthree\n");
         seed.commitAll("initial");
         seed.git({"push", "-q", origin.path(), "main"});
-        test::git(local.path(), {"clone", "-q", origin.path(), "."});
-        test::git(other.path(), {"clone", "-q", "file://" + origin.path(), "."});
+        local.git({"clone", "-q", origin.path(), "."});
+        other.git({"clone", "-q", "file://" + origin.path(), "."});
     }
 
-    std::string commitIn(const TempDir& clone, const std::string& file, const std::string& content,
-                         const std::string& message) {
-        test::writeFile(clone / file, content);
-        test::git(clone.path(), {"add", "--", file});
-        test::git(clone.path(), {"commit", "-q", "-m", message});
-        return head(clone);
+    static std::string commitIn(const TempRepo& clone, const std::string& file, const std::string& content,
+                                const std::string& message) {
+        clone.write(file, content);
+        return clone.commitAll(message);
     }
-
-    static std::string head(const TempDir& clone) { return trimmedHead(clone.path(), "HEAD"); }
-    std::string originMain() const { return trimmedHead(origin.path(), "main"); }
-    static std::string trimmedHead(const std::string& dir, const std::string& rev) {
-        std::string out = test::git(dir, {"rev-parse", rev});
-        while (!out.empty() && out.back() == '\n')
-            out.pop_back();
-        return out;
+    static std::string revision(const TempRepo& repo, const std::string& rev) {
+        return trimmed(repo.git({"rev-parse", rev}));
     }
+    std::string originMain() const { return revision(origin, "main"); }
 
     MergeResult pull(PullStrategy strategy) {
         return test::await(real.service.pull(repo(), "origin", strategy));
@@ -139,8 +122,8 @@ class RemoteRepositories : public ::testing::Test {
     RepoEntry repo() const { return test::RealGitService::repoAt(local.path()); }
 
     TempRepo origin{TempRepo::Kind::bare};
-    TempDir local;
-    TempDir other;
+    TempRepo local{TempRepo::Kind::uninitialised};
+    TempRepo other{TempRepo::Kind::uninitialised};
     test::RealGitService real;
 };
 
@@ -150,7 +133,7 @@ TEST_F(RemoteRepositories, ListAddAndRemoveRemotes) {
     EXPECT_EQ(remotes[0], (RemoteEntry{"origin", origin.path(), origin.path()}));
 
     test::await(real.service.addRemote(repo(), "mirror", "file://" + other.path()));
-    test::git(local.path(), {"remote", "set-url", "--push", "mirror", "/srv/push only.git"});
+    local.git({"remote", "set-url", "--push", "mirror", "/srv/push only.git"});
     remotes = test::await(real.service.listRemotes(repo()));
     ASSERT_EQ(remotes.size(), 2u);
     EXPECT_EQ(remotes[0], (RemoteEntry{"mirror", "file://" + other.path(), "/srv/push only.git"}));
@@ -180,14 +163,13 @@ TEST_F(RemoteRepositories, AddingARemoteRefreshesTheNamesTheGraphUses) {
 }
 
 TEST_F(RemoteRepositories, FetchKeepsDeletedBranchesUnlessPruning) {
-    test::git(other.path(), {"push", "-q", "origin", "HEAD:refs/heads/feature"});
+    other.git({"push", "-q", "origin", "HEAD:refs/heads/feature"});
     const auto tracked = [&] {
-        return test::gitAllowingFailure(local.path(), {"rev-parse", "--verify", "-q", "origin/feature"})
-                   .exitCode == 0;
+        return local.gitAllowingFailure({"rev-parse", "--verify", "-q", "origin/feature"}).exitCode == 0;
     };
     test::await(real.service.fetch(repo(), "origin", false));
     EXPECT_TRUE(tracked());
-    test::git(other.path(), {"push", "-q", "origin", "--delete", "feature"});
+    other.git({"push", "-q", "origin", "--delete", "feature"});
     test::await(real.service.fetch(repo(), "origin", false));
     EXPECT_TRUE(tracked());
     test::await(real.service.fetch(repo(), "origin", true));
@@ -197,28 +179,24 @@ TEST_F(RemoteRepositories, FetchKeepsDeletedBranchesUnlessPruning) {
 }
 
 TEST_F(RemoteRepositories, DeleteRemoteBranchRemovesItFromTheRemote) {
-    test::git(local.path(), {"push", "-q", "origin", "HEAD:refs/heads/a/b/c"});
+    local.git({"push", "-q", "origin", "HEAD:refs/heads/a/b/c"});
     test::await(real.service.deleteRemoteBranch(repo(), "origin", "a/b/c"));
-    EXPECT_NE(
-        test::gitAllowingFailure(origin.path(), {"rev-parse", "--verify", "-q", "refs/heads/a/b/c"}).exitCode,
-        0);
-    EXPECT_EQ(
-        test::gitAllowingFailure(origin.path(), {"rev-parse", "--verify", "-q", "refs/heads/main"}).exitCode,
-        0);
+    EXPECT_NE(origin.gitAllowingFailure({"rev-parse", "--verify", "-q", "refs/heads/a/b/c"}).exitCode, 0);
+    EXPECT_EQ(origin.gitAllowingFailure({"rev-parse", "--verify", "-q", "refs/heads/main"}).exitCode, 0);
     EXPECT_THROW(test::await(real.service.deleteRemoteBranch(repo(), "origin", "a/b/c")), GitServiceError);
 }
 
 TEST_F(RemoteRepositories, PullFastForwardsThenIsUpToDate) {
     const std::string theirs = commitIn(other, "theirs.txt", "x\n", "theirs");
-    test::git(other.path(), {"push", "-q", "origin", "main"});
+    other.git({"push", "-q", "origin", "main"});
     EXPECT_EQ(expectCase<merge::FastForward>(pull(PullStrategy::fastForwardOnly)).newHead, theirs);
-    EXPECT_EQ(head(local), theirs);
+    EXPECT_EQ(local.head(), theirs);
     expectCase<merge::AlreadyUpToDate>(pull(PullStrategy::useConfig));
 }
 
 TEST_F(RemoteRepositories, PullOfDivergedHistoryByEachStrategy) {
     commitIn(other, "theirs.txt", "x\n", "theirs");
-    test::git(other.path(), {"push", "-q", "origin", "main"});
+    other.git({"push", "-q", "origin", "main"});
     const std::string mine = commitIn(local, "mine.txt", "y\n", "mine");
 
     // Only a fast-forward is allowed: git refuses and the error carries its words.
@@ -226,35 +204,35 @@ TEST_F(RemoteRepositories, PullOfDivergedHistoryByEachStrategy) {
     EXPECT_EQ(refused.command(), "pull");
     EXPECT_NE(refused.stderrText().find("Not possible to fast-forward"), std::string::npos)
         << refused.stderrText();
-    EXPECT_EQ(head(local), mine);
+    EXPECT_EQ(local.head(), mine);
 
     const auto merged = expectCase<merge::Merged>(pull(PullStrategy::merge));
-    EXPECT_EQ(merged.commitHash, head(local));
+    EXPECT_EQ(merged.commitHash, local.head());
     // A merge commit whose first parent is the local commit.
-    EXPECT_EQ(test::git(local.path(), {"log", "-1", "--format=%P"}).substr(0, 41), mine + " ");
+    EXPECT_EQ(local.git({"log", "-1", "--format=%P"}).substr(0, 41), mine + " ");
 
     // Undo the merge and replay the local commit on top instead.
-    test::git(local.path(), {"reset", "-q", "--hard", mine});
+    local.git({"reset", "-q", "--hard", mine});
     const auto rebased = expectCase<merge::Merged>(pull(PullStrategy::rebase));
-    EXPECT_EQ(rebased.commitHash, head(local));
-    EXPECT_EQ(trimmedHead(local.path(), "HEAD~1"), trimmedHead(local.path(), "origin/main"));
+    EXPECT_EQ(rebased.commitHash, local.head());
+    EXPECT_EQ(revision(local, "HEAD~1"), revision(local, "origin/main"));
 
     // The configured strategy applies when none is chosen.
-    test::git(local.path(), {"reset", "-q", "--hard", mine});
-    test::git(local.path(), {"config", "pull.rebase", "true"});
+    local.git({"reset", "-q", "--hard", mine});
+    local.git({"config", "pull.rebase", "true"});
     expectCase<merge::Merged>(pull(PullStrategy::useConfig));
-    EXPECT_EQ(trimmedHead(local.path(), "HEAD~1"), trimmedHead(local.path(), "origin/main"));
+    EXPECT_EQ(revision(local, "HEAD~1"), revision(local, "origin/main"));
 }
 
 TEST_F(RemoteRepositories, ConflictingPullAnswersTheConflictedFiles) {
     commitIn(other, "shared.txt", "one\ntheirs\nthree\n", "theirs");
-    test::git(other.path(), {"push", "-q", "origin", "main"});
+    other.git({"push", "-q", "origin", "main"});
     commitIn(local, "shared.txt", "one\nmine\nthree\n", "mine");
 
     const auto merging = expectCase<Conflicted>(pull(PullStrategy::merge));
     ASSERT_EQ(merging.files.size(), 1u);
     EXPECT_EQ(merging.files[0].path, "shared.txt");
-    test::git(local.path(), {"merge", "--abort"});
+    local.git({"merge", "--abort"});
 
     const auto rebasing = expectCase<Conflicted>(pull(PullStrategy::rebase));
     ASSERT_EQ(rebasing.files.size(), 1u);
@@ -263,30 +241,30 @@ TEST_F(RemoteRepositories, ConflictingPullAnswersTheConflictedFiles) {
 
 TEST_F(RemoteRepositories, PushSetsUpstreamAndRejectedPushCarriesGitsWords) {
     const std::string mine = commitIn(local, "mine.txt", "y\n", "mine");
-    test::git(local.path(), {"checkout", "-q", "-b", "topic"});
+    local.git({"checkout", "-q", "-b", "topic"});
     test::await(real.service.push(repo(), "origin"));
-    EXPECT_EQ(trimmedHead(origin.path(), "topic"), mine);
-    EXPECT_EQ(test::git(local.path(), {"config", "branch.topic.remote"}), "origin\n");
+    EXPECT_EQ(revision(origin, "topic"), mine);
+    EXPECT_EQ(local.git({"config", "branch.topic.remote"}), "origin\n");
 
-    test::git(local.path(), {"checkout", "-q", "main"});
+    local.git({"checkout", "-q", "main"});
     test::await(real.service.pushBranch(repo(), "main", "origin"));
     EXPECT_EQ(originMain(), mine);
 
-    test::git(other.path(), {"pull", "-q", "--no-rebase", "origin", "main"});
+    other.git({"pull", "-q", "--no-rebase", "origin", "main"});
     commitIn(other, "theirs.txt", "x\n", "theirs");
-    test::git(other.path(), {"push", "-q", "origin", "main"});
+    other.git({"push", "-q", "origin", "main"});
     commitIn(local, "mine2.txt", "z\n", "mine again");
     const GitServiceError rejected =
         test::serviceError([&] { test::await(real.service.push(repo(), "origin")); });
     EXPECT_EQ(rejected.kind(), GitServiceError::Kind::commandFailed);
     EXPECT_EQ(rejected.command(), "push");
     EXPECT_NE(rejected.stderrText().find("rejected"), std::string::npos) << rejected.stderrText();
-    EXPECT_NE(originMain(), head(local));
+    EXPECT_NE(originMain(), local.head());
 }
 
 TEST_F(RemoteRepositories, ForcePushHonoursItsLease) {
     commitIn(other, "theirs.txt", "x\n", "theirs");
-    test::git(other.path(), {"push", "-q", "origin", "main"});
+    other.git({"push", "-q", "origin", "main"});
     test::await(real.service.fetch(repo(), "origin", false));
     const std::string mine = commitIn(local, "mine.txt", "y\n", "mine");
 
@@ -295,10 +273,10 @@ TEST_F(RemoteRepositories, ForcePushHonoursItsLease) {
     EXPECT_EQ(originMain(), mine);
 
     // Someone pushes after the last fetch: the lease breaks and origin keeps their commit.
-    test::git(other.path(), {"fetch", "-q", "origin"});
-    test::git(other.path(), {"reset", "-q", "--hard", "origin/main"});
+    other.git({"fetch", "-q", "origin"});
+    other.git({"reset", "-q", "--hard", "origin/main"});
     const std::string theirs = commitIn(other, "late.txt", "z\n", "late");
-    test::git(other.path(), {"push", "-q", "origin", "main"});
+    other.git({"push", "-q", "origin", "main"});
     commitIn(local, "mine2.txt", "w\n", "mine again");
     const GitServiceError broken =
         test::serviceError([&] { test::await(real.service.forcePush(repo(), "origin")); });
@@ -307,14 +285,14 @@ TEST_F(RemoteRepositories, ForcePushHonoursItsLease) {
 }
 
 TEST_F(RemoteRepositories, PushRefusesDetachedHeadAndUnknownRemote) {
-    test::git(local.path(), {"checkout", "-q", "--detach"});
+    local.git({"checkout", "-q", "--detach"});
     EXPECT_EQ(test::serviceError([&] { test::await(real.service.push(repo(), "origin")); }).kind(),
               GitServiceError::Kind::detachedHead);
-    test::git(local.path(), {"checkout", "-q", "main"});
+    local.git({"checkout", "-q", "main"});
     commitIn(local, "mine.txt", "y\n", "mine");
     const GitServiceError unknown =
         test::serviceError([&] { test::await(real.service.push(repo(), "nowhere")); });
     EXPECT_EQ(unknown.kind(), GitServiceError::Kind::unknownRemote);
     EXPECT_EQ(unknown.name(), "nowhere");
-    EXPECT_NE(originMain(), head(local));
+    EXPECT_NE(originMain(), local.head());
 }

@@ -43,8 +43,7 @@ TEST(DefaultBranch, RemoteHeadWinsElseMainThenMasterThenTheFirstLocalBranch) {
         if (c.remoteHead)
             git.reply(*c.remoteHead);
         else
-            git.fail(std::make_exception_ptr(
-                GitServiceError::commandFailed("symbolic-ref", "not a symbolic ref")));
+            git.fail("symbolic-ref");
         git.reply(c.localBranches);
         EXPECT_EQ(RepositoryCommands::defaultBranch(git, "/r"), c.expected);
         std::vector<Args> asked{{"symbolic-ref", "refs/remotes/origin/HEAD"}};

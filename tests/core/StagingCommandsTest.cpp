@@ -1,9 +1,10 @@
 // What real repositories cannot show of staging and committing: every path stands behind "--",
-// unstaging falls back to removing from the index when "reset" cannot run, and signing follows the
-// configuration (the test machine has no key to sign with).
+// unstaging falls back to removing from the index when "reset" cannot run, and commits and tags
+// are signed as the configuration says (the test machine has no key to sign with).
 #include "RealGitService.h"
 
 #include "core/commands/StagingCommands.h"
+#include "core/commands/TagCommands.h"
 #include "core/queue/GitOpRunner.h"
 #include "core/service/NativeGitService.h"
 #include "support/Await.h"
@@ -18,10 +19,6 @@ using Arguments = GitExecutorProtocol::Arguments;
 namespace {
 
 const Arguments verifyHead{"rev-parse", "--verify", "HEAD"};
-
-std::exception_ptr gitFailure(const char* command) {
-    return std::make_exception_ptr(GitServiceError::commandFailed(command, "fatal: scripted\n"));
-}
 
 std::string historyRecord(const std::string& subject) {
     using namespace std::string_literals;
@@ -55,12 +52,12 @@ TEST(StagingArguments, PathsStandBehindTheSeparator) {
 
 TEST(StagingArguments, UnstageWithoutHeadOrWithAFailedResetRemovesFromTheIndex) {
     test::RecordingExecutor git;
-    git.fail(gitFailure("rev-parse"));
+    git.fail("rev-parse");
     StagingCommands::unstage(git, "/r", "-f");
     git.reply("");
-    git.fail(gitFailure("reset"));
+    git.fail("reset");
     StagingCommands::unstageFiles(git, "/r", {"a", "b"});
-    git.fail(gitFailure("rev-parse"));
+    git.fail("rev-parse");
     StagingCommands::unstageAll(git, "/r");
     EXPECT_EQ(git.argumentLists(), (std::vector<Arguments>{verifyHead,
                                                            {"rm", "--cached", "--", "-f"},
@@ -69,27 +66,33 @@ TEST(StagingArguments, UnstageWithoutHeadOrWithAFailedResetRemovesFromTheIndex) 
                                                            {"rm", "--cached", "--", "a", "b"},
                                                            verifyHead,
                                                            {"rm", "--cached", "-r", "."}}));
-    git.fail(gitFailure("rev-parse"));
-    git.fail(gitFailure("rm"));
+    git.fail("rev-parse");
+    git.fail("rm");
     EXPECT_THROW(StagingCommands::unstage(git, "/r", "f"), GitServiceError);
 }
 
-TEST(CommitSigning, OnlyTrueInAnyCaseAndSpacingCounts) {
-    test::RecordingExecutor git;
-    for (const auto& [answer, enabled] : std::vector<std::pair<std::string, bool>>{{" True \n", true},
-                                                                                   {"true\n", true},
-                                                                                   {"TRUE", true},
-                                                                                   {"", false},
-                                                                                   {"\n", false},
-                                                                                   {"false\n", false},
-                                                                                   {"yes\n", false},
-                                                                                   {"1\n", false}}) {
-        git.reply(answer);
-        EXPECT_EQ(StagingCommands::signingEnabled(git, "/r"), enabled) << answer;
+TEST(SigningLookUp, CommitAndTagSigningCountOnlyTrueInAnyCaseAndSpacing) {
+    using LookUp = bool (*)(GitExecutorProtocol&, const std::string&);
+    for (const auto& [lookUp, key] :
+         std::vector<std::pair<LookUp, std::string>>{{&StagingCommands::signingEnabled, "commit.gpgsign"},
+                                                     {&TagCommands::signingEnabled, "tag.gpgsign"}}) {
+        SCOPED_TRACE(key);
+        test::RecordingExecutor git;
+        for (const auto& [answer, enabled] : std::vector<std::pair<std::string, bool>>{{" True \n", true},
+                                                                                       {"true\n", true},
+                                                                                       {"TRUE", true},
+                                                                                       {"", false},
+                                                                                       {"\n", false},
+                                                                                       {"false\n", false},
+                                                                                       {"yes\n", false},
+                                                                                       {"1\n", false}}) {
+            git.reply(answer);
+            EXPECT_EQ(lookUp(git, "/r"), enabled) << answer;
+        }
+        git.fail("config");
+        EXPECT_FALSE(lookUp(git, "/r"));
+        EXPECT_EQ(git.argumentLists(), std::vector<Arguments>(9, Arguments{"config", key}));
     }
-    git.fail(gitFailure("config"));
-    EXPECT_FALSE(StagingCommands::signingEnabled(git, "/r"));
-    EXPECT_EQ(git.argumentLists().back(), (Arguments{"config", "commit.gpgsign"}));
 }
 
 TEST(CommitSigning, ServiceAsksBeforeCommitAndAmendThenReadsTheCommitBack) {

@@ -1,7 +1,7 @@
 // What real repositories cannot show of the stash, tag, history-editing, conflict-side, blame,
 // file-history and blob commands: user names never reach git as options (paths behind "--", tags
-// behind "tags/", option-like names refused with nothing run), the signing look-up, and how the
-// conflict recovery treats errors of its own query.
+// behind "tags/", option-like names refused with nothing run), signed tags, and how the conflict
+// recovery treats errors of its own query.
 #include "core/commands/BlobCommands.h"
 #include "core/commands/ConflictSideCommands.h"
 #include "core/commands/FileHistoryCommands.h"
@@ -22,14 +22,6 @@ using namespace orvel;
 using namespace std::string_literals;
 using Arguments = GitExecutorProtocol::Arguments;
 using Lists = std::vector<Arguments>;
-
-namespace {
-
-std::exception_ptr gitFailure(const char* command) {
-    return std::make_exception_ptr(GitServiceError::commandFailed(command, "error: scripted\n"));
-}
-
-} // namespace
 
 TEST(UserTextArguments, PathsStandBehindTheSeparatorAndTagsBehindTheirPrefix) {
     test::RecordingExecutor git;
@@ -93,18 +85,8 @@ TEST(UserTextArguments, OptionLikeNamesAreRefusedBeforeGitRuns) {
     EXPECT_TRUE(executor->argumentLists().empty());
 }
 
-// Signing needs a key, which the test machine lacks: the look-up and its effect are checked here.
-TEST(TagSigning, ConfigDecidesBetweenSignedAndAnnotatedAndOnlyTrueCounts) {
-    test::RecordingExecutor git;
-    for (const auto& [answer, enabled] : std::vector<std::pair<std::string, bool>>{
-             {" TRUE\n", true}, {"true", true}, {"yes\n", false}, {"1\n", false}, {"", false}}) {
-        git.reply(answer);
-        EXPECT_EQ(TagCommands::signingEnabled(git, "/r"), enabled) << answer;
-    }
-    git.fail(gitFailure("config"));
-    EXPECT_FALSE(TagCommands::signingEnabled(git, "/r"));
-    EXPECT_EQ(git.argumentLists().back(), (Arguments{"config", "tag.gpgsign"}));
-
+// Signing needs a key, which the test machine lacks: the configuration's effect is checked here.
+TEST(TagSigning, ConfigDecidesBetweenSignedAndAnnotated) {
     auto executor = std::make_shared<test::RecordingExecutor>();
     NativeGitService service(executor, std::make_shared<GitOpRunner>(2));
     RepoEntry repo;
@@ -121,8 +103,8 @@ TEST(TagSigning, ConfigDecidesBetweenSignedAndAnnotatedAndOnlyTrueCounts) {
 
 TEST(ConflictRecovery, AFailingQueryWinsAndForeignErrorsAskNothing) {
     test::RecordingExecutor git;
-    git.fail(gitFailure("revert"));
-    git.fail(gitFailure("status"));
+    git.fail("revert");
+    git.fail("status");
     EXPECT_EQ(test::serviceError([&] { HistoryEditCommands::revert(git, "/r", "abc"); }).command(), "status");
     git.fail(std::make_exception_ptr(std::runtime_error("spawn failed")));
     EXPECT_THROW(HistoryEditCommands::cherryPick(git, "/r", "abc"), std::runtime_error);
