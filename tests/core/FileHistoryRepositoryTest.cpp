@@ -33,18 +33,14 @@ std::vector<std::string> entriesOf(const std::string& directory) {
     return names;
 }
 
-class FilesInRepository : public ::testing::Test {
+class FilesInRepository : public test::RepositoryTest {
   protected:
-    RepoEntry entry() const { return test::RealGitService::repoAt(repo.path()); }
     void commitAs(const std::string& author, const std::string& message, const std::string& date) {
         test::ScopedGitDates dates(date);
         repo.git({"add", "-A"});
         // The test main sets the author through the environment, which only --author overrides.
         repo.git({"commit", "-q", "--author", author + " <" + author + "@orvel.invalid>", "-m", message});
     }
-
-    TempRepo repo;
-    test::RealGitService real;
 };
 
 } // namespace

@@ -18,9 +18,8 @@ namespace {
 
 const std::string awkward = "-a b.txt";
 
-class HistoryEditInRepository : public ::testing::Test {
+class HistoryEditInRepository : public test::RepositoryTest {
   protected:
-    RepoEntry entry() const { return test::RealGitService::repoAt(repo.path()); }
     std::string porcelain() const { return repo.git({"status", "--porcelain=v1", "-uall"}); }
     std::string subject() const { return repo.git({"log", "-1", "--format=%s"}); }
     std::string unmerged() const { return repo.git({"diff", "--name-only", "--diff-filter=U"}); }
@@ -37,9 +36,6 @@ class HistoryEditInRepository : public ::testing::Test {
         repo.commitAll("ours");
         return theirs;
     }
-
-    TempRepo repo;
-    test::RealGitService real;
 };
 
 std::vector<std::string> conflictPaths(const OperationResult& result) {

@@ -22,9 +22,8 @@ const std::string spaced = "with space.txt";
 const std::string dashed = "-dash.txt";
 const std::string latin1 = "caf\xe9.txt"; // not UTF-8
 
-class StagingInRepository : public ::testing::Test {
+class StagingInRepository : public test::RepositoryTest {
   protected:
-    RepoEntry entry() const { return test::RealGitService::repoAt(repo.path()); }
     std::string staged() const { return repo.git({"diff", "--cached", "--name-only", "-z"}); }
     // The message as stored in the commit object, bytes untouched.
     std::string lastMessage() const {
@@ -32,8 +31,6 @@ class StagingInRepository : public ::testing::Test {
         return object.substr(object.find("\n\n") + 2);
     }
 
-    TempRepo repo;
-    test::RealGitService real;
     NativeGitService& service = real.service;
 };
 

@@ -15,14 +15,10 @@ using orvel::test::TempRepo;
 
 namespace {
 
-class StashInRepository : public ::testing::Test {
+class StashInRepository : public test::RepositoryTest {
   protected:
-    RepoEntry entry() const { return test::RealGitService::repoAt(repo.path()); }
     std::string porcelain() const { return repo.git({"status", "--porcelain=v1", "-uall"}); }
     std::vector<StashEntry> list() { return test::await(real.service.stashList(entry())); }
-
-    TempRepo repo;
-    test::RealGitService real;
 };
 
 } // namespace

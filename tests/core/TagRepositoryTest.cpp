@@ -15,7 +15,7 @@ using orvel::test::TempRepo;
 
 namespace {
 
-class TagsInRepository : public ::testing::Test {
+class TagsInRepository : public test::RepositoryTest {
   protected:
     void SetUp() override {
         repo.write("a.txt", "one\n");
@@ -23,7 +23,6 @@ class TagsInRepository : public ::testing::Test {
         repo.write("a.txt", "two\n");
         second = repo.commitAll("second");
     }
-    RepoEntry entry() const { return test::RealGitService::repoAt(repo.path()); }
     std::vector<TagEntry> tags() { return test::await(real.service.listTags(entry())); }
     std::string rev(const std::string& name) const {
         std::string hash = repo.git({"rev-parse", name});
@@ -31,8 +30,6 @@ class TagsInRepository : public ::testing::Test {
         return hash;
     }
 
-    TempRepo repo;
-    test::RealGitService real;
     std::string first;
     std::string second;
 };
