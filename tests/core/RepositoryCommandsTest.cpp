@@ -99,7 +99,8 @@ class OpenRealRepository : public ::testing::Test {
 
 } // namespace
 
-TEST_F(OpenRealRepository, UnbornBranchHasANameButNoHead) {
+TEST_F(OpenRealRepository, UnbornBareAndDetachedRepositories) {
+    // An unborn branch has a name but no head.
     TempRepo repo;
     const RepoEntry entry = open(repo.path());
     EXPECT_EQ(entry.path, repo.path());
@@ -108,23 +109,20 @@ TEST_F(OpenRealRepository, UnbornBranchHasANameButNoHead) {
     EXPECT_EQ(entry.currentBranch, "main");
     EXPECT_FALSE(entry.headHash);
     EXPECT_EQ(entry.state, RepositoryState::clean);
-}
 
-TEST_F(OpenRealRepository, BareRepositoryJoinsDotToItsPath) {
-    TempRepo repo(TempRepo::Kind::bare);
-    const RepoEntry entry = open(repo.path());
-    EXPECT_TRUE(entry.isBare);
-    EXPECT_EQ(std::filesystem::weakly_canonical(*entry.gitDirPath), repo.path());
-}
+    // A bare repository's git directory is "." joined to its path.
+    TempRepo bare(TempRepo::Kind::bare);
+    const RepoEntry bareEntry = open(bare.path());
+    EXPECT_TRUE(bareEntry.isBare);
+    EXPECT_EQ(std::filesystem::weakly_canonical(*bareEntry.gitDirPath), bare.path());
 
-TEST_F(OpenRealRepository, DetachedHeadHasNoBranch) {
-    TempRepo repo;
+    // A detached head has no branch.
     const std::string first = repo.commitAll("first");
     repo.commitAll("second");
     repo.git({"checkout", "-q", first});
-    const RepoEntry entry = open(repo.path());
-    EXPECT_EQ(entry.headHash, first);
-    EXPECT_FALSE(entry.currentBranch);
+    const RepoEntry detached = open(repo.path());
+    EXPECT_EQ(detached.headHash, first);
+    EXPECT_FALSE(detached.currentBranch);
 }
 
 TEST_F(OpenRealRepository, LinkedWorktreeKeepsItsAbsoluteGitDirAndItsOwnState) {
@@ -187,7 +185,7 @@ TEST_F(OpenRealRepository, NotARepositoryFailsWithGitsWords) {
     EXPECT_NE(error.stderrText().find("not a git repository"), std::string::npos);
 }
 
-TEST_F(OpenRealRepository, CloneFromALocalBareRepositoryAndInit) {
+TEST_F(OpenRealRepository, CloneFromALocalBareRepositoryAndInitButNeverAnOptionLikeUrl) {
     TempRepo origin;
     origin.write("readme", "hello\n");
     const std::string head = origin.commitAll("first");
@@ -206,12 +204,11 @@ TEST_F(OpenRealRepository, CloneFromALocalBareRepositoryAndInit) {
     EXPECT_EQ(created.currentBranch, "trunk");
     EXPECT_FALSE(created.headHash);
     EXPECT_EQ(test::await(service.defaultBranch(created)), std::nullopt);
-}
 
-TEST_F(OpenRealRepository, CloneWithAnOptionLikeUrlRunsNothing) {
-    TempDir place;
+    // A URL that git would read as an option runs nothing.
     EXPECT_THROW(
         test::await(service.cloneRepository("--upload-pack=touch " + (place / "pwned"), place / "c")),
         GitServiceError);
-    EXPECT_TRUE(std::filesystem::is_empty(place.path()));
+    EXPECT_FALSE(std::filesystem::exists(place / "pwned"));
+    EXPECT_FALSE(std::filesystem::exists(place / "c"));
 }
