@@ -1,9 +1,10 @@
-// Opening, creating and cloning repositories: the default-branch choice, the state markers, user
-// paths and URLs kept from git's options, and what real repositories of every shape and
-// in-progress state open as.
+// Opening, creating and cloning repositories, and reading status: the exact commands, the
+// default-branch choice, the state markers, user paths and URLs kept from git's options, and what
+// real repositories of every shape and in-progress state open as.
 #include "RealGitService.h"
 
 #include "core/commands/RepositoryCommands.h"
+#include "core/commands/StatusCommands.h"
 #include "core/queue/GitOpRunner.h"
 #include "core/service/GitServiceError.h"
 #include "core/service/NativeGitService.h"
@@ -23,6 +24,26 @@ using test::RecordingExecutor;
 using test::TempDir;
 using test::TempRepo;
 using Args = std::vector<std::string>;
+
+TEST(RepositoryArguments, OpenCurrentBranchCloneAndStatusAskGitExactly) {
+    RecordingExecutor git;
+    git.reply(".git\nfalse\n");
+    RepositoryCommands::open(git, "/r");
+    RepositoryCommands::currentBranch(git, "/r");
+    RepositoryCommands::clone(git, "https://example.invalid/r.git", "/abs/target");
+    StatusCommands::status(git, "/r");
+    EXPECT_EQ(git.argumentLists(),
+              (std::vector<Args>{{"rev-parse", "--git-dir", "--is-bare-repository"},
+                                 {"rev-parse", "HEAD"},
+                                 {"symbolic-ref", "--short", "HEAD"},
+                                 {"symbolic-ref", "--short", "HEAD"},
+                                 {"clone", "https://example.invalid/r.git", "/abs/target"},
+                                 {"status", "--porcelain=v2", "--branch", "--show-stash", "-uall", "-z"}}));
+    std::vector<std::string> paths;
+    for (const auto& call : git.calls())
+        paths.push_back(call.repoPath);
+    EXPECT_EQ(paths, (std::vector<std::string>{"/r", "/r", "/r", "/r", "/", "/r"}));
+}
 
 TEST(DefaultBranch, RemoteHeadWinsElseMainThenMasterThenTheFirstLocalBranch) {
     struct Case {
