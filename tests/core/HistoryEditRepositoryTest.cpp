@@ -48,7 +48,7 @@ std::vector<std::string> conflictPaths(const OperationResult& result) {
 
 } // namespace
 
-TEST_F(HistoryEditInRepository, CherryPickCopiesTheCommit) {
+TEST_F(HistoryEditInRepository, CherryPickCopiesTheCommitOnceAndThenFindsItEmpty) {
     repo.write("a.txt", "a\n");
     repo.commitAll("base");
     repo.git({"checkout", "-q", "-b", "side"});
@@ -65,6 +65,13 @@ TEST_F(HistoryEditInRepository, CherryPickCopiesTheCommit) {
     EXPECT_EQ(subject(), "add f\n");
     EXPECT_NE(repo.head(), picked);
     EXPECT_EQ(repo.read("a.txt"), "a2\n");
+
+    // Picking it again changes nothing: git's own error, not a conflict.
+    const GitServiceError error =
+        test::serviceError([&] { test::await(real.service.cherryPick(entry(), picked)); });
+    EXPECT_EQ(error.kind(), GitServiceError::Kind::commandFailed);
+    EXPECT_NE(error.stderrText().find("empty"), std::string::npos) << error.stderrText();
+    EXPECT_THROW(test::await(real.service.cherryPick(entry(), std::string(40, '0'))), GitServiceError);
 }
 
 TEST_F(HistoryEditInRepository, CherryPickConflictThenTheirs) {
@@ -81,17 +88,6 @@ TEST_F(HistoryEditInRepository, CherryPickConflictThenTheirs) {
     EXPECT_EQ(repo.read(awkward), "theirs\n");
     EXPECT_EQ(unmerged(), "");
     EXPECT_EQ(porcelain(), "M  \"" + awkward + "\"\n");
-}
-
-TEST_F(HistoryEditInRepository, EmptyPickIsGitsError) {
-    repo.write("a.txt", "a\n");
-    const std::string only = repo.commitAll("base");
-    const GitServiceError error =
-        test::serviceError([&] { test::await(real.service.cherryPick(entry(), only)); });
-    EXPECT_EQ(error.kind(), GitServiceError::Kind::commandFailed);
-    EXPECT_NE(error.stderrText().find("empty"), std::string::npos) << error.stderrText();
-    EXPECT_THROW(test::await(real.service.cherryPick(entry(), "0000000000000000000000000000000000000000")),
-                 GitServiceError);
 }
 
 TEST_F(HistoryEditInRepository, RevertUndoesACommitOrStopsOnAConflictThenOurs) {
