@@ -27,7 +27,7 @@ TEST(UserTextArguments, PathsStandBehindTheSeparatorAndTagsBehindTheirPrefix) {
     test::RecordingExecutor git;
     git.reply(" M -dash file.txt\n");
     StashCommands::stashFile(git, "/r", "-dash file.txt");
-    git.reply("?? -new.txt\n");
+    git.reply("  ?? -new.txt\n");
     StashCommands::stashFile(git, "/r", "-new.txt");
     ConflictSideCommands::resolveUsingOurs(git, "/r", "-a b");
     ConflictSideCommands::resolveUsingTheirs(git, "/r", "--theirs");
