@@ -40,8 +40,8 @@ const Alternative& expectCase(const MergeResult& result) {
 // never runs "remote", an unknown name stops before "push", and an unreadable list skips the check.
 TEST(RemoteCommandChecks, PushRunsOnlyPastItsChecks) {
     struct Case {
-        std::vector<std::optional<std::string>>
-            replies; // of "symbolic-ref HEAD", then "remote"; absent: fails
+        // git's answers to "symbolic-ref HEAD", then to "remote"; an absent one is a failure.
+        std::vector<std::optional<std::string>> replies;
         std::string remote;
         std::optional<std::string> error;
         std::vector<Args> ran;
