@@ -112,7 +112,7 @@ TEST_F(BranchesInRealRepository, CreateAndCheckoutFromAStartPoint) {
     repo.write("file", "second\n");
     repo.commitAll("second");
     BranchCommands::createBranch(git, repo.path(), "old", base);
-    EXPECT_EQ(repo.git({"rev-parse", "old"}), base + "\n");
+    EXPECT_EQ(repo.rev("old"), base);
     EXPECT_EQ(current(), "main\n");
 
     BranchCommands::checkoutNewBranch(git, repo.path(), "fix", "old");

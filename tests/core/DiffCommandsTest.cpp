@@ -5,7 +5,6 @@
 #include "core/queue/GitOpRunner.h"
 #include "core/service/GitServiceError.h"
 #include "core/service/NativeGitService.h"
-#include "core/support/Text.h"
 #include "support/Await.h"
 #include "support/GitFixture.h"
 #include "support/RecordingExecutor.h"
@@ -228,7 +227,7 @@ TEST_F(DiffHistory, WorkingTreeIndexStashAndRange) {
     EXPECT_EQ(whole.files.at(0).hunks.size(), 1u);
 
     repo.git({"stash", "push", "-q"});
-    const std::string stash = trimmed(repo.git({"rev-parse", "stash@{0}"}));
+    const std::string stash = repo.rev("stash@{0}");
     const DiffResult stashed = await(service.diff(entry(), DiffContext::stash(stash), std::nullopt));
     ASSERT_EQ(stashed.files.size(), 3u);
     EXPECT_TRUE(await(service.diff(entry(), DiffContext::unstaged(), std::nullopt)).files.empty());

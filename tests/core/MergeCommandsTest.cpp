@@ -235,7 +235,7 @@ TEST_F(MergesInRealRepository, RebaseUpToDateSuccessAndDirtyTree) {
     const std::string mainHead = repo.commitAll("main");
     repo.git({"checkout", "-q", "topic"});
     EXPECT_TRUE(std::holds_alternative<rebase::Success>(MergeCommands::rebase(git, repo.path(), "main")));
-    EXPECT_EQ(repo.git({"rev-parse", "HEAD^"}), mainHead + "\n");
+    EXPECT_EQ(repo.rev("HEAD^"), mainHead);
     EXPECT_EQ(repo.read("topic"), "topic\n");
 
     repo.git({"reset", "-q", "--hard", base});
@@ -252,7 +252,7 @@ TEST_F(MergesInRealRepository, RebaseConflictThenContinueWithUnresolvedFiles) {
     repo.git({"checkout", "-q", "topic"});
     repo.write("more", "more\n");
     repo.commitAll("topic adds more");
-    const std::string firstTopic = repo.git({"rev-parse", "HEAD^"}).substr(0, 40);
+    const std::string firstTopic = repo.rev("HEAD^");
 
     const RebaseResult started = MergeCommands::rebase(git, repo.path(), "main");
     ASSERT_TRUE(std::holds_alternative<RebaseStop>(started));
@@ -310,7 +310,7 @@ TEST_F(MergesInRealRepository, SkipOfTheLastStepEndsTheRebaseAndThenNothingConti
 TEST_F(MergesInRealRepository, AbortCherryPickAndRevert) {
     repo.divergeOnOneFile();
     const std::string head = repo.head();
-    const std::string topic = repo.git({"rev-parse", "topic"}).substr(0, 40);
+    const std::string topic = repo.rev("topic");
     EXPECT_NE(repo.gitAllowingFailure({"cherry-pick", topic}).exitCode, 0);
     EXPECT_TRUE(exists(".git/CHERRY_PICK_HEAD"));
     MergeCommands::abortCherryPick(git, repo.path());
@@ -343,5 +343,5 @@ TEST(MergeService, NativeServiceReportsTheConflictAndAborts) {
     EXPECT_THROW(test::await(service.fastForwardMerge(entry, "topic")), GitServiceError);
     EXPECT_TRUE(std::holds_alternative<RebaseStop>(test::await(service.rebase(entry, "topic"))));
     EXPECT_TRUE(std::holds_alternative<rebase::Success>(test::await(service.rebaseSkip(entry))));
-    EXPECT_EQ(repo.head(), repo.git({"rev-parse", "topic"}).substr(0, 40));
+    EXPECT_EQ(repo.head(), repo.rev("topic"));
 }

@@ -5,7 +5,6 @@
 #include "RealGitService.h"
 #include "core/service/GitServiceError.h"
 #include "core/service/NativeGitService.h"
-#include "core/support/Text.h"
 #include "support/Await.h"
 #include "support/GitFixture.h"
 #include "support/RecordingExecutor.h"
@@ -111,10 +110,7 @@ class RemoteRepositories : public ::testing::Test {
         clone.write(file, content);
         return clone.commitAll(message);
     }
-    static std::string revision(const TempRepo& repo, const std::string& rev) {
-        return trimmed(repo.git({"rev-parse", rev}));
-    }
-    std::string originMain() const { return revision(origin, "main"); }
+    std::string originMain() const { return origin.rev("main"); }
 
     MergeResult pull(PullStrategy strategy) {
         return test::await(real.service.pull(repo(), "origin", strategy));
@@ -210,13 +206,13 @@ TEST_F(RemoteRepositories, PullOfDivergedHistoryByEachStrategy) {
     local.git({"reset", "-q", "--hard", mine});
     const auto rebased = expectCase<merge::Merged>(pull(PullStrategy::rebase));
     EXPECT_EQ(rebased.commitHash, local.head());
-    EXPECT_EQ(revision(local, "HEAD~1"), revision(local, "origin/main"));
+    EXPECT_EQ(local.rev("HEAD~1"), local.rev("origin/main"));
 
     // The configured strategy applies when none is chosen.
     local.git({"reset", "-q", "--hard", mine});
     local.git({"config", "pull.rebase", "true"});
     expectCase<merge::Merged>(pull(PullStrategy::useConfig));
-    EXPECT_EQ(revision(local, "HEAD~1"), revision(local, "origin/main"));
+    EXPECT_EQ(local.rev("HEAD~1"), local.rev("origin/main"));
 }
 
 TEST_F(RemoteRepositories, ConflictingPullAnswersTheConflictedFiles) {
@@ -238,7 +234,7 @@ TEST_F(RemoteRepositories, PushSetsUpstreamAndRejectedPushCarriesGitsWords) {
     const std::string mine = commitIn(local, "mine.txt", "y\n", "mine");
     local.git({"checkout", "-q", "-b", "topic"});
     test::await(real.service.push(repo(), "origin"));
-    EXPECT_EQ(revision(origin, "topic"), mine);
+    EXPECT_EQ(origin.rev("topic"), mine);
     EXPECT_EQ(local.git({"config", "branch.topic.remote"}), "origin\n");
 
     local.git({"checkout", "-q", "main"});

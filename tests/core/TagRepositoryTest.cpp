@@ -24,11 +24,6 @@ class TagsInRepository : public test::RepositoryTest {
         second = repo.commitAll("second");
     }
     std::vector<TagEntry> tags() { return test::await(real.service.listTags(entry())); }
-    std::string rev(const std::string& name) const {
-        std::string hash = repo.git({"rev-parse", name});
-        hash.pop_back();
-        return hash;
-    }
 
     std::string first;
     std::string second;
@@ -46,7 +41,7 @@ TEST_F(TagsInRepository, AnnotatedAndLightweightTagsAreListedAndDeleted) {
     EXPECT_EQ(listed[0].hash, first);
     EXPECT_FALSE(listed[0].targetHash.has_value());
     EXPECT_EQ(listed[1].name, "v1.0");
-    EXPECT_EQ(listed[1].hash, rev("v1.0"));
+    EXPECT_EQ(listed[1].hash, repo.rev("v1.0"));
     EXPECT_EQ(listed[1].targetHash, second); // no hash given: HEAD
     EXPECT_EQ(repo.git({"cat-file", "-t", "v1.0"}), "tag\n");
     EXPECT_EQ(repo.git({"tag", "-l", "--format=%(contents:subject)", "v1.0"}), "Release $(one) \"q\"\n");
@@ -111,7 +106,7 @@ TEST_F(TagsInRepository, PushTagToABareRemote) {
 
     test::await(real.service.pushTag(entry(), "v2", "origin"));
     EXPECT_EQ(remote.git({"tag", "-l"}), "v2\n");
-    EXPECT_EQ(remote.git({"rev-parse", "v2"}), rev("v2") + "\n");
+    EXPECT_EQ(remote.rev("v2"), repo.rev("v2"));
 
     EXPECT_THROW(test::await(real.service.pushTag(entry(), "missing", "origin")), GitServiceError);
     EXPECT_THROW(test::await(real.service.pushTag(entry(), "local-only", "--all")), GitServiceError);
