@@ -50,7 +50,13 @@ TEST_F(AutomaticOpen, PathWithBlanksAroundOpensTheRepository) {
         << log.text().toStdString();
 }
 
-TEST_F(AutomaticOpen, BlankOrInvalidValueLogsTheErrorAndStartsNormally) {
+TEST_F(AutomaticOpen, UnsetVariableDoesNothingAndABlankOrInvalidValueLogsTheError) {
+    {
+        test::LogCapture log;
+        test::await(model.openFromEnvironment(std::nullopt));
+        EXPECT_TRUE(log.text().isEmpty());
+        EXPECT_EQ(model.mode(), AppMode::welcome);
+    }
     test::TempDir notARepository;
     for (const QByteArray& value :
          {QByteArray(""), QByteArray(" \n"), QByteArray::fromStdString(notARepository.path())}) {
@@ -60,13 +66,6 @@ TEST_F(AutomaticOpen, BlankOrInvalidValueLogsTheErrorAndStartsNormally) {
         EXPECT_EQ(model.mode(), AppMode::welcome);
         EXPECT_FALSE(model.activeRepository());
     }
-}
-
-TEST_F(AutomaticOpen, UnsetVariableDoesNothing) {
-    test::LogCapture log;
-    test::await(model.openFromEnvironment(std::nullopt));
-    EXPECT_TRUE(log.text().isEmpty());
-    EXPECT_EQ(model.mode(), AppMode::welcome);
 }
 
 TEST_F(AutomaticOpen, FailedOpenKeepsWhatWasOpenAndTellsWhy) {
