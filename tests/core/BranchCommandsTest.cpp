@@ -1,15 +1,17 @@
-// Branch commands: the exact command lines, what they do to real repositories, and the refusal of
-// names that git would read as options.
+// Branch commands: what they do to real repositories, the reading of merged branches, and the
+// refusal of names that git would read as options before git runs.
+#include "RealGitService.h"
+
 #include "core/commands/BranchCommands.h"
 #include "core/process/SubprocessExecutor.h"
 #include "core/queue/GitOpRunner.h"
 #include "core/service/GitServiceError.h"
-#include "core/service/MockGitService.h"
 #include "core/service/NativeGitService.h"
 #include "core/support/UserDefaults.h"
 #include "support/Await.h"
 #include "support/GitFixture.h"
 #include "support/RecordingExecutor.h"
+#include "support/ServiceError.h"
 
 #include <gtest/gtest.h>
 
@@ -23,66 +25,13 @@ using Args = std::vector<std::string>;
 
 namespace {
 
-GitServiceError::Kind kindOf(const std::function<void()>& call) {
-    try {
-        call();
-    } catch (const GitServiceError& error) {
-        return error.kind();
-    }
-    ADD_FAILURE() << "no GitServiceError was thrown";
-    return GitServiceError::Kind::parseFailed;
-}
-
 std::string stderrOf(const std::function<void()>& call) {
-    try {
-        call();
-    } catch (const GitServiceError& error) {
-        EXPECT_EQ(error.kind(), GitServiceError::Kind::commandFailed);
-        return error.stderrText();
-    }
-    ADD_FAILURE() << "no GitServiceError was thrown";
-    return {};
-}
-
-// Every ref and the state of the work tree and index, to show that a refused command changed nothing.
-std::string snapshot(const TempRepo& repo) {
-    return repo.git({"for-each-ref", "--format=%(refname) %(objectname)"}) +
-           repo.git({"symbolic-ref", "HEAD"}) + repo.git({"status", "--porcelain=v2", "-uall"});
+    const GitServiceError error = test::serviceError(call);
+    EXPECT_EQ(error.kind(), GitServiceError::Kind::commandFailed);
+    return error.stderrText();
 }
 
 } // namespace
-
-TEST(BranchCommandLines, EachOperationBuildsItsArgumentList) {
-    RecordingExecutor git;
-    BranchCommands::branches(git, "/r");
-    BranchCommands::createBranch(git, "/r", "topic", std::nullopt);
-    BranchCommands::createBranch(git, "/r", "topic", "origin/main");
-    BranchCommands::checkoutBranch(git, "/r", "topic");
-    BranchCommands::checkoutNewBranch(git, "/r", "topic", "v1.0");
-    BranchCommands::deleteBranch(git, "/r", "topic", false);
-    BranchCommands::deleteBranch(git, "/r", "topic", true);
-    BranchCommands::renameBranch(git, "/r", "old", "new");
-    BranchCommands::deleteRemoteBranch(git, "/r", "origin", "topic");
-    BranchCommands::mergedBranches(git, "/r", "main");
-    EXPECT_EQ(git.argumentLists(),
-              (std::vector<Args>{
-                  {"branch", "-a", "--format",
-                   "%(refname:short)%00%(refname)%00%(objectname)%00%(HEAD)%00%(upstream:short)%00"
-                   "%(upstream:remotename)%00%(upstream:track,nobracket)%00%(worktreepath)%00"
-                   "%(contents:subject)%00%(committerdate:iso-strict)%00"},
-                  {"branch", "topic"},
-                  {"branch", "topic", "origin/main"},
-                  {"checkout", "topic"},
-                  {"checkout", "-b", "topic", "v1.0"},
-                  {"branch", "-d", "topic"},
-                  {"branch", "-D", "topic"},
-                  {"branch", "-m", "old", "new"},
-                  {"push", "origin", "--delete", "topic"},
-                  {"branch", "--merged", "main", "--format=%(refname:short)"},
-              }));
-    for (const auto& call : git.calls())
-        EXPECT_EQ(call.repoPath, "/r");
-}
 
 TEST(BranchCommandLines, MergedBranchesDropsBlankLinesAndTheTarget) {
     RecordingExecutor git;
@@ -106,7 +55,7 @@ TEST(BranchCommandLines, OptionLikeNamesAreRefusedBeforeGitRuns) {
         [&] { BranchCommands::mergedBranches(git, "/r", "--no-merged"); },
     };
     for (const auto& call : calls)
-        EXPECT_EQ(kindOf(call), GitServiceError::Kind::invalidInput);
+        EXPECT_EQ(test::serviceError(call).kind(), GitServiceError::Kind::invalidInput);
     EXPECT_TRUE(git.calls().empty());
 }
 
@@ -163,7 +112,7 @@ TEST_F(BranchesInRealRepository, CreateAndCheckoutFromAStartPoint) {
     repo.write("file", "second\n");
     repo.commitAll("second");
     BranchCommands::createBranch(git, repo.path(), "old", base);
-    EXPECT_EQ(repo.git({"rev-parse", "old"}), base + "\n");
+    EXPECT_EQ(repo.rev("old"), base);
     EXPECT_EQ(current(), "main\n");
 
     BranchCommands::checkoutNewBranch(git, repo.path(), "fix", "old");
@@ -172,7 +121,7 @@ TEST_F(BranchesInRealRepository, CreateAndCheckoutFromAStartPoint) {
     EXPECT_EQ(repo.read("file"), "base\n");
 }
 
-TEST_F(BranchesInRealRepository, UnmergedBranchNeedsForceToGo) {
+TEST_F(BranchesInRealRepository, GitErrorsReachTheCallerAndChangeNothing) {
     repo.git({"checkout", "-q", "-b", "topic"});
     repo.write("file", "topic\n");
     repo.commitAll("topic");
@@ -182,13 +131,6 @@ TEST_F(BranchesInRealRepository, UnmergedBranchNeedsForceToGo) {
                   BranchCommands::deleteBranch(git, repo.path(), "topic", false);
               }).find("not fully merged"),
               std::string::npos);
-    EXPECT_EQ(localNames(), (Args{"main", "topic"}));
-    BranchCommands::deleteBranch(git, repo.path(), "topic", true);
-    EXPECT_EQ(localNames(), (Args{"main"}));
-}
-
-TEST_F(BranchesInRealRepository, GitErrorsReachTheCaller) {
-    BranchCommands::createBranch(git, repo.path(), "topic", std::nullopt);
     EXPECT_NE(stderrOf([&] {
                   BranchCommands::createBranch(git, repo.path(), "topic", std::nullopt);
               }).find("already exists"),
@@ -196,6 +138,8 @@ TEST_F(BranchesInRealRepository, GitErrorsReachTheCaller) {
     EXPECT_FALSE(stderrOf([&] { BranchCommands::checkoutBranch(git, repo.path(), "nowhere"); }).empty());
     EXPECT_FALSE(stderrOf([&] { BranchCommands::deleteBranch(git, repo.path(), "main", true); }).empty());
     EXPECT_EQ(localNames(), (Args{"main", "topic"}));
+    BranchCommands::deleteBranch(git, repo.path(), "topic", true);
+    EXPECT_EQ(localNames(), (Args{"main"}));
 }
 
 TEST_F(BranchesInRealRepository, MergedBranchesListsReachableTipsButNotTheTarget) {
@@ -210,26 +154,9 @@ TEST_F(BranchesInRealRepository, MergedBranchesListsReachableTipsButNotTheTarget
               (Args{"deep/merged-two", "main", "merged-one"}));
 }
 
-TEST_F(BranchesInRealRepository, OptionLikeNamesChangeNothing) {
-    repo.git({"branch", "topic"});
-    const std::string before = snapshot(repo);
-    EXPECT_EQ(kindOf([&] { BranchCommands::createBranch(git, repo.path(), "--orphan", "x"); }),
-              GitServiceError::Kind::invalidInput);
-    EXPECT_EQ(kindOf([&] { BranchCommands::checkoutNewBranch(git, repo.path(), "new", "--orphan"); }),
-              GitServiceError::Kind::invalidInput);
-    EXPECT_EQ(kindOf([&] { BranchCommands::deleteBranch(git, repo.path(), "-D", false); }),
-              GitServiceError::Kind::invalidInput);
-    EXPECT_EQ(kindOf([&] { BranchCommands::renameBranch(git, repo.path(), "topic", "-f"); }),
-              GitServiceError::Kind::invalidInput);
-    EXPECT_EQ(kindOf([&] { BranchCommands::checkoutBranch(git, repo.path(), "--detach"); }),
-              GitServiceError::Kind::invalidInput);
-    EXPECT_EQ(snapshot(repo), before);
-}
-
 TEST(BranchService, NativeServiceRunsTheCommandsInTheRepositoryQueue) {
-    InMemoryUserDefaults defaults;
-    NativeGitService service{std::make_shared<SubprocessExecutor>(std::nullopt, defaults),
-                             std::make_shared<GitOpRunner>(2)};
+    test::RealGitService real;
+    NativeGitService& service = real.service;
     TempRepo repo;
     repo.commitAll("base");
     const RepoEntry entry = test::await(service.open(repo.path()));
@@ -243,23 +170,4 @@ TEST(BranchService, NativeServiceRunsTheCommandsInTheRepositoryQueue) {
     EXPECT_EQ(branches[1].name, "topic");
     EXPECT_TRUE(branches[1].isCurrent);
     EXPECT_THROW(test::await(service.checkoutBranch(entry, "-q")), GitServiceError);
-}
-
-TEST(BranchService, MockServiceKeepsItsBranchListLikeGit) {
-    MockGitService mock;
-    const RepoEntry repo = test::await(mock.open("/r"));
-    test::await(mock.checkoutNewBranch(repo, "topic", "main"));
-    EXPECT_EQ(test::await(mock.currentBranch(repo)), "topic");
-    EXPECT_THROW(test::await(mock.createBranch(repo, "topic", std::nullopt)), GitServiceError);
-    EXPECT_THROW(test::await(mock.deleteBranch(repo, "topic", true)), GitServiceError);
-    test::await(mock.renameBranch(repo, "topic", "renamed"));
-    test::await(mock.checkoutBranch(repo, "main"));
-    test::await(mock.deleteBranch(repo, "renamed", false));
-    test::await(mock.deleteRemoteBranch(repo, "origin", "main"));
-    Args names;
-    for (const BranchEntry& branch : test::await(mock.branches(repo)))
-        names.push_back(branch.fullRefName);
-    EXPECT_EQ(names, (Args{"refs/heads/main", "refs/heads/feature/sidebar"}));
-    EXPECT_EQ(test::await(mock.mergedBranches(repo, "main")), (Args{"feature/sidebar"}));
-    EXPECT_THROW(test::await(mock.createBranch(repo, "-f", std::nullopt)), GitServiceError);
 }

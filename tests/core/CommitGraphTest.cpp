@@ -16,12 +16,6 @@ using orvel::test::TempRepo;
 
 namespace {
 
-std::string revParse(const TempRepo& repo, const std::string& revision) {
-    std::string hash = repo.git({"rev-parse", revision});
-    hash.pop_back();
-    return hash;
-}
-
 const GraphCommit& commitOf(const std::vector<GraphCommit>& commits, const std::string& hash) {
     const auto found =
         std::find_if(commits.begin(), commits.end(), [&](const GraphCommit& c) { return c.hash == hash; });
@@ -33,7 +27,7 @@ const GraphCommit& commitOf(const std::vector<GraphCommit>& commits, const std::
 // A commit object with `parents` exactly as given, which `git commit` would never write.
 std::string writeCommitObject(const TempRepo& repo, const std::vector<std::string>& parents,
                               const std::string& message) {
-    std::string object = "tree " + revParse(repo, "HEAD^{tree}") + "\n";
+    std::string object = "tree " + repo.rev("HEAD^{tree}") + "\n";
     for (const auto& parent : parents)
         object += "parent " + parent + "\n";
     object += "author Orvel Test <test@orvel.invalid> 1767268800 +0000\n"
@@ -81,9 +75,8 @@ TEST_F(CommitGraphOfRepository, RootsMergesAndOctopusKeepTheirParentsInOrder) {
     ASSERT_EQ(commits.size(), 8u);
     EXPECT_TRUE(commitOf(commits, root).parentHashes.empty());
     EXPECT_TRUE(commitOf(commits, secondRoot).parentHashes.empty());
-    EXPECT_EQ(
-        commitOf(commits, octopus).parentHashes,
-        (std::vector<std::string>{side, revParse(repo, "b1"), revParse(repo, "b2"), revParse(repo, "b3")}));
+    EXPECT_EQ(commitOf(commits, octopus).parentHashes,
+              (std::vector<std::string>{side, repo.rev("b1"), repo.rev("b2"), repo.rev("b3")}));
     EXPECT_EQ(commitOf(commits, octopus).subject, "octopus");
     EXPECT_EQ(commitOf(commits, twice).parentHashes, (std::vector<std::string>{secondRoot, secondRoot}));
     EXPECT_EQ(commitOf(commits, twice).abbreviatedHash + "\n", repo.git({"rev-parse", "--short", twice}));

@@ -46,8 +46,4 @@ inline std::string commitAt(const TempRepo& repo, const std::string& message, co
     return repo.commitAll(message);
 }
 
-inline std::string firstLine(const std::string& text) {
-    return text.substr(0, text.find('\n'));
-}
-
 } // namespace orvel::test

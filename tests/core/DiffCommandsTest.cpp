@@ -1,11 +1,10 @@
-// The diff operations: their exact argument lists through a recording executor, and their
-// results on real repositories, with each file's counts checked against git's own numstat.
-#include "core/process/SubprocessExecutor.h"
+// The diff operations: revisions that read as options refused before git runs, and results on
+// real repositories, with each file's counts checked against git's own numstat.
+#include "RealGitService.h"
+
 #include "core/queue/GitOpRunner.h"
 #include "core/service/GitServiceError.h"
 #include "core/service/NativeGitService.h"
-#include "core/support/Text.h"
-#include "core/support/UserDefaults.h"
 #include "support/Await.h"
 #include "support/GitFixture.h"
 #include "support/RecordingExecutor.h"
@@ -22,83 +21,13 @@ namespace orvel {
 namespace {
 
 using test::await;
-using Arguments = GitExecutorProtocol::Arguments;
 
-RepoEntry repositoryAt(const std::string& path) {
-    RepoEntry entry;
-    entry.path = path;
-    return entry;
-}
+using test::RealGitService;
 
-class DiffArguments : public ::testing::Test {
-  protected:
-    std::shared_ptr<test::RecordingExecutor> git = std::make_shared<test::RecordingExecutor>();
+TEST(DiffArguments, RevisionsThatReadAsOptionsAreRefusedBeforeGitRuns) {
+    const auto git = std::make_shared<test::RecordingExecutor>();
     NativeGitService service{git, std::make_shared<GitOpRunner>(2)};
-    RepoEntry repo = repositoryAt("/repo");
-};
-
-TEST_F(DiffArguments, EveryContextWithAndWithoutContextLines) {
-    await(service.diff(repo, DiffContext::unstaged(), std::nullopt));
-    await(service.diff(repo, DiffContext::unstaged(), 5));
-    await(service.diff(repo, DiffContext::staged(), std::nullopt));
-    await(service.diff(repo, DiffContext::staged(), 0));
-    await(service.diff(repo, DiffContext::commit("c0ffee"), std::nullopt));
-    await(service.diff(repo, DiffContext::commit("c0ffee"), 99999));
-    await(service.diff(repo, DiffContext::stash("5ta5h"), std::nullopt));
-    await(service.diff(repo, DiffContext::stash("5ta5h"), 1));
-    await(service.diff(repo, DiffContext::commitRange("main", "HEAD"), std::nullopt));
-    await(service.diff(repo, DiffContext::commitRange("main", "HEAD"), 2));
-    const std::vector<Arguments> expected{
-        {"diff"},
-        {"diff", "-U5"},
-        {"diff", "--cached"},
-        {"diff", "--cached", "-U0"},
-        {"show", "--format=", "c0ffee"},
-        {"show", "--format=", "c0ffee", "-U99999"},
-        {"stash", "show", "-p", "5ta5h"},
-        {"stash", "show", "-p", "5ta5h", "-U1"},
-        {"diff", "main", "HEAD"},
-        {"diff", "main", "HEAD", "-U2"},
-    };
-    EXPECT_EQ(git->argumentLists(), expected);
-    for (const auto& call : git->calls())
-        EXPECT_EQ(call.repoPath, "/repo");
-}
-
-TEST_F(DiffArguments, ParentIndexPicksAParentOrFallsBackToCaret) {
-    git->reply("p0 p1\n");
-    await(service.diff(repo, DiffContext::commit("m", 1), 3));
-    git->reply("p0 p1\n");
-    await(service.diff(repo, DiffContext::commit("m", 0), std::nullopt));
-    git->reply("p0\n");
-    await(service.diff(repo, DiffContext::commit("c", 1), std::nullopt));
-    git->reply("\n");
-    await(service.diff(repo, DiffContext::commit("root", 0), std::nullopt));
-    const std::vector<Arguments> expected{
-        {"log", "--format=%P", "-1", "m"},    {"diff", "p1", "m", "-U3"},
-        {"log", "--format=%P", "-1", "m"},    {"diff", "p0", "m"},
-        {"log", "--format=%P", "-1", "c"},    {"diff", "c^", "c"},
-        {"log", "--format=%P", "-1", "root"}, {"diff", "root^", "root"},
-    };
-    EXPECT_EQ(git->argumentLists(), expected);
-}
-
-TEST_F(DiffArguments, CommitDiffAndFileChanges) {
-    await(service.commitDiff(repo, "abc", std::nullopt));
-    await(service.commitDiff(repo, "abc", 7));
-    git->reply("M\tx.txt\n");
-    const auto changes = await(service.commitFileChanges(repo, "abc"));
-    const std::vector<Arguments> expected{
-        {"show", "--format=", "-m", "--first-parent", "abc"},
-        {"show", "--format=", "-m", "--first-parent", "abc", "-U7"},
-        {"diff-tree", "--root", "--no-commit-id", "-r", "--name-status", "abc"},
-    };
-    EXPECT_EQ(git->argumentLists(), expected);
-    ASSERT_EQ(changes.size(), 1u);
-    EXPECT_EQ(changes[0].path, "x.txt");
-}
-
-TEST_F(DiffArguments, RevisionsThatReadAsOptionsAreRefusedBeforeGitRuns) {
+    const RepoEntry repo = RealGitService::repoAt("/repo");
     EXPECT_THROW(await(service.diff(repo, DiffContext::commit("--output=/tmp/x"), std::nullopt)),
                  GitServiceError);
     EXPECT_THROW(await(service.diff(repo, DiffContext::commit("-p", 0), std::nullopt)), GitServiceError);
@@ -189,14 +118,13 @@ class DiffHistory : public ::testing::Test {
     DiffResult shown(const std::string& hash) {
         return await(service.diff(entry(), DiffContext::commit(hash), std::nullopt));
     }
-    RepoEntry entry() const { return repositoryAt(repo.path()); }
+    RepoEntry entry() const { return RealGitService::repoAt(repo.path()); }
 
     const std::string nonUtf8 = "caf\xe9.txt";
     test::TempRepo repo;
     std::vector<std::string> commits;
-    InMemoryUserDefaults defaults;
-    NativeGitService service{std::make_shared<SubprocessExecutor>(std::nullopt, defaults),
-                             std::make_shared<GitOpRunner>(2)};
+    RealGitService real;
+    NativeGitService& service = real.service;
 };
 
 TEST_F(DiffHistory, EveryFileCountsWhatNumstatCounts) {
@@ -249,7 +177,7 @@ TEST_F(DiffHistory, KindsOfChangeAreRecognised) {
     EXPECT_EQ(symlink->status, DiffStatus::added);
 }
 
-TEST_F(DiffHistory, FileChangesOfACommit) {
+TEST_F(DiffHistory, FileChangesOfACommitAndGitsFailures) {
     const auto root = await(service.commitFileChanges(entry(), commits[0]));
     EXPECT_EQ(root.size(), 7u);
     for (const auto& change : root)
@@ -269,6 +197,10 @@ TEST_F(DiffHistory, FileChangesOfACommit) {
     EXPECT_EQ(statusOf("a.txt"), TrackedStatus::deleted);
     EXPECT_EQ(statusOf("dir with space/file b.txt"), TrackedStatus::modified);
     EXPECT_EQ(statusOf("bin.dat"), TrackedStatus::modified);
+
+    EXPECT_THROW(await(service.diff(entry(), DiffContext::commit("no-such-commit"), std::nullopt)),
+                 GitServiceError);
+    EXPECT_THROW(await(service.commitFileChanges(entry(), std::string(40, '0'))), GitServiceError);
 }
 
 TEST_F(DiffHistory, WorkingTreeIndexStashAndRange) {
@@ -295,7 +227,7 @@ TEST_F(DiffHistory, WorkingTreeIndexStashAndRange) {
     EXPECT_EQ(whole.files.at(0).hunks.size(), 1u);
 
     repo.git({"stash", "push", "-q"});
-    const std::string stash = trimmed(repo.git({"rev-parse", "stash@{0}"}));
+    const std::string stash = repo.rev("stash@{0}");
     const DiffResult stashed = await(service.diff(entry(), DiffContext::stash(stash), std::nullopt));
     ASSERT_EQ(stashed.files.size(), 3u);
     EXPECT_TRUE(await(service.diff(entry(), DiffContext::unstaged(), std::nullopt)).files.empty());
@@ -328,13 +260,6 @@ TEST_F(DiffHistory, MergeCommitAgainstEitherParent) {
     ASSERT_EQ(viaFirstParent.files.size(), 1u);
     EXPECT_EQ(viaFirstParent.files[0].newPath, "side.txt");
     EXPECT_EQ(viaFirstParent.files[0].additions, 1);
-}
-
-TEST_F(DiffHistory, GitFailuresComeBackAsErrors) {
-    EXPECT_THROW(await(service.diff(entry(), DiffContext::commit("no-such-commit"), std::nullopt)),
-                 GitServiceError);
-    EXPECT_THROW(await(service.commitFileChanges(entry(), "0000000000000000000000000000000000000000")),
-                 GitServiceError);
 }
 
 } // namespace

@@ -118,6 +118,12 @@ TEST(DiffParser, LinesThatLookLikeHeadersInsideAHunkAreChanges) {
     EXPECT_EQ(lines[2].type, DiffLineType::addition);
     EXPECT_EQ(lines[2].content, "++ added");
     EXPECT_EQ(file.oldPath, "dash.txt");
+
+    // A line keeps its text when the result it came from is gone.
+    DiffLine line;
+    line = parseDiff(shownCommit).files.at(4).hunks.at(0).lines.at(2);
+    EXPECT_EQ(line.content, "++ added");
+    EXPECT_EQ(line.content.size(), 8u);
 }
 
 TEST(DiffParser, NumbersLinesAndReadsHunkHeaders) {
@@ -152,13 +158,6 @@ TEST(DiffParser, NumbersLinesAndReadsHunkHeaders) {
     const DiffHunk& removal = diff.files[0].hunks[0];
     EXPECT_EQ(std::tie(removal.oldStart, removal.oldCount, removal.newStart, removal.newCount),
               std::make_tuple(1, 1, 0, 0));
-}
-
-TEST(DiffParser, ALineKeepsItsTextWhenTheResultIsGone) {
-    DiffLine line;
-    line = parseDiff(shownCommit).files.at(4).hunks.at(0).lines.at(2);
-    EXPECT_EQ(line.content, "++ added");
-    EXPECT_EQ(line.content.size(), 8u);
 }
 
 TEST(DiffParser, EveryParseMintsFreshDistinctIds) {

@@ -10,8 +10,8 @@
 
 #include <atomic>
 #include <chrono>
-#include <condition_variable>
 #include <future>
+#include <latch>
 #include <mutex>
 #include <random>
 #include <thread>
@@ -22,22 +22,10 @@ using namespace std::chrono_literals;
 namespace {
 
 // A latch the test opens by hand, to hold a block while others are submitted.
-class Gate {
-public:
-    void open() {
-        std::lock_guard lock(mutex_);
-        open_ = true;
-        opened_.notify_all();
-    }
-    void wait() {
-        std::unique_lock lock(mutex_);
-        opened_.wait(lock, [this] { return open_; });
-    }
-
-private:
-    std::mutex mutex_;
-    std::condition_variable opened_;
-    bool open_ = false;
+struct Gate {
+    std::latch latch{1};
+    void open() { latch.count_down(); }
+    void wait() { latch.wait(); }
 };
 
 struct Journal {
@@ -104,7 +92,8 @@ TEST(GitOpRunnerNonces, CancelledSubmissionIsRefusedBeforeItTakesANonce) {
     std::stop_source cancelled;
     cancelled.request_stop();
     bool ran = false;
-    EXPECT_THROW(test::await(runner.serializedExecute("/r", [&] { ran = true; }, cancelled.get_token())),
+    EXPECT_THROW(test::await(runner.serializedExecute(
+                     "/r", [&] { ran = true; }, cancelled.get_token())),
                  OperationCancelled);
     EXPECT_FALSE(ran);
     EXPECT_EQ(runner.enqueue("/r", [] { return true; }), 0u);
@@ -126,17 +115,14 @@ TEST(GitOpRunnerTails, TailBelongsToTheLastOperationAndGoesWithIt) {
     EXPECT_EQ(runner.tailCount(), 0u);
 }
 
-TEST(GitOpRunnerValues, VoidAndMoveOnlyBlocksDeliverTheirOutcome) {
+TEST(GitOpRunnerValues, VoidMoveOnlyAndUnqueuedBlocksDeliverTheirOutcome) {
     GitOpRunner runner(2);
     int touched = 0;
     test::await(runner.serializedExecute("/r", [&] { touched = 1; }));
     EXPECT_EQ(touched, 1);
     auto pointer = test::await(runner.serializedExecute("/r", [] { return std::make_unique<int>(7); }));
     EXPECT_EQ(*pointer, 7);
-}
-
-TEST(GitOpRunnerValues, UnqueuedWorkDoesNotWaitForARepository) {
-    GitOpRunner runner(2);
+    // Unqueued work does not wait for a repository's queue.
     Gate gate;
     auto held = runner.serializedExecute("/r", [&] { gate.wait(); });
     EXPECT_EQ(test::await(runner.runUnqueued([] { return 5; })), 5);
@@ -166,7 +152,8 @@ TEST(GitOpRunnerStress, PerPathOrderHoldsUnderLoad) {
                 if (running[p].fetch_add(1) != 0)
                     overlapsWithinPath.fetch_add(1);
                 const int now = concurrentPaths.fetch_add(1) + 1;
-                for (int high = maxConcurrentPaths.load(); now > high && !maxConcurrentPaths.compare_exchange_weak(high, now);) {
+                for (int high = maxConcurrentPaths.load();
+                     now > high && !maxConcurrentPaths.compare_exchange_weak(high, now);) {
                 }
                 std::this_thread::sleep_for(std::chrono::microseconds(sleepMicros));
                 {

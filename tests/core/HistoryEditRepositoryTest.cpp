@@ -6,6 +6,7 @@
 #include "core/service/GitServiceError.h"
 #include "support/Await.h"
 #include "support/GitFixture.h"
+#include "support/ServiceError.h"
 
 #include <gtest/gtest.h>
 
@@ -17,9 +18,8 @@ namespace {
 
 const std::string awkward = "-a b.txt";
 
-class HistoryEditInRepository : public ::testing::Test {
+class HistoryEditInRepository : public test::RepositoryTest {
   protected:
-    RepoEntry entry() const { return test::RealGitService::repoAt(repo.path()); }
     std::string porcelain() const { return repo.git({"status", "--porcelain=v1", "-uall"}); }
     std::string subject() const { return repo.git({"log", "-1", "--format=%s"}); }
     std::string unmerged() const { return repo.git({"diff", "--name-only", "--diff-filter=U"}); }
@@ -36,9 +36,6 @@ class HistoryEditInRepository : public ::testing::Test {
         repo.commitAll("ours");
         return theirs;
     }
-
-    TempRepo repo;
-    test::RealGitService real;
 };
 
 std::vector<std::string> conflictPaths(const OperationResult& result) {
@@ -51,7 +48,7 @@ std::vector<std::string> conflictPaths(const OperationResult& result) {
 
 } // namespace
 
-TEST_F(HistoryEditInRepository, CherryPickCopiesTheCommit) {
+TEST_F(HistoryEditInRepository, CherryPickCopiesTheCommitOnceAndThenFindsItEmpty) {
     repo.write("a.txt", "a\n");
     repo.commitAll("base");
     repo.git({"checkout", "-q", "-b", "side"});
@@ -68,6 +65,13 @@ TEST_F(HistoryEditInRepository, CherryPickCopiesTheCommit) {
     EXPECT_EQ(subject(), "add f\n");
     EXPECT_NE(repo.head(), picked);
     EXPECT_EQ(repo.read("a.txt"), "a2\n");
+
+    // Picking it again changes nothing: git's own error, not a conflict.
+    const GitServiceError error =
+        test::serviceError([&] { test::await(real.service.cherryPick(entry(), picked)); });
+    EXPECT_EQ(error.kind(), GitServiceError::Kind::commandFailed);
+    EXPECT_NE(error.stderrText().find("empty"), std::string::npos) << error.stderrText();
+    EXPECT_THROW(test::await(real.service.cherryPick(entry(), std::string(40, '0'))), GitServiceError);
 }
 
 TEST_F(HistoryEditInRepository, CherryPickConflictThenTheirs) {
@@ -75,59 +79,34 @@ TEST_F(HistoryEditInRepository, CherryPickConflictThenTheirs) {
     const OperationResult result = test::await(real.service.cherryPick(entry(), theirs));
     EXPECT_EQ(conflictPaths(result), std::vector<std::string>{awkward});
 
+    // A path that is not in conflict fails and stages nothing.
+    EXPECT_THROW(test::await(real.service.resolveConflictUsingOurs(entry(), "-missing file")),
+                 GitServiceError);
+    EXPECT_EQ(unmerged(), awkward + "\n");
+
     test::await(real.service.resolveConflictUsingTheirs(entry(), awkward));
     EXPECT_EQ(repo.read(awkward), "theirs\n");
     EXPECT_EQ(unmerged(), "");
     EXPECT_EQ(porcelain(), "M  \"" + awkward + "\"\n");
 }
 
-TEST_F(HistoryEditInRepository, EmptyPickIsGitsError) {
-    repo.write("a.txt", "a\n");
-    const std::string only = repo.commitAll("base");
-    try {
-        test::await(real.service.cherryPick(entry(), only));
-        FAIL() << "expected commandFailed";
-    } catch (const GitServiceError& error) {
-        EXPECT_EQ(error.kind(), GitServiceError::Kind::commandFailed);
-        EXPECT_NE(error.stderrText().find("empty"), std::string::npos) << error.stderrText();
-    }
-    EXPECT_THROW(test::await(real.service.cherryPick(entry(), "0000000000000000000000000000000000000000")),
-                 GitServiceError);
-}
-
-TEST_F(HistoryEditInRepository, RevertUndoesACommit) {
-    repo.write("a.txt", "one\n");
-    repo.commitAll("one");
-    repo.write("a.txt", "two\n");
-    const std::string two = repo.commitAll("two");
-    const OperationResult result = test::await(real.service.revert(entry(), two));
-    EXPECT_TRUE(std::holds_alternative<operation::Success>(result));
-    EXPECT_EQ(repo.read("a.txt"), "one\n");
-    EXPECT_EQ(subject(), "Revert \"two\"\n");
-    EXPECT_EQ(porcelain(), "");
-}
-
-TEST_F(HistoryEditInRepository, RevertConflictThenOurs) {
+TEST_F(HistoryEditInRepository, RevertUndoesACommitOrStopsOnAConflictThenOurs) {
     repo.write(awkward, "one\n");
     repo.commitAll("one");
     repo.write(awkward, "two\n");
     const std::string two = repo.commitAll("two");
+    EXPECT_TRUE(std::holds_alternative<operation::Success>(test::await(real.service.revert(entry(), two))));
+    EXPECT_EQ(repo.read(awkward), "one\n");
+    EXPECT_EQ(subject(), "Revert \"two\"\n");
+    EXPECT_EQ(porcelain(), "");
+
     repo.write(awkward, "three\n");
     repo.commitAll("three");
-
-    const OperationResult result = test::await(real.service.revert(entry(), two));
-    EXPECT_EQ(conflictPaths(result), std::vector<std::string>{awkward});
+    EXPECT_EQ(conflictPaths(test::await(real.service.revert(entry(), two))),
+              std::vector<std::string>{awkward});
     test::await(real.service.resolveConflictUsingOurs(entry(), awkward));
     EXPECT_EQ(repo.read(awkward), "three\n");
     EXPECT_EQ(unmerged(), "");
-}
-
-TEST_F(HistoryEditInRepository, ResolvingAMissingPathFailsAndStagesNothing) {
-    const std::string theirs = divergedBranches();
-    test::await(real.service.cherryPick(entry(), theirs));
-    EXPECT_THROW(test::await(real.service.resolveConflictUsingOurs(entry(), "-missing file")),
-                 GitServiceError);
-    EXPECT_EQ(unmerged(), awkward + "\n");
 }
 
 TEST_F(HistoryEditInRepository, ResetInEachMode) {

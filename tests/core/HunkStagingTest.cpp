@@ -1,15 +1,15 @@
-// Hunk staging: the one-hunk patch cut from git's text, the argument lists and the patch file's
-// life, and stage, unstage and discard against real repositories.
+// Hunk staging: the one-hunk patch cut from git's text, the private patch file and its removal on
+// every path, and stage, unstage and discard against real repositories.
+#include "RealGitService.h"
+
 #include "core/commands/HunkPatch.h"
 #include "core/parsers/DiffParser.h"
-#include "core/process/SubprocessExecutor.h"
 #include "core/queue/GitOpRunner.h"
 #include "core/service/GitServiceError.h"
-#include "core/service/MockGitService.h"
 #include "core/service/NativeGitService.h"
-#include "core/support/UserDefaults.h"
 #include "support/Await.h"
 #include "support/GitFixture.h"
+#include "support/ServiceError.h"
 
 #include <gtest/gtest.h>
 
@@ -26,11 +26,7 @@ using HunkCommands::hunkHeaderMatches;
 using test::await;
 using Arguments = GitExecutorProtocol::Arguments;
 
-RepoEntry repositoryAt(const std::string& path) {
-    RepoEntry entry;
-    entry.path = path;
-    return entry;
-}
+using test::RealGitService;
 
 const std::string notFound =
     "Failed to parse git apply: target hunk not found \u2014 file may have changed since "
@@ -155,7 +151,7 @@ class HunkArguments : public PrivateTempDirectory {
   protected:
     std::shared_ptr<ApplyWatchingExecutor> git = std::make_shared<ApplyWatchingExecutor>();
     NativeGitService service{git, std::make_shared<GitOpRunner>(2)};
-    RepoEntry repo = repositoryAt("/repo");
+    RepoEntry repo = RealGitService::repoAt("/repo");
 };
 
 TEST_F(HunkArguments, EachActionReReadsThenAppliesAPrivatePatchFile) {
@@ -187,13 +183,10 @@ TEST_F(HunkArguments, EachActionReReadsThenAppliesAPrivatePatchFile) {
 }
 
 TEST_F(HunkArguments, NoPatchFileOutlivesAFailure) {
-    try {
-        await(service.stageHunk(repo, "r.txt", numbers(2, 5, 2, 5)));
-        ADD_FAILURE() << "a missing hunk must fail";
-    } catch (const GitServiceError& error) {
-        EXPECT_EQ(error.kind(), GitServiceError::Kind::parseFailed);
-        EXPECT_EQ(error.description(), notFound);
-    }
+    const GitServiceError missing =
+        test::serviceError([&] { await(service.stageHunk(repo, "r.txt", numbers(2, 5, 2, 5))); });
+    EXPECT_EQ(missing.kind(), GitServiceError::Kind::parseFailed);
+    EXPECT_EQ(missing.description(), notFound);
     EXPECT_EQ(git->calls.size(), 1u);
 
     git->rejectApply = true;
@@ -210,7 +203,7 @@ class HunkStaging : public PrivateTempDirectory {
             text += prefix + std::to_string(n) + "\n";
         return text;
     }
-    RepoEntry entry() const { return repositoryAt(repo.path()); }
+    RepoEntry entry() const { return RealGitService::repoAt(repo.path()); }
     DiffResult diff(DiffContext context) { return await(service.diff(entry(), context, std::nullopt)); }
 
     // Commits `path` with twenty rows, then changes row 2 and row 18: two hunks in the working tree.
@@ -221,12 +214,11 @@ class HunkStaging : public PrivateTempDirectory {
     }
 
     test::TempRepo repo;
-    InMemoryUserDefaults defaults;
-    NativeGitService service{std::make_shared<SubprocessExecutor>(std::nullopt, defaults),
-                             std::make_shared<GitOpRunner>(2)};
+    RealGitService real;
+    NativeGitService& service = real.service;
 };
 
-TEST_F(HunkStaging, OfTwoHunksOnlyTheTargetIsStaged) {
+TEST_F(HunkStaging, OfTwoHunksOnlyTheTargetIsStagedOrDiscarded) {
     twoChanges("r.txt");
     const auto hunks = diff(DiffContext::unstaged()).files.at(0).hunks;
     ASSERT_EQ(hunks.size(), 2u);
@@ -239,6 +231,12 @@ TEST_F(HunkStaging, OfTwoHunksOnlyTheTargetIsStaged) {
     const auto unstaged = diff(DiffContext::unstaged()).files.at(0);
     ASSERT_EQ(unstaged.hunks.size(), 1u);
     EXPECT_EQ(unstaged.hunks[0].oldStart, hunks[0].oldStart);
+
+    // Discarding the other one reverts it in the work tree and leaves the staged one alone.
+    await(service.discardHunk(entry(), "r.txt", unstaged.hunks[0]));
+    EXPECT_EQ(repo.read("r.txt"), rows(1, 17) + "row eighteen\n" + rows(19, 20));
+    EXPECT_TRUE(diff(DiffContext::unstaged()).files.empty());
+    EXPECT_EQ(diff(DiffContext::staged()).files.at(0).hunks.size(), 1u);
     EXPECT_TRUE(tmpIsEmpty());
 }
 
@@ -247,12 +245,8 @@ TEST_F(HunkStaging, AHunkThatMovedFailsAndChangesNothing) {
     const auto shown = diff(DiffContext::unstaged()).files.at(0).hunks.at(1);
     // Two new lines at the top shift every later hunk.
     repo.write("r.txt", "new\nlines\n" + repo.read("r.txt"));
-    try {
-        await(service.stageHunk(entry(), "r.txt", shown));
-        ADD_FAILURE() << "a moved hunk must not be staged";
-    } catch (const GitServiceError& error) {
-        EXPECT_EQ(error.description(), notFound);
-    }
+    EXPECT_EQ(test::serviceError([&] { await(service.stageHunk(entry(), "r.txt", shown)); }).description(),
+              notFound);
     EXPECT_TRUE(diff(DiffContext::staged()).files.empty());
     EXPECT_TRUE(tmpIsEmpty());
 }
@@ -275,14 +269,6 @@ TEST_F(HunkStaging, UnstageFindsOnlyHunksOfTheStagedDiff) {
     EXPECT_TRUE(tmpIsEmpty());
 }
 
-TEST_F(HunkStaging, DiscardRevertsOnlyTheTargetInTheWorkingTree) {
-    twoChanges("r.txt");
-    await(service.discardHunk(entry(), "r.txt", diff(DiffContext::unstaged()).files.at(0).hunks.at(0)));
-    EXPECT_EQ(repo.read("r.txt"), rows(1, 17) + "row eighteen\n" + rows(19, 20));
-    EXPECT_TRUE(diff(DiffContext::staged()).files.empty());
-    EXPECT_TRUE(tmpIsEmpty());
-}
-
 TEST_F(HunkStaging, AwkwardPathsWork) {
     for (const std::string path :
          {"dir with space/file b.txt", "-lead.txt", "caf\xe9.txt", "quote\"$(x).txt"}) {
@@ -302,38 +288,13 @@ TEST_F(HunkStaging, ARejectedApplySurfacesGitsMessageAndLeavesNoPatch) {
     twoChanges("r.txt");
     const auto hunk = diff(DiffContext::unstaged()).files.at(0).hunks.at(0);
     test::writeFile(repo / ".git/index.lock", "");
-    try {
-        await(service.stageHunk(entry(), "r.txt", hunk));
-        ADD_FAILURE() << "a locked index must refuse the patch";
-    } catch (const GitServiceError& error) {
-        EXPECT_EQ(error.kind(), GitServiceError::Kind::commandFailed);
-        EXPECT_NE(error.stderrText().find("index.lock"), std::string::npos) << error.stderrText();
-    }
+    const GitServiceError locked =
+        test::serviceError([&] { await(service.stageHunk(entry(), "r.txt", hunk)); });
+    EXPECT_EQ(locked.kind(), GitServiceError::Kind::commandFailed);
+    EXPECT_NE(locked.stderrText().find("index.lock"), std::string::npos) << locked.stderrText();
     fs::remove(repo / ".git/index.lock");
     EXPECT_TRUE(diff(DiffContext::staged()).files.empty());
     EXPECT_TRUE(tmpIsEmpty());
-}
-
-TEST(MockHunkStaging, HunksMoveBetweenTheCannedDiffs) {
-    MockGitService mock;
-    const RepoEntry repo = await(mock.open("/mock"));
-    const auto hunk = await(mock.diff(repo, DiffContext::unstaged(), std::nullopt)).files.at(0).hunks.at(1);
-    await(mock.stageHunk(repo, "src/main.cpp", hunk));
-    EXPECT_EQ(mock.unstagedDiff.files.at(0).hunks.size(), 1u);
-    EXPECT_EQ(mock.unstagedDiff.files.at(0).deletions, 0);
-    const auto staged = await(mock.diff(repo, DiffContext::staged(), std::nullopt));
-    ASSERT_EQ(staged.files.size(), 2u);
-    EXPECT_EQ(staged.files[1].hunks.at(0).oldStart, 9);
-    try {
-        await(mock.discardHunk(repo, "src/main.cpp", hunk));
-        ADD_FAILURE() << "the hunk is no longer unstaged";
-    } catch (const GitServiceError& error) {
-        EXPECT_EQ(error.description(), notFound);
-    }
-    await(mock.unstageHunk(repo, "src/main.cpp", hunk));
-    EXPECT_EQ(mock.stagedDiff.files.size(), 1u);
-    EXPECT_EQ(mock.unstagedDiff.files.at(0).hunks.size(), 2u);
-    EXPECT_EQ(await(mock.commitFileChanges(repo, "abc")).at(1).originalPath, "notes.txt");
 }
 
 } // namespace

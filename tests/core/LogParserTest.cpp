@@ -125,15 +125,14 @@ TEST(CommitHistoryRecords, ReadsNineOfFourteenFields) {
     EXPECT_EQ(entry.authorDate, sys_days{year{2026} / 1 / 2} + hours{3} + minutes{4} + seconds{5});
 }
 
-TEST(CommitHistoryRecords, HashesMustBeSevenToSixtyFourHexCharacters) {
+TEST(CommitHistoryRecords, ShortRecordsAndBadHashesAreDroppedAndAnEmptyLastFieldCounts) {
+    // A hash is seven to sixty-four hex characters.
     EXPECT_TRUE(GitOutputParser::parseCommitHistory(historyRecord("abcdef")).empty());
     EXPECT_TRUE(GitOutputParser::parseCommitHistory(historyRecord("abcdefg")).empty());
     EXPECT_EQ(GitOutputParser::parseCommitHistory(historyRecord("ABCDEF0")).size(), 1u);
     EXPECT_EQ(GitOutputParser::parseCommitHistory(historyRecord(std::string(64, 'f'))).size(), 1u);
     EXPECT_TRUE(GitOutputParser::parseCommitHistory(historyRecord(std::string(65, 'f'))).empty());
-}
 
-TEST(CommitHistoryRecords, ThirteenFieldsAreDroppedAndAnEmptyLastFieldCounts) {
     EXPECT_TRUE(GitOutputParser::parseCommitHistory(historyRecord(hashA, 13)).empty());
     // The fourteenth value is empty: the record ends right after the thirteenth NUL.
     EXPECT_EQ(GitOutputParser::parseCommitHistory(historyRecord(hashA, 14)).size(), 1u);

@@ -1,17 +1,19 @@
-// Merge and rebase commands: the exact command lines, how git's answers are read, the conflict
-// recovery, the rebase-stop reader, and what real repositories do with each outcome.
+// Merge and rebase commands: option-like targets refused before git runs, the rebase-stop reader
+// over its state files, and what real repositories do with each outcome.
+#include "RealGitService.h"
+
 #include "core/commands/MergeCommands.h"
 #include "core/commands/RebaseStop.h"
 #include "core/commands/RepositoryCommands.h"
 #include "core/process/SubprocessExecutor.h"
 #include "core/queue/GitOpRunner.h"
 #include "core/service/GitServiceError.h"
-#include "core/service/MockGitService.h"
 #include "core/service/NativeGitService.h"
 #include "core/support/UserDefaults.h"
 #include "support/Await.h"
 #include "support/GitFixture.h"
 #include "support/RecordingExecutor.h"
+#include "support/ServiceError.h"
 
 #include <gtest/gtest.h>
 
@@ -37,20 +39,6 @@ std::string unmergedRecord(const std::string& code, const std::string& path) {
            '\0';
 }
 
-std::exception_ptr gitFailure(const std::string& command, const std::string& text) {
-    return std::make_exception_ptr(GitServiceError::commandFailed(command, text));
-}
-
-GitServiceError caught(const std::function<void()>& call) {
-    try {
-        call();
-    } catch (const GitServiceError& error) {
-        return error;
-    }
-    ADD_FAILURE() << "no GitServiceError was thrown";
-    return GitServiceError::parseFailed("test", "nothing thrown");
-}
-
 std::vector<std::pair<std::string, ConflictType>> pathsAndTypes(const std::vector<ConflictEntry>& files) {
     std::vector<std::pair<std::string, ConflictType>> result;
     for (const ConflictEntry& file : files)
@@ -60,120 +48,15 @@ std::vector<std::pair<std::string, ConflictType>> pathsAndTypes(const std::vecto
 
 } // namespace
 
-TEST(MergeCommandLines, MergeReadsTheOutcomeFromGitsWords) {
-    {
-        RecordingExecutor git;
-        git.reply("Already up to date. Yeeah!\n");
-        EXPECT_TRUE(std::holds_alternative<merge::AlreadyUpToDate>(MergeCommands::merge(git, "/r", "topic")));
-        EXPECT_EQ(git.argumentLists(), (std::vector<Args>{{"merge", "topic"}}));
-    }
-    {
-        RecordingExecutor git;
-        git.reply("Updating 1111111..2222222\nFast-forward\n file | 2 +-\n");
-        git.reply("2222222222\n");
-        const MergeResult result = MergeCommands::merge(git, "/r", "topic");
-        ASSERT_TRUE(std::holds_alternative<merge::FastForward>(result));
-        EXPECT_EQ(std::get<merge::FastForward>(result).newHead, "2222222222");
-        EXPECT_EQ(git.argumentLists(), (std::vector<Args>{{"merge", "topic"}, {"rev-parse", "HEAD"}}));
-    }
-    {
-        RecordingExecutor git;
-        git.reply("Merge made by the 'ort' strategy.\n");
-        git.reply("3333333333\n");
-        const MergeResult result = MergeCommands::merge(git, "/r", "topic");
-        ASSERT_TRUE(std::holds_alternative<merge::Merged>(result));
-        EXPECT_EQ(std::get<merge::Merged>(result).commitHash, "3333333333");
-    }
-}
-
-TEST(MergeCommandLines, FailedMergeAsksForUnmergedPathsInTheSameRepository) {
-    RecordingExecutor git;
-    git.fail(gitFailure("merge", ""));
-    git.reply(unmergedRecord("UU", "dir/a file.txt"));
-    const MergeResult result = MergeCommands::merge(git, "/r", "topic");
-    ASSERT_TRUE(std::holds_alternative<Conflicted>(result));
-    EXPECT_EQ(
-        pathsAndTypes(std::get<Conflicted>(result).files),
-        (std::vector<std::pair<std::string, ConflictType>>{{"dir/a file.txt", ConflictType::bothModified}}));
-    EXPECT_EQ(git.argumentLists(), (std::vector<Args>{{"merge", "topic"}, conflictQuery}));
-    EXPECT_EQ(git.calls()[1].repoPath, "/r");
-}
-
-TEST(MergeCommandLines, FailedHeadLookUpGoesThroughTheRecoveryToo) {
-    RecordingExecutor git;
-    git.reply("Fast-forward\n");
-    git.fail(gitFailure("rev-parse", "fatal: bad HEAD"));
-    git.reply("");
-    EXPECT_EQ(caught([&] { MergeCommands::merge(git, "/r", "topic"); }).command(), "rev-parse");
-    EXPECT_EQ(git.argumentLists().back(), conflictQuery);
-}
-
-TEST(MergeCommandLines, FastForwardOnlyNeverAsksForConflicts) {
-    RecordingExecutor git;
-    git.reply("Updating 1..2\n");
-    git.reply("abc\n");
-    const MergeResult result = MergeCommands::fastForwardMerge(git, "/r", "topic");
-    ASSERT_TRUE(std::holds_alternative<merge::FastForward>(result));
-    EXPECT_EQ(std::get<merge::FastForward>(result).newHead, "abc");
-    git.reply("Already up to date.\n");
-    EXPECT_TRUE(
-        std::holds_alternative<merge::AlreadyUpToDate>(MergeCommands::fastForwardMerge(git, "/r", "topic")));
-    git.fail(gitFailure("merge", "fatal: Not possible to fast-forward, aborting."));
-    EXPECT_EQ(caught([&] { MergeCommands::fastForwardMerge(git, "/r", "topic"); }).command(), "merge");
-    EXPECT_EQ(git.argumentLists(), (std::vector<Args>{{"merge", "--ff-only", "topic"},
-                                                      {"rev-parse", "HEAD"},
-                                                      {"merge", "--ff-only", "topic"},
-                                                      {"merge", "--ff-only", "topic"}}));
-}
-
-TEST(MergeCommandLines, RebaseOutcomes) {
-    RecordingExecutor git;
-    git.reply("Current branch main is up to date.\n");
-    EXPECT_TRUE(
-        std::holds_alternative<rebase::AlreadyUpToDate>(MergeCommands::rebase(git, "/r", "origin/main")));
-    git.reply("");
-    EXPECT_TRUE(std::holds_alternative<rebase::Success>(MergeCommands::rebase(git, "/r", "origin/main")));
-    git.fail(gitFailure("rebase", "error: could not apply"));
-    git.reply(unmergedRecord("AA", "new.txt"));
-    const RebaseResult stopped = MergeCommands::rebase(git, "/r", "origin/main");
-    ASSERT_TRUE(std::holds_alternative<RebaseStop>(stopped));
-    const RebaseStop& stop = std::get<RebaseStop>(stopped);
-    EXPECT_EQ(stop.stoppedAtHash, "");
-    EXPECT_EQ(stop.currentStep, 0);
-    EXPECT_EQ(stop.totalSteps, 0);
-    EXPECT_EQ(pathsAndTypes(stop.files),
-              (std::vector<std::pair<std::string, ConflictType>>{{"new.txt", ConflictType::bothAdded}}));
-    EXPECT_EQ(
-        git.argumentLists(),
-        (std::vector<Args>{
-            {"rebase", "origin/main"}, {"rebase", "origin/main"}, {"rebase", "origin/main"}, conflictQuery}));
-}
-
-TEST(MergeCommandLines, ContinueSkipAndAborts) {
-    RecordingExecutor git;
-    const RepoEntry repo{"/r", "/r/.git"};
-    EXPECT_TRUE(std::holds_alternative<rebase::Success>(MergeCommands::rebaseContinue(git, repo)));
-    EXPECT_TRUE(std::holds_alternative<rebase::Success>(MergeCommands::rebaseSkip(git, repo)));
-    MergeCommands::abortMerge(git, "/r");
-    MergeCommands::abortRebase(git, "/r");
-    MergeCommands::abortCherryPick(git, "/r");
-    MergeCommands::abortRevert(git, "/r");
-    EXPECT_EQ(git.argumentLists(), (std::vector<Args>{{"rebase", "--continue"},
-                                                      {"rebase", "--skip"},
-                                                      {"merge", "--abort"},
-                                                      {"rebase", "--abort"},
-                                                      {"cherry-pick", "--abort"},
-                                                      {"revert", "--abort"}}));
-}
-
 TEST(MergeCommandLines, OptionLikeTargetsAreRefusedBeforeGitRuns) {
     RecordingExecutor git;
-    EXPECT_EQ(caught([&] { MergeCommands::merge(git, "/r", "--abort"); }).kind(),
-              GitServiceError::Kind::invalidInput);
-    EXPECT_EQ(caught([&] { MergeCommands::fastForwardMerge(git, "/r", "-s"); }).kind(),
-              GitServiceError::Kind::invalidInput);
-    EXPECT_EQ(caught([&] { MergeCommands::rebase(git, "/r", "--root"); }).kind(),
-              GitServiceError::Kind::invalidInput);
+    const std::vector<std::function<void()>> refused{
+        [&] { MergeCommands::merge(git, "/r", "--no-ff"); },
+        [&] { MergeCommands::fastForwardMerge(git, "/r", "-s"); },
+        [&] { MergeCommands::rebase(git, "/r", "--root"); },
+    };
+    for (const auto& call : refused)
+        EXPECT_EQ(test::serviceError(call).kind(), GitServiceError::Kind::invalidInput);
     EXPECT_TRUE(git.calls().empty());
 }
 
@@ -210,27 +93,24 @@ TEST_F(RebaseStopFiles, ConflictStopWithStepsAndHash) {
     EXPECT_EQ(git.calls()[0].repoPath, dir.path());
 }
 
-TEST_F(RebaseStopFiles, MissingOrUnreadableFilesAndAFailedQueryStillGiveAStop) {
+TEST_F(RebaseStopFiles, UnreadableFilesAFailedQueryOrNoGitDirectoryStillGiveAStop) {
     writeState("end", "three\n");
-    git.fail(gitFailure("status", "fatal: index file corrupt"));
+    git.fail("status");
     const InteractiveRebaseResult result = readRebaseStop(git, repo());
     ASSERT_TRUE(std::holds_alternative<rebase::EditStop>(result));
     const auto& stop = std::get<rebase::EditStop>(result);
-    EXPECT_EQ(stop.hash, "");
-    EXPECT_EQ(stop.currentStep, 0);
-    EXPECT_EQ(stop.totalSteps, 0);
-}
+    EXPECT_EQ(std::tie(stop.hash, stop.currentStep, stop.totalSteps), std::make_tuple("", 0, 0));
 
-TEST_F(RebaseStopFiles, WithoutAGitDirectoryTheWorkTreesDotGitIsRead) {
+    // Without a git directory in the entry, the work tree's ".git" is read.
     std::filesystem::create_directories(dir / ".git/rebase-merge");
     test::writeFile(dir / ".git/rebase-merge/msgnum", "4");
-    const InteractiveRebaseResult result = readRebaseStop(git, RepoEntry{dir.path()});
-    ASSERT_TRUE(std::holds_alternative<rebase::EditStop>(result));
-    EXPECT_EQ(std::get<rebase::EditStop>(result).currentStep, 4);
+    const InteractiveRebaseResult fromDotGit = readRebaseStop(git, RepoEntry{dir.path()});
+    ASSERT_TRUE(std::holds_alternative<rebase::EditStop>(fromDotGit));
+    EXPECT_EQ(std::get<rebase::EditStop>(fromDotGit).currentStep, 4);
 }
 
 TEST_F(RebaseStopFiles, NoRebaseInProgressIsAnError) {
-    const GitServiceError error = caught([&] { readRebaseStop(git, repo()); });
+    const GitServiceError error = test::serviceError([&] { readRebaseStop(git, repo()); });
     EXPECT_EQ(error.kind(), GitServiceError::Kind::commandFailed);
     EXPECT_EQ(error.description(), "git rebase failed: Rebase failed unexpectedly");
     EXPECT_TRUE(git.calls().empty());
@@ -308,24 +188,24 @@ TEST_F(MergesInRealRepository, ConflictsOfSeveralKindsComeBackWithTheirFiles) {
     EXPECT_EQ(repo.git({"status", "--porcelain"}), "");
 }
 
-TEST_F(MergesInRealRepository, MergeBlockedByLocalChangesLeavesTheWorkTreeAlone) {
+TEST_F(MergesInRealRepository, RefusedMergesLeaveHeadAndWorkTreeAlone) {
     repo.divergeOnOneFile();
     const std::string head = repo.head();
     repo.write("file", "uncommitted\n");
-    const GitServiceError error = caught([&] { MergeCommands::merge(git, repo.path(), "topic"); });
-    EXPECT_EQ(error.kind(), GitServiceError::Kind::commandFailed);
-    EXPECT_EQ(error.command(), "merge");
-    EXPECT_NE(error.stderrText().find("would be overwritten by merge"), std::string::npos)
-        << error.stderrText();
+    const GitServiceError blocked =
+        test::serviceError([&] { MergeCommands::merge(git, repo.path(), "topic"); });
+    EXPECT_EQ(blocked.kind(), GitServiceError::Kind::commandFailed);
+    EXPECT_EQ(blocked.command(), "merge");
+    EXPECT_NE(blocked.stderrText().find("would be overwritten by merge"), std::string::npos)
+        << blocked.stderrText();
     EXPECT_EQ(repo.read("file"), "uncommitted\n");
     EXPECT_EQ(repo.head(), head);
     EXPECT_FALSE(exists(".git/MERGE_HEAD"));
-}
+    repo.git({"checkout", "--", "file"});
 
-TEST_F(MergesInRealRepository, FastForwardOnlyRefusesDivergedBranches) {
-    repo.divergeOnOneFile();
-    const std::string head = repo.head();
-    const GitServiceError error = caught([&] { MergeCommands::fastForwardMerge(git, repo.path(), "topic"); });
+    // Fast-forward only refuses diverged branches, and moves to one that is ahead.
+    const GitServiceError error =
+        test::serviceError([&] { MergeCommands::fastForwardMerge(git, repo.path(), "topic"); });
     EXPECT_EQ(error.command(), "merge");
     EXPECT_NE(error.stderrText().find("Not possible to fast-forward"), std::string::npos)
         << error.stderrText();
@@ -355,12 +235,13 @@ TEST_F(MergesInRealRepository, RebaseUpToDateSuccessAndDirtyTree) {
     const std::string mainHead = repo.commitAll("main");
     repo.git({"checkout", "-q", "topic"});
     EXPECT_TRUE(std::holds_alternative<rebase::Success>(MergeCommands::rebase(git, repo.path(), "main")));
-    EXPECT_EQ(repo.git({"rev-parse", "HEAD^"}), mainHead + "\n");
+    EXPECT_EQ(repo.rev("HEAD^"), mainHead);
     EXPECT_EQ(repo.read("topic"), "topic\n");
 
     repo.git({"reset", "-q", "--hard", base});
     repo.write("file", "dirty\n");
-    const GitServiceError error = caught([&] { MergeCommands::rebase(git, repo.path(), "main"); });
+    const GitServiceError error =
+        test::serviceError([&] { MergeCommands::rebase(git, repo.path(), "main"); });
     EXPECT_EQ(error.command(), "rebase");
     EXPECT_EQ(repo.read("file"), "dirty\n");
     EXPECT_FALSE(exists(".git/rebase-merge"));
@@ -371,7 +252,7 @@ TEST_F(MergesInRealRepository, RebaseConflictThenContinueWithUnresolvedFiles) {
     repo.git({"checkout", "-q", "topic"});
     repo.write("more", "more\n");
     repo.commitAll("topic adds more");
-    const std::string firstTopic = repo.git({"rev-parse", "HEAD^"}).substr(0, 40);
+    const std::string firstTopic = repo.rev("HEAD^");
 
     const RebaseResult started = MergeCommands::rebase(git, repo.path(), "main");
     ASSERT_TRUE(std::holds_alternative<RebaseStop>(started));
@@ -401,38 +282,35 @@ TEST_F(MergesInRealRepository, RebaseConflictThenContinueWithUnresolvedFiles) {
               "topic adds more\ntopic changes file\nmain changes file\n");
 }
 
-TEST_F(MergesInRealRepository, SkipOfTheLastStepEndsTheRebase) {
+TEST_F(MergesInRealRepository, SkipOfTheLastStepEndsTheRebaseAndThenNothingContinues) {
     repo.divergeOnOneFile();
     const std::string mainHead = repo.head();
     repo.git({"checkout", "-q", "topic"});
+    const std::string topicHead = repo.head();
     ASSERT_TRUE(std::holds_alternative<RebaseStop>(MergeCommands::rebase(git, repo.path(), "main")));
     EXPECT_TRUE(std::holds_alternative<rebase::Success>(MergeCommands::rebaseSkip(git, entry())));
     EXPECT_EQ(repo.head(), mainHead);
     EXPECT_EQ(repo.git({"symbolic-ref", "--short", "HEAD"}), "topic\n");
     EXPECT_FALSE(exists(".git/rebase-merge"));
-}
 
-TEST_F(MergesInRealRepository, ContinueAfterTheRebaseVanishedIsAnError) {
-    repo.divergeOnOneFile();
-    repo.git({"checkout", "-q", "topic"});
-    const std::string topicHead = repo.head();
+    // A rebase stopped, then aborted: continue, skip and abort have nothing to work on.
+    repo.git({"reset", "-q", "--hard", topicHead});
     ASSERT_TRUE(std::holds_alternative<RebaseStop>(MergeCommands::rebase(git, repo.path(), "main")));
     MergeCommands::abortRebase(git, repo.path());
     EXPECT_EQ(repo.head(), topicHead);
     EXPECT_FALSE(exists(".git/rebase-merge"));
-
-    const GitServiceError error = caught([&] { MergeCommands::rebaseContinue(git, entry()); });
+    const GitServiceError error = test::serviceError([&] { MergeCommands::rebaseContinue(git, entry()); });
     EXPECT_EQ(error.command(), "rebase");
     EXPECT_EQ(error.stderrText(), "Rebase failed unexpectedly");
-    EXPECT_EQ(caught([&] { MergeCommands::rebaseSkip(git, entry()); }).stderrText(),
+    EXPECT_EQ(test::serviceError([&] { MergeCommands::rebaseSkip(git, entry()); }).stderrText(),
               "Rebase failed unexpectedly");
-    EXPECT_EQ(caught([&] { MergeCommands::abortRebase(git, repo.path()); }).command(), "rebase");
+    EXPECT_EQ(test::serviceError([&] { MergeCommands::abortRebase(git, repo.path()); }).command(), "rebase");
 }
 
 TEST_F(MergesInRealRepository, AbortCherryPickAndRevert) {
     repo.divergeOnOneFile();
     const std::string head = repo.head();
-    const std::string topic = repo.git({"rev-parse", "topic"}).substr(0, 40);
+    const std::string topic = repo.rev("topic");
     EXPECT_NE(repo.gitAllowingFailure({"cherry-pick", topic}).exitCode, 0);
     EXPECT_TRUE(exists(".git/CHERRY_PICK_HEAD"));
     MergeCommands::abortCherryPick(git, repo.path());
@@ -447,35 +325,14 @@ TEST_F(MergesInRealRepository, AbortCherryPickAndRevert) {
     MergeCommands::abortRevert(git, repo.path());
     EXPECT_FALSE(exists(".git/REVERT_HEAD"));
     EXPECT_EQ(repo.head(), later);
-    EXPECT_EQ(caught([&] { MergeCommands::abortMerge(git, repo.path()); }).command(), "merge");
-}
-
-TEST_F(MergesInRealRepository, OptionLikeTargetsChangeNothing) {
-    repo.divergeOnOneFile();
-    const auto snapshot = [&] { return repo.git({"for-each-ref"}) + repo.git({"status", "--porcelain=v2"}); };
-    const std::string before = snapshot();
-    EXPECT_EQ(caught([&] { MergeCommands::merge(git, repo.path(), "--no-ff"); }).kind(),
-              GitServiceError::Kind::invalidInput);
-    EXPECT_EQ(caught([&] { MergeCommands::rebase(git, repo.path(), "--root"); }).kind(),
-              GitServiceError::Kind::invalidInput);
-    EXPECT_EQ(snapshot(), before);
-    EXPECT_FALSE(exists(".git/MERGE_HEAD"));
-    EXPECT_FALSE(exists(".git/rebase-merge"));
+    EXPECT_EQ(test::serviceError([&] { MergeCommands::abortMerge(git, repo.path()); }).command(), "merge");
 }
 
 TEST(MergeService, NativeServiceReportsTheConflictAndAborts) {
-    InMemoryUserDefaults defaults;
-    NativeGitService service{std::make_shared<SubprocessExecutor>(std::nullopt, defaults),
-                             std::make_shared<GitOpRunner>(2)};
+    test::RealGitService real;
+    NativeGitService& service = real.service;
     TempRepo repo;
-    repo.write("file", "base\n");
-    repo.commitAll("base");
-    repo.git({"checkout", "-q", "-b", "topic"});
-    repo.write("file", "topic\n");
-    repo.commitAll("topic");
-    repo.git({"checkout", "-q", "main"});
-    repo.write("file", "main\n");
-    repo.commitAll("main");
+    repo.divergeOnOneFile();
     const RepoEntry entry = test::await(service.open(repo.path()));
 
     const MergeResult result = test::await(service.merge(entry, "topic"));
@@ -486,24 +343,5 @@ TEST(MergeService, NativeServiceReportsTheConflictAndAborts) {
     EXPECT_THROW(test::await(service.fastForwardMerge(entry, "topic")), GitServiceError);
     EXPECT_TRUE(std::holds_alternative<RebaseStop>(test::await(service.rebase(entry, "topic"))));
     EXPECT_TRUE(std::holds_alternative<rebase::Success>(test::await(service.rebaseSkip(entry))));
-    EXPECT_EQ(repo.head(), repo.git({"rev-parse", "topic"}).substr(0, 40));
-}
-
-TEST(MergeService, MockServiceFollowsItsRepositoryState) {
-    MockGitService mock;
-    const RepoEntry repo = test::await(mock.open("/r"));
-    EXPECT_THROW(test::await(mock.abortMerge(repo)), GitServiceError);
-    mock.mergeOutcome = Conflicted{};
-    EXPECT_TRUE(std::holds_alternative<Conflicted>(test::await(mock.merge(repo, "topic"))));
-    EXPECT_THROW(test::await(mock.fastForwardMerge(repo, "topic")), GitServiceError);
-    test::await(mock.abortMerge(repo));
-    EXPECT_EQ(mock.repository.state, RepositoryState::clean);
-
-    mock.rebaseOutcome = RebaseStop{};
-    test::await(mock.rebase(repo, "main"));
-    mock.rebaseStepOutcome = rebase::EditStop{"abc", 1, 2};
-    EXPECT_TRUE(std::holds_alternative<rebase::EditStop>(test::await(mock.rebaseContinue(repo))));
-    mock.rebaseStepOutcome = rebase::Success{};
-    EXPECT_TRUE(std::holds_alternative<rebase::Success>(test::await(mock.rebaseSkip(repo))));
-    EXPECT_THROW(test::await(mock.rebaseContinue(repo)), GitServiceError);
+    EXPECT_EQ(repo.head(), repo.rev("topic"));
 }

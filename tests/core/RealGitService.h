@@ -1,10 +1,14 @@
-// The git service over the real git program, for tests that drive temporary repositories.
+// The git service over the real git program, and a fixture of one temporary repository, for tests
+// that drive temporary repositories.
 #pragma once
 
 #include "core/process/SubprocessExecutor.h"
 #include "core/queue/GitOpRunner.h"
 #include "core/service/NativeGitService.h"
 #include "core/support/UserDefaults.h"
+#include "support/GitFixture.h"
+
+#include <gtest/gtest.h>
 
 #include <memory>
 #include <optional>
@@ -22,6 +26,15 @@ struct RealGitService {
         repo.path = path;
         return repo;
     }
+};
+
+// A test over one temporary repository, with the service over the real git.
+class RepositoryTest : public ::testing::Test {
+  protected:
+    RepoEntry entry() const { return RealGitService::repoAt(repo.path()); }
+
+    TempRepo repo;
+    RealGitService real;
 };
 
 } // namespace orvel::test

@@ -7,13 +7,7 @@
 using namespace orvel;
 using GitOutputParser::parseRemotes;
 
-TEST(RemoteParser, FetchAndPushLinesOfOneNameMakeOneEntry) {
-    const auto remotes = parseRemotes("origin\t/srv/origin.git (fetch)\norigin\t/srv/origin.git (push)\n");
-    ASSERT_EQ(remotes.size(), 1u);
-    EXPECT_EQ(remotes[0], (RemoteEntry{"origin", "/srv/origin.git", "/srv/origin.git"}));
-}
-
-TEST(RemoteParser, SeparatePushUrlsBlanksInUrlsAndSortedNames) {
+TEST(RemoteParser, FetchAndPushLinesPairUpWithBlanksInUrlsAndSortedNames) {
     const auto remotes = parseRemotes("origin\t/srv/origin.git (fetch)\n"
                                       "origin\t/srv/origin.git (push)\n"
                                       "pushonly2\t\n"
@@ -22,7 +16,7 @@ TEST(RemoteParser, SeparatePushUrlsBlanksInUrlsAndSortedNames) {
                                       "upstream\tssh://example.invalid/up.git (push)\n");
     // A remote with only a push URL configured prints a fetch line without a direction: left out.
     ASSERT_EQ(remotes.size(), 2u);
-    EXPECT_EQ(remotes[0].name, "origin");
+    EXPECT_EQ(remotes[0], (RemoteEntry{"origin", "/srv/origin.git", "/srv/origin.git"}));
     EXPECT_EQ(remotes[1],
               (RemoteEntry{"upstream", "file:///srv/up stream.git", "ssh://example.invalid/up.git"}));
 }

@@ -1,18 +1,23 @@
-// Opening, creating and cloning repositories: the exact commands, and what real repositories of
-// every shape and in-progress state open as.
+// Opening, creating and cloning repositories, and reading status: the exact commands, the
+// default-branch choice, the state markers, user paths and URLs kept from git's options, and what
+// real repositories of every shape and in-progress state open as.
+#include "RealGitService.h"
+
 #include "core/commands/RepositoryCommands.h"
-#include "core/process/SubprocessExecutor.h"
+#include "core/commands/StatusCommands.h"
 #include "core/queue/GitOpRunner.h"
 #include "core/service/GitServiceError.h"
 #include "core/service/NativeGitService.h"
-#include "core/support/UserDefaults.h"
 #include "support/Await.h"
 #include "support/GitFixture.h"
 #include "support/RecordingExecutor.h"
+#include "support/ServiceError.h"
 
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <functional>
+#include <optional>
 
 using namespace orvel;
 using test::RecordingExecutor;
@@ -20,124 +25,103 @@ using test::TempDir;
 using test::TempRepo;
 using Args = std::vector<std::string>;
 
-TEST(OpenCommands, ArgumentListsAndRelativeGitDir) {
+TEST(RepositoryArguments, OpenCurrentBranchCloneAndStatusAskGitExactly) {
     RecordingExecutor git;
     git.reply(".git\nfalse\n");
-    git.reply("abc123\n");
-    git.reply("main\n");
-    const RepoEntry entry = RepositoryCommands::open(git, "/r");
-    EXPECT_EQ(git.argumentLists(), (std::vector<Args>{{"rev-parse", "--git-dir", "--is-bare-repository"},
-                                                      {"rev-parse", "HEAD"},
-                                                      {"symbolic-ref", "--short", "HEAD"}}));
-    EXPECT_EQ(git.calls()[0].repoPath, "/r");
-    EXPECT_EQ(entry.gitDirPath, "/r/.git");
-    EXPECT_FALSE(entry.isBare);
-    EXPECT_EQ(entry.headHash, "abc123");
-    EXPECT_EQ(entry.currentBranch, "main");
-}
-
-TEST(OpenCommands, FailedLookUpsOnlyLeaveFieldsAbsent) {
-    RecordingExecutor git;
-    git.reply("/abs/gitdir\ntrue\n");
-    git.fail(std::make_exception_ptr(GitServiceError::commandFailed("rev-parse", "unknown revision")));
-    git.reply("\n");
-    const RepoEntry entry = RepositoryCommands::open(git, "/r");
-    EXPECT_EQ(entry.gitDirPath, "/abs/gitdir");
-    EXPECT_TRUE(entry.isBare);
-    EXPECT_FALSE(entry.headHash);
-    EXPECT_FALSE(entry.currentBranch);
-}
-
-TEST(OpenCommands, NoRepositoryIsAnError) {
-    RecordingExecutor git;
-    git.fail(std::make_exception_ptr(GitServiceError::commandFailed("rev-parse", "fatal: not a git repository")));
-    EXPECT_THROW(RepositoryCommands::open(git, "/nowhere"), GitServiceError);
-}
-
-TEST(DefaultBranch, RemoteHeadWinsAndIsCutToItsLastComponent) {
-    RecordingExecutor git;
-    git.reply("refs/remotes/origin/feature/main\n");
-    EXPECT_EQ(RepositoryCommands::defaultBranch(git, "/r"), "main");
-    EXPECT_EQ(git.argumentLists(), (std::vector<Args>{{"symbolic-ref", "refs/remotes/origin/HEAD"}}));
-}
-
-TEST(DefaultBranch, LocalBranchesPreferMainThenMasterThenTheFirst) {
-    auto answer = [](std::string listing) {
-        RecordingExecutor git;
-        git.fail(std::make_exception_ptr(GitServiceError::commandFailed("symbolic-ref", "not a symbolic ref")));
-        git.reply(std::move(listing));
-        auto branch = RepositoryCommands::defaultBranch(git, "/r");
-        EXPECT_EQ(git.argumentLists().back(), (Args{"branch", "--list", "--format=%(refname:short)"}));
-        return branch;
-    };
-    EXPECT_EQ(answer("develop\nmaster\nmain\n"), "main");
-    EXPECT_EQ(answer("develop\n  master \n"), "master");
-    EXPECT_EQ(answer("develop\nzeta\n"), "develop");
-    EXPECT_EQ(answer("\n"), std::nullopt);
-}
-
-TEST(CloneAndInit, ArgumentLists) {
-    RecordingExecutor git;
+    RepositoryCommands::open(git, "/r");
+    RepositoryCommands::currentBranch(git, "/r");
     RepositoryCommands::clone(git, "https://example.invalid/r.git", "/abs/target");
-    TempDir dir;
-    RepositoryCommands::init(git, dir / "new/nested", std::string("trunk"));
-    RepositoryCommands::init(git, dir / "plain", std::nullopt);
-    const auto calls = git.calls();
-    EXPECT_EQ(calls[0].arguments, (Args{"clone", "https://example.invalid/r.git", "/abs/target"}));
-    EXPECT_EQ(calls[0].repoPath, "/");
-    EXPECT_EQ(calls[1].arguments, (Args{"init", "-b", "trunk", "--", dir / "new/nested"}));
-    EXPECT_EQ(calls[1].repoPath, dir / "new/nested");
-    EXPECT_TRUE(std::filesystem::is_directory(dir / "new/nested"));
-    EXPECT_EQ(calls[2].arguments, (Args{"init", "--", dir / "plain"}));
+    StatusCommands::status(git, "/r");
+    EXPECT_EQ(git.argumentLists(),
+              (std::vector<Args>{{"rev-parse", "--git-dir", "--is-bare-repository"},
+                                 {"rev-parse", "HEAD"},
+                                 {"symbolic-ref", "--short", "HEAD"},
+                                 {"symbolic-ref", "--short", "HEAD"},
+                                 {"clone", "https://example.invalid/r.git", "/abs/target"},
+                                 {"status", "--porcelain=v2", "--branch", "--show-stash", "-uall", "-z"}}));
+    std::vector<std::string> paths;
+    for (const auto& call : git.calls())
+        paths.push_back(call.repoPath);
+    EXPECT_EQ(paths, (std::vector<std::string>{"/r", "/r", "/r", "/r", "/", "/r"}));
 }
 
-TEST(CloneAndInit, UrlsThatGitWouldReadAsOptionsAreRefused) {
-    try {
-        RepositoryCommands::validateCloneUrl("  --upload-pack=touch /tmp/pwned ");
-        FAIL();
-    } catch (const GitServiceError& error) {
-        EXPECT_STREQ(error.what(), "Invalid input: URL must not begin with '-': --upload-pack=touch /tmp/pwned");
+TEST(DefaultBranch, RemoteHeadWinsElseMainThenMasterThenTheFirstLocalBranch) {
+    struct Case {
+        std::optional<std::string> remoteHead; // absent: origin/HEAD is not a symbolic ref
+        std::string localBranches;
+        std::optional<std::string> expected;
+    };
+    const std::vector<Case> cases{
+        {"refs/remotes/origin/feature/main\n", "", "main"},
+        {std::nullopt, "develop\nmaster\nmain\n", "main"},
+        {std::nullopt, "develop\n  master \n", "master"},
+        {std::nullopt, "develop\nzeta\n", "develop"},
+        {std::nullopt, "\n", std::nullopt},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.localBranches);
+        RecordingExecutor git;
+        if (c.remoteHead)
+            git.reply(*c.remoteHead);
+        else
+            git.fail("symbolic-ref");
+        git.reply(c.localBranches);
+        EXPECT_EQ(RepositoryCommands::defaultBranch(git, "/r"), c.expected);
+        std::vector<Args> asked{{"symbolic-ref", "refs/remotes/origin/HEAD"}};
+        if (!c.remoteHead)
+            asked.push_back({"branch", "--list", "--format=%(refname:short)"});
+        EXPECT_EQ(git.argumentLists(), asked);
     }
-    try {
-        RepositoryCommands::validateCloneUrl(" \t ");
-        FAIL();
-    } catch (const GitServiceError& error) {
-        EXPECT_STREQ(error.what(), "Invalid input: URL must not be empty");
-    }
+}
+
+TEST(CloneAndInit, InitPathsStandBehindTheSeparatorAndOptionLikeUrlsAreRefused) {
+    RecordingExecutor git;
+    TempDir dir;
+    RepositoryCommands::init(git, dir / "-new/nested", std::string("trunk"));
+    RepositoryCommands::init(git, dir / "plain", std::nullopt);
+    EXPECT_EQ(git.argumentLists(), (std::vector<Args>{{"init", "-b", "trunk", "--", dir / "-new/nested"},
+                                                      {"init", "--", dir / "plain"}}));
+    EXPECT_EQ(git.calls()[0].repoPath, dir / "-new/nested");
+    EXPECT_TRUE(std::filesystem::is_directory(dir / "-new/nested"));
+
+    for (const auto& [input, message] : std::vector<std::pair<std::string, std::string>>{
+             {"  --upload-pack=touch /tmp/pwned ",
+              "Invalid input: URL must not begin with '-': --upload-pack=touch /tmp/pwned"},
+             {" \t ", "Invalid input: URL must not be empty"}})
+        EXPECT_STREQ(test::serviceError([url = input] { RepositoryCommands::validateCloneUrl(url); }).what(),
+                     message.c_str());
 }
 
 TEST(StateDetection, MarkerFilesInTheirFixedOrder) {
     TempDir gitDir;
-    auto touch = [&](const std::string& relative) { test::writeFile(gitDir / relative, ""); };
     EXPECT_EQ(RepositoryCommands::detectState(gitDir.path()), RepositoryState::clean);
-    touch("BISECT_LOG");
-    EXPECT_EQ(RepositoryCommands::detectState(gitDir.path()), RepositoryState::bisecting);
-    touch("REVERT_HEAD");
-    EXPECT_EQ(RepositoryCommands::detectState(gitDir.path()), RepositoryState::reverting);
-    touch("CHERRY_PICK_HEAD");
-    EXPECT_EQ(RepositoryCommands::detectState(gitDir.path()), RepositoryState::cherryPicking);
-    touch("rebase-apply/patch");
-    EXPECT_EQ(RepositoryCommands::detectState(gitDir.path()), RepositoryState::rebasing);
-    touch("rebase-apply/applying");
-    EXPECT_EQ(RepositoryCommands::detectState(gitDir.path()), RepositoryState::applyingMailbox);
-    touch("MERGE_HEAD");
-    EXPECT_EQ(RepositoryCommands::detectState(gitDir.path()), RepositoryState::merging);
+    // Each marker added wins over the ones before it.
+    for (const auto& [marker, state] : std::vector<std::pair<std::string, RepositoryState>>{
+             {"BISECT_LOG", RepositoryState::bisecting},
+             {"REVERT_HEAD", RepositoryState::reverting},
+             {"CHERRY_PICK_HEAD", RepositoryState::cherryPicking},
+             {"rebase-apply/patch", RepositoryState::rebasing},
+             {"rebase-apply/applying", RepositoryState::applyingMailbox},
+             {"MERGE_HEAD", RepositoryState::merging}}) {
+        test::writeFile(gitDir / marker, "");
+        EXPECT_EQ(RepositoryCommands::detectState(gitDir.path()), state) << marker;
+    }
 }
 
 namespace {
 
 class OpenRealRepository : public ::testing::Test {
-protected:
-    InMemoryUserDefaults defaults;
-    NativeGitService service{std::make_shared<SubprocessExecutor>(std::nullopt, defaults),
-                             std::make_shared<GitOpRunner>(4)};
+  protected:
+    test::RealGitService real;
+    NativeGitService& service = real.service;
 
     RepoEntry open(const std::string& path) { return test::await(service.open(path)); }
 };
 
 } // namespace
 
-TEST_F(OpenRealRepository, UnbornBranchHasANameButNoHead) {
+TEST_F(OpenRealRepository, UnbornBareAndDetachedRepositories) {
+    // An unborn branch has a name but no head.
     TempRepo repo;
     const RepoEntry entry = open(repo.path());
     EXPECT_EQ(entry.path, repo.path());
@@ -146,23 +130,20 @@ TEST_F(OpenRealRepository, UnbornBranchHasANameButNoHead) {
     EXPECT_EQ(entry.currentBranch, "main");
     EXPECT_FALSE(entry.headHash);
     EXPECT_EQ(entry.state, RepositoryState::clean);
-}
 
-TEST_F(OpenRealRepository, BareRepositoryJoinsDotToItsPath) {
-    TempRepo repo(TempRepo::Kind::bare);
-    const RepoEntry entry = open(repo.path());
-    EXPECT_TRUE(entry.isBare);
-    EXPECT_EQ(std::filesystem::weakly_canonical(*entry.gitDirPath), repo.path());
-}
+    // A bare repository's git directory is "." joined to its path.
+    TempRepo bare(TempRepo::Kind::bare);
+    const RepoEntry bareEntry = open(bare.path());
+    EXPECT_TRUE(bareEntry.isBare);
+    EXPECT_EQ(std::filesystem::weakly_canonical(*bareEntry.gitDirPath), bare.path());
 
-TEST_F(OpenRealRepository, DetachedHeadHasNoBranch) {
-    TempRepo repo;
+    // A detached head has no branch.
     const std::string first = repo.commitAll("first");
     repo.commitAll("second");
     repo.git({"checkout", "-q", first});
-    const RepoEntry entry = open(repo.path());
-    EXPECT_EQ(entry.headHash, first);
-    EXPECT_FALSE(entry.currentBranch);
+    const RepoEntry detached = open(repo.path());
+    EXPECT_EQ(detached.headHash, first);
+    EXPECT_FALSE(detached.currentBranch);
 }
 
 TEST_F(OpenRealRepository, LinkedWorktreeKeepsItsAbsoluteGitDirAndItsOwnState) {
@@ -181,60 +162,51 @@ TEST_F(OpenRealRepository, LinkedWorktreeKeepsItsAbsoluteGitDirAndItsOwnState) {
 }
 
 TEST_F(OpenRealRepository, EveryInProgressStateFromRealCommands) {
-    {
+    const std::vector<std::pair<RepositoryState, std::function<void(const TempRepo&)>>> cases{
+        {RepositoryState::merging,
+         [](const TempRepo& repo) {
+             repo.gitAllowingFailure({"merge", "topic"});
+         }},
+        {RepositoryState::rebasing,
+         [](const TempRepo& repo) {
+             repo.gitAllowingFailure({"rebase", "topic"});
+         }},
+        {RepositoryState::cherryPicking,
+         [](const TempRepo& repo) {
+             repo.gitAllowingFailure({"cherry-pick", "topic"});
+         }},
+        {RepositoryState::reverting,
+         [](const TempRepo& repo) {
+             repo.write("file", "later\n");
+             repo.commitAll("later");
+             repo.gitAllowingFailure({"revert", "--no-edit", "HEAD~1"});
+         }},
+        {RepositoryState::bisecting,
+         [](const TempRepo& repo) {
+             repo.git({"bisect", "start"});
+         }},
+        {RepositoryState::applyingMailbox,
+         [](const TempRepo& repo) {
+             repo.write("topic.patch", repo.git({"format-patch", "-1", "--stdout", "topic"}));
+             repo.gitAllowingFailure({"am", repo / "topic.patch"});
+         }},
+    };
+    for (const auto& [state, enter] : cases) {
         TempRepo repo;
         repo.divergeOnOneFile();
-        repo.gitAllowingFailure({"merge", "topic"});
-        EXPECT_EQ(open(repo.path()).state, RepositoryState::merging);
-    }
-    {
-        TempRepo repo;
-        repo.divergeOnOneFile();
-        repo.gitAllowingFailure({"rebase", "topic"});
-        EXPECT_EQ(open(repo.path()).state, RepositoryState::rebasing);
-    }
-    {
-        TempRepo repo;
-        repo.divergeOnOneFile();
-        repo.gitAllowingFailure({"cherry-pick", "topic"});
-        EXPECT_EQ(open(repo.path()).state, RepositoryState::cherryPicking);
-    }
-    {
-        TempRepo repo;
-        repo.divergeOnOneFile();
-        repo.write("file", "later\n");
-        repo.commitAll("later");
-        repo.gitAllowingFailure({"revert", "--no-edit", "HEAD~1"});
-        EXPECT_EQ(open(repo.path()).state, RepositoryState::reverting);
-    }
-    {
-        TempRepo repo;
-        repo.divergeOnOneFile();
-        repo.git({"bisect", "start"});
-        EXPECT_EQ(open(repo.path()).state, RepositoryState::bisecting);
-    }
-    {
-        TempRepo repo;
-        repo.divergeOnOneFile();
-        const std::string patch = repo.git({"format-patch", "-1", "--stdout", "topic"});
-        repo.write("topic.patch", patch);
-        repo.gitAllowingFailure({"am", repo / "topic.patch"});
-        EXPECT_EQ(open(repo.path()).state, RepositoryState::applyingMailbox);
+        enter(repo);
+        EXPECT_EQ(open(repo.path()).state, state) << static_cast<int>(state);
     }
 }
 
 TEST_F(OpenRealRepository, NotARepositoryFailsWithGitsWords) {
     TempDir plain;
-    try {
-        open(plain.path());
-        FAIL() << "expected an error";
-    } catch (const GitServiceError& error) {
-        EXPECT_EQ(error.command(), "rev-parse");
-        EXPECT_NE(error.stderrText().find("not a git repository"), std::string::npos);
-    }
+    const GitServiceError error = test::serviceError([&] { open(plain.path()); });
+    EXPECT_EQ(error.command(), "rev-parse");
+    EXPECT_NE(error.stderrText().find("not a git repository"), std::string::npos);
 }
 
-TEST_F(OpenRealRepository, CloneFromALocalBareRepositoryAndInit) {
+TEST_F(OpenRealRepository, CloneFromALocalBareRepositoryAndInitButNeverAnOptionLikeUrl) {
     TempRepo origin;
     origin.write("readme", "hello\n");
     const std::string head = origin.commitAll("first");
@@ -253,11 +225,11 @@ TEST_F(OpenRealRepository, CloneFromALocalBareRepositoryAndInit) {
     EXPECT_EQ(created.currentBranch, "trunk");
     EXPECT_FALSE(created.headHash);
     EXPECT_EQ(test::await(service.defaultBranch(created)), std::nullopt);
-}
 
-TEST_F(OpenRealRepository, CloneWithAnOptionLikeUrlRunsNothing) {
-    TempDir place;
-    EXPECT_THROW(test::await(service.cloneRepository("--upload-pack=touch " + (place / "pwned"), place / "c")),
-                 GitServiceError);
-    EXPECT_TRUE(std::filesystem::is_empty(place.path()));
+    // A URL that git would read as an option runs nothing.
+    EXPECT_THROW(
+        test::await(service.cloneRepository("--upload-pack=touch " + (place / "pwned"), place / "c")),
+        GitServiceError);
+    EXPECT_FALSE(std::filesystem::exists(place / "pwned"));
+    EXPECT_FALSE(std::filesystem::exists(place / "c"));
 }

@@ -1,13 +1,15 @@
-// The argument lists of staging and committing, with git's answers scripted: paths behind "--",
-// the fall-back of unstaging, the signing look-up and the read-back of a commit.
+// What real repositories cannot show of staging and committing: every path stands behind "--",
+// unstaging falls back to removing from the index when "reset" cannot run, and commits and tags
+// are signed as the configuration says (the test machine has no key to sign with).
 #include "RealGitService.h"
 
 #include "core/commands/StagingCommands.h"
+#include "core/commands/TagCommands.h"
 #include "core/queue/GitOpRunner.h"
-#include "core/service/GitServiceError.h"
 #include "core/service/NativeGitService.h"
 #include "support/Await.h"
 #include "support/RecordingExecutor.h"
+#include "support/ServiceError.h"
 
 #include <gtest/gtest.h>
 
@@ -16,13 +18,7 @@ using Arguments = GitExecutorProtocol::Arguments;
 
 namespace {
 
-const std::string historyFormatText =
-    "--format=%x01%H%x00%h%x00%P%x00%aN%x00%aE%x00%aI%x00%cN%x00%cE%x00%cI%x00%s%x00%b%x00%D%x00%G?%x00"
-    "%(trailers:key=Co-Authored-By,valueonly,separator=%x1E)";
-
-std::exception_ptr gitFailure(const char* command) {
-    return std::make_exception_ptr(GitServiceError::commandFailed(command, "fatal: scripted\n"));
-}
+const Arguments verifyHead{"rev-parse", "--verify", "HEAD"};
 
 std::string historyRecord(const std::string& subject) {
     using namespace std::string_literals;
@@ -37,112 +33,92 @@ TEST(StagingArguments, PathsStandBehindTheSeparator) {
     StagingCommands::stage(git, "/r", "-rf");
     StagingCommands::stageFiles(git, "/r", {"a b", "-x", "c"});
     StagingCommands::stageFiles(git, "/r", {});
-    StagingCommands::stageAll(git, "/r");
     StagingCommands::discardChanges(git, "/r", "-p", false);
     StagingCommands::discardChanges(git, "/r", "f", true);
+    StagingCommands::unstage(git, "/r", "-f");
+    StagingCommands::unstageFiles(git, "/r", {"a", "-b"});
+    StagingCommands::unstageFiles(git, "/r", {});
     EXPECT_EQ(git.argumentLists(), (std::vector<Arguments>{
                                        {"add", "--", "-rf"},
                                        {"add", "--", "a b", "-x", "c"},
-                                       {"add", "-A"},
                                        {"restore", "--worktree", "--", "-p"},
                                        {"restore", "--staged", "--worktree", "--", "f"},
+                                       verifyHead,
+                                       {"reset", "HEAD", "--", "-f"},
+                                       verifyHead,
+                                       {"reset", "HEAD", "--", "a", "-b"},
                                    }));
-}
-
-TEST(StagingArguments, UnstageResetsToHeadWhenThereIsOne) {
-    test::RecordingExecutor git;
-    StagingCommands::unstage(git, "/r", "-f");
-    StagingCommands::unstageFiles(git, "/r", {"a", "b"});
-    StagingCommands::unstageFiles(git, "/r", {});
-    StagingCommands::unstageAll(git, "/r");
-    const Arguments verify{"rev-parse", "--verify", "HEAD"};
-    EXPECT_EQ(git.argumentLists(), (std::vector<Arguments>{verify,
-                                                           {"reset", "HEAD", "--", "-f"},
-                                                           verify,
-                                                           {"reset", "HEAD", "--", "a", "b"},
-                                                           verify,
-                                                           {"reset", "HEAD"}}));
 }
 
 TEST(StagingArguments, UnstageWithoutHeadOrWithAFailedResetRemovesFromTheIndex) {
     test::RecordingExecutor git;
-    git.fail(gitFailure("rev-parse"));
-    StagingCommands::unstage(git, "/r", "f");
+    git.fail("rev-parse");
+    StagingCommands::unstage(git, "/r", "-f");
     git.reply("");
-    git.fail(gitFailure("reset"));
+    git.fail("reset");
     StagingCommands::unstageFiles(git, "/r", {"a", "b"});
-    git.fail(gitFailure("rev-parse"));
+    git.fail("rev-parse");
     StagingCommands::unstageAll(git, "/r");
-    const Arguments verify{"rev-parse", "--verify", "HEAD"};
-    EXPECT_EQ(git.argumentLists(), (std::vector<Arguments>{verify,
-                                                           {"rm", "--cached", "--", "f"},
-                                                           verify,
+    EXPECT_EQ(git.argumentLists(), (std::vector<Arguments>{verifyHead,
+                                                           {"rm", "--cached", "--", "-f"},
+                                                           verifyHead,
                                                            {"reset", "HEAD", "--", "a", "b"},
                                                            {"rm", "--cached", "--", "a", "b"},
-                                                           verify,
+                                                           verifyHead,
                                                            {"rm", "--cached", "-r", "."}}));
-    git.fail(gitFailure("rev-parse"));
-    git.fail(gitFailure("rm"));
+    git.fail("rev-parse");
+    git.fail("rm");
     EXPECT_THROW(StagingCommands::unstage(git, "/r", "f"), GitServiceError);
 }
 
-TEST(SigningLookUp, OnlyTrueInAnyCaseAndSpacingCounts) {
-    test::RecordingExecutor git;
-    for (const char* answer : {" True \n", "true\n", "TRUE"}) {
-        git.reply(answer);
-        EXPECT_TRUE(StagingCommands::signingEnabled(git, "/r")) << answer;
+TEST(SigningLookUp, CommitAndTagSigningCountOnlyTrueInAnyCaseAndSpacing) {
+    using LookUp = bool (*)(GitExecutorProtocol&, const std::string&);
+    for (const auto& [lookUp, key] :
+         std::vector<std::pair<LookUp, std::string>>{{&StagingCommands::signingEnabled, "commit.gpgsign"},
+                                                     {&TagCommands::signingEnabled, "tag.gpgsign"}}) {
+        SCOPED_TRACE(key);
+        test::RecordingExecutor git;
+        for (const auto& [answer, enabled] : std::vector<std::pair<std::string, bool>>{{" True \n", true},
+                                                                                       {"true\n", true},
+                                                                                       {"TRUE", true},
+                                                                                       {"", false},
+                                                                                       {"\n", false},
+                                                                                       {"false\n", false},
+                                                                                       {"yes\n", false},
+                                                                                       {"1\n", false}}) {
+            git.reply(answer);
+            EXPECT_EQ(lookUp(git, "/r"), enabled) << answer;
+        }
+        git.fail("config");
+        EXPECT_FALSE(lookUp(git, "/r"));
+        EXPECT_EQ(git.argumentLists(), std::vector<Arguments>(9, Arguments{"config", key}));
     }
-    for (const char* answer : {"", "\n", "false\n", "yes\n", "1\n"}) {
-        git.reply(answer);
-        EXPECT_FALSE(StagingCommands::signingEnabled(git, "/r")) << answer;
-    }
-    git.fail(gitFailure("config"));
-    EXPECT_FALSE(StagingCommands::signingEnabled(git, "/r"));
-    EXPECT_EQ(git.argumentLists().back(), (Arguments{"config", "commit.gpgsign"}));
 }
 
-TEST(CommitArguments, CommitAndAmendThenReadBack) {
-    test::RecordingExecutor git;
-    git.reply("");
-    git.reply(historyRecord("made"));
-    EXPECT_EQ(StagingCommands::commit(git, "/r", "  -m $(x)\n", false).subject, "made");
-    git.reply("");
-    git.reply(historyRecord("amended"));
-    EXPECT_EQ(StagingCommands::amendCommit(git, "/r", "fix", true).subject, "amended");
-    const Arguments readBack{"log", "-1", historyFormatText};
-    EXPECT_EQ(
-        git.argumentLists(),
-        (std::vector<Arguments>{
-            {"commit", "-m", "  -m $(x)\n"}, readBack, {"commit", "--amend", "-S", "-m", "fix"}, readBack}));
+TEST(CommitSigning, ServiceAsksBeforeCommitAndAmendThenReadsTheCommitBack) {
+    auto executor = std::make_shared<test::RecordingExecutor>();
+    NativeGitService service(executor, std::make_shared<GitOpRunner>(2));
+    const RepoEntry repo = test::RealGitService::repoAt("/r");
+    for (std::string answer : {std::string("true\n"), std::string(), historyRecord("signed")})
+        executor->reply(std::move(answer));
+    const CommitEntry made = test::await(service.commit(repo, "signed"));
+    EXPECT_EQ(made.subject, "signed");
+    EXPECT_EQ(made.refs, std::vector<std::string>{"HEAD -> main"});
+    for (std::string answer : {std::string("true\n"), std::string(), historyRecord("amended")})
+        executor->reply(std::move(answer));
+    EXPECT_EQ(test::await(service.amendCommit(repo, "fix")).subject, "amended");
+    const auto lists = executor->argumentLists();
+    ASSERT_EQ(lists.size(), 6u);
+    EXPECT_EQ(lists[0], (Arguments{"config", "commit.gpgsign"}));
+    EXPECT_EQ(lists[1], (Arguments{"commit", "-S", "-m", "signed"}));
+    EXPECT_EQ(lists[4], (Arguments{"commit", "--amend", "-S", "-m", "fix"}));
+    EXPECT_EQ(executor->calls()[0].repoPath, "/r");
 }
 
 TEST(CommitArguments, AnEmptyReadBackIsAParseFailure) {
     test::RecordingExecutor git;
-    try {
-        StagingCommands::commit(git, "/r", "m", false);
-        FAIL() << "expected parseFailed";
-    } catch (const GitServiceError& error) {
-        EXPECT_STREQ(error.what(), "Failed to parse git commit: no commit returned from log -1");
-    }
-    try {
-        StagingCommands::amendCommit(git, "/r", "m", false);
-        FAIL() << "expected parseFailed";
-    } catch (const GitServiceError& error) {
-        EXPECT_EQ(error.command(), "commit --amend");
-    }
-}
-
-TEST(CommitService, SigningIsAskedBeforeTheCommit) {
-    auto executor = std::make_shared<test::RecordingExecutor>();
-    NativeGitService service(executor, std::make_shared<GitOpRunner>(2));
-    executor->reply("true\n");
-    executor->reply("");
-    executor->reply(historyRecord("signed"));
-    const CommitEntry made = test::await(service.commit(test::RealGitService::repoAt("/r"), "signed"));
-    EXPECT_EQ(made.refs, std::vector<std::string>{"HEAD -> main"});
-    const auto lists = executor->argumentLists();
-    ASSERT_EQ(lists.size(), 3u);
-    EXPECT_EQ(lists[0], (Arguments{"config", "commit.gpgsign"}));
-    EXPECT_EQ(lists[1], (Arguments{"commit", "-S", "-m", "signed"}));
-    EXPECT_EQ(executor->calls()[0].repoPath, "/r");
+    EXPECT_STREQ(test::serviceError([&] { StagingCommands::commit(git, "/r", "m", false); }).what(),
+                 "Failed to parse git commit: no commit returned from log -1");
+    EXPECT_EQ(test::serviceError([&] { StagingCommands::amendCommit(git, "/r", "m", false); }).command(),
+              "commit --amend");
 }

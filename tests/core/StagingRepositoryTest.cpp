@@ -5,11 +5,11 @@
 #include "core/service/GitServiceError.h"
 #include "support/Await.h"
 #include "support/GitFixture.h"
+#include "support/ServiceError.h"
 
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <mutex>
 #include <sys/stat.h>
 
 using namespace orvel;
@@ -18,48 +18,12 @@ using orvel::test::TempRepo;
 
 namespace {
 
-// Runs the real git and remembers what it was asked, to tell which commands a fall-back ran.
-class RecordingGit final : public GitExecutorProtocol {
-  public:
-    explicit RecordingGit(std::shared_ptr<GitExecutorProtocol> git) : git_(std::move(git)) {}
-    std::string execute(const Arguments& arguments, const std::string& repoPath) override {
-        record(arguments);
-        return git_->execute(arguments, repoPath);
-    }
-    std::string executeWithEnvironment(const Arguments& arguments, const std::string& repoPath,
-                                       const Environment& environment) override {
-        record(arguments);
-        return git_->executeWithEnvironment(arguments, repoPath, environment);
-    }
-    std::string resolvedGitPath() override { return git_->resolvedGitPath(); }
-    std::string gitVersion() override { return git_->gitVersion(); }
-    void setGitPathOverride(const std::optional<std::string>& path) override {
-        git_->setGitPathOverride(path);
-    }
-
-    std::vector<std::string> commandWords() const {
-        std::lock_guard lock(mutex_);
-        return words_;
-    }
-
-  private:
-    void record(const Arguments& arguments) {
-        std::lock_guard lock(mutex_);
-        words_.push_back(arguments.empty() ? std::string() : arguments.front());
-    }
-
-    std::shared_ptr<GitExecutorProtocol> git_;
-    mutable std::mutex mutex_;
-    std::vector<std::string> words_;
-};
-
 const std::string spaced = "with space.txt";
 const std::string dashed = "-dash.txt";
 const std::string latin1 = "caf\xe9.txt"; // not UTF-8
 
-class StagingInRepository : public ::testing::Test {
+class StagingInRepository : public test::RepositoryTest {
   protected:
-    RepoEntry entry() const { return test::RealGitService::repoAt(repo.path()); }
     std::string staged() const { return repo.git({"diff", "--cached", "--name-only", "-z"}); }
     // The message as stored in the commit object, bytes untouched.
     std::string lastMessage() const {
@@ -67,10 +31,7 @@ class StagingInRepository : public ::testing::Test {
         return object.substr(object.find("\n\n") + 2);
     }
 
-    TempRepo repo;
-    test::RealGitService real;
-    std::shared_ptr<RecordingGit> recorder = std::make_shared<RecordingGit>(real.executor);
-    NativeGitService service{recorder, std::make_shared<GitOpRunner>(2)};
+    NativeGitService& service = real.service;
 };
 
 } // namespace
@@ -113,17 +74,14 @@ TEST_F(StagingInRepository, AwkwardPathsStageUnstageAndDiscard) {
 TEST_F(StagingInRepository, DiscardingAnUntrackedFileFailsAndKeepsIt) {
     repo.commitAll("base");
     repo.write("loose.txt", "keep me\n");
-    try {
-        test::await(service.discardChanges(entry(), "loose.txt", false));
-        FAIL() << "expected commandFailed";
-    } catch (const GitServiceError& error) {
-        EXPECT_EQ(error.command(), "restore");
-        EXPECT_NE(error.stderrText().find("did not match"), std::string::npos) << error.stderrText();
-    }
+    const GitServiceError error =
+        test::serviceError([&] { test::await(service.discardChanges(entry(), "loose.txt", false)); });
+    EXPECT_EQ(error.command(), "restore");
+    EXPECT_NE(error.stderrText().find("did not match"), std::string::npos) << error.stderrText();
     EXPECT_EQ(repo.read("loose.txt"), "keep me\n");
 }
 
-TEST_F(StagingInRepository, UnstageWithoutCommitsRemovesFromTheIndexWithoutReset) {
+TEST_F(StagingInRepository, UnstageWithoutCommitsRemovesFromTheIndex) {
     repo.write("a.txt", "a\n");
     repo.write("b.txt", "b\n");
     repo.write("-c.txt", "c\n");
@@ -134,8 +92,6 @@ TEST_F(StagingInRepository, UnstageWithoutCommitsRemovesFromTheIndexWithoutReset
     EXPECT_EQ(staged(), "b.txt\0"s);
     test::await(service.unstageAll(entry()));
     EXPECT_EQ(staged(), "");
-    EXPECT_EQ(recorder->commandWords(),
-              (std::vector<std::string>{"rev-parse", "rm", "rev-parse", "rm", "rev-parse", "rm"}));
     EXPECT_EQ(repo.read("a.txt"), "a\n");
 }
 
@@ -146,19 +102,16 @@ TEST_F(StagingInRepository, RefusingHookLeavesIndexAndHistoryAsTheyWere) {
     const std::string hook = repo / ".git/hooks/pre-commit";
     test::writeFile(hook, "#!/bin/sh\necho 'refused by policy' >&2\nexit 1\n");
     ::chmod(hook.c_str(), 0700);
-    try {
-        test::await(service.commit(entry(), "should not land"));
-        FAIL() << "expected commandFailed";
-    } catch (const GitServiceError& error) {
-        EXPECT_EQ(error.kind(), GitServiceError::Kind::commandFailed);
-        EXPECT_EQ(error.command(), "commit");
-        EXPECT_NE(error.stderrText().find("refused by policy"), std::string::npos);
-    }
+    const GitServiceError error =
+        test::serviceError([&] { test::await(service.commit(entry(), "should not land")); });
+    EXPECT_EQ(error.kind(), GitServiceError::Kind::commandFailed);
+    EXPECT_EQ(error.command(), "commit");
+    EXPECT_NE(error.stderrText().find("refused by policy"), std::string::npos);
     EXPECT_EQ(repo.head(), before);
     EXPECT_EQ(staged(), "file.txt\0"s);
 }
 
-TEST_F(StagingInRepository, CommitReadsTheNewCommitBack) {
+TEST_F(StagingInRepository, CommitReadsTheNewCommitBackAndAnAmendWithNothingStagedReplacesTheMessage) {
     const std::string parent = repo.commitAll("base");
     repo.write("file.txt", "content\n");
     test::await(service.stage(entry(), "file.txt"));
@@ -170,18 +123,13 @@ TEST_F(StagingInRepository, CommitReadsTheNewCommitBack) {
     EXPECT_EQ(made.authorName, "Orvel Test");
     EXPECT_EQ(made.refs, std::vector<std::string>{"HEAD -> main"});
     EXPECT_EQ(staged(), "");
-}
 
-TEST_F(StagingInRepository, AmendWithNothingStagedReplacesTheMessage) {
-    const std::string root = repo.commitAll("root");
-    repo.write("file.txt", "content\n");
-    const std::string first = repo.commitAll("first message");
     const CommitEntry amended = test::await(service.amendCommit(entry(), "second message"));
-    EXPECT_NE(amended.hash, first);
+    EXPECT_NE(amended.hash, made.hash);
     EXPECT_EQ(amended.hash, repo.head());
     EXPECT_EQ(amended.subject, "second message");
-    EXPECT_EQ(amended.parentHashes, std::vector<std::string>{root});
-    EXPECT_EQ(repo.git({"rev-parse", first + "^{tree}"}), repo.git({"rev-parse", "HEAD^{tree}"}));
+    EXPECT_EQ(amended.parentHashes, std::vector<std::string>{parent});
+    EXPECT_EQ(repo.git({"rev-parse", made.hash + "^{tree}"}), repo.git({"rev-parse", "HEAD^{tree}"}));
     EXPECT_EQ(lastMessage(), "second message\n");
 }
 

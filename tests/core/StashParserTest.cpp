@@ -19,10 +19,6 @@ std::string stashListing(const TempRepo& repo) {
     return repo.git({"stash", "list", std::string(GitOutputParser::stashListFormat)});
 }
 
-std::string revParse(const TempRepo& repo, const std::string& revision) {
-    return trimmed(repo.git({"rev-parse", revision}));
-}
-
 std::string shortHash(const TempRepo& repo) {
     return trimmed(repo.git({"rev-parse", "--short", "HEAD"}));
 }
@@ -80,8 +76,8 @@ TEST_F(StashListing, ReadsEveryStashNewestFirst) {
     for (int n = 0; n < 4; ++n) {
         const std::string selector = "stash@{" + std::to_string(n) + "}";
         EXPECT_EQ(stashes[n].index, n);
-        EXPECT_EQ(stashes[n].hash, revParse(repo, selector));
-        EXPECT_EQ(stashes[n].baseHash, revParse(repo, selector + "^1"));
+        EXPECT_EQ(stashes[n].hash, repo.rev(selector));
+        EXPECT_EQ(stashes[n].baseHash, repo.rev(selector + "^1"));
         EXPECT_FALSE(stashes[n].includesIndex);
     }
 
@@ -95,7 +91,7 @@ TEST_F(StashListing, ReadsEveryStashNewestFirst) {
     EXPECT_EQ(feature.message, "On feature/x: fix: the thing");
     EXPECT_EQ(feature.branchName, "feature/x");
     EXPECT_TRUE(feature.includesUntracked);
-    EXPECT_EQ(feature.baseHash, revParse(repo, "feature/x"));
+    EXPECT_EQ(feature.baseHash, repo.rev("feature/x"));
     EXPECT_EQ(feature.date, sys_days{2026y / April / 3} + hours(11) + minutes(30));
 
     const StashEntry& handmade = stashes[2];

@@ -5,6 +5,7 @@
 #include "core/service/GitServiceError.h"
 #include "support/Await.h"
 #include "support/GitFixture.h"
+#include "support/ServiceError.h"
 
 #include <gtest/gtest.h>
 
@@ -14,27 +15,31 @@ using orvel::test::TempRepo;
 
 namespace {
 
-class StashInRepository : public ::testing::Test {
+class StashInRepository : public test::RepositoryTest {
   protected:
-    RepoEntry entry() const { return test::RealGitService::repoAt(repo.path()); }
     std::string porcelain() const { return repo.git({"status", "--porcelain=v1", "-uall"}); }
     std::vector<StashEntry> list() { return test::await(real.service.stashList(entry())); }
-
-    TempRepo repo;
-    test::RealGitService real;
 };
 
 } // namespace
 
-TEST_F(StashInRepository, SavesAndPopsUntrackedFiles) {
+TEST_F(StashInRepository, UntrackedFilesGoIntoTheStashOnlyWhenAsked) {
     repo.write("a.txt", "base\n");
     repo.commitAll("base");
     repo.write("a.txt", "changed\n");
     repo.write("new file.txt", "new\n");
 
+    test::await(real.service.stashSave(entry(), std::nullopt, false));
+    EXPECT_EQ(porcelain(), "?? \"new file.txt\"\n");
+    auto stashes = list();
+    ASSERT_EQ(stashes.size(), 1u);
+    EXPECT_FALSE(stashes[0].includesUntracked);
+    EXPECT_EQ(stashes[0].message.rfind("WIP on main:", 0), 0u) << stashes[0].message;
+    test::await(real.service.stashPop(entry()));
+
     test::await(real.service.stashSave(entry(), "keep $(this) \"safe\""s, true));
     EXPECT_EQ(porcelain(), "");
-    auto stashes = list();
+    stashes = list();
     ASSERT_EQ(stashes.size(), 1u);
     EXPECT_EQ(stashes[0].index, 0);
     EXPECT_EQ(stashes[0].message, "On main: keep $(this) \"safe\"");
@@ -46,19 +51,6 @@ TEST_F(StashInRepository, SavesAndPopsUntrackedFiles) {
     EXPECT_EQ(repo.read("a.txt"), "changed\n");
     EXPECT_EQ(repo.read("new file.txt"), "new\n");
     EXPECT_TRUE(list().empty());
-}
-
-TEST_F(StashInRepository, WithoutUntrackedTheUntrackedFileStays) {
-    repo.write("a.txt", "base\n");
-    repo.commitAll("base");
-    repo.write("a.txt", "changed\n");
-    repo.write("loose.txt", "loose\n");
-    test::await(real.service.stashSave(entry(), std::nullopt, false));
-    EXPECT_EQ(porcelain(), "?? loose.txt\n");
-    const auto stashes = list();
-    ASSERT_EQ(stashes.size(), 1u);
-    EXPECT_FALSE(stashes[0].includesUntracked);
-    EXPECT_EQ(stashes[0].message.rfind("WIP on main:", 0), 0u) << stashes[0].message;
 }
 
 TEST_F(StashInRepository, PopThatConflictsReportsTheFilesAndKeepsTheStash) {
@@ -84,13 +76,10 @@ TEST_F(StashInRepository, ApplyOverLocalChangesIsAnErrorNotAConflict) {
     repo.write("a.txt", "stashed\n");
     test::await(real.service.stashSave(entry(), std::nullopt, false));
     repo.write("a.txt", "dirty\n");
-    try {
-        test::await(real.service.stashApply(entry(), 0));
-        FAIL() << "expected commandFailed";
-    } catch (const GitServiceError& error) {
-        EXPECT_EQ(error.kind(), GitServiceError::Kind::commandFailed);
-        EXPECT_NE(error.stderrText().find("overwritten"), std::string::npos) << error.stderrText();
-    }
+    const GitServiceError error =
+        test::serviceError([&] { test::await(real.service.stashApply(entry(), 0)); });
+    EXPECT_EQ(error.kind(), GitServiceError::Kind::commandFailed);
+    EXPECT_NE(error.stderrText().find("overwritten"), std::string::npos) << error.stderrText();
     EXPECT_EQ(repo.read("a.txt"), "dirty\n");
     EXPECT_EQ(list().size(), 1u);
 }

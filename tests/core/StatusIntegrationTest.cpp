@@ -1,11 +1,9 @@
 // Status of real working trees: every record kind, all seven conflict kinds, and paths that
 // must come back byte for byte and go back to git unchanged.
-#include "core/commands/ConflictRecovery.h"
-#include "core/process/SubprocessExecutor.h"
-#include "core/queue/GitOpRunner.h"
-#include "core/service/NativeGitService.h"
+#include "RealGitService.h"
+
+#include "core/commands/MergeCommands.h"
 #include "core/service/OperationResults.h"
-#include "core/support/UserDefaults.h"
 #include "support/Await.h"
 #include "support/GitFixture.h"
 
@@ -20,17 +18,15 @@ using test::TempRepo;
 namespace {
 
 class StatusOfARealRepository : public ::testing::Test {
-protected:
-    InMemoryUserDefaults defaults;
-    std::shared_ptr<SubprocessExecutor> executor = std::make_shared<SubprocessExecutor>(std::nullopt, defaults);
-    NativeGitService service{executor, std::make_shared<GitOpRunner>(4)};
+  protected:
+    test::RealGitService real;
+    SubprocessExecutor& executor = *real.executor;
     TempRepo repo;
 
     std::map<std::string, FileChange> statusByPath() {
-        RepoEntry entry;
-        entry.path = repo.path();
+        const RepoEntry entry = test::RealGitService::repoAt(repo.path());
         std::map<std::string, FileChange> byPath;
-        for (auto& file : test::await(service.status(entry)).files)
+        for (auto& file : test::await(real.service.status(entry)).files)
             byPath.emplace(file.path, file);
         return byPath;
     }
@@ -66,10 +62,13 @@ TEST_F(StatusOfARealRepository, EveryRecordKindWithOddNames) {
 
     auto files = statusByPath();
     ASSERT_EQ(files.size(), 7u);
-    EXPECT_EQ(files[withSpace].status, FileStatusKind::tracked(TrackedStatus::unmodified, TrackedStatus::modified));
-    EXPECT_EQ(files["renamed.txt"].status, FileStatusKind::tracked(TrackedStatus::renamed, TrackedStatus::unmodified));
+    EXPECT_EQ(files[withSpace].status,
+              FileStatusKind::tracked(TrackedStatus::unmodified, TrackedStatus::modified));
+    EXPECT_EQ(files["renamed.txt"].status,
+              FileStatusKind::tracked(TrackedStatus::renamed, TrackedStatus::unmodified));
     EXPECT_EQ(files["renamed.txt"].originalPath, "rename-me.txt");
-    EXPECT_EQ(files["link"].status, FileStatusKind::tracked(TrackedStatus::unmodified, TrackedStatus::typeChanged));
+    EXPECT_EQ(files["link"].status,
+              FileStatusKind::tracked(TrackedStatus::unmodified, TrackedStatus::typeChanged));
     EXPECT_TRUE(files["link"].isSymlink);
     EXPECT_TRUE(files["vendor/lib"].isSubmodule);
     for (const auto& name : {withNewline, withDash, notUtf8})
@@ -77,10 +76,12 @@ TEST_F(StatusOfARealRepository, EveryRecordKindWithOddNames) {
 
     // The same bytes go back to git: staging each odd path by the name status gave.
     for (const auto& name : {withNewline, withDash, notUtf8})
-        executor->execute({"add", "--", files[name].path}, repo.path());
+        executor.execute({"add", "--", files[name].path}, repo.path());
     files = statusByPath();
     for (const auto& name : {withNewline, withDash, notUtf8})
-        EXPECT_EQ(files[name].status, FileStatusKind::tracked(TrackedStatus::added, TrackedStatus::unmodified)) << name;
+        EXPECT_EQ(files[name].status,
+                  FileStatusKind::tracked(TrackedStatus::added, TrackedStatus::unmodified))
+            << name;
 }
 
 TEST_F(StatusOfARealRepository, UnbornBranchHasNoFilesUntilSomethingIsWritten) {
@@ -116,12 +117,16 @@ void mergeWithEveryConflictKind(const TempRepo& repo) {
 
 TEST_F(StatusOfARealRepository, AllSevenConflictKinds) {
     mergeWithEveryConflictKind(repo);
-    EXPECT_NE(repo.gitAllowingFailure({"merge", "theirs"}).exitCode, 0);
+    // The merge's own conflict query reads the same seven.
+    const MergeResult merged = MergeCommands::merge(executor, repo.path(), "theirs");
+    ASSERT_TRUE(std::holds_alternative<Conflicted>(merged));
+    EXPECT_EQ(std::get<Conflicted>(merged).files.size(), 7u);
 
     auto files = statusByPath();
     const std::map<std::string, ConflictType> expected{
-        {"uu", ConflictType::bothModified}, {"aa", ConflictType::bothAdded},     {"ud", ConflictType::deletedByThem},
-        {"du", ConflictType::deletedByUs},  {"rr", ConflictType::bothDeleted},   {"r_ours", ConflictType::addedByUs},
+        {"uu", ConflictType::bothModified},      {"aa", ConflictType::bothAdded},
+        {"ud", ConflictType::deletedByThem},     {"du", ConflictType::deletedByUs},
+        {"rr", ConflictType::bothDeleted},       {"r_ours", ConflictType::addedByUs},
         {"r_theirs", ConflictType::addedByThem},
     };
     ASSERT_EQ(files.size(), expected.size());
@@ -132,41 +137,4 @@ TEST_F(StatusOfARealRepository, AllSevenConflictKinds) {
     EXPECT_FALSE(files["ud"].theirsHash);
     EXPECT_FALSE(files["du"].oursHash);
     EXPECT_FALSE(files["rr"].oursHash || files["rr"].theirsHash);
-}
-
-TEST_F(StatusOfARealRepository, FailedMergeWithConflictsBecomesAConflictResult) {
-    mergeWithEveryConflictKind(repo);
-    const MergeResult result = runWithConflictRecovery(
-        *executor, repo.path(),
-        [&]() -> MergeResult {
-            executor->execute({"merge", "theirs"}, repo.path());
-            return merge::Merged{repo.head()};
-        },
-        [](std::vector<ConflictEntry> files) -> MergeResult { return Conflicted{std::move(files)}; });
-    ASSERT_TRUE(std::holds_alternative<Conflicted>(result));
-    EXPECT_EQ(std::get<Conflicted>(result).files.size(), 7u);
-}
-
-TEST_F(StatusOfARealRepository, FailedMergeWithoutConflictsKeepsGitsError) {
-    repo.write("file", "base\n");
-    repo.commitAll("base");
-    repo.git({"checkout", "-q", "-b", "other"});
-    repo.write("file", "other\n");
-    repo.commitAll("other");
-    repo.git({"checkout", "-q", "main"});
-    repo.write("file", "uncommitted local change\n");
-    try {
-        runWithConflictRecovery(
-            *executor, repo.path(),
-            [&]() -> MergeResult {
-                executor->execute({"merge", "other"}, repo.path());
-                return merge::AlreadyUpToDate{};
-            },
-            [](std::vector<ConflictEntry> files) -> MergeResult { return Conflicted{std::move(files)}; });
-        FAIL() << "expected the merge's own error";
-    } catch (const GitServiceError& error) {
-        EXPECT_EQ(error.command(), "merge");
-        EXPECT_NE(error.stderrText().find("would be overwritten by merge"), std::string::npos) << error.what();
-    }
-    EXPECT_EQ(repo.read("file"), "uncommitted local change\n");
 }

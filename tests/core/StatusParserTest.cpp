@@ -1,6 +1,6 @@
 // The status parser over porcelain v2 records, as git prints them with -z.
-#include "core/parsers/ConflictParser.h"
 #include "core/parsers/StatusParser.h"
+#include "core/parsers/ConflictParser.h"
 
 #include <gtest/gtest.h>
 
@@ -43,7 +43,8 @@ TEST(StatusParserOrdinary, EveryStatusLetterAndUnknownOnes) {
     }));
     ASSERT_EQ(files.size(), 4u);
     EXPECT_EQ(files[0].status, FileStatusKind::tracked(TrackedStatus::added, TrackedStatus::deleted));
-    EXPECT_EQ(files[1].status, FileStatusKind::tracked(TrackedStatus::unmodified, TrackedStatus::typeChanged));
+    EXPECT_EQ(files[1].status,
+              FileStatusKind::tracked(TrackedStatus::unmodified, TrackedStatus::typeChanged));
     EXPECT_TRUE(files[1].isSymlink);
     EXPECT_EQ(files[2].status, FileStatusKind::tracked(TrackedStatus::unmodified, TrackedStatus::unmodified));
     EXPECT_EQ(files[3].status, FileStatusKind::tracked(TrackedStatus::unmodified, TrackedStatus::unmodified));
@@ -60,27 +61,25 @@ TEST(StatusParserOrdinary, SymlinkTurnedIntoAFileAndSubmodule) {
     EXPECT_FALSE(files[1].isSymlink);
 }
 
-TEST(StatusParserRenames, OriginalPathIsTheNextRecordAndNotAnEntry) {
-    const auto files = parseStatusResult(records({"2 R. N... 100644 100644 100644 aaa bbb R100 new name.txt",
-                                                  "old name.txt", "? after.txt"}));
+TEST(StatusParserRenames, OriginalPathIsTheNextRecordWhateverItLooksLike) {
+    const auto files = parseStatusResult(
+        records({"2 R. N... 100644 100644 100644 aaa bbb R100 new name.txt", "old name.txt", "? after.txt"}));
     ASSERT_EQ(files.size(), 2u);
     EXPECT_EQ(files[0].path, "new name.txt");
     EXPECT_EQ(files[0].originalPath, "old name.txt");
     EXPECT_EQ(files[0].status, FileStatusKind::tracked(TrackedStatus::renamed, TrackedStatus::unmodified));
     EXPECT_EQ(files[1].path, "after.txt");
-}
 
-TEST(StatusParserRenames, RenameAsLastRecordHasNoOriginal) {
-    const auto files = parseStatusResult("2 C. N... 100644 100644 100644 aaa bbb C75 copy.txt"s);
-    ASSERT_EQ(files.size(), 1u);
-    EXPECT_EQ(files[0].path, "copy.txt");
-    EXPECT_FALSE(files[0].originalPath);
-}
+    const auto lookalike =
+        parseStatusResult(records({"2 R. N... 100644 100644 100644 aaa bbb R100 b", "1 x"}));
+    ASSERT_EQ(lookalike.size(), 1u);
+    EXPECT_EQ(lookalike[0].originalPath, "1 x");
 
-TEST(StatusParserRenames, OriginalPathThatLooksLikeARecordIsStillTheOriginal) {
-    const auto files = parseStatusResult(records({"2 R. N... 100644 100644 100644 aaa bbb R100 b", "1 x"}));
-    ASSERT_EQ(files.size(), 1u);
-    EXPECT_EQ(files[0].originalPath, "1 x");
+    // A rename as the last record has no original.
+    const auto last = parseStatusResult("2 C. N... 100644 100644 100644 aaa bbb C75 copy.txt"s);
+    ASSERT_EQ(last.size(), 1u);
+    EXPECT_EQ(last[0].path, "copy.txt");
+    EXPECT_FALSE(last[0].originalPath);
 }
 
 TEST(StatusParserUnmerged, CodesHashesAndUnknownCodes) {
@@ -99,14 +98,12 @@ TEST(StatusParserUnmerged, CodesHashesAndUnknownCodes) {
     EXPECT_FALSE(files[1].baseHash) << "zeros of any length mean absent";
 }
 
-TEST(StatusParserHeaders, OnlyHeadersGiveNoFiles) {
-    EXPECT_TRUE(parseStatusResult(records({"# branch.oid (initial)", "# branch.head main", "# stash 3"})).empty());
+TEST(StatusParserMalformed, HeadersShortAndUnknownRecordsGiveNoFiles) {
+    EXPECT_TRUE(
+        parseStatusResult(records({"# branch.oid (initial)", "# branch.head main", "# stash 3"})).empty());
     EXPECT_TRUE(parseStatusResult("").empty());
-}
-
-TEST(StatusParserMalformed, ShortAndUnknownRecordsAreDropped) {
-    const auto files = parseStatusResult(records({"1 M. N... 100644", "2 R. N...", "u UU N...", "?", "x whatever",
-                                                  "", "! ignored.log", "? ok"}));
+    const auto files = parseStatusResult(records(
+        {"1 M. N... 100644", "2 R. N...", "u UU N...", "?", "x whatever", "", "! ignored.log", "? ok"}));
     ASSERT_EQ(files.size(), 2u);
     EXPECT_EQ(files[0].status, FileStatusKind::ignored());
     EXPECT_EQ(files[1].path, "ok");

@@ -1,10 +1,11 @@
 // The executor against fake git programs (shell scripts) that print what they were given, and
 // against the real git for the version probe.
-#include "core/process/ChildProcess.h"
 #include "core/process/SubprocessExecutor.h"
+#include "core/process/ChildProcess.h"
 #include "core/service/GitServiceError.h"
 #include "core/support/UserDefaults.h"
 #include "support/GitFixture.h"
+#include "support/ServiceError.h"
 
 #include <gtest/gtest.h>
 
@@ -44,43 +45,32 @@ std::string valueOf(const std::vector<std::string>& environment, const std::stri
 
 } // namespace
 
-TEST(SubprocessExecutorArguments, RepositoryComesFirstThroughDashC) {
+TEST(SubprocessExecutorArguments, RepositoryComesFirstAndOutputStaysUntrimmed) {
     TempDir dir;
-    auto executor = executorFor(fakeGit(dir, R"(for a in "$@"; do printf '[%s]' "$a"; done)"));
-    EXPECT_EQ(executor->execute({"status"}, "/r"), "[-C][/r][status]");
+    auto executor = executorFor(
+        fakeGit(dir, R"(printf '  '; for a in "$@"; do printf '[%s]' "$a"; done; printf ' \n\n')"));
+    EXPECT_EQ(executor->execute({"status"}, "/r"), "  [-C][/r][status] \n\n");
     EXPECT_EQ(executor->execute({"commit", "-m", "it's $(touch x) `y`"}, "/a b"),
-              "[-C][/a b][commit][-m][it's $(touch x) `y`]");
+              "  [-C][/a b][commit][-m][it's $(touch x) `y`] \n\n");
     EXPECT_FALSE(std::filesystem::exists("x"));
-}
-
-TEST(SubprocessExecutorArguments, OutputIsReturnedUntrimmed) {
-    TempDir dir;
-    auto executor = executorFor(fakeGit(dir, R"(printf '  two\n\nlines \n')"));
-    EXPECT_EQ(executor->execute({"log"}, "/r"), "  two\n\nlines \n");
 }
 
 TEST(SubprocessExecutorFailures, NonZeroExitCarriesCommandWordAndStderr) {
     TempDir dir;
     auto executor = executorFor(fakeGit(dir, "echo partial; echo 'fatal: bad' >&2; exit 128"));
-    try {
+    const GitServiceError error = test::serviceError([&] {
         executor->execute({"--no-pager", "log", "-1"}, "/r");
-        FAIL() << "expected commandFailed";
-    } catch (const GitServiceError& error) {
-        EXPECT_EQ(error.kind(), GitServiceError::Kind::commandFailed);
-        EXPECT_STREQ(error.what(), "git log failed: fatal: bad\n");
-    }
+    });
+    EXPECT_EQ(error.kind(), GitServiceError::Kind::commandFailed);
+    EXPECT_STREQ(error.what(), "git log failed: fatal: bad\n");
 }
 
 TEST(SubprocessExecutorFailures, SixtyMegabytesOfStderrGiveTheHundredMegabyteMessage) {
     TempDir dir;
     auto executor = executorFor(fakeGit(dir, "head -c 62914560 /dev/zero >&2"));
-    try {
-        executor->execute({"fsck"}, "/r");
-        FAIL() << "expected commandFailed";
-    } catch (const GitServiceError& error) {
-        EXPECT_EQ(error.command(), "fsck");
-        EXPECT_TRUE(error.stderrText().starts_with("output exceeded 100 MB limit: ")) << error.stderrText();
-    }
+    const GitServiceError error = test::serviceError([&] { executor->execute({"fsck"}, "/r"); });
+    EXPECT_EQ(error.command(), "fsck");
+    EXPECT_TRUE(error.stderrText().starts_with("output exceeded 100 MB limit: ")) << error.stderrText();
     EXPECT_EQ(::waitpid(-1, nullptr, WNOHANG), -1);
     EXPECT_EQ(errno, ECHILD);
 }
@@ -95,36 +85,32 @@ TEST(SubprocessExecutorFailures, MissingGitGivesAClearError) {
     }
 }
 
-TEST(SubprocessExecutorEnvironment, RepositoryCommandsGetPathPromptAndLocale) {
+TEST(SubprocessExecutorEnvironment, PathPromptLocaleAskpassAndExtras) {
     const auto environment = gitEnvironment({"PATH=/usr/bin", "HOME=/h", "LC_ALL=de_DE.UTF-8"}, std::nullopt);
     EXPECT_EQ(valueOf(environment, "PATH"), "/opt/homebrew/bin:/opt/homebrew/sbin:/usr/local/bin:/usr/bin");
     EXPECT_EQ(valueOf(environment, "GIT_TERMINAL_PROMPT"), "0");
     EXPECT_EQ(valueOf(environment, "LC_ALL"), "C");
     EXPECT_EQ(valueOf(environment, "HOME"), "/h");
-}
-
-TEST(SubprocessExecutorEnvironment, MissingPathFallsBackToSystemDirectories) {
+    // Without a PATH, the system directories.
     EXPECT_EQ(valueOf(gitEnvironment({}, std::nullopt), "PATH"),
               "/opt/homebrew/bin:/opt/homebrew/sbin:/usr/local/bin:/usr/bin:/bin");
-}
 
-TEST(SubprocessExecutorEnvironment, AskpassSetsPromptsAndKeepsTheRealDisplay) {
+    // Without a script the caller's askpass stays; with one, both prompts go to it, on a display.
     const auto without = gitEnvironment({"GIT_ASKPASS=/mine", "DISPLAY=:5"}, std::nullopt);
     EXPECT_EQ(valueOf(without, "GIT_ASKPASS"), "/mine");
     EXPECT_EQ(valueOf(without, "SSH_ASKPASS"), "<unset>");
-
     const auto with = gitEnvironment({"DISPLAY=:5"}, std::string("/tmp/askpass.sh"));
     EXPECT_EQ(valueOf(with, "GIT_ASKPASS"), "/tmp/askpass.sh");
     EXPECT_EQ(valueOf(with, "SSH_ASKPASS"), "/tmp/askpass.sh");
     EXPECT_EQ(valueOf(with, "SSH_ASKPASS_REQUIRE"), "force");
     EXPECT_EQ(valueOf(with, "DISPLAY"), ":5");
     EXPECT_EQ(valueOf(gitEnvironment({}, std::string("/a")), "DISPLAY"), ":0");
-}
 
-TEST(SubprocessExecutorEnvironment, ExtraEnvironmentWinsOverEverything) {
-    const auto environment = gitEnvironment({"PATH=/bin"}, std::nullopt, {{"LC_ALL", "POSIX"}, {"GIT_EDITOR", "true"}});
-    EXPECT_EQ(valueOf(environment, "LC_ALL"), "POSIX");
-    EXPECT_EQ(valueOf(environment, "GIT_EDITOR"), "true");
+    // The caller's extra variables win over everything.
+    const auto extra =
+        gitEnvironment({"PATH=/bin"}, std::nullopt, {{"LC_ALL", "POSIX"}, {"GIT_EDITOR", "true"}});
+    EXPECT_EQ(valueOf(extra, "LC_ALL"), "POSIX");
+    EXPECT_EQ(valueOf(extra, "GIT_EDITOR"), "true");
 }
 
 TEST(SubprocessExecutorEnvironment, ChildSeesTheBuiltEnvironment) {
@@ -149,7 +135,9 @@ TEST(SubprocessExecutorDiscovery, WellKnownPlacesThenWhichThenUsrBin) {
             return answer;
         };
     };
-    auto only = [](std::string present) { return [present](const std::string& path) { return path == present; }; };
+    auto only = [](std::string present) {
+        return [present](const std::string& path) { return path == present; };
+    };
     EXPECT_EQ(discoverGitPath(only("/opt/homebrew/bin/git"), which("/x")), "/opt/homebrew/bin/git");
     EXPECT_EQ(discoverGitPath(only("/usr/local/bin/git"), which("/x")), "/usr/local/bin/git");
     EXPECT_EQ(whichRuns, 0);
@@ -172,21 +160,15 @@ TEST(SubprocessExecutorOverride, InvalidPathIsRefusedAndTheOldOneKept) {
     EXPECT_EQ(executor->execute({"x"}, "/r"), "second\n");
 }
 
-TEST(SubprocessExecutorOverride, ClearingRediscoversGit) {
-    TempDir dir;
-    auto executor = executorFor(fakeGit(dir, "echo fake"));
-    executor->setGitPathOverride(std::nullopt);
-    const std::string discovered = executor->resolvedGitPath();
-    EXPECT_TRUE(discovered.ends_with("/git")) << discovered;
-    EXPECT_TRUE(executor->gitVersion().starts_with("git version "));
-}
-
-TEST(SubprocessExecutorOverride, ConfiguredPathComesFromTheSettings) {
+TEST(SubprocessExecutorOverride, ConfiguredPathComesFromTheSettingsAndClearingRediscovers) {
     InMemoryUserDefaults empty;
     SubprocessExecutor discovering(std::nullopt, empty);
     EXPECT_TRUE(discovering.gitVersion().starts_with("git version "));
 
     TempDir dir;
-    const std::string fake = fakeGit(dir, "echo 'git version 0.0.fake'");
-    EXPECT_EQ(executorFor(fake)->gitVersion(), "git version 0.0.fake");
+    auto executor = executorFor(fakeGit(dir, "echo 'git version 0.0.fake'"));
+    EXPECT_EQ(executor->gitVersion(), "git version 0.0.fake");
+    executor->setGitPathOverride(std::nullopt);
+    EXPECT_TRUE(executor->resolvedGitPath().ends_with("/git")) << executor->resolvedGitPath();
+    EXPECT_TRUE(executor->gitVersion().starts_with("git version "));
 }

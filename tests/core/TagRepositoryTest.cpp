@@ -15,7 +15,7 @@ using orvel::test::TempRepo;
 
 namespace {
 
-class TagsInRepository : public ::testing::Test {
+class TagsInRepository : public test::RepositoryTest {
   protected:
     void SetUp() override {
         repo.write("a.txt", "one\n");
@@ -23,23 +23,15 @@ class TagsInRepository : public ::testing::Test {
         repo.write("a.txt", "two\n");
         second = repo.commitAll("second");
     }
-    RepoEntry entry() const { return test::RealGitService::repoAt(repo.path()); }
     std::vector<TagEntry> tags() { return test::await(real.service.listTags(entry())); }
-    std::string rev(const std::string& name) const {
-        std::string hash = repo.git({"rev-parse", name});
-        hash.pop_back();
-        return hash;
-    }
 
-    TempRepo repo;
-    test::RealGitService real;
     std::string first;
     std::string second;
 };
 
 } // namespace
 
-TEST_F(TagsInRepository, AnnotatedAndLightweightTagsAreListed) {
+TEST_F(TagsInRepository, AnnotatedAndLightweightTagsAreListedAndDeleted) {
     test::await(real.service.createTag(entry(), "v1.0", std::nullopt, "Release $(one) \"q\""s));
     test::await(real.service.createTag(entry(), "light", first, std::nullopt));
 
@@ -49,10 +41,14 @@ TEST_F(TagsInRepository, AnnotatedAndLightweightTagsAreListed) {
     EXPECT_EQ(listed[0].hash, first);
     EXPECT_FALSE(listed[0].targetHash.has_value());
     EXPECT_EQ(listed[1].name, "v1.0");
-    EXPECT_EQ(listed[1].hash, rev("v1.0"));
+    EXPECT_EQ(listed[1].hash, repo.rev("v1.0"));
     EXPECT_EQ(listed[1].targetHash, second); // no hash given: HEAD
     EXPECT_EQ(repo.git({"cat-file", "-t", "v1.0"}), "tag\n");
     EXPECT_EQ(repo.git({"tag", "-l", "--format=%(contents:subject)", "v1.0"}), "Release $(one) \"q\"\n");
+
+    test::await(real.service.deleteTag(entry(), "light"));
+    EXPECT_EQ(repo.git({"tag", "-l"}), "v1.0\n");
+    EXPECT_THROW(test::await(real.service.deleteTag(entry(), "light")), GitServiceError);
 }
 
 TEST_F(TagsInRepository, DetailIsWhatShowPrints) {
@@ -63,14 +59,6 @@ TEST_F(TagsInRepository, DetailIsWhatShowPrints) {
     EXPECT_NE(detail.find("Release notes"), std::string::npos);
     EXPECT_NE(detail.find("commit " + first), std::string::npos);
     EXPECT_THROW(test::await(real.service.tagDetail(entry(), "missing")), GitServiceError);
-}
-
-TEST_F(TagsInRepository, DeleteRemovesOnlyThatTag) {
-    test::await(real.service.createTag(entry(), "a", std::nullopt, std::nullopt));
-    test::await(real.service.createTag(entry(), "b", std::nullopt, std::nullopt));
-    test::await(real.service.deleteTag(entry(), "a"));
-    EXPECT_EQ(repo.git({"tag", "-l"}), "b\n");
-    EXPECT_THROW(test::await(real.service.deleteTag(entry(), "a")), GitServiceError);
 }
 
 TEST_F(TagsInRepository, CheckoutDetachesAtTheTagNotAtABranchOfTheSameName) {
@@ -99,17 +87,13 @@ TEST_F(TagsInRepository, OptionLikeNamesChangeNothing) {
     EXPECT_EQ(repo.git({"symbolic-ref", "HEAD"}), "refs/heads/main\n");
 }
 
-TEST_F(TagsInRepository, WithoutAMessageTheTagStaysLightweightEvenWhenSigningIsOn) {
+TEST_F(TagsInRepository, OnlyAMessageMakesAnAnnotatedTagEvenWhenSigningIsOn) {
     repo.git({"config", "core.editor", "false"}); // a regression fails here instead of waiting
     repo.git({"config", "tag.gpgSign", "yes"});
     test::await(real.service.createTag(entry(), "plain", std::nullopt, std::nullopt));
     EXPECT_EQ(repo.git({"cat-file", "-t", "plain"}), "commit\n");
     EXPECT_EQ(repo.git({"config", "tag.gpgSign"}), "yes\n");
-}
-
-TEST_F(TagsInRepository, AnEmptyMessageStillMakesAnAnnotatedTag) {
-    test::await(real.service.createTag(entry(), "plain", std::nullopt, std::nullopt));
-    EXPECT_EQ(repo.git({"cat-file", "-t", "plain"}), "commit\n");
+    repo.git({"config", "tag.gpgSign", "no"});
     test::await(real.service.createTag(entry(), "noted", std::nullopt, ""s));
     EXPECT_EQ(repo.git({"cat-file", "-t", "noted"}), "tag\n");
 }
@@ -122,7 +106,7 @@ TEST_F(TagsInRepository, PushTagToABareRemote) {
 
     test::await(real.service.pushTag(entry(), "v2", "origin"));
     EXPECT_EQ(remote.git({"tag", "-l"}), "v2\n");
-    EXPECT_EQ(remote.git({"rev-parse", "v2"}), rev("v2") + "\n");
+    EXPECT_EQ(remote.rev("v2"), repo.rev("v2"));
 
     EXPECT_THROW(test::await(real.service.pushTag(entry(), "missing", "origin")), GitServiceError);
     EXPECT_THROW(test::await(real.service.pushTag(entry(), "local-only", "--all")), GitServiceError);

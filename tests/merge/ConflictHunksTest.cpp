@@ -50,8 +50,10 @@ TEST(ConflictHunksTest, RealMergeConflictCutsIntoCleanRunsAndConflicts) {
     EXPECT_EQ(composeResolved(hunks, allOf(hunks, false, true)), merge.stage(3));
 }
 
-TEST(ConflictHunksTest, Diff3ConflictHasABaseThatNeverReachesTheOutput) {
+TEST(ConflictHunksTest, Diff3ConflictHasABaseThatNeverReachesTheOutputAndLinesChosenOneByOne) {
     ConflictedMerge merge(baseText, oursText, theirsText, true);
+    EXPECT_TRUE(containsConflictMarkers(merge.text));
+    EXPECT_FALSE(containsConflictMarkers(merge.stage(2)));
     const auto hunks = parseConflictHunks(merge.text);
     ASSERT_EQ(hunks.size(), 5u);
     EXPECT_EQ(sidesOf(hunks[1]),
@@ -62,22 +64,17 @@ TEST(ConflictHunksTest, Diff3ConflictHasABaseThatNeverReachesTheOutput) {
     EXPECT_EQ(composeResolved(hunks, allOf(hunks, false, true)), merge.stage(3));
     EXPECT_EQ(composeResolved(hunks, allOf(hunks, false, false)),
               "header\nshared 1\nshared 2\nshared 3\nshared 4\nshared 5\nshared 6\ntrailer\n");
-}
 
-TEST(ConflictHunksTest, PerLineChoicesComposeExactly) {
-    ConflictedMerge merge(baseText, oursText, theirsText, true);
-    const auto hunks = parseConflictHunks(merge.text);
     ConflictDecisions decisions = defaultDecisions(hunks);
     decisions[1] = {{false, true}, {true}}; // one line of ours dropped, theirs added after it
     decisions[3] = {{true}, {true}};        // both: ours first, then theirs
     EXPECT_EQ(composeResolved(hunks, decisions),
               "header\nshared 1\nextra ours\nvalue = 3\nshared 2\nshared 3\n"
               "shared 4\nshared 5\nshared 6\nlast = ours\nlast = 'theirs' $(x)\ntrailer\n");
-
-    decisions[1] = {{false, false}, {false}}; // cleared: its lines are gone entirely
-    decisions[3] = {{true}, {}};              // a missing flag takes the default: theirs stays out
+    decisions[3] = {{true}, {}}; // a missing flag takes the default: theirs stays out
     EXPECT_EQ(composeResolved(hunks, decisions),
-              "header\nshared 1\nshared 2\nshared 3\nshared 4\nshared 5\nshared 6\nlast = ours\ntrailer\n");
+              "header\nshared 1\nextra ours\nvalue = 3\nshared 2\nshared 3\n"
+              "shared 4\nshared 5\nshared 6\nlast = ours\ntrailer\n");
 }
 
 TEST(ConflictHunksTest, CrlfAndNonUtf8LinesComeBackByteForByte) {
@@ -139,9 +136,6 @@ TEST(ConflictHunksTest, AdjacentConflictsHaveNoEmptyCleanHunkBetween) {
 }
 
 TEST(ConflictHunksTest, MarkerCheckLooksAtTheFirstColumnOnly) {
-    ConflictedMerge merge(baseText, oursText, theirsText, true);
-    EXPECT_TRUE(containsConflictMarkers(merge.text));
-    EXPECT_FALSE(containsConflictMarkers(merge.stage(2)));
     EXPECT_TRUE(containsConflictMarkers("Title\n=======\n"));
     EXPECT_TRUE(containsConflictMarkers("x\n>>>>>>>"));
     EXPECT_TRUE(containsConflictMarkers("|||||||| base\n"));

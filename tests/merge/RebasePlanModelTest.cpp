@@ -34,7 +34,7 @@ RebasePlanModel modelOf(const std::vector<std::pair<std::string, std::string>>& 
 
 } // namespace
 
-TEST(RebasePlanModelTest, StartsFromTheInitialEntriesAndHandsThePlanOver) {
+TEST(RebasePlanModelTest, StartsFromTheInitialEntriesAndHandsThePlanOverWhenSomethingBesidesDropRemains) {
     auto model = modelOf({{"a1", "one"}, {"b2", "two"}});
     EXPECT_EQ(model.entries(), model.initialEntries());
     model.setAction(model.entries()[1].id, RebaseAction::edit);
@@ -51,10 +51,9 @@ TEST(RebasePlanModelTest, StartsFromTheInitialEntriesAndHandsThePlanOver) {
     EXPECT_EQ(RebaseTodo::todoFileContents(started->entries), "pick a1 one\nedit b2 two\n");
     model.cancel();
     EXPECT_TRUE(cancelled);
-}
 
-TEST(RebasePlanModelTest, CanStartOnlyWhenSomethingBesidesDropRemains) {
-    auto model = modelOf({{"a1", "one"}, {"b2", "two"}});
+    // It starts only when something besides drop remains.
+    model = modelOf({{"a1", "one"}, {"b2", "two"}});
     for (const auto& entry : model.initialEntries())
         model.setAction(entry.id, RebaseAction::drop);
     EXPECT_FALSE(model.canStart());

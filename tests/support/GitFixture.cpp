@@ -103,7 +103,9 @@ TempRepo::TempRepo(Kind kind) {
         git({"init", "-q", "--bare", "-b", "main"});
 }
 
-std::string TempRepo::git(const std::vector<std::string>& arguments) const { return test::git(path(), arguments); }
+std::string TempRepo::git(const std::vector<std::string>& arguments) const {
+    return test::git(path(), arguments);
+}
 
 GitRun TempRepo::gitAllowingFailure(const std::vector<std::string>& arguments) const {
     return test::gitAllowingFailure(path(), arguments);
@@ -113,7 +115,9 @@ void TempRepo::write(const std::string& relative, const std::string& content) co
     writeFile(*this / relative, content);
 }
 
-std::string TempRepo::read(const std::string& relative) const { return readFile(*this / relative); }
+std::string TempRepo::read(const std::string& relative) const {
+    return readFile(*this / relative);
+}
 
 std::string TempRepo::commitAll(const std::string& message) const {
     git({"add", "-A"});
@@ -122,7 +126,11 @@ std::string TempRepo::commitAll(const std::string& message) const {
 }
 
 std::string TempRepo::head() const {
-    std::string hash = git({"rev-parse", "HEAD"});
+    return rev("HEAD");
+}
+
+std::string TempRepo::rev(const std::string& revision) const {
+    std::string hash = git({"rev-parse", revision});
     while (!hash.empty() && hash.back() == '\n')
         hash.pop_back();
     return hash;

@@ -10,17 +10,17 @@ namespace orvel::test {
 // Points HOME, the global git configuration and the identities of commits at private, fixed
 // values for the life of the test program, and removes the private home at the end.
 class IsolatedGitEnvironment {
-public:
+  public:
     IsolatedGitEnvironment();
     ~IsolatedGitEnvironment();
 
-private:
+  private:
     std::filesystem::path home_;
 };
 
 // A private directory that is removed with everything in it.
 class TempDir {
-public:
+  public:
     TempDir();
     ~TempDir();
     TempDir(const TempDir&) = delete;
@@ -29,7 +29,7 @@ public:
     const std::string& path() const { return path_; }
     std::string operator/(const std::string& relative) const { return path_ + "/" + relative; }
 
-private:
+  private:
     std::string path_;
 };
 
@@ -48,7 +48,7 @@ std::string readFile(const std::string& path);
 
 // A repository in a TempDir: "git init" with branch "main" unless `bare` asks otherwise.
 class TempRepo : public TempDir {
-public:
+  public:
     enum class Kind { workTree, bare, uninitialised };
     explicit TempRepo(Kind kind = Kind::workTree);
 
@@ -59,6 +59,8 @@ public:
     // Stages everything and commits; returns the new HEAD hash.
     std::string commitAll(const std::string& message) const;
     std::string head() const;
+    // The full hash that `revision` names.
+    std::string rev(const std::string& revision) const;
     // "main" and "topic" both change "file" after a common "base" (which also adds "other"), so
     // merges, rebases and picks between them conflict. Leaves "main" checked out.
     void divergeOnOneFile() const;

@@ -1,5 +1,7 @@
 #include "support/RecordingExecutor.h"
 
+#include "core/service/GitServiceError.h"
+
 namespace orvel::test {
 
 void RecordingExecutor::reply(std::string output) {
@@ -10,6 +12,10 @@ void RecordingExecutor::reply(std::string output) {
 void RecordingExecutor::fail(std::exception_ptr error) {
     std::lock_guard lock(mutex_);
     replies_.push_back({{}, std::move(error)});
+}
+
+void RecordingExecutor::fail(const std::string& command) {
+    fail(std::make_exception_ptr(GitServiceError::commandFailed(command, "fatal: scripted\n")));
 }
 
 std::string RecordingExecutor::execute(const Arguments& arguments, const std::string& repoPath) {

@@ -14,7 +14,7 @@
 namespace orvel::test {
 
 class RecordingExecutor final : public GitExecutorProtocol {
-public:
+  public:
     struct Call {
         Arguments arguments;
         std::string repoPath;
@@ -24,6 +24,8 @@ public:
     // Answers the next call with `output`, or with `error` thrown; unscripted calls answer "".
     void reply(std::string output);
     void fail(std::exception_ptr error);
+    // Answers the next call as git failing in `command` does: a commandFailed error.
+    void fail(const std::string& command);
 
     std::string execute(const Arguments& arguments, const std::string& repoPath) override;
     std::string executeWithEnvironment(const Arguments& arguments, const std::string& repoPath,
@@ -35,7 +37,7 @@ public:
     std::vector<Call> calls() const;
     std::vector<Arguments> argumentLists() const;
 
-private:
+  private:
     struct Reply {
         std::string output;
         std::exception_ptr error;

@@ -1,5 +1,6 @@
 // The application model's open and the automatic open of start-up, with the log lines that
 // tell a tester what happened.
+#include "workspace/AppViewModel.h"
 #include "core/process/SubprocessExecutor.h"
 #include "core/queue/GitOpRunner.h"
 #include "core/service/MockGitService.h"
@@ -7,15 +8,13 @@
 #include "core/support/UserDefaults.h"
 #include "support/Await.h"
 #include "support/GitFixture.h"
-#include "workspace/AppViewModel.h"
+#include "support/LogCapture.h"
 #include "workspace/ui/RepositoryWindow.h"
 
 #include <QLabel>
-#include <QLoggingCategory>
 #include <QSignalSpy>
 
 #include <future>
-#include <mutex>
 
 #include <gtest/gtest.h>
 
@@ -23,43 +22,9 @@ using namespace orvel;
 
 namespace {
 
-// Worker threads log too, so the captured lines are guarded.
-std::mutex capturedMutex;
-QStringList captured;
-
-void capture(QtMsgType, const QMessageLogContext&, const QString& message) {
-    std::lock_guard lock(capturedMutex);
-    captured << message;
-}
-
-// Collects the log lines of the "orvel" categories while it lives.
-class LogCapture {
-public:
-    LogCapture() {
-        std::lock_guard lock(capturedMutex);
-        captured.clear();
-        QLoggingCategory::setFilterRules("orvel.*.debug=true");
-        previous_ = qInstallMessageHandler(capture);
-    }
-    ~LogCapture() {
-        qInstallMessageHandler(previous_);
-        QLoggingCategory::setFilterRules("");
-    }
-    bool contains(const QString& line) const {
-        std::lock_guard lock(capturedMutex);
-        return captured.contains(line);
-    }
-    QString all() const {
-        std::lock_guard lock(capturedMutex);
-        return captured.join("\n");
-    }
-
-private:
-    QtMessageHandler previous_;
-};
-
+// The model over the real git, as start-up builds it.
 class AutomaticOpen : public ::testing::Test {
-protected:
+  protected:
     InMemoryUserDefaults defaults;
     std::shared_ptr<NativeGitService> service = std::make_shared<NativeGitService>(
         std::make_shared<SubprocessExecutor>(std::nullopt, defaults), std::make_shared<GitOpRunner>(2));
@@ -71,7 +36,7 @@ protected:
 TEST_F(AutomaticOpen, PathWithBlanksAroundOpensTheRepository) {
     test::TempRepo repo;
     const std::string head = repo.commitAll("first");
-    LogCapture log;
+    test::LogCapture log;
     test::await(model.openFromEnvironment(QByteArray::fromStdString("  " + repo.path() + "\n")));
 
     ASSERT_TRUE(model.activeRepository());
@@ -81,13 +46,21 @@ TEST_F(AutomaticOpen, PathWithBlanksAroundOpensTheRepository) {
     const QString path = QString::fromStdString(repo.path());
     EXPECT_TRUE(log.contains("env var present: " + path));
     EXPECT_TRUE(log.contains("gitDir=" + path + "/.git exists=true"));
-    EXPECT_TRUE(log.contains("openRepository returned; mode=working activeRepo=" + path)) << log.all().toStdString();
+    EXPECT_TRUE(log.contains("openRepository returned; mode=working activeRepo=" + path))
+        << log.text().toStdString();
 }
 
-TEST_F(AutomaticOpen, BlankOrInvalidValueLogsTheErrorAndStartsNormally) {
+TEST_F(AutomaticOpen, UnsetVariableDoesNothingAndABlankOrInvalidValueLogsTheError) {
+    {
+        test::LogCapture log;
+        test::await(model.openFromEnvironment(std::nullopt));
+        EXPECT_TRUE(log.text().isEmpty());
+        EXPECT_EQ(model.mode(), AppMode::welcome);
+    }
     test::TempDir notARepository;
-    for (const QByteArray& value : {QByteArray(""), QByteArray(" \n"), QByteArray::fromStdString(notARepository.path())}) {
-        LogCapture log;
+    for (const QByteArray& value :
+         {QByteArray(""), QByteArray(" \n"), QByteArray::fromStdString(notARepository.path())}) {
+        test::LogCapture log;
         test::await(model.openFromEnvironment(value));
         EXPECT_TRUE(log.contains("ORVEL_AUTOTEST_OPEN_REPO is set but path is invalid or not a git repo"));
         EXPECT_EQ(model.mode(), AppMode::welcome);
@@ -95,18 +68,7 @@ TEST_F(AutomaticOpen, BlankOrInvalidValueLogsTheErrorAndStartsNormally) {
     }
 }
 
-TEST_F(AutomaticOpen, UnsetVariableDoesNothing) {
-    LogCapture log;
-    test::await(model.openFromEnvironment(std::nullopt));
-    EXPECT_TRUE(log.all().isEmpty());
-    EXPECT_EQ(model.mode(), AppMode::welcome);
-}
-
-TEST(AppViewModelOpen, FailureKeepsWhatWasOpenAndTellsWhy) {
-    InMemoryUserDefaults defaults;
-    auto service = std::make_shared<NativeGitService>(std::make_shared<SubprocessExecutor>(std::nullopt, defaults),
-                                                      std::make_shared<GitOpRunner>(2));
-    AppViewModel model(service);
+TEST_F(AutomaticOpen, FailedOpenKeepsWhatWasOpenAndTellsWhy) {
     test::TempRepo repo;
     test::await(model.openRepository(repo.path()));
     ASSERT_TRUE(model.activeRepository());
@@ -124,7 +86,7 @@ namespace {
 
 // Answers the commands of `open` for any path, holding every command for "/slow" until released.
 class GatedExecutor final : public GitExecutorProtocol {
-public:
+  public:
     std::string execute(const Arguments& arguments, const std::string& repoPath) override {
         if (repoPath == "/slow")
             released_.wait();
@@ -144,7 +106,7 @@ public:
 
     void release() { gate_.set_value(); }
 
-private:
+  private:
     std::promise<void> gate_;
     std::shared_future<void> released_ = gate_.get_future().share();
 };

@@ -6,17 +6,16 @@
 #include "core/support/UserDefaults.h"
 #include "support/Await.h"
 #include "support/GitFixture.h"
+#include "support/LogCapture.h"
 
 #include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
-#include <QLoggingCategory>
 #include <QSignalSpy>
 
 #include <chrono>
 #include <filesystem>
 #include <future>
-#include <mutex>
 #include <sys/stat.h>
 
 #include <gtest/gtest.h>
@@ -25,36 +24,6 @@ using namespace orvel;
 using namespace std::chrono_literals;
 
 namespace {
-
-std::mutex logMutex;
-QStringList logLines;
-
-void collectLog(QtMsgType, const QMessageLogContext&, const QString& message) {
-    std::lock_guard lock(logMutex);
-    logLines << message;
-}
-
-// Collects every debug line of the "orvel" categories, from all threads, while it lives.
-class AllLogLines {
-  public:
-    AllLogLines() {
-        std::lock_guard lock(logMutex);
-        logLines.clear();
-        QLoggingCategory::setFilterRules("orvel.*.debug=true");
-        previous_ = qInstallMessageHandler(collectLog);
-    }
-    ~AllLogLines() {
-        qInstallMessageHandler(previous_);
-        QLoggingCategory::setFilterRules("");
-    }
-    QString text() const {
-        std::lock_guard lock(logMutex);
-        return logLines.join('\n');
-    }
-
-  private:
-    QtMessageHandler previous_;
-};
 
 // Spins the event loop until `condition` holds; false after the time-out.
 template <typename Condition>
@@ -170,7 +139,7 @@ TEST_F(CredentialBridge, ScriptQuotesPathsThatHoldShellCharacters) {
 }
 
 TEST_F(CredentialBridge, GitReceivesTheUsernameAndPasswordAndNoAnswerIsLogged) {
-    AllLogLines log;
+    test::LogCapture log;
     QSignalSpy shown(&manager, &CredentialManager::isShowingPromptChanged);
     const std::string marker = work / "evaluated";
     const QString password = QString::fromStdString("pw \"q\" $(touch " + marker + ") `x` -n");
