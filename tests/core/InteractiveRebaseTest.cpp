@@ -8,12 +8,12 @@
 #include "support/Await.h"
 #include "support/GitFixture.h"
 #include "support/ScopedEnvironment.h"
+#include "support/ServiceError.h"
 
 #include <gtest/gtest.h>
 
 #include <csignal>
 #include <filesystem>
-#include <functional>
 #include <map>
 #include <set>
 #include <sys/resource.h>
@@ -99,15 +99,6 @@ RebaseTodoEntry execRow(std::string command) {
     entry.action = RebaseAction::exec;
     entry.execCommand = std::move(command);
     return entry;
-}
-
-std::string failureText(const std::function<void()>& call) {
-    try {
-        call();
-    } catch (const std::exception& error) {
-        return error.what();
-    }
-    return "no error";
 }
 
 } // namespace
@@ -238,20 +229,20 @@ TEST_F(InteractiveRebase, RefusedAndFailedRunsChangeNothing) {
     const auto rows = todo();
 
     for (const std::string onto : {"-x", "--exec=touch pwned"}) {
-        EXPECT_EQ(failureText([&] { rebase(rows, onto); }),
+        EXPECT_EQ(test::thrownText([&] { rebase(rows, onto); }),
                   "Invalid input: Rebase target must not begin with '-': " + onto);
-        EXPECT_EQ(failureText([&] { await(git.service.rebaseTodoList(repo, onto)); }),
+        EXPECT_EQ(test::thrownText([&] { await(git.service.rebaseTodoList(repo, onto)); }),
                   "Invalid input: Rebase target must not begin with '-': " + onto);
     }
     // git refuses an unknown target and an empty plan before a rebase exists.
-    EXPECT_EQ(failureText([&] { rebase(rows, "no-such-branch"); }),
+    EXPECT_EQ(test::thrownText([&] { rebase(rows, "no-such-branch"); }),
               "git rebase failed: Rebase failed unexpectedly");
-    EXPECT_EQ(failureText([&] { rebase({}); }), "git rebase failed: Rebase failed unexpectedly");
+    EXPECT_EQ(test::thrownText([&] { rebase({}); }), "git rebase failed: Rebase failed unexpectedly");
 
     test::writeFile(repoPath + "/a.txt", "local change\n");
     auto reordered = rows;
     std::swap(reordered[0], reordered[1]);
-    EXPECT_EQ(failureText([&] { rebase(reordered); }), "git rebase failed: Rebase failed unexpectedly");
+    EXPECT_EQ(test::thrownText([&] { rebase(reordered); }), "git rebase failed: Rebase failed unexpectedly");
     EXPECT_EQ(test::readFile(repoPath + "/a.txt"), "local change\n");
     EXPECT_EQ(head(), before);
     EXPECT_EQ(state(), RepositoryState::clean);
@@ -298,7 +289,7 @@ TEST_F(InteractiveRebaseFiles, OnlyARewordingPlanGetsAMessageEditor) {
                          std::nullopt,        std::nullopt};
     const RepoEntry repo = test::RealGitService::repoAt(work.path());
     const auto runPlan = [&](std::vector<RebaseTodoEntry> entries) {
-        return failureText([&] {
+        return test::thrownText([&] {
             InteractiveRebaseCommands::interactiveRebase(git, repo, {"main", std::move(entries)});
         });
     };
