@@ -6,6 +6,7 @@
 
 #include "core/commands/BlobCommands.h"
 #include "core/service/GitServiceError.h"
+#include "core/support/AtomicFile.h"
 #include "support/Await.h"
 #include "support/GitFixture.h"
 
@@ -155,7 +156,7 @@ TEST(AtomicWrite, UnwritableDirectoryFailsAndLeavesNothing) {
         if (::geteuid() == 0 && (::setgid(65534) != 0 || ::setuid(65534) != 0))
             ::_exit(3);
         try {
-            BlobCommands::writeFileAtomically(locked + "/f.txt", "new\n");
+            replaceFileAtomically(locked + "/f.txt", "new\n");
         } catch (const std::filesystem::filesystem_error& error) {
             ::_exit(error.code().value() == EACCES ? 0 : 2);
         }
@@ -173,11 +174,11 @@ TEST(AtomicWrite, UnwritableDirectoryFailsAndLeavesNothing) {
 TEST(AtomicWrite, TemporaryFileIsPrivateUntilItTakesTheTargetsMode) {
     TempDir root;
     const std::string file = root / "f.txt";
-    BlobCommands::writeFileAtomically(file, "one\n");
+    replaceFileAtomically(file, "one\n");
     EXPECT_EQ(std::filesystem::status(file).permissions() & std::filesystem::perms::all,
               std::filesystem::perms(0644));
     ::chmod(file.c_str(), 0600);
-    BlobCommands::writeFileAtomically(file, "two\n");
+    replaceFileAtomically(file, "two\n");
     EXPECT_EQ(test::readFile(file), "two\n");
     EXPECT_EQ(std::filesystem::status(file).permissions() & std::filesystem::perms::all,
               std::filesystem::perms(0600));

@@ -1,4 +1,4 @@
-// Reading a blob's bytes or a work-tree file, and writing a resolved file back into the work tree.
+// Reading a blob's bytes or a work-tree file.
 #pragma once
 
 #include "core/process/GitExecutorProtocol.h"
@@ -20,9 +20,5 @@ std::string repoRelativePath(std::string_view path);
 std::string workTreeFile(const std::string& repoPath, const std::string& path);
 // The bytes of `file`; failures are std::filesystem::filesystem_error.
 std::string readFile(const std::string& file);
-// Writes `content` to `file` through a private temporary file in the same directory and a rename,
-// so that the file is never seen half written. The file keeps its permissions when it exists.
-// The temporary file is removed on every failure; failures are std::filesystem::filesystem_error.
-void writeFileAtomically(const std::string& file, std::string_view content);
 
 } // namespace orvel::BlobCommands

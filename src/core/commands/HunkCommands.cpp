@@ -1,6 +1,7 @@
 #include "core/commands/HunkCommands.h"
 
 #include "core/service/GitServiceError.h"
+#include "core/support/AtomicFile.h"
 #include "core/support/PrivateFiles.h"
 
 #include <string>

@@ -4,6 +4,7 @@
 #include "core/commands/RebaseStop.h"
 #include "core/commands/RebaseTodo.h"
 #include "core/parsers/RebaseTodoListParser.h"
+#include "core/support/AtomicFile.h"
 #include "core/support/PrivateFiles.h"
 
 #include <filesystem>

@@ -5,6 +5,7 @@
 #include "core/commands/FileHistoryCommands.h"
 #include "core/commands/StagingCommands.h"
 #include "core/service/NativeGitService.h"
+#include "core/support/AtomicFile.h"
 #include "core/support/Log.h"
 
 namespace orvel {
@@ -29,7 +30,7 @@ QCoro::Task<std::string> NativeGitService::readBlob(RepoEntry repo, std::string 
 QCoro::Task<void> NativeGitService::writeResolvedFile(RepoEntry repo, std::string path, std::string content) {
     qCDebug(lcStaging, "writeResolvedFile: %s in %s", path.c_str(), repo.path.c_str());
     auto write = opRunner_->runUnqueued([file = BlobCommands::workTreeFile(repo.path, path), content] {
-        BlobCommands::writeFileAtomically(file, content);
+        replaceFileAtomically(file, content);
     });
     co_await std::move(write);
     auto task = opRunner_->serializedExecute(

@@ -1,6 +1,6 @@
-// Private files that git reads while one operation runs (patches, the rebase todo list and its
-// editor scripts): written whole or not at all, readable only by this user, and removed when the
-// operation ends, however it ends.
+// Temporary files that git reads while one operation runs (patches, the rebase todo list and its
+// editor scripts): uniquely named in the temporary directory and removed when the operation ends,
+// however it ends. They are written with writePrivateFileAtomically (AtomicFile.h).
 #pragma once
 
 #include <string>
@@ -14,11 +14,6 @@ std::string temporaryDirectory();
 
 // A path "<temporary directory>/<prefix><fresh UUID><suffix>", unique for this run.
 std::string uniqueTemporaryPath(std::string_view prefix, std::string_view suffix = {});
-
-// Writes `bytes` to a private (0600) sibling file and renames it into place, so that `path` never
-// exists half written. The sibling is removed on every failure, which is raised as a
-// std::filesystem::filesystem_error.
-void writePrivateFileAtomically(const std::string& path, std::string_view bytes);
 
 // Removes every registered path when it goes out of scope; a failed removal is ignored. A path is
 // registered before its file is made, so that a failure halfway leaves nothing behind either.
