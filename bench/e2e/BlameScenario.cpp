@@ -84,9 +84,10 @@ int runBlame(const ScenarioOptions& options) {
     const double gitCpu = std::max(median(git.cpu), 1e-9);
     char extra[256];
     std::snprintf(extra, sizeof extra,
-                  " lines=%zu runs=%zu raw_bytes=%zu ours_cpu_ms=%.1f git_cpu_ms=%.1f cpu_ratio=%.3f"
-                  " parse_ms=%.2f parse_ratio=%.4f",
-                  lines, runs, raw.size(), median(ours.cpu), gitCpu, median(ours.cpu) / gitCpu, median(parse),
+                  " lines=%zu runs=%zu raw_bytes=%zu paired_ratio=%.3f ours_cpu_ms=%.1f git_cpu_ms=%.1f"
+                  " cpu_ratio=%.3f paired_cpu_ratio=%.3f parse_ms=%.2f parse_ratio=%.4f",
+                  lines, runs, raw.size(), pairedRatio(ours.wall, git.wall), median(ours.cpu), gitCpu,
+                  median(ours.cpu) / gitCpu, pairedRatio(ours.cpu, git.cpu), median(parse),
                   median(parse) / std::max(median(git.wall), 1e-9));
     report(options.tiny ? "blame-tiny" : "blame-20k", ours.wall, git.wall, extra);
     return lines == shape.lines ? 0 : 1;
