@@ -22,3 +22,6 @@ echo "$line"
 line=$("$tool" --scenario branches-5000 --tiny --rounds 2 --repo "$work/branches" 2>/dev/null)
 echo "$line"
 [[ "$line" =~ ^scenario=branches-tiny\ ours_ms=[0-9.]+\ git_ms=[0-9.]+\ ratio=[0-9.]+\ branches=52\  ]]
+line=$("$tool" --scenario blame-20k --tiny --rounds 2 --repo "$work/blame" 2>/dev/null)
+echo "$line"
+[[ "$line" =~ ^scenario=blame-tiny\ ours_ms=[0-9.]+\ git_ms=[0-9.]+\ ratio=[0-9.]+\ lines=300\ runs=[0-9]+\  ]]

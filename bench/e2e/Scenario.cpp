@@ -31,6 +31,15 @@ double median(std::vector<double> values) {
     return values.empty() ? 0.0 : values[values.size() / 2];
 }
 
+double pairedRatio(const std::vector<double>& ours, const std::vector<double>& git) {
+    std::vector<double> ratios;
+    for (std::size_t i = 0; i < std::min(ours.size(), git.size()); ++i) {
+        if (git[i] > 0)
+            ratios.push_back(ours[i] / git[i]);
+    }
+    return median(std::move(ratios));
+}
+
 std::string gitOutput(const std::string& repo, const std::vector<std::string>& arguments) {
     ChildRequest request;
     request.executable = "/usr/bin/git";

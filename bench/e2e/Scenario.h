@@ -40,6 +40,10 @@ struct BenchService {
 double milliseconds(const std::function<void()>& work);
 double median(std::vector<double> values);
 
+// The median of the per-round ratios ours[i] / git[i]. Each pair ran back to back, so a machine
+// whose speed drifts over minutes disturbs this less than the ratio of the two medians.
+double pairedRatio(const std::vector<double>& ours, const std::vector<double>& git);
+
 // Runs git with `arguments` in `repo` under the environment the executor gives git, capturing
 // stdout as the executor does; this is git's own time for the same output.
 std::string gitOutput(const std::string& repo, const std::vector<std::string>& arguments);

@@ -138,32 +138,56 @@ void makeDiffHistoryRepository(const std::string& directory, const DiffHistorySh
 void makeBlameRepository(const std::string& directory, const BlameShape& shape) {
     fs::create_directories(directory);
     runGit(directory, {"init", "-q", "-b", "main"});
+    Random random(20260202);
+    std::vector<std::string> lines;
+    for (std::size_t i = 0; i < shape.lines; ++i)
+        lines.push_back(codeLine(random));
+
+    // Every commit carries the whole file, so one stream of a large history runs into gigabytes.
+    // It goes to fast-import in pieces of about 64 MB instead, each a private file removed after
+    // its run; a piece after the first continues "main" from where the previous one left it.
     const fs::path stream = fs::path(directory) / ".git" / "orvel-fast-import";
-    {
-        std::ofstream out(stream, std::ios::binary);
-        Random random(20260202);
-        std::vector<std::string> lines;
-        for (std::size_t i = 0; i < shape.lines; ++i)
-            lines.push_back(codeLine(random));
-        for (std::size_t commit = 0; commit < shape.commits; ++commit) {
-            if (commit > 0)
-                for (std::size_t k = 0; k < 8; ++k)
-                    lines[random.below(lines.size())] = codeLine(random);
-            std::string content;
-            appendLines(content, lines);
-            const std::size_t author = commit % std::max<std::size_t>(shape.authors, 1);
-            const std::string message = "change " + std::to_string(commit);
-            out << "commit refs/heads/main\n"
-                << "author Author " << author << " <a" << author << "@orvel.invalid> "
-                << 1767225600 + commit * 60 << " +0000\ncommitter Bench <bench@orvel.invalid> "
-                << 1767225600 + commit * 60 << " +0000\n"
-                << "data " << message.size() << "\n"
-                << message << "\nM 100644 inline blamed.txt\ndata " << content.size() << "\n"
-                << content << "\n\n";
+    struct RemoveStream {
+        const fs::path& path;
+        ~RemoveStream() {
+            std::error_code ignored;
+            fs::remove(path, ignored);
         }
+    } removeStream{stream};
+    constexpr std::size_t pieceBytes = 64u << 20;
+    std::string content;
+    std::size_t commit = 0;
+    while (commit < shape.commits) {
+        {
+            std::ofstream out(stream, std::ios::binary | std::ios::trunc);
+            fs::permissions(stream, fs::perms::owner_read | fs::perms::owner_write);
+            std::size_t written = 0;
+            const std::size_t first = commit;
+            for (; commit < shape.commits && written < pieceBytes; ++commit) {
+                if (commit > 0)
+                    for (std::size_t k = 0; k < 8; ++k)
+                        lines[random.below(lines.size())] = codeLine(random);
+                content.clear();
+                for (const auto& line : lines) {
+                    content += line;
+                    content += '\n';
+                }
+                const std::size_t author = commit % std::max<std::size_t>(shape.authors, 1);
+                const std::string message = "change " + std::to_string(commit);
+                out << "commit refs/heads/main\n"
+                    << "author Author " << author << " <a" << author << "@orvel.invalid> "
+                    << 1767225600 + commit * 60 << " +0000\ncommitter Bench <bench@orvel.invalid> "
+                    << 1767225600 + commit * 60 << " +0000\n"
+                    << "data " << message.size() << "\n"
+                    << message << "\n";
+                if (commit == first && first > 0)
+                    out << "from refs/heads/main^0\n";
+                out << "M 100644 inline blamed.txt\ndata " << content.size() << "\n" << content << "\n\n";
+                written += content.size();
+            }
+        }
+        runGit(directory, {"fast-import", "--quiet"}, stream.string());
     }
-    runGit(directory, {"fast-import", "--quiet"}, stream.string());
-    fs::remove(stream);
     runGit(directory, {"reset", "-q", "--hard", "main"});
 }
 

@@ -42,6 +42,19 @@ struct RawLine {
 
 constexpr std::size_t hashLength = 40;
 
+// Header hashes are hexadecimal object names, as good as random: their first sixteen characters
+// make a hash for the dictionary that is far cheaper than hashing all forty. Equality still
+// compares them whole.
+struct ObjectNameHash {
+    std::size_t operator()(std::string_view name) const noexcept {
+        std::uint64_t value = 0;
+        const std::size_t count = std::min<std::size_t>(name.size(), 16);
+        for (std::size_t i = 0; i < count; ++i)
+            value = (value << 4) ^ static_cast<unsigned char>(name[i]);
+        return static_cast<std::size_t>(value ^ (value >> 29) ^ name.size());
+    }
+};
+
 bool isHeader(std::string_view line) {
     if (line.size() <= hashLength || line[hashLength] != ' ')
         return false;
@@ -177,7 +190,7 @@ class RawLineReader {
 
     std::vector<RawLine> lines_;
     std::vector<CommitMeta> metas_;
-    std::unordered_map<std::string_view, std::size_t> knownMeta_;
+    std::unordered_map<std::string_view, std::size_t, ObjectNameHash> knownMeta_;
     std::optional<RawLine> current_;
     std::optional<CommitMeta> pending_; // meta data being read for the current line, not yet stored
 };
@@ -189,23 +202,35 @@ std::vector<BlameEntry> parseBlame(std::string_view text) {
     RawLineReader reader(text);
     forEachNonEmptyLine(text, [&](std::string_view line) { reader.read(line); });
 
-    // Pass 2: runs of lines of one commit with consecutive final numbers.
+    // Pass 2: runs of lines of one commit with consecutive final numbers. The runs are found
+    // first, so that every list gets its size once instead of growing line by line.
+    const std::vector<RawLine>& lines = reader.lines();
+    const auto continuesRun = [&](std::size_t i) {
+        return lines[i].hash == lines[i - 1].hash &&
+               std::int64_t{lines[i].finalLine} == std::int64_t{lines[i - 1].finalLine} + 1;
+    };
+    std::size_t runCount = lines.empty() ? 0 : 1;
+    for (std::size_t i = 1; i < lines.size(); ++i)
+        runCount += !continuesRun(i);
     std::vector<BlameEntry> entries;
-    const RawLine* previous = nullptr;
-    for (const RawLine& line : reader.lines()) {
-        if (!previous || line.hash != previous->hash ||
-            std::int64_t{line.finalLine} != std::int64_t{previous->finalLine} + 1) {
-            const CommitMeta& meta = reader.meta(line.meta);
-            BlameEntry& entry = entries.emplace_back();
-            entry.hash = line.hash;
-            entry.finalLineNumber = line.finalLine;
-            entry.authorName = meta.authorName;
-            entry.authorDate = Instant{std::chrono::seconds{meta.authorTime}};
-            entry.summary = meta.summary;
-            entry.filename = meta.filename;
-        }
-        entries.back().lines.emplace_back(line.content);
-        previous = &line;
+    entries.reserve(runCount);
+    for (std::size_t first = 0; first < lines.size();) {
+        std::size_t end = first + 1;
+        while (end < lines.size() && continuesRun(end))
+            ++end;
+        const RawLine& line = lines[first];
+        const CommitMeta& meta = reader.meta(line.meta);
+        BlameEntry& entry = entries.emplace_back();
+        entry.hash = line.hash;
+        entry.finalLineNumber = line.finalLine;
+        entry.authorName = meta.authorName;
+        entry.authorDate = Instant{std::chrono::seconds{meta.authorTime}};
+        entry.summary = meta.summary;
+        entry.filename = meta.filename;
+        entry.lines.reserve(end - first);
+        for (std::size_t i = first; i < end; ++i)
+            entry.lines.emplace_back(lines[i].content);
+        first = end;
     }
     qCDebug(lcParser, "parseBlame: %ld entries", static_cast<long>(entries.size()));
     return entries;

@@ -86,23 +86,23 @@ struct Collector {
 };
 
 // Reads what is available on `collector`; returns false when the stream went over its limit.
+// git writes its output in pieces of a few kilobytes, so the read goes to a fixed buffer and only
+// the bytes that came are appended: growing the sink by a whole chunk before each read would
+// zero that chunk every time.
 bool drain(Collector& collector) {
     constexpr std::size_t chunk = 64 * 1024;
-    std::string& sink = *collector.sink;
-    const std::size_t before = sink.size();
-    sink.resize(before + chunk);
+    static thread_local char buffer[chunk];
     ssize_t got;
     do {
-        got = ::read(collector.pipe.read.get(), sink.data() + before, chunk);
+        got = ::read(collector.pipe.read.get(), buffer, chunk);
     } while (got < 0 && errno == EINTR);
     if (got <= 0) {
-        sink.resize(before);
         collector.open = false;
         collector.pipe.read.reset();
         return true;
     }
-    sink.resize(before + static_cast<std::size_t>(got));
-    return sink.size() <= collector.limit;
+    collector.sink->append(buffer, static_cast<std::size_t>(got));
+    return collector.sink->size() <= collector.limit;
 }
 
 } // namespace
