@@ -1,14 +1,11 @@
 #include "merge/ConflictResolutionViewModel.h"
 
 #include "core/commands/BlobCommands.h"
+#include "core/queue/BackgroundWork.h"
 #include "core/service/GitServiceProtocol.h"
 #include "core/support/Log.h"
 
 #include <QPointer>
-#include <QUnhandledException>
-#include <QtConcurrent/QtConcurrentRun>
-
-#include <QCoro/QCoroFuture>
 
 #include <algorithm>
 
@@ -36,15 +33,7 @@ QCoro::Task<std::string> readStage(std::shared_ptr<GitServiceProtocol> service, 
 
 // Reads the file on a pool thread; the GUI thread only waits for the answer.
 QCoro::Task<std::string> readWorkTreeFile(std::string file) {
-    auto future = QtConcurrent::run([file = std::move(file)] { return BlobCommands::readFile(file); });
-    try {
-        co_return co_await future;
-    } catch (const QUnhandledException& wrapped) {
-        // QtConcurrent wraps every exception that is not its own; hand on what the read threw.
-        if (wrapped.exception())
-            std::rethrow_exception(wrapped.exception());
-        throw;
-    }
+    return runOnPool(backgroundPool(), [file = std::move(file)] { return BlobCommands::readFile(file); });
 }
 
 } // namespace

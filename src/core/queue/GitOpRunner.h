@@ -4,6 +4,7 @@
 // ever waits for another operation.
 #pragma once
 
+#include "core/queue/BackgroundWork.h"
 #include "core/queue/CrossThreadResult.h"
 #include "core/queue/WorkerPool.h"
 
@@ -24,12 +25,12 @@ namespace orvel {
 
 // Thrown when a submission arrives with its stop token already triggered.
 class OperationCancelled final : public std::runtime_error {
-public:
+  public:
     OperationCancelled() : std::runtime_error("Operation cancelled") {}
 };
 
 class GitOpRunner {
-public:
+  public:
     // Runs one queued operation; answers whether it ended without an error, for the end log.
     using Job = std::function<bool()>;
 
@@ -43,10 +44,13 @@ public:
         -> QCoro::Task<std::invoke_result_t<Block&>> {
         using Value = std::invoke_result_t<Block&>;
         auto result = std::make_shared<CrossThreadResult<Value>>();
-        enqueue(repoPath, [result, block = std::move(block)]() mutable {
-            result->complete(block);
-            return !result->failed();
-        }, cancellation);
+        enqueue(
+            repoPath,
+            [result, block = std::move(block)]() mutable {
+                result->complete(block);
+                return !result->failed();
+            },
+            cancellation);
         typename CrossThreadResult<Value>::Awaiter awaiter{result};
         co_return co_await awaiter;
     }
@@ -55,11 +59,7 @@ public:
     // that must not wait behind a repository's operations.
     template <typename Block>
     auto runUnqueued(Block block) -> QCoro::Task<std::invoke_result_t<Block&>> {
-        using Value = std::invoke_result_t<Block&>;
-        auto result = std::make_shared<CrossThreadResult<Value>>();
-        pool_.post([result, block = std::move(block)]() mutable { result->complete(block); });
-        typename CrossThreadResult<Value>::Awaiter awaiter{result};
-        co_return co_await awaiter;
+        return runOnPool(pool_, std::move(block));
     }
 
     // The queue itself: throws OperationCancelled, before a nonce is taken, when `cancellation`
@@ -70,7 +70,7 @@ public:
     std::optional<std::uint64_t> tailNonce(const std::string& repoPath) const;
     std::size_t tailCount() const;
 
-private:
+  private:
     struct Operation;
 
     void start(std::shared_ptr<Operation> operation);
