@@ -5,6 +5,7 @@
 #include "core/commands/HistoryCommands.h"
 #include "support/Await.h"
 #include "support/GitFixture.h"
+#include "support/ScopedEnvironment.h"
 
 #include <gtest/gtest.h>
 
@@ -166,10 +167,11 @@ TEST_F(CommitGraphOfRepository, DetachedHeadMarksItsCommitWithoutAPill) {
 }
 
 TEST_F(CommitGraphOfRepository, HistoryFollowsHeadOnlyWithRawDecorations) {
-    ::setenv("GIT_AUTHOR_DATE", "2026-03-04T05:06:07+02:00", 1);
-    repo.git({"commit", "-q", "--allow-empty", "--author", "Zoë Ünïcode <zoe@orvel.invalid>", "-m",
-              "subject line\n\nbody line one\nbody line two"});
-    ::setenv("GIT_AUTHOR_DATE", "2026-01-01T12:00:00+0000", 1);
+    {
+        const test::ScopedEnvironment authorDate("GIT_AUTHOR_DATE", "2026-03-04T05:06:07+02:00");
+        repo.git({"commit", "-q", "--allow-empty", "--author", "Zoë Ünïcode <zoe@orvel.invalid>", "-m",
+                  "subject line\n\nbody line one\nbody line two"});
+    }
     const std::string first = repo.head();
     repo.git({"tag", "v1"});
     repo.git({"checkout", "-q", "-b", "elsewhere"});

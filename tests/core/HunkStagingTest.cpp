@@ -9,6 +9,7 @@
 #include "core/service/NativeGitService.h"
 #include "support/Await.h"
 #include "support/GitFixture.h"
+#include "support/PrivateTemporaryDirectory.h"
 #include "support/ServiceError.h"
 
 #include <gtest/gtest.h>
@@ -127,27 +128,7 @@ class ApplyWatchingExecutor final : public GitExecutorProtocol {
     unsigned patchMode = 0;
 };
 
-// Every test runs with a private temporary directory, so that a patch file left behind shows.
-class PrivateTempDirectory : public ::testing::Test {
-  protected:
-    void SetUp() override {
-        if (const char* previous = std::getenv("TMPDIR"))
-            savedTmp = previous;
-        ::setenv("TMPDIR", tmp.path().c_str(), 1);
-    }
-    void TearDown() override {
-        if (savedTmp)
-            ::setenv("TMPDIR", savedTmp->c_str(), 1);
-        else
-            ::unsetenv("TMPDIR");
-    }
-    bool tmpIsEmpty() const { return fs::is_empty(tmp.path()); }
-
-    test::TempDir tmp;
-    std::optional<std::string> savedTmp;
-};
-
-class HunkArguments : public PrivateTempDirectory {
+class HunkArguments : public test::PrivateTemporaryDirectoryTest {
   protected:
     std::shared_ptr<ApplyWatchingExecutor> git = std::make_shared<ApplyWatchingExecutor>();
     NativeGitService service{git, std::make_shared<GitOpRunner>(2)};
@@ -195,7 +176,7 @@ TEST_F(HunkArguments, NoPatchFileOutlivesAFailure) {
     EXPECT_TRUE(tmpIsEmpty());
 }
 
-class HunkStaging : public PrivateTempDirectory {
+class HunkStaging : public test::PrivateTemporaryDirectoryTest {
   protected:
     static std::string rows(int from, int to, const std::string& prefix = "row ") {
         std::string text;

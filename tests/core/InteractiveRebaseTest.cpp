@@ -7,7 +7,7 @@
 #include "core/support/Text.h"
 #include "support/Await.h"
 #include "support/GitFixture.h"
-#include "support/ScopedEnvironment.h"
+#include "support/PrivateTemporaryDirectory.h"
 #include "support/ServiceError.h"
 
 #include <gtest/gtest.h>
@@ -29,33 +29,16 @@ namespace {
 const std::string hostileMessage = "Say 'it''s' \"so\" $(touch pwned) `touch pwned`\n\n"
                                    "back\\slash \\n %s %% ${HOME} '\\'' ; touch pwned ;\nlast line";
 
-// Every test gets its own temporary directory, so that a todo file or script left behind shows.
-class PrivateTemporaryDirectory : public ::testing::Test {
-  protected:
-    void TearDown() override {
-        EXPECT_TRUE(fs::is_empty(tmp.path())) << "a file of the rebase was left behind";
-    }
-    std::set<std::string> temporaryFiles() const {
-        std::set<std::string> names;
-        for (const auto& file : fs::directory_iterator(tmp.path()))
-            names.insert(file.path().filename().string());
-        return names;
-    }
-
-    test::TempDir work; // made before TMPDIR moves, for repositories and other test files
-    test::TempDir tmp;
-    test::ScopedEnvironment tmpdir{"TMPDIR", tmp.path()};
-};
-
-class InteractiveRebase : public PrivateTemporaryDirectory {
+class InteractiveRebase : public test::PrivateTemporaryDirectoryTest {
   protected:
     void SetUp() override {
+        PrivateTemporaryDirectoryTest::SetUp();
         test::git(work.path(), {"init", "-q", "-b", "main", repoPath});
         base = commit("base");
         repo = await(git.service.open(repoPath));
     }
     void TearDown() override {
-        PrivateTemporaryDirectory::TearDown();
+        PrivateTemporaryDirectoryTest::TearDown();
         for (const fs::path& dir : {fs::path(work.path()), fs::path(repoPath), fs::current_path()})
             EXPECT_FALSE(fs::exists(dir / "pwned")) << "a message was run by the shell";
     }
@@ -250,7 +233,7 @@ TEST_F(InteractiveRebase, RefusedAndFailedRunsChangeNothing) {
 
 // What git is handed, seen from inside the call: a private todo file, executable scripts, and a
 // message editor only for a plan that rewords.
-class InteractiveRebaseFiles : public PrivateTemporaryDirectory {
+class InteractiveRebaseFiles : public test::PrivateTemporaryDirectoryTest {
   protected:
     struct Watcher final : GitExecutorProtocol {
         std::string execute(const Arguments&, const std::string&) override { return {}; }
