@@ -2,15 +2,13 @@
 // one block to the repository's queue, where the commands run through the executor.
 #pragma once
 
-#include "core/parsers/LogParser.h"
 #include "core/process/GitExecutorProtocol.h"
 #include "core/queue/GitOpRunner.h"
 #include "core/service/GitServiceProtocol.h"
+#include "core/service/RemoteNameCache.h"
 
 #include <memory>
-#include <mutex>
 #include <optional>
-#include <set>
 #include <stop_token>
 #include <string>
 
@@ -150,10 +148,6 @@ class NativeGitService final : public GitServiceProtocol {
 
     const std::shared_ptr<GitOpRunner>& opRunner() const { return opRunner_; }
 
-    // Drops the remote names commitGraph keeps, so that the next graph load reads them anew;
-    // adding or removing a remote calls it when it has finished.
-    void resetCachedRemoteNames();
-
   private:
     // Queues `block` behind the earlier operations of the repository at `repoPath`; on a worker it
     // is called with the executor and that path. The one way an operation reaches the queue.
@@ -172,10 +166,8 @@ class NativeGitService final : public GitServiceProtocol {
 
     std::shared_ptr<GitExecutorProtocol> executor_;
     std::shared_ptr<GitOpRunner> opRunner_;
-    // Read by `git remote` once per service, not once per graph load. Worker threads and the
-    // coroutines both reach it, hence the mutex.
-    std::optional<RemoteNameSet> cachedRemoteNames_;
-    mutable std::mutex cachedRemoteNamesMutex_;
+    // One for the whole service, not per repository; adding or removing a remote clears it.
+    std::shared_ptr<RemoteNameCache> remoteNames_ = std::make_shared<RemoteNameCache>();
 };
 
 } // namespace orvel
