@@ -3,8 +3,8 @@
 // are signed as the configuration says (the test machine has no key to sign with).
 #include "RealGitService.h"
 
+#include "core/commands/SigningSetting.h"
 #include "core/commands/StagingCommands.h"
-#include "core/commands/TagCommands.h"
 #include "core/queue/GitOpRunner.h"
 #include "core/service/NativeGitService.h"
 #include "support/Await.h"
@@ -72,10 +72,7 @@ TEST(StagingArguments, UnstageWithoutHeadOrWithAFailedResetRemovesFromTheIndex) 
 }
 
 TEST(SigningLookUp, CommitAndTagSigningCountOnlyTrueInAnyCaseAndSpacing) {
-    using LookUp = bool (*)(GitExecutorProtocol&, const std::string&);
-    for (const auto& [lookUp, key] :
-         std::vector<std::pair<LookUp, std::string>>{{&StagingCommands::signingEnabled, "commit.gpgsign"},
-                                                     {&TagCommands::signingEnabled, "tag.gpgsign"}}) {
+    for (const std::string_view key : {commitSigningKey, tagSigningKey}) {
         SCOPED_TRACE(key);
         test::RecordingExecutor git;
         for (const auto& [answer, enabled] : std::vector<std::pair<std::string, bool>>{{" True \n", true},
@@ -87,11 +84,11 @@ TEST(SigningLookUp, CommitAndTagSigningCountOnlyTrueInAnyCaseAndSpacing) {
                                                                                        {"yes\n", false},
                                                                                        {"1\n", false}}) {
             git.reply(answer);
-            EXPECT_EQ(lookUp(git, "/r"), enabled) << answer;
+            EXPECT_EQ(signingEnabled(git, "/r", key), enabled) << answer;
         }
         git.fail("config");
-        EXPECT_FALSE(lookUp(git, "/r"));
-        EXPECT_EQ(git.argumentLists(), std::vector<Arguments>(9, Arguments{"config", key}));
+        EXPECT_FALSE(signingEnabled(git, "/r", key));
+        EXPECT_EQ(git.argumentLists(), std::vector<Arguments>(9, Arguments{"config", std::string(key)}));
     }
 }
 

@@ -11,6 +11,7 @@
 #include <optional>
 #include <stop_token>
 #include <string>
+#include <string_view>
 
 namespace orvel {
 
@@ -158,6 +159,12 @@ class NativeGitService final : public GitServiceProtocol {
             std::move(cancellation));
     }
 
+    // Whether git signs under the configuration `key`, asked outside the queue.
+    QCoro::Task<bool> signingSetting(const std::string& repoPath, std::string_view key);
+    using CommitCommand = CommitEntry (*)(GitExecutorProtocol&, const std::string&, const std::string&, bool);
+    // A commit or an amend: the signing setting first, then the command and its read-back.
+    QCoro::Task<CommitEntry> commitWith(CommitCommand command, RepoEntry repo, std::string message,
+                                        std::stop_token cancellation);
     using HunkCommand = void (*)(GitExecutorProtocol&, const std::string&, const std::string&,
                                  const DiffHunk&);
     // One of the three hunk actions: the entry line, the block, and the failure line.
