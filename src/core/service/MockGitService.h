@@ -132,6 +132,8 @@ class MockGitService : public GitServiceProtocol {
                                       std::stop_token cancellation = {}) override;
     QCoro::Task<void> writeResolvedFile(RepoEntry repo, std::string path, std::string content,
                                         std::stop_token cancellation = {}) override;
+    QCoro::Task<std::string> readWorkTreeFile(RepoEntry repo, std::string path,
+                                              std::stop_token cancellation = {}) override;
     QCoro::Task<std::vector<CommitEntry>> fileHistory(RepoEntry repo, std::string path, long limit,
                                                       std::stop_token cancellation = {}) override;
     QCoro::Task<std::optional<std::string>> defaultBranch(RepoEntry repo,
@@ -194,6 +196,8 @@ class MockGitService : public GitServiceProtocol {
     std::map<std::string, std::vector<BlameEntry>> blames = sampleBlames();
     std::map<std::string, std::string> blobs = sampleBlobs();
     std::map<std::string, std::string> resolvedFiles;
+    // Working-tree files by path; a resolved file reads back as it was written.
+    std::map<std::string, std::string> workTreeFiles;
 
     static std::vector<TagEntry> sampleTags();
     static std::vector<StashEntry> sampleStashes();

@@ -134,6 +134,8 @@ class NativeGitService final : public GitServiceProtocol {
                                       std::stop_token cancellation = {}) override;
     QCoro::Task<void> writeResolvedFile(RepoEntry repo, std::string path, std::string content,
                                         std::stop_token cancellation = {}) override;
+    QCoro::Task<std::string> readWorkTreeFile(RepoEntry repo, std::string path,
+                                              std::stop_token cancellation = {}) override;
     QCoro::Task<std::vector<CommitEntry>> fileHistory(RepoEntry repo, std::string path, long limit,
                                                       std::stop_token cancellation = {}) override;
     QCoro::Task<std::optional<std::string>> defaultBranch(RepoEntry repo,
