@@ -3,6 +3,7 @@
 #include "widgets/Icons.h"
 
 #include <QEvent>
+#include <QHBoxLayout>
 #include <QLabel>
 #include <QVBoxLayout>
 
@@ -26,16 +27,25 @@ OEmptyState::OEmptyState(const QString& iconName, const QString& title, const QS
     title_->setFont(titleFont);
     message_->setAlignment(Qt::AlignCenter);
     message_->setWordWrap(true);
-    message_->setMaximumWidth(messageWidth);
     message_->setForegroundRole(QPalette::PlaceholderText);
     message_->setVisible(!message.isEmpty());
 
+    // The column is at most messageWidth wide and centred; its labels fill it, so that wrapped text
+    // gets the height it needs.
+    auto* column = new QWidget(this);
+    column->setMaximumWidth(messageWidth);
+    auto* columnLayout = new QVBoxLayout(column);
+    columnLayout->addWidget(icon_);
+    columnLayout->addSpacing(8);
+    columnLayout->addWidget(title_);
+    columnLayout->addWidget(message_);
+    auto* row = new QHBoxLayout;
+    row->addStretch(1);
+    row->addWidget(column, 2);
+    row->addStretch(1);
     auto* layout = new QVBoxLayout(this);
     layout->addStretch(1);
-    layout->addWidget(icon_, 0, Qt::AlignHCenter);
-    layout->addSpacing(8);
-    layout->addWidget(title_, 0, Qt::AlignHCenter);
-    layout->addWidget(message_, 0, Qt::AlignHCenter);
+    layout->addLayout(row);
     layout->addStretch(1);
     setAccessibleName(title);
     updateIcon();

@@ -111,7 +111,7 @@ void ToastBadge::paintEvent(QPaintEvent*) {
 
     if (const QString repeat = repeatText(); !repeat.isEmpty()) {
         painter.setFont(repeatFont());
-        painter.setPen(colour);
+        painter.setPen(tokens.fg2);
         painter.drawText(QRect(text.right() + gap, text.top(), width() - text.right() - gap - padding,
                                fontMetrics().height()),
                          Qt::AlignRight | Qt::AlignTop, repeat);
