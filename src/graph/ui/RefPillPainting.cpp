@@ -1,0 +1,66 @@
+#include "graph/ui/RefPillPainting.h"
+
+#include "graph/ui/GraphRowStyle.h"
+
+#include <QFontMetricsF>
+#include <QPainter>
+
+namespace orvel {
+
+namespace {
+
+const QColor& pillColour(const GraphRef& ref, const GraphRowStyle& style) {
+    if (ref.isCurrent)
+        return style.currentBranch;
+    switch (ref.type) {
+    case GraphRefType::localBranch:
+        return style.localBranch;
+    case GraphRefType::remoteBranch:
+        return style.remoteBranch;
+    case GraphRefType::tag:
+        return style.tag;
+    }
+    return style.localBranch;
+}
+
+} // namespace
+
+void paintRefPills(QPainter& painter, const QRectF& cell, const std::vector<RowRef>& refs,
+                   const GraphRowStyle& style) {
+    const QFontMetricsF metrics(style.pillFont);
+    const double baseOpacity = painter.opacity();
+    const double top = cell.top() + cell.height() * 0.5 - pillHeight / 2;
+    double left = cell.left() + pillGap;
+    painter.setFont(style.pillFont);
+    for (const RowRef& placed : refs) {
+        if (placed.opacity <= 0.0)
+            continue;
+        if (left >= cell.right())
+            break;
+        const QString name =
+            QString::fromUtf8(placed.ref.name.data(), static_cast<qsizetype>(placed.ref.name.size()));
+        const QRectF pill(left, top, metrics.horizontalAdvance(name) + 2 * pillPadding, pillHeight);
+        const QColor& colour = pillColour(placed.ref, style);
+        painter.setOpacity(baseOpacity * placed.opacity);
+        // Remote branches are outlined: they are where a branch was, not where work goes on.
+        const bool outline = placed.ref.type == GraphRefType::remoteBranch;
+        if (outline) {
+            const double width = placed.opacity < 1.0 ? 1.0 : 1.5;
+            painter.setPen(QPen(colour, width));
+            painter.setBrush(Qt::NoBrush);
+            painter.drawRoundedRect(pill.adjusted(width / 2, width / 2, -width / 2, -width / 2), pillRadius,
+                                    pillRadius);
+            painter.setPen(colour);
+        } else {
+            painter.setPen(Qt::NoPen);
+            painter.setBrush(colour);
+            painter.drawRoundedRect(pill, pillRadius, pillRadius);
+            painter.setPen(style.pillText(colour));
+        }
+        painter.drawText(pill.adjusted(pillPadding, 0, 0, 0), Qt::AlignLeft | Qt::AlignVCenter, name);
+        left = pill.right() + pillGap;
+    }
+    painter.setOpacity(baseOpacity);
+}
+
+} // namespace orvel
