@@ -107,6 +107,7 @@ TEST_F(GraphPaneTest, ShowsSearchesAndHardResetsARealHistory) {
     EXPECT_EQ(model.selectedHash(), model.matchingHashesOrdered().front());
     ASSERT_TRUE(QTest::qWaitFor([&] { return model.matchingHashesOrdered().size() == 5u; }));
     EXPECT_EQ(model.matchingHashesOrdered().front(), repo.head());
+    EXPECT_EQ(model.currentMatchIndex(), 1); // still on the first subject that named it
     test::saveScreenshot(pane, QStringLiteral("graph-search"));
     QTest::keyClick(field, Qt::Key_Escape);
     EXPECT_FALSE(field->isVisible());
@@ -140,6 +141,7 @@ TEST_F(GraphPaneTest, ShowsSearchesAndHardResetsARealHistory) {
     test::await(model.load());
     model.toggleSearch();
     model.setSearchQuery("feature");
+    QTest::qWait(500);
     test::saveScreenshot(pane, QStringLiteral("graph-history-dark"));
     QApplication::setPalette(light);
     ASSERT_TRUE(QTest::qWaitFor([&] { return !model.isLoadingFileChanges() && !model.isSearching(); }));

@@ -105,7 +105,9 @@ void GraphSearchBar::showSearch() {
             scope_->setText(action->text());
     }
     const int count = static_cast<int>(model_.matchingHashesOrdered().size());
-    position_->setText(count == 0 ? QString() : localized("%1 of %2", model_.currentMatchIndex() + 1, count));
+    position_->setText(count == 0 ? QString()
+                                  : localized("%1 of %2", QString::number(model_.currentMatchIndex() + 1),
+                                              QString::number(count)));
     previous_->setEnabled(count > 0);
     next_->setEnabled(count > 0);
 }

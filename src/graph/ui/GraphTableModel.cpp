@@ -40,6 +40,8 @@ QVariant GraphTableModel::data(const QModelIndex& index, int role) const {
     case authorColumn:
         return text(row.author);
     case hashColumn:
+        if (row.hash == RepoGraphPaneViewModel::workingTreeHash)
+            return {};
         return role == Qt::ToolTipRole ? text(row.hash) : text(row.shortHash);
     case dateColumn:
         return text(row.date);
