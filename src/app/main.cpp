@@ -1,7 +1,8 @@
 // The program's entry: the application object, the start-up sequence and the main window.
+#include "app/Appearance.h"
 #include "app/OrvelApp.h"
 #include "workspace/AppViewModel.h"
-#include "workspace/ui/RepositoryWindow.h"
+#include "workspace/ui/MainWindow.h"
 
 #include <QApplication>
 
@@ -12,7 +13,8 @@ int main(int argc, char** argv) {
     QApplication::setQuitOnLastWindowClosed(true);
 
     orvel::OrvelApp app;
-    orvel::RepositoryWindow window(app.appViewModel());
+    orvel::MainWindow window(app.appViewModel(), app.defaults());
+    QObject::connect(&window, &orvel::MainWindow::appearanceChosen, &orvel::applyAppearance);
     window.show();
     window.raise();
     window.activateWindow();

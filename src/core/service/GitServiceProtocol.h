@@ -4,11 +4,11 @@
 // their callers' temporaries.
 #pragma once
 
+#include "core/records/BlameEntry.h"
+#include "core/records/BranchEntry.h"
+#include "core/records/CommitEntry.h"
 #include "core/records/DiffContext.h"
 #include "core/records/DiffResult.h"
-#include "core/records/BlameEntry.h"
-#include "core/records/CommitEntry.h"
-#include "core/records/BranchEntry.h"
 #include "core/records/FileChange.h"
 #include "core/records/GraphCommit.h"
 #include "core/records/RebasePlan.h"
@@ -21,13 +21,14 @@
 #include <QCoro/QCoroTask>
 
 #include <optional>
+#include <stop_token>
 #include <string>
 #include <vector>
 
 namespace orvel {
 
 class GitServiceProtocol {
-public:
+  public:
     virtual ~GitServiceProtocol() = default;
 
     virtual QCoro::Task<RepoEntry> open(std::string path) = 0;
@@ -83,7 +84,8 @@ public:
     virtual QCoro::Task<void> pushTag(RepoEntry repo, std::string name, std::string remote) = 0;
     virtual QCoro::Task<void> deleteTag(RepoEntry repo, std::string name) = 0;
     virtual QCoro::Task<void> checkoutTag(RepoEntry repo, std::string name) = 0;
-    virtual QCoro::Task<void> stashSave(RepoEntry repo, std::optional<std::string> message, bool includeUntracked) = 0;
+    virtual QCoro::Task<void> stashSave(RepoEntry repo, std::optional<std::string> message,
+                                        bool includeUntracked) = 0;
     virtual QCoro::Task<OperationResult> stashPop(RepoEntry repo) = 0;
     virtual QCoro::Task<OperationResult> stashApply(RepoEntry repo, long index) = 0;
     virtual QCoro::Task<void> stashDrop(RepoEntry repo, long index) = 0;
@@ -99,12 +101,17 @@ public:
     virtual QCoro::Task<InteractiveRebaseResult> rebaseSkip(RepoEntry repo) = 0;
     virtual QCoro::Task<std::string> readBlob(RepoEntry repo, std::string hash) = 0;
     virtual QCoro::Task<void> writeResolvedFile(RepoEntry repo, std::string path, std::string content) = 0;
-    virtual QCoro::Task<std::vector<CommitEntry>> fileHistory(RepoEntry repo, std::string path, long limit) = 0;
+    virtual QCoro::Task<std::vector<CommitEntry>> fileHistory(RepoEntry repo, std::string path,
+                                                              long limit) = 0;
     virtual QCoro::Task<std::optional<std::string>> defaultBranch(RepoEntry repo) = 0;
     virtual QCoro::Task<std::vector<std::string>> mergedBranches(RepoEntry repo, std::string target) = 0;
     virtual QCoro::Task<std::optional<std::string>> currentBranch(RepoEntry repo) = 0;
     virtual QCoro::Task<RepoEntry> cloneRepository(std::string url, std::string path) = 0;
-    virtual QCoro::Task<RepoEntry> initRepository(std::string path, std::optional<std::string> initialBranch) = 0;
+    virtual QCoro::Task<RepoEntry> initRepository(std::string path,
+                                                  std::optional<std::string> initialBranch) = 0;
+    // Writes git's commit-graph file when it is missing or older than the refs; answers whether
+    // it wrote one.
+    virtual QCoro::Task<bool> updateCommitGraph(RepoEntry repo, std::stop_token stop = {}) = 0;
 };
 
 } // namespace orvel

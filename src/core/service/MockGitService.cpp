@@ -29,9 +29,13 @@ QCoro::Task<RepoEntry> MockGitService::open(std::string path) {
     co_return entry;
 }
 
-QCoro::Task<StatusResult> MockGitService::status(RepoEntry) { co_return StatusResult(workingTree); }
+QCoro::Task<StatusResult> MockGitService::status(RepoEntry) {
+    co_return StatusResult(workingTree);
+}
 
-QCoro::Task<std::optional<std::string>> MockGitService::defaultBranch(RepoEntry) { co_return std::optional<std::string>(defaultBranchName); }
+QCoro::Task<std::optional<std::string>> MockGitService::defaultBranch(RepoEntry) {
+    co_return std::optional<std::string>(defaultBranchName);
+}
 
 QCoro::Task<std::optional<std::string>> MockGitService::currentBranch(RepoEntry) {
     co_return std::optional<std::string>(repository.currentBranch);
@@ -42,11 +46,17 @@ QCoro::Task<RepoEntry> MockGitService::cloneRepository(std::string url, std::str
     co_return co_await open(std::move(path));
 }
 
-QCoro::Task<RepoEntry> MockGitService::initRepository(std::string path, std::optional<std::string> initialBranch) {
+QCoro::Task<RepoEntry> MockGitService::initRepository(std::string path,
+                                                      std::optional<std::string> initialBranch) {
     RepoEntry entry = co_await open(std::move(path));
     entry.currentBranch = initialBranch.value_or("main");
     entry.headHash.reset();
     co_return entry;
+}
+
+QCoro::Task<bool> MockGitService::updateCommitGraph(RepoEntry, std::stop_token) {
+    ++commitGraphUpdates;
+    co_return true;
 }
 
 } // namespace orvel

@@ -14,7 +14,7 @@
 namespace orvel {
 
 class MockGitService : public GitServiceProtocol {
-public:
+  public:
     MockGitService();
 
     QCoro::Task<RepoEntry> open(std::string path) override;
@@ -70,7 +70,8 @@ public:
     QCoro::Task<void> pushTag(RepoEntry repo, std::string name, std::string remote) override;
     QCoro::Task<void> deleteTag(RepoEntry repo, std::string name) override;
     QCoro::Task<void> checkoutTag(RepoEntry repo, std::string name) override;
-    QCoro::Task<void> stashSave(RepoEntry repo, std::optional<std::string> message, bool includeUntracked) override;
+    QCoro::Task<void> stashSave(RepoEntry repo, std::optional<std::string> message,
+                                bool includeUntracked) override;
     QCoro::Task<OperationResult> stashPop(RepoEntry repo) override;
     QCoro::Task<OperationResult> stashApply(RepoEntry repo, long index) override;
     QCoro::Task<void> stashDrop(RepoEntry repo, long index) override;
@@ -91,7 +92,9 @@ public:
     QCoro::Task<std::vector<std::string>> mergedBranches(RepoEntry repo, std::string target) override;
     QCoro::Task<std::optional<std::string>> currentBranch(RepoEntry repo) override;
     QCoro::Task<RepoEntry> cloneRepository(std::string url, std::string path) override;
-    QCoro::Task<RepoEntry> initRepository(std::string path, std::optional<std::string> initialBranch) override;
+    QCoro::Task<RepoEntry> initRepository(std::string path,
+                                          std::optional<std::string> initialBranch) override;
+    QCoro::Task<bool> updateCommitGraph(RepoEntry repo, std::stop_token stop = {}) override;
 
     // The canned repository: `open` answers it with the requested path.
     RepoEntry repository;
@@ -133,6 +136,8 @@ public:
     std::optional<RebasePlan> lastRebasePlan;
     InteractiveRebaseResult interactiveRebaseOutcome = rebase::Success{};
     std::vector<std::string> mergedBranchNames = {"main", "feature/sidebar"};
+    // How often `updateCommitGraph` ran; it answers that it wrote the file.
+    int commitGraphUpdates = 0;
 
     // The canned tags, stashes (newest first, "stash@{0}" first), blame runs by path and blob
     // contents by hash. Stash, tag and reset operations change them and `repository`; a resolved
@@ -148,7 +153,7 @@ public:
     static std::map<std::string, std::vector<BlameEntry>> sampleBlames();
     static std::map<std::string, std::string> sampleBlobs();
 
-private:
+  private:
     // Puts a new entry at "stash@{0}" and renumbers the rest.
     void pushStash(const std::string& message);
     static CommitEntry entryOf(const GraphCommit& commit);

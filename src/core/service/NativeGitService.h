@@ -16,7 +16,7 @@
 namespace orvel {
 
 class NativeGitService final : public GitServiceProtocol {
-public:
+  public:
     NativeGitService(std::shared_ptr<GitExecutorProtocol> executor, std::shared_ptr<GitOpRunner> opRunner);
 
     QCoro::Task<RepoEntry> open(std::string path) override;
@@ -72,7 +72,8 @@ public:
     QCoro::Task<void> pushTag(RepoEntry repo, std::string name, std::string remote) override;
     QCoro::Task<void> deleteTag(RepoEntry repo, std::string name) override;
     QCoro::Task<void> checkoutTag(RepoEntry repo, std::string name) override;
-    QCoro::Task<void> stashSave(RepoEntry repo, std::optional<std::string> message, bool includeUntracked) override;
+    QCoro::Task<void> stashSave(RepoEntry repo, std::optional<std::string> message,
+                                bool includeUntracked) override;
     QCoro::Task<OperationResult> stashPop(RepoEntry repo) override;
     QCoro::Task<OperationResult> stashApply(RepoEntry repo, long index) override;
     QCoro::Task<void> stashDrop(RepoEntry repo, long index) override;
@@ -93,7 +94,9 @@ public:
     QCoro::Task<std::vector<std::string>> mergedBranches(RepoEntry repo, std::string target) override;
     QCoro::Task<std::optional<std::string>> currentBranch(RepoEntry repo) override;
     QCoro::Task<RepoEntry> cloneRepository(std::string url, std::string path) override;
-    QCoro::Task<RepoEntry> initRepository(std::string path, std::optional<std::string> initialBranch) override;
+    QCoro::Task<RepoEntry> initRepository(std::string path,
+                                          std::optional<std::string> initialBranch) override;
+    QCoro::Task<bool> updateCommitGraph(RepoEntry repo, std::stop_token stop = {}) override;
 
     const std::shared_ptr<GitOpRunner>& opRunner() const { return opRunner_; }
 
@@ -101,7 +104,7 @@ public:
     // adding or removing a remote calls it when it has finished.
     void resetCachedRemoteNames();
 
-private:
+  private:
     std::shared_ptr<GitExecutorProtocol> executor_;
     std::shared_ptr<GitOpRunner> opRunner_;
     // Read by `git remote` once per service, not once per graph load. Worker threads and the

@@ -1,0 +1,42 @@
+// What one repository tab shows: its history page for now; the changes page, sidebar and
+// toolbar join it as they come. It is made once per tab and kept while the tab is hidden, so its
+// scroll positions and selections survive a switch. Splitter positions are remembered by name.
+#pragma once
+
+#include <QWidget>
+
+class QLabel;
+
+namespace orvel {
+
+class UserDefaults;
+class WorkspaceTabState;
+
+class RepositoryTabView final : public QWidget {
+    Q_OBJECT
+
+  public:
+    RepositoryTabView(WorkspaceTabState& tab, UserDefaults& defaults, QWidget* parent = nullptr);
+    ~RepositoryTabView() override;
+
+    WorkspaceTabState& tab() const { return tab_; }
+
+    // Writes the state of every named splitter, so that the next tab opens with the same layout.
+    void saveSplitterStates() const;
+
+  protected:
+    void changeEvent(QEvent* event) override;
+
+  private:
+    void restoreSplitterStates();
+    void showCounts(int staged, int unstaged);
+    void retranslate();
+
+    WorkspaceTabState& tab_;
+    UserDefaults& defaults_;
+    QLabel* placeholder_;
+    int staged_ = 0;
+    int unstaged_ = 0;
+};
+
+} // namespace orvel
