@@ -46,12 +46,12 @@ BranchEntry* MockGitService::findBranch(const std::string& fullRefName) {
     return found == branchList.end() ? nullptr : &*found;
 }
 
-QCoro::Task<std::vector<BranchEntry>> MockGitService::branches(RepoEntry) {
+QCoro::Task<std::vector<BranchEntry>> MockGitService::branches(RepoEntry, std::stop_token) {
     co_return std::vector<BranchEntry>(branchList);
 }
 
 QCoro::Task<void> MockGitService::createBranch(RepoEntry, std::string name,
-                                               std::optional<std::string> startPoint) {
+                                               std::optional<std::string> startPoint, std::stop_token) {
     refuseOptionLike(name, "Branch name");
     if (startPoint)
         refuseOptionLike(*startPoint, "Start point");
@@ -71,7 +71,7 @@ QCoro::Task<void> MockGitService::createBranch(RepoEntry, std::string name,
     co_return;
 }
 
-QCoro::Task<void> MockGitService::checkoutBranch(RepoEntry, std::string name) {
+QCoro::Task<void> MockGitService::checkoutBranch(RepoEntry, std::string name, std::stop_token) {
     refuseOptionLike(name, "Branch name");
     const BranchEntry* target = findBranch(localRef(name));
     if (!target)
@@ -85,13 +85,13 @@ QCoro::Task<void> MockGitService::checkoutBranch(RepoEntry, std::string name) {
     co_return;
 }
 
-QCoro::Task<void> MockGitService::checkoutNewBranch(RepoEntry repo, std::string name,
-                                                    std::string startPoint) {
+QCoro::Task<void> MockGitService::checkoutNewBranch(RepoEntry repo, std::string name, std::string startPoint,
+                                                    std::stop_token) {
     co_await createBranch(repo, name, std::move(startPoint));
     co_await checkoutBranch(std::move(repo), std::move(name));
 }
 
-QCoro::Task<void> MockGitService::deleteBranch(RepoEntry, std::string name, bool) {
+QCoro::Task<void> MockGitService::deleteBranch(RepoEntry, std::string name, bool, std::stop_token) {
     refuseOptionLike(name, "Branch name");
     const BranchEntry* branch = findBranch(localRef(name));
     if (!branch)
@@ -103,7 +103,8 @@ QCoro::Task<void> MockGitService::deleteBranch(RepoEntry, std::string name, bool
     co_return;
 }
 
-QCoro::Task<void> MockGitService::renameBranch(RepoEntry, std::string oldName, std::string newName) {
+QCoro::Task<void> MockGitService::renameBranch(RepoEntry, std::string oldName, std::string newName,
+                                               std::stop_token) {
     refuseOptionLike(oldName, "Branch name");
     refuseOptionLike(newName, "Branch name");
     BranchEntry* branch = findBranch(localRef(oldName));
@@ -119,7 +120,8 @@ QCoro::Task<void> MockGitService::renameBranch(RepoEntry, std::string oldName, s
     co_return;
 }
 
-QCoro::Task<void> MockGitService::deleteRemoteBranch(RepoEntry, std::string remote, std::string branch) {
+QCoro::Task<void> MockGitService::deleteRemoteBranch(RepoEntry, std::string remote, std::string branch,
+                                                     std::stop_token) {
     refuseOptionLike(remote, "Remote name");
     refuseOptionLike(branch, "Branch name");
     const std::string ref = "refs/remotes/" + remote + "/" + branch;
@@ -130,14 +132,14 @@ QCoro::Task<void> MockGitService::deleteRemoteBranch(RepoEntry, std::string remo
     co_return;
 }
 
-QCoro::Task<MergeResult> MockGitService::merge(RepoEntry, std::string branch) {
+QCoro::Task<MergeResult> MockGitService::merge(RepoEntry, std::string branch, std::stop_token) {
     refuseOptionLike(branch, "Branch name");
     if (std::holds_alternative<Conflicted>(mergeOutcome))
         repository.state = RepositoryState::merging;
     co_return MergeResult(mergeOutcome);
 }
 
-QCoro::Task<MergeResult> MockGitService::fastForwardMerge(RepoEntry, std::string branch) {
+QCoro::Task<MergeResult> MockGitService::fastForwardMerge(RepoEntry, std::string branch, std::stop_token) {
     refuseOptionLike(branch, "Branch name");
     if (std::holds_alternative<merge::Merged>(mergeOutcome) ||
         std::holds_alternative<Conflicted>(mergeOutcome))
@@ -145,14 +147,14 @@ QCoro::Task<MergeResult> MockGitService::fastForwardMerge(RepoEntry, std::string
     co_return MergeResult(mergeOutcome);
 }
 
-QCoro::Task<RebaseResult> MockGitService::rebase(RepoEntry, std::string onto) {
+QCoro::Task<RebaseResult> MockGitService::rebase(RepoEntry, std::string onto, std::stop_token) {
     refuseOptionLike(onto, "Rebase target");
     if (std::holds_alternative<RebaseStop>(rebaseOutcome))
         repository.state = RepositoryState::rebasing;
     co_return RebaseResult(rebaseOutcome);
 }
 
-QCoro::Task<void> MockGitService::abortMerge(RepoEntry) {
+QCoro::Task<void> MockGitService::abortMerge(RepoEntry, std::stop_token) {
     if (repository.state != RepositoryState::merging)
         throw GitServiceError::commandFailed("merge",
                                              "fatal: There is no merge to abort (MERGE_HEAD missing).");
@@ -160,28 +162,28 @@ QCoro::Task<void> MockGitService::abortMerge(RepoEntry) {
     co_return;
 }
 
-QCoro::Task<void> MockGitService::abortRebase(RepoEntry) {
+QCoro::Task<void> MockGitService::abortRebase(RepoEntry, std::stop_token) {
     if (repository.state != RepositoryState::rebasing)
         throw GitServiceError::commandFailed("rebase", "fatal: no rebase in progress");
     repository.state = RepositoryState::clean;
     co_return;
 }
 
-QCoro::Task<void> MockGitService::abortCherryPick(RepoEntry) {
+QCoro::Task<void> MockGitService::abortCherryPick(RepoEntry, std::stop_token) {
     if (repository.state != RepositoryState::cherryPicking)
         throw GitServiceError::commandFailed("cherry-pick", "error: no cherry-pick or revert in progress");
     repository.state = RepositoryState::clean;
     co_return;
 }
 
-QCoro::Task<void> MockGitService::abortRevert(RepoEntry) {
+QCoro::Task<void> MockGitService::abortRevert(RepoEntry, std::stop_token) {
     if (repository.state != RepositoryState::reverting)
         throw GitServiceError::commandFailed("revert", "error: no cherry-pick or revert in progress");
     repository.state = RepositoryState::clean;
     co_return;
 }
 
-QCoro::Task<InteractiveRebaseResult> MockGitService::rebaseContinue(RepoEntry) {
+QCoro::Task<InteractiveRebaseResult> MockGitService::rebaseContinue(RepoEntry, std::stop_token) {
     if (repository.state != RepositoryState::rebasing)
         throw GitServiceError::commandFailed("rebase", "Rebase failed unexpectedly");
     if (std::holds_alternative<rebase::Success>(rebaseStepOutcome))
@@ -189,11 +191,12 @@ QCoro::Task<InteractiveRebaseResult> MockGitService::rebaseContinue(RepoEntry) {
     co_return InteractiveRebaseResult(rebaseStepOutcome);
 }
 
-QCoro::Task<InteractiveRebaseResult> MockGitService::rebaseSkip(RepoEntry repo) {
+QCoro::Task<InteractiveRebaseResult> MockGitService::rebaseSkip(RepoEntry repo, std::stop_token) {
     co_return co_await rebaseContinue(std::move(repo));
 }
 
-QCoro::Task<std::vector<std::string>> MockGitService::mergedBranches(RepoEntry, std::string target) {
+QCoro::Task<std::vector<std::string>> MockGitService::mergedBranches(RepoEntry, std::string target,
+                                                                     std::stop_token) {
     refuseOptionLike(target, "Merge target");
     std::vector<std::string> names = mergedBranchNames;
     std::erase(names, target);

@@ -57,7 +57,7 @@ void MockGitService::pushStash(const std::string& message) {
     stashes.insert(stashes.begin(), entry);
 }
 
-QCoro::Task<std::string> MockGitService::tagDetail(RepoEntry, std::string name) {
+QCoro::Task<std::string> MockGitService::tagDetail(RepoEntry, std::string name, std::stop_token) {
     const TagEntry* tag = findTag(tags, name);
     if (!tag)
         throw GitServiceError::commandFailed("show",
@@ -70,21 +70,21 @@ QCoro::Task<std::string> MockGitService::tagDetail(RepoEntry, std::string name) 
     co_return text;
 }
 
-QCoro::Task<OperationResult> MockGitService::cherryPick(RepoEntry, std::string hash) {
+QCoro::Task<OperationResult> MockGitService::cherryPick(RepoEntry, std::string hash, std::stop_token) {
     if (std::none_of(graph.begin(), graph.end(),
                      [&](const GraphCommit& commit) { return commit.hash == hash; }))
         throw GitServiceError::commandFailed("cherry-pick", "fatal: bad revision '" + hash + "'\n");
     co_return operation::Success{};
 }
 
-QCoro::Task<OperationResult> MockGitService::revert(RepoEntry, std::string hash) {
+QCoro::Task<OperationResult> MockGitService::revert(RepoEntry, std::string hash, std::stop_token) {
     if (std::none_of(graph.begin(), graph.end(),
                      [&](const GraphCommit& commit) { return commit.hash == hash; }))
         throw GitServiceError::commandFailed("revert", "fatal: bad revision '" + hash + "'\n");
     co_return operation::Success{};
 }
 
-QCoro::Task<void> MockGitService::reset(RepoEntry, std::string hash, ResetMode mode) {
+QCoro::Task<void> MockGitService::reset(RepoEntry, std::string hash, ResetMode mode, std::stop_token) {
     if (std::none_of(graph.begin(), graph.end(),
                      [&](const GraphCommit& commit) { return commit.hash == hash; }))
         throw GitServiceError::commandFailed("reset",
@@ -98,13 +98,13 @@ QCoro::Task<void> MockGitService::reset(RepoEntry, std::string hash, ResetMode m
     co_return;
 }
 
-QCoro::Task<std::vector<TagEntry>> MockGitService::listTags(RepoEntry) {
+QCoro::Task<std::vector<TagEntry>> MockGitService::listTags(RepoEntry, std::stop_token) {
     std::vector<TagEntry> copy = tags;
     co_return copy;
 }
 
 QCoro::Task<void> MockGitService::createTag(RepoEntry, std::string name, std::optional<std::string> hash,
-                                            std::optional<std::string> message) {
+                                            std::optional<std::string> message, std::stop_token) {
     if (name.empty() || name.front() == '-')
         throw GitServiceError::invalidInput("tag name must not begin with '-': " + name);
     if (findTag(tags, name))
@@ -117,21 +117,21 @@ QCoro::Task<void> MockGitService::createTag(RepoEntry, std::string name, std::op
     co_return;
 }
 
-QCoro::Task<void> MockGitService::pushTag(RepoEntry, std::string name, std::string remote) {
+QCoro::Task<void> MockGitService::pushTag(RepoEntry, std::string name, std::string remote, std::stop_token) {
     if (!findTag(tags, name))
         throw GitServiceError::commandFailed("push", "error: src refspec " + name + " does not match any\n");
     (void)remote;
     co_return;
 }
 
-QCoro::Task<void> MockGitService::deleteTag(RepoEntry, std::string name) {
+QCoro::Task<void> MockGitService::deleteTag(RepoEntry, std::string name, std::stop_token) {
     if (!findTag(tags, name))
         throw GitServiceError::commandFailed("tag", "error: tag '" + name + "' not found.\n");
     std::erase_if(tags, [&](const TagEntry& tag) { return tag.name == name; });
     co_return;
 }
 
-QCoro::Task<void> MockGitService::checkoutTag(RepoEntry, std::string name) {
+QCoro::Task<void> MockGitService::checkoutTag(RepoEntry, std::string name, std::stop_token) {
     const TagEntry* tag = findTag(tags, name);
     if (!tag)
         throw GitServiceError::commandFailed("checkout", "error: pathspec 'tags/" + name +
@@ -142,7 +142,7 @@ QCoro::Task<void> MockGitService::checkoutTag(RepoEntry, std::string name) {
 }
 
 QCoro::Task<void> MockGitService::stashSave(RepoEntry, std::optional<std::string> message,
-                                            bool includeUntracked) {
+                                            bool includeUntracked, std::stop_token) {
     const auto saved = [&](const FileChange& file) {
         return file.status.kind == FileStatusKind::Case::tracked ||
                (includeUntracked && file.status.kind == FileStatusKind::Case::untracked);
@@ -155,7 +155,7 @@ QCoro::Task<void> MockGitService::stashSave(RepoEntry, std::optional<std::string
     co_return;
 }
 
-QCoro::Task<OperationResult> MockGitService::stashPop(RepoEntry) {
+QCoro::Task<OperationResult> MockGitService::stashPop(RepoEntry, std::stop_token) {
     if (stashes.empty())
         throw GitServiceError::commandFailed("stash", "No stash entries found.\n");
     stashes.erase(stashes.begin());
@@ -164,12 +164,12 @@ QCoro::Task<OperationResult> MockGitService::stashPop(RepoEntry) {
     co_return operation::Success{};
 }
 
-QCoro::Task<OperationResult> MockGitService::stashApply(RepoEntry, long index) {
+QCoro::Task<OperationResult> MockGitService::stashApply(RepoEntry, long index, std::stop_token) {
     requireStash(stashes, index);
     co_return operation::Success{};
 }
 
-QCoro::Task<void> MockGitService::stashDrop(RepoEntry, long index) {
+QCoro::Task<void> MockGitService::stashDrop(RepoEntry, long index, std::stop_token) {
     requireStash(stashes, index);
     stashes.erase(stashes.begin() + index);
     for (auto& entry : stashes)
@@ -178,12 +178,12 @@ QCoro::Task<void> MockGitService::stashDrop(RepoEntry, long index) {
     co_return;
 }
 
-QCoro::Task<std::vector<StashEntry>> MockGitService::stashList(RepoEntry) {
+QCoro::Task<std::vector<StashEntry>> MockGitService::stashList(RepoEntry, std::stop_token) {
     std::vector<StashEntry> copy = stashes;
     co_return copy;
 }
 
-QCoro::Task<void> MockGitService::stashFile(RepoEntry, std::string path) {
+QCoro::Task<void> MockGitService::stashFile(RepoEntry, std::string path, std::stop_token) {
     const auto removed =
         std::erase_if(workingTree.files, [&](const FileChange& file) { return file.path == path; });
     if (removed == 0)
@@ -193,11 +193,12 @@ QCoro::Task<void> MockGitService::stashFile(RepoEntry, std::string path) {
     co_return;
 }
 
-QCoro::Task<void> MockGitService::resolveConflictUsingOurs(RepoEntry repo, std::string path) {
+QCoro::Task<void> MockGitService::resolveConflictUsingOurs(RepoEntry repo, std::string path,
+                                                           std::stop_token) {
     co_await resolveConflictUsingTheirs(std::move(repo), std::move(path));
 }
 
-QCoro::Task<void> MockGitService::resolveConflictUsingTheirs(RepoEntry, std::string path) {
+QCoro::Task<void> MockGitService::resolveConflictUsingTheirs(RepoEntry, std::string path, std::stop_token) {
     const auto found =
         std::find_if(workingTree.files.begin(), workingTree.files.end(), [&](const FileChange& file) {
             return file.path == path && file.status.kind == FileStatusKind::Case::unmerged;

@@ -6,19 +6,15 @@
 
 namespace orvel {
 
-QCoro::Task<bool> NativeGitService::updateCommitGraph(RepoEntry repo, std::stop_token stop) {
+QCoro::Task<bool> NativeGitService::updateCommitGraph(RepoEntry repo, std::stop_token cancellation) {
     qCDebug(lcGraph, "updateCommitGraph: %s", repo.path.c_str());
     const std::string gitDir = repo.gitDirPath.value_or(repo.path + "/.git");
-    auto task = opRunner_->serializedExecute(
-        repo.path,
-        [git = executor_, path = repo.path, gitDir] {
-            if (!CommitGraphCommands::isCommitGraphStale(gitDir))
-                return false;
-            CommitGraphCommands::writeCommitGraph(*git, path);
-            return true;
-        },
-        std::move(stop));
-    co_return co_await std::move(task);
+    return queued(repo.path, cancellation, [gitDir](GitExecutorProtocol& git, const std::string& repoPath) {
+        if (!CommitGraphCommands::isCommitGraphStale(gitDir))
+            return false;
+        CommitGraphCommands::writeCommitGraph(git, repoPath);
+        return true;
+    });
 }
 
 } // namespace orvel
