@@ -43,7 +43,9 @@ struct ProgramRun {
     bool complete = false;
 };
 
-fs::path programPath() { return fs::read_symlink("/proc/self/exe").parent_path().parent_path() / "src" / "orvel"; }
+fs::path programPath() {
+    return fs::read_symlink("/proc/self/exe").parent_path().parent_path() / "src" / "orvel";
+}
 
 double peakRssMb(pid_t pid) {
     std::ifstream status("/proc/" + std::to_string(pid) + "/status");
@@ -62,9 +64,10 @@ ProgramRun runProgram(const std::vector<std::string>& repos, const fs::path& con
     std::string moreRepos;
     for (std::size_t i = 1; i < repos.size(); ++i)
         moreRepos += (i > 1 ? "\n" : "") + repos[i];
-    environment.insert(environment.end(), {"QT_QPA_PLATFORM=offscreen", "XDG_CONFIG_HOME=" + configHome.string(),
-                                           "ORVEL_AUTOTEST_OPEN_REPO=" + repos.front(), "ORVEL_BENCH_MARK_GRAPH=1",
-                                           "ORVEL_BENCH_OPEN_REPOS=" + moreRepos});
+    environment.insert(environment.end(),
+                       {"QT_QPA_PLATFORM=offscreen", "XDG_CONFIG_HOME=" + configHome.string(),
+                        "ORVEL_AUTOTEST_OPEN_REPO=" + repos.front(), "ORVEL_BENCH_MARK_GRAPH=1",
+                        "ORVEL_BENCH_OPEN_REPOS=" + moreRepos});
     std::vector<char*> envp;
     for (std::string& entry : environment)
         envp.push_back(entry.data());
@@ -140,7 +143,8 @@ int runStartToGraph(const ScenarioOptions& options) {
     }
     const std::vector<std::string> arguments{
         "log", "--all", "--topo-order", "-n", std::to_string(graphLimit), std::string(graphFormat)};
-    const fs::path configHome = fs::temp_directory_path() / ("orvel-bench-config-" + std::to_string(getpid()));
+    const fs::path configHome =
+        fs::temp_directory_path() / ("orvel-bench-config-" + std::to_string(getpid()));
 
     bool complete = true;
     // Each round runs git and the program back to back, alternating which goes first.

@@ -4,6 +4,7 @@
 #include "core/support/Log.h"
 #include "core/support/Text.h"
 #include "core/support/UserDefaults.h"
+#include "graph/RepoGraphPaneViewModel.h"
 #include "settings/LocalizationManager.h"
 
 #include <QPointer>
@@ -140,6 +141,18 @@ void AppViewModel::openTab(const RepoEntry& entry) {
     options.maintainCommitGraph = defaults_.value(QStringLiteral("maintainCommitGraph"), true).toBool();
     auto tab = std::make_unique<WorkspaceTabState>(entry, service_, toastManager_, options);
     WorkspaceTabState* opened = tab.get();
+    // The tab's actions show one activity at a time: a new message replaces the tab's last one.
+    auto slot = std::make_shared<std::optional<QUuid>>();
+    QPointer<AppViewModel> self(this);
+    tab->graph().setActivityCallback([self, slot](std::optional<QString> message) {
+        if (!self)
+            return;
+        if (*slot)
+            self->popActivity(**slot);
+        slot->reset();
+        if (message)
+            *slot = self->pushActivity(*message);
+    });
     tab->loadData();
     openTabs_.push_back(std::move(tab));
     activeTabID_ = opened->id();

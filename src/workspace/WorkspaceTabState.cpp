@@ -2,6 +2,7 @@
 
 #include "core/service/GitServiceProtocol.h"
 #include "core/support/Log.h"
+#include "graph/RepoGraphPaneViewModel.h"
 #include "settings/LocalizationManager.h"
 #include "workspace/FileSystemWatcher.h"
 #include "workspace/ToastManager.h"
@@ -16,9 +17,12 @@ namespace orvel {
 WorkspaceTabState::WorkspaceTabState(RepoEntry repo, std::shared_ptr<GitServiceProtocol> service,
                                      ToastManager& toasts, Options options, QObject* parent)
     : QObject(parent), repo_(std::move(repo)), service_(std::move(service)), toasts_(toasts),
-      options_(options), currentBranchName_(repo_.currentBranch) {
+      options_(options), currentBranchName_(repo_.currentBranch),
+      graph_(std::make_unique<RepoGraphPaneViewModel>(repo_, service_, toasts_)) {
     if (!currentBranchName_)
         detachedHead_ = repo_.headHash;
+    // A reset, pick or revert from the graph's menu changed the repository.
+    connect(graph_.get(), &RepoGraphPaneViewModel::repositoryChanged, this, &WorkspaceTabState::refresh);
     qCDebug(lcApp, "op=repo.tab.opened count=1");
 }
 
@@ -36,11 +40,10 @@ QString WorkspaceTabState::title() const {
 }
 
 void WorkspaceTabState::loadData() {
-    loadCurrentBranch();
+    // The graph's read is queued first: it is what the user waits for.
+    loadGraphAndMaintain();
     readWorkingTreeCounts();
-    emit refreshRequested();
-    if (options_.maintainCommitGraph)
-        maintainCommitGraph();
+    loadCurrentBranch();
     if (!fileWatcher_)
         startFileWatcher();
 }
@@ -52,7 +55,7 @@ void WorkspaceTabState::loadCurrentBranch() {
 void WorkspaceTabState::refresh() {
     qCDebug(lcApp, "op=sidebar.refreshRequested reason=user");
     readWorkingTreeCounts();
-    emit refreshRequested();
+    graph_->load();
     loadCurrentBranch();
 }
 
@@ -148,6 +151,7 @@ QCoro::Task<void> WorkspaceTabState::readWorkingTreeCounts() {
             unstaged += tracked ? change.status.worktree != TrackedStatus::unmodified
                                 : change.status.kind != FileStatusKind::Case::ignored;
         }
+        graph_->setWorkingTreeCounts(staged, unstaged);
         emit workingTreeCountsChanged(staged, unstaged);
     } catch (const std::exception& error) {
         if (ticket.isCurrent())
@@ -155,14 +159,17 @@ QCoro::Task<void> WorkspaceTabState::readWorkingTreeCounts() {
     }
 }
 
-QCoro::Task<void> WorkspaceTabState::maintainCommitGraph() {
+QCoro::Task<void> WorkspaceTabState::loadGraphAndMaintain() {
     auto ticket = maintenance_.begin(this);
+    co_await graph_->load();
+    if (!ticket.isCurrent() || !options_.maintainCommitGraph)
+        co_return;
     auto service = service_;
+    const std::string path = repo_.path;
     try {
-        // Queued behind the first graph load of the repository, so it never delays it.
-        const bool written = co_await service->updateCommitGraph(repo_, ticket.stopToken());
-        if (written)
-            qCDebug(lcGraph, "op=commitGraph.written path=%s", repo_.path.c_str());
+        // After the first graph load, so that writing the file never delays it.
+        if (co_await service->updateCommitGraph(repo_, ticket.stopToken()))
+            qCDebug(lcGraph, "op=commitGraph.written path=%s", path.c_str());
     } catch (const std::exception& error) {
         qCDebug(lcGraph, "op=commitGraph.write reason=%s", redactForLog(error.what()).c_str());
     }

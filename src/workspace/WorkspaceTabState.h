@@ -21,6 +21,7 @@ namespace orvel {
 
 class FileSystemWatcher;
 class GitServiceProtocol;
+class RepoGraphPaneViewModel;
 class ToastManager;
 
 class WorkspaceTabState final : public QObject {
@@ -44,10 +45,11 @@ class WorkspaceTabState final : public QObject {
     const std::optional<std::string>& currentBranchName() const { return currentBranchName_; }
     // What the tab bar shows: the current branch, or the short hash of a detached HEAD.
     QString title() const;
+    RepoGraphPaneViewModel& graph() const { return *graph_; }
     bool isWatching() const { return fileWatcher_ != nullptr; }
     FileSystemWatcher* fileWatcher() const { return fileWatcher_.get(); }
 
-    // The full load of a new tab: branch name, working-tree counts, the watcher.
+    // The full load of a new tab: graph, branch name, working-tree counts, the watcher.
     void loadData();
     void loadCurrentBranch();
     // The light reload after something changed; a later refresh supersedes an earlier one.
@@ -58,14 +60,13 @@ class WorkspaceTabState final : public QObject {
 
   signals:
     void titleChanged();
-    // The repository changed on disk or through a pane: everything that shows it reloads.
-    void refreshRequested();
     void workingTreeCountsChanged(int staged, int unstaged);
 
   private:
     QCoro::Task<void> readCurrentBranch();
     QCoro::Task<void> readWorkingTreeCounts();
-    QCoro::Task<void> maintainCommitGraph();
+    // The first graph load, then git's commit-graph file when it needs writing.
+    QCoro::Task<void> loadGraphAndMaintain();
     void watchLimitReached();
 
     QUuid id_ = QUuid::createUuid();
@@ -75,6 +76,7 @@ class WorkspaceTabState final : public QObject {
     Options options_;
     std::optional<std::string> currentBranchName_;
     std::optional<std::string> detachedHead_;
+    std::unique_ptr<RepoGraphPaneViewModel> graph_;
     std::unique_ptr<FileSystemWatcher> fileWatcher_;
     bool toldWatchLimit_ = false;
     LoadGeneration branchLoads_;

@@ -1,5 +1,7 @@
 #include "workspace/ui/MainWindow.h"
 
+#include "content/WelcomeViewModel.h"
+#include "content/ui/WelcomeView.h"
 #include "core/support/UserDefaults.h"
 #include "settings/LocalizationManager.h"
 #include "workspace/AppViewModel.h"
@@ -18,7 +20,6 @@
 #include <QMimeData>
 #include <QMouseEvent>
 #include <QProgressBar>
-#include <QPushButton>
 #include <QStackedWidget>
 #include <QStatusBar>
 #include <QTabBar>
@@ -52,22 +53,18 @@ void forwardToFocus(const char* slot) {
 
 MainWindow::MainWindow(AppViewModel& model, UserDefaults& defaults, QWidget* parent)
     : QMainWindow(parent), model_(model), defaults_(defaults), pages_(new QStackedWidget(this)),
-      welcome_(new QWidget(pages_)), welcomeTitle_(new QLabel(welcome_)), workArea_(new QWidget(pages_)),
+      welcomeModel_(new WelcomeViewModel(model.service(), this,
+                                         std::shared_ptr<UserDefaults>(&defaults, [](UserDefaults*) {}))),
+      welcome_(new WelcomeView(*welcomeModel_, pages_)), workArea_(new QWidget(pages_)),
       tabBar_(new QTabBar(workArea_)), tabViews_(new QStackedWidget(workArea_)),
-      activityLabel_(new QLabel(this)), busy_(new QProgressBar(this)),
-      welcomeOpen_(new QPushButton(welcome_)) {
+      activityLabel_(new QLabel(this)), busy_(new QProgressBar(this)) {
     setObjectName(QStringLiteral("main-window"));
     setAcceptDrops(true);
 
-    welcome_->setObjectName(QStringLiteral("main-window.welcome"));
-    welcomeTitle_->setAlignment(Qt::AlignCenter);
-    welcomeOpen_->setObjectName(QStringLiteral("main-window.welcome.open"));
-    auto* welcomeLayout = new QVBoxLayout(welcome_);
-    welcomeLayout->addStretch();
-    welcomeLayout->addWidget(welcomeTitle_);
-    welcomeLayout->addWidget(welcomeOpen_, 0, Qt::AlignHCenter);
-    welcomeLayout->addStretch();
-    connect(welcomeOpen_, &QPushButton::clicked, this, &MainWindow::browseForRepository);
+    connect(welcome_, &WelcomeView::openRepositoryRequested, this,
+            [this](const QString& path) { model_.openRepository(path.toStdString()); });
+    connect(welcomeModel_, &WelcomeViewModel::removeRecentRequested, this,
+            [this](const QString& path) { model_.removeFromRecents(path.toStdString()); });
 
     tabBar_->setObjectName(QStringLiteral("main-window.tabs"));
     tabBar_->setDocumentMode(true);
@@ -109,11 +106,13 @@ MainWindow::MainWindow(AppViewModel& model, UserDefaults& defaults, QWidget* par
     connect(&model_, &AppViewModel::activeTabChanged, this, &MainWindow::showActiveTab);
     connect(&model_, &AppViewModel::modeChanged, this, &MainWindow::showMode);
     connect(&model_, &AppViewModel::activityChanged, this, &MainWindow::showActivity);
+    connect(&model_, &AppViewModel::recentRepositoriesChanged, this, &MainWindow::showRecents);
     for (const auto& tab : model_.openTabs())
         addTab(tab.get());
     showActiveTab();
     showMode();
     showActivity();
+    showRecents();
 
     resize(1200, 780);
     restoreGeometry(defaults_.value(geometryKey).toByteArray());
@@ -236,9 +235,6 @@ void MainWindow::retranslate() {
     previousTabAction_->setText(localized("Previous Tab"));
     helpMenu_->setTitle(localized("&Help"));
     aboutAction_->setText(localized("About Orvel"));
-    welcomeTitle_->setText(localized("No repository open"));
-    welcomeOpen_->setText(localized("Open Repository…"));
-    welcomeOpen_->setAccessibleName(localized("Open Repository…"));
     tabBar_->setAccessibleName(localized("Repositories"));
     busy_->setAccessibleName(localized("Working"));
     updateTitle();
@@ -246,6 +242,7 @@ void MainWindow::retranslate() {
 
 void MainWindow::addTab(WorkspaceTabState* tab) {
     auto* view = new RepositoryTabView(*tab, defaults_, tabViews_);
+    connect(view, &RepositoryTabView::graphPainted, this, &MainWindow::graphPainted);
     const QSignalBlocker blocker(tabBar_);
     const int index = tabBar_->addTab(tab->title());
     tabBar_->setTabData(index, tab->id());
@@ -294,6 +291,13 @@ void MainWindow::showActivity() {
     const auto& message = model_.activityMessage();
     activityLabel_->setText(message.value_or(QString()));
     busy_->setVisible(message.has_value());
+}
+
+void MainWindow::showRecents() {
+    QStringList paths;
+    for (const RepoEntry& entry : model_.recentRepositories())
+        paths.append(QString::fromStdString(entry.path));
+    welcomeModel_->setRecents(std::move(paths));
 }
 
 void MainWindow::updateTitle() {

@@ -11,7 +11,6 @@ class QFileDialog;
 class QLabel;
 class QMenu;
 class QProgressBar;
-class QPushButton;
 class QStackedWidget;
 class QTabBar;
 
@@ -20,6 +19,8 @@ namespace orvel {
 class AppViewModel;
 class RepositoryTabView;
 class UserDefaults;
+class WelcomeView;
+class WelcomeViewModel;
 class WorkspaceTabState;
 
 class MainWindow final : public QMainWindow {
@@ -35,6 +36,8 @@ class MainWindow final : public QMainWindow {
   signals:
     // "light", "dark" or "system", already stored as the "appearance" setting.
     void appearanceChosen(const QString& appearance);
+    // A tab's history has been painted with its commits for the first time.
+    void graphPainted();
 
   protected:
     void changeEvent(QEvent* event) override;
@@ -51,6 +54,7 @@ class MainWindow final : public QMainWindow {
     void showActiveTab();
     void showMode();
     void showActivity();
+    void showRecents();
     void updateTitle();
     void stepTab(int step);
     void browseForRepository();
@@ -62,8 +66,8 @@ class MainWindow final : public QMainWindow {
     AppViewModel& model_;
     UserDefaults& defaults_;
     QStackedWidget* pages_;
-    QWidget* welcome_;
-    QLabel* welcomeTitle_;
+    WelcomeViewModel* welcomeModel_;
+    WelcomeView* welcome_;
     QWidget* workArea_;
     QTabBar* tabBar_;
     QStackedWidget* tabViews_;
@@ -93,7 +97,6 @@ class MainWindow final : public QMainWindow {
     QAction* nextTabAction_;
     QAction* previousTabAction_;
     QAction* aboutAction_;
-    QPushButton* welcomeOpen_;
 };
 
 } // namespace orvel

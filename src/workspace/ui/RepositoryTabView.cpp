@@ -1,7 +1,10 @@
 #include "workspace/ui/RepositoryTabView.h"
 
+#include "content/ui/CreateBranchSheet.h"
 #include "core/support/UserDefaults.h"
+#include "graph/RepoGraphPaneViewModel.h"
 #include "settings/LocalizationManager.h"
+#include "sidebar/ui/CreateTagSheet.h"
 #include "workspace/WorkspaceTabState.h"
 
 #include <QEvent>
@@ -28,13 +31,33 @@ RepositoryTabView::RepositoryTabView(WorkspaceTabState& tab, UserDefaults& defau
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(placeholder_);
+    placeholder_->installEventFilter(this);
     connect(&tab_, &WorkspaceTabState::workingTreeCountsChanged, this, &RepositoryTabView::showCounts);
+    connect(&tab_.graph(), &RepoGraphPaneViewModel::commitsChanged, this, &RepositoryTabView::retranslate);
+    connect(&tab_.graph(), &RepoGraphPaneViewModel::createBranchRequested, this,
+            &RepositoryTabView::showCreateBranch);
+    connect(&tab_.graph(), &RepoGraphPaneViewModel::createTagRequested, this,
+            &RepositoryTabView::showCreateTag);
     restoreSplitterStates();
     retranslate();
 }
 
 RepositoryTabView::~RepositoryTabView() {
     saveSplitterStates();
+}
+
+void RepositoryTabView::showCreateBranch(const std::string& hash) {
+    auto* sheet = new CreateBranchSheet(tab_.repo(), hash, tab_.service(), this);
+    sheet->setAttribute(Qt::WA_DeleteOnClose);
+    connect(sheet, &CreateBranchSheet::created, &tab_, &WorkspaceTabState::refresh);
+    sheet->open();
+}
+
+void RepositoryTabView::showCreateTag(const std::string& hash) {
+    auto* sheet = new CreateTagSheet(tab_.repo(), hash, tab_.service(), this);
+    sheet->setAttribute(Qt::WA_DeleteOnClose);
+    connect(sheet, &CreateTagSheet::created, &tab_, &WorkspaceTabState::refresh);
+    sheet->open();
 }
 
 void RepositoryTabView::saveSplitterStates() const {
@@ -47,6 +70,16 @@ void RepositoryTabView::restoreSplitterStates() {
     for (QSplitter* splitter : findChildren<QSplitter*>())
         if (!splitter->objectName().isEmpty())
             splitter->restoreState(defaults_.value(splitterKey(*splitter)).toByteArray());
+}
+
+bool RepositoryTabView::eventFilter(QObject* watched, QEvent* event) {
+    if (!graphPainted_ && watched == placeholder_ && event->type() == QEvent::Paint &&
+        !tab_.graph().commits().empty()) {
+        graphPainted_ = true;
+        // Queued, so that it is told once this paint has ended.
+        QMetaObject::invokeMethod(this, &RepositoryTabView::graphPainted, Qt::QueuedConnection);
+    }
+    return QWidget::eventFilter(watched, event);
 }
 
 void RepositoryTabView::changeEvent(QEvent* event) {
@@ -62,8 +95,9 @@ void RepositoryTabView::showCounts(int staged, int unstaged) {
 }
 
 void RepositoryTabView::retranslate() {
-    placeholder_->setText(localized("%1\n\nStaged: %2   Unstaged: %3")
+    placeholder_->setText(localized("%1\n\n%2 commits loaded\nStaged: %3   Unstaged: %4")
                               .arg(QString::fromStdString(tab_.repo().path))
+                              .arg(tab_.graph().cachedGraphCommits().size())
                               .arg(staged_)
                               .arg(unstaged_));
 }

@@ -5,6 +5,8 @@
 
 #include <QWidget>
 
+#include <string>
+
 class QLabel;
 
 namespace orvel {
@@ -24,10 +26,17 @@ class RepositoryTabView final : public QWidget {
     // Writes the state of every named splitter, so that the next tab opens with the same layout.
     void saveSplitterStates() const;
 
+  signals:
+    // The history has been painted with its commits for the first time.
+    void graphPainted();
+
   protected:
     void changeEvent(QEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
+    void showCreateBranch(const std::string& hash);
+    void showCreateTag(const std::string& hash);
     void restoreSplitterStates();
     void showCounts(int staged, int unstaged);
     void retranslate();
@@ -37,6 +46,7 @@ class RepositoryTabView final : public QWidget {
     QLabel* placeholder_;
     int staged_ = 0;
     int unstaged_ = 0;
+    bool graphPainted_ = false;
 };
 
 } // namespace orvel
