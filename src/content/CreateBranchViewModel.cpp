@@ -1,5 +1,6 @@
 #include "content/CreateBranchViewModel.h"
 
+#include "content/OperationFailure.h"
 #include "core/service/GitServiceProtocol.h"
 #include "core/support/Log.h"
 #include "settings/LocalizationManager.h"
@@ -49,28 +50,23 @@ QCoro::Task<bool> CreateBranchViewModel::create() {
     createError_.reset();
     emit stateChanged();
     const std::string branch = name.toStdString();
-    try {
-        if (checkoutAfterCreate_) {
-            auto creation = service_->checkoutNewBranch(repo_, branch, startPoint_, ticket.stopToken());
-            co_await std::move(creation);
-        } else {
-            auto creation = service_->createBranch(repo_, branch, startPoint_, ticket.stopToken());
-            co_await std::move(creation);
-        }
-    } catch (const std::exception& error) {
-        if (!ticket.isCurrent())
-            co_return false;
-        qCDebug(lcRefs, "op=branch.create reason=%s", redactForLog(error.what()).c_str());
-        isCreating_ = false;
-        createError_ = localized("Create branch failed: %1", QString::fromUtf8(redactForLog(error.what())));
-        emit stateChanged();
-        co_return false;
-    }
+    auto creation = checkoutAfterCreate_
+                        ? service_->checkoutNewBranch(repo_, branch, startPoint_, ticket.stopToken())
+                        : service_->createBranch(repo_, branch, startPoint_, ticket.stopToken());
+    auto outcome = failureOf(std::move(creation));
+    const std::optional<std::string> failure = co_await std::move(outcome);
     if (!ticket.isCurrent())
         co_return false;
-    qCDebug(lcRefs, "op=branch.create checkout=%d", checkoutAfterCreate_ ? 1 : 0);
     isCreating_ = false;
+    if (failure) {
+        qCDebug(lcRefs, "op=branch.create reason=%s", failure->c_str());
+        createError_ = localized("Create branch failed: %1", QString::fromUtf8(*failure));
+    } else {
+        qCDebug(lcRefs, "op=branch.create checkout=%d", checkoutAfterCreate_ ? 1 : 0);
+    }
     emit stateChanged();
+    if (failure)
+        co_return false;
     emit created(name);
     co_return true;
 }

@@ -1,6 +1,7 @@
 #include "sidebar/CreateTagViewModel.h"
 
 #include "content/BranchNameValidator.h"
+#include "content/OperationFailure.h"
 #include "core/service/GitServiceProtocol.h"
 #include "core/support/Log.h"
 #include "settings/LocalizationManager.h"
@@ -65,26 +66,23 @@ QCoro::Task<bool> CreateTagViewModel::create() {
     isCreating_ = true;
     createError_.reset();
     emit stateChanged();
-    try {
-        auto creation = service_->createTag(
-            repo_, name.toStdString(),
-            selectedCommit_.empty() ? std::nullopt : std::optional(selectedCommit_),
-            annotated ? std::optional(message_.toStdString()) : std::nullopt, ticket.stopToken());
-        co_await std::move(creation);
-    } catch (const std::exception& error) {
-        if (!ticket.isCurrent())
-            co_return false;
-        qCDebug(lcRefs, "op=tag.create reason=%s", redactForLog(error.what()).c_str());
-        isCreating_ = false;
-        createError_ = localized("Create tag failed: %1", QString::fromUtf8(redactForLog(error.what())));
-        emit stateChanged();
-        co_return false;
-    }
+    auto creation = service_->createTag(
+        repo_, name.toStdString(), selectedCommit_.empty() ? std::nullopt : std::optional(selectedCommit_),
+        annotated ? std::optional(message_.toStdString()) : std::nullopt, ticket.stopToken());
+    auto outcome = failureOf(std::move(creation));
+    const std::optional<std::string> failure = co_await std::move(outcome);
     if (!ticket.isCurrent())
         co_return false;
-    qCDebug(lcRefs, "op=tag.create annotated=%d", annotated ? 1 : 0);
     isCreating_ = false;
+    if (failure) {
+        qCDebug(lcRefs, "op=tag.create reason=%s", failure->c_str());
+        createError_ = localized("Create tag failed: %1", QString::fromUtf8(*failure));
+    } else {
+        qCDebug(lcRefs, "op=tag.create annotated=%d", annotated ? 1 : 0);
+    }
     emit stateChanged();
+    if (failure)
+        co_return false;
     emit created(name);
     co_return true;
 }

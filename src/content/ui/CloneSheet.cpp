@@ -62,6 +62,7 @@ CloneSheet::CloneSheet(CloneViewModel& model, QWidget* parent)
     layout->addLayout(form);
     layout->addLayout(progressRow);
     layout->addWidget(error_);
+    layout->addStretch(1);
     layout->addSpacing(6);
     layout->addLayout(buttons);
 

@@ -6,7 +6,7 @@
 #include "widgets/OInlineMessage.h"
 
 #include <QCheckBox>
-#include <QEvent>
+#include <QFontDatabase>
 #include <QFormLayout>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -34,33 +34,26 @@ QString spaceReplacementSetting() {
 
 CreateBranchSheet::CreateBranchSheet(RepoEntry repo, std::string startPoint,
                                      std::shared_ptr<GitServiceProtocol> service, QWidget* parent)
-    : QDialog(parent), model_(new CreateBranchViewModel(std::move(repo), std::move(startPoint),
-                                                        std::move(service), spaceReplacementSetting(), this)),
-      caption_(new QLabel(this)), startPointLabel_(new QLabel(this)),
+    : OSheet(parent), model_(new CreateBranchViewModel(std::move(repo), std::move(startPoint),
+                                                       std::move(service), spaceReplacementSetting(), this)),
+      startPointLabel_(new QLabel(this)),
       startPoint_(new QLabel(displayedStartPoint(model_->startPoint()), this)), nameLabel_(new QLabel(this)),
       nameField_(new QLineEdit(this)), counter_(new QLabel(this)), validation_(new OInlineMessage(this)),
-      checkoutToggle_(new QCheckBox(this)), createError_(new OInlineMessage(this)),
-      cancelButton_(new QPushButton(this)), createButton_(new QPushButton(this)) {
+      checkoutToggle_(new QCheckBox(this)) {
     setObjectName(QStringLiteral("create-branch-sheet"));
-    setWindowModality(Qt::WindowModal);
     setMinimumWidth(420);
-
-    QFont captionFont = caption_->font();
-    captionFont.setBold(true);
-    caption_->setFont(captionFont);
+    startPoint_->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
     startPoint_->setTextInteractionFlags(Qt::TextSelectableByMouse);
     nameField_->setObjectName(QStringLiteral("create-branch.name-field"));
     nameLabel_->setBuddy(nameField_);
     counter_->setMinimumWidth(counter_->fontMetrics().horizontalAdvance(QStringLiteral("0000")));
     counter_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     validation_->setObjectName(QStringLiteral("create-branch.validation-message"));
-    createError_->setObjectName(QStringLiteral("create-branch.error"));
+    errorLine()->setObjectName(QStringLiteral("create-branch.error"));
     checkoutToggle_->setObjectName(QStringLiteral("create-branch.checkout-toggle"));
     checkoutToggle_->setChecked(model_->checkoutAfterCreate());
-    cancelButton_->setObjectName(QStringLiteral("create-branch.cancel-button"));
-    cancelButton_->setAutoDefault(false);
-    createButton_->setObjectName(QStringLiteral("create-branch.create-button"));
-    createButton_->setDefault(true);
+    cancelButton()->setObjectName(QStringLiteral("create-branch.cancel-button"));
+    acceptButton()->setObjectName(QStringLiteral("create-branch.create-button"));
 
     auto* nameRow = new QHBoxLayout;
     nameRow->addWidget(nameField_, 1);
@@ -70,16 +63,7 @@ CreateBranchSheet::CreateBranchSheet(RepoEntry repo, std::string startPoint,
     form->addRow(nameLabel_, nameRow);
     form->addRow(QString(), validation_);
     form->addRow(QString(), checkoutToggle_);
-    auto* buttons = new QHBoxLayout;
-    buttons->addStretch(1);
-    buttons->addWidget(cancelButton_);
-    buttons->addWidget(createButton_);
-    auto* layout = new QVBoxLayout(this);
-    layout->addWidget(caption_);
-    layout->addLayout(form);
-    layout->addWidget(createError_);
-    layout->addStretch(1);
-    layout->addLayout(buttons);
+    contentLayout()->addLayout(form);
 
     connect(nameField_, &QLineEdit::textEdited, model_, &CreateBranchViewModel::setName);
     connect(model_, &CreateBranchViewModel::nameChanged, nameField_, [this](const QString& name) {
@@ -88,46 +72,38 @@ CreateBranchSheet::CreateBranchSheet(RepoEntry repo, std::string startPoint,
     });
     connect(checkoutToggle_, &QCheckBox::toggled, model_, &CreateBranchViewModel::setCheckoutAfterCreate);
     connect(model_, &CreateBranchViewModel::stateChanged, this, &CreateBranchSheet::showState);
-    // Return in the field reaches the default button, which creates; Escape rejects the dialog.
-    connect(createButton_, &QPushButton::clicked, model_, [this] { model_->create(); });
-    connect(cancelButton_, &QPushButton::clicked, this, &QDialog::reject);
+    // Return in the field reaches the default button, which creates.
+    connect(acceptButton(), &QPushButton::clicked, model_, [this] { model_->create(); });
     connect(model_, &CreateBranchViewModel::created, this, [this] {
         emit created();
         accept();
     });
 
     retranslate();
-    showState();
     nameField_->setFocus();
-}
-
-void CreateBranchSheet::changeEvent(QEvent* event) {
-    QDialog::changeEvent(event);
-    if (event->type() == QEvent::LanguageChange)
-        retranslate();
 }
 
 void CreateBranchSheet::retranslate() {
     setWindowTitle(localized("Create Branch"));
-    caption_->setText(localized("Create new branch"));
+    caption()->setText(localized("Create new branch"));
     startPointLabel_->setText(localized("Create branch at:"));
     nameLabel_->setText(localized("Branch name:"));
     nameField_->setAccessibleName(localized("Branch name"));
     checkoutToggle_->setText(localized("Check out after create"));
-    cancelButton_->setText(localized("Cancel"));
-    cancelButton_->setAccessibleName(localized("Cancel creating branch"));
+    cancelButton()->setText(localized("Cancel"));
+    cancelButton()->setAccessibleName(localized("Cancel creating branch"));
     showState();
 }
 
 void CreateBranchSheet::showState() {
     counter_->setText(QString::number(model_->name().size()));
     validation_->setMessage(model_->validationMessage());
-    createError_->setMessage(model_->createError());
+    errorLine()->setMessage(model_->createError());
     const bool checkout = model_->checkoutAfterCreate();
-    createButton_->setText(checkout ? localized("Create and Checkout") : localized("Create"));
-    createButton_->setAccessibleName(checkout ? localized("Create branch and check it out")
-                                              : localized("Create branch"));
-    createButton_->setEnabled(model_->canCreate());
+    acceptButton()->setText(checkout ? localized("Create and Checkout") : localized("Create"));
+    acceptButton()->setAccessibleName(checkout ? localized("Create branch and check it out")
+                                               : localized("Create branch"));
+    acceptButton()->setEnabled(model_->canCreate());
     nameField_->setEnabled(!model_->isCreating());
     checkoutToggle_->setEnabled(!model_->isCreating());
 }

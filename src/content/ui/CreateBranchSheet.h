@@ -4,8 +4,7 @@
 #pragma once
 
 #include "core/records/RepoEntry.h"
-
-#include <QDialog>
+#include "widgets/OSheet.h"
 
 #include <memory>
 #include <string>
@@ -13,15 +12,13 @@
 class QCheckBox;
 class QLabel;
 class QLineEdit;
-class QPushButton;
 
 namespace orvel {
 
 class CreateBranchViewModel;
 class GitServiceProtocol;
-class OInlineMessage;
 
-class CreateBranchSheet final : public QDialog {
+class CreateBranchSheet final : public OSheet {
     Q_OBJECT
 
   public:
@@ -32,14 +29,12 @@ class CreateBranchSheet final : public QDialog {
     void created();
 
   protected:
-    void changeEvent(QEvent* event) override;
+    void retranslate() override;
 
   private:
-    void retranslate();
     void showState();
 
     CreateBranchViewModel* model_;
-    QLabel* caption_;
     QLabel* startPointLabel_;
     QLabel* startPoint_;
     QLabel* nameLabel_;
@@ -47,9 +42,6 @@ class CreateBranchSheet final : public QDialog {
     QLabel* counter_;
     OInlineMessage* validation_;
     QCheckBox* checkoutToggle_;
-    OInlineMessage* createError_;
-    QPushButton* cancelButton_;
-    QPushButton* createButton_;
 };
 
 } // namespace orvel

@@ -51,6 +51,7 @@ InitSheet::InitSheet(InitViewModel& model, QWidget* parent)
     layout->addSpacing(10);
     layout->addLayout(form);
     layout->addWidget(error_);
+    layout->addStretch(1);
     layout->addSpacing(6);
     layout->addLayout(buttons);
 

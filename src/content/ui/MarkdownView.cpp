@@ -18,6 +18,11 @@ QColor blended(const QColor& base, const QColor& over, double amount) {
                             base.blueF() + (over.blueF() - base.blueF()) * amount);
 }
 
+// HTML colours have no alpha: a translucent token is laid over the view's background first.
+QColor opaque(const QColor& colour, const QColor& background) {
+    return blended(background, colour, colour.alphaF());
+}
+
 ThemeFonts themeFonts() {
     return ThemeEngine::shared().currentTheme().fonts.value_or(ThemeFonts{});
 }
@@ -65,12 +70,13 @@ MarkdownStyle MarkdownView::style() const {
     const ThemeEngine& engine = ThemeEngine::shared();
     const ThemeTokens& tokens = engine.currentTokens();
     const ThemeFonts fonts = themeFonts();
+    const QColor background = palette().color(QPalette::Base);
     MarkdownStyle style;
-    style.text = tokens.fg;
-    style.secondaryText = tokens.fg2;
-    style.codeBackground = blended(palette().color(QPalette::Base), tokens.fg, 0.07);
-    style.grid = tokens.stroke;
-    style.link = tokens.accent;
+    style.text = opaque(tokens.fg, background);
+    style.secondaryText = opaque(tokens.fg2, background);
+    style.codeBackground = blended(background, tokens.fg, 0.07);
+    style.grid = opaque(tokens.stroke, background);
+    style.link = opaque(tokens.accent, background);
     style.bodyPointSize = engine.font(fonts.body, false).pointSizeF();
     style.monoFamily = engine.font(fonts.monospaced, true).family();
     return style;

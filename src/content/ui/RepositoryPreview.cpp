@@ -81,10 +81,12 @@ RepositoryPreview::RepositoryPreview(WelcomeViewModel& model, QWidget* parent)
     auto* lists = new QHBoxLayout;
     lists->setSpacing(24);
     auto* branchColumn = new QVBoxLayout;
+    branchColumn->setSpacing(4);
     branchColumn->addWidget(branchesTitle_);
     branchColumn->addWidget(branches_);
     branchColumn->addStretch();
     auto* commitColumn = new QVBoxLayout;
+    commitColumn->setSpacing(4);
     commitColumn->addWidget(commitsTitle_);
     commitColumn->addWidget(commits_);
     commitColumn->addStretch();

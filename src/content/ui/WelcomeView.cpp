@@ -25,6 +25,12 @@
 #include <QStackedWidget>
 #include <QVBoxLayout>
 
+// The bundled icons and "default.gitignore" sit in the shared widgets' static library, whose
+// resource object nothing else names; naming it here keeps the linker from dropping it.
+static void initBundledResources() {
+    Q_INIT_RESOURCE(resources);
+}
+
 namespace orvel {
 
 namespace {
@@ -55,6 +61,7 @@ WelcomeView::WelcomeView(WelcomeViewModel& model, QWidget* parent)
       cloneCard_(new WelcomeCard(QStringLiteral("vcs-clone"), this)),
       initCard_(new WelcomeCard(QStringLiteral("folder-new"), this)), dropHint_(makeSheetCaption(this)),
       preview_(new RepositoryPreview(model, this)) {
+    initBundledResources();
     setObjectName(QStringLiteral("welcome"));
     setAcceptDrops(true);
 

@@ -5,9 +5,8 @@
 #include "widgets/OInlineMessage.h"
 
 #include <QComboBox>
-#include <QEvent>
+#include <QFontDatabase>
 #include <QFormLayout>
-#include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
@@ -27,22 +26,15 @@ QString shortHash(const std::string& hash) {
 
 CreateTagSheet::CreateTagSheet(RepoEntry repo, std::string targetHash,
                                std::shared_ptr<GitServiceProtocol> service, QWidget* parent)
-    : QDialog(parent),
+    : OSheet(parent),
       model_(new CreateTagViewModel(std::move(repo), std::move(targetHash), std::move(service), this)),
-      caption_(new QLabel(this)), nameLabel_(new QLabel(this)), nameField_(new QLineEdit(this)),
-      validation_(new OInlineMessage(this)), messageLabel_(new QLabel(this)),
-      messageField_(new QPlainTextEdit(this)), targetLabel_(new QLabel(this)), target_(new QLabel(this)),
-      advancedToggle_(new QToolButton(this)), advanced_(new QWidget(this)),
-      commitLabel_(new QLabel(advanced_)), commitPicker_(new QComboBox(advanced_)),
-      loadingCommits_(new QLabel(advanced_)), createError_(new OInlineMessage(this)),
-      cancelButton_(new QPushButton(this)), createButton_(new QPushButton(this)) {
+      nameLabel_(new QLabel(this)), nameField_(new QLineEdit(this)), validation_(new OInlineMessage(this)),
+      messageLabel_(new QLabel(this)), messageField_(new QPlainTextEdit(this)),
+      targetLabel_(new QLabel(this)), target_(new QLabel(this)), advancedToggle_(new QToolButton(this)),
+      advanced_(new QWidget(this)), commitLabel_(new QLabel(advanced_)),
+      commitPicker_(new QComboBox(advanced_)), loadingCommits_(new QLabel(advanced_)) {
     setObjectName(QStringLiteral("create-tag-sheet"));
-    setWindowModality(Qt::WindowModal);
     setMinimumWidth(440);
-
-    QFont captionFont = caption_->font();
-    captionFont.setBold(true);
-    caption_->setFont(captionFont);
     nameField_->setObjectName(QStringLiteral("create-tag.name-field"));
     nameLabel_->setBuddy(nameField_);
     validation_->setObjectName(QStringLiteral("create-tag.validation-error"));
@@ -50,6 +42,7 @@ CreateTagSheet::CreateTagSheet(RepoEntry repo, std::string targetHash,
     messageField_->setTabChangesFocus(true);
     messageField_->setFixedHeight(messageField_->fontMetrics().lineSpacing() * 4 + 12);
     messageLabel_->setBuddy(messageField_);
+    target_->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
     target_->setTextInteractionFlags(Qt::TextSelectableByMouse);
     advancedToggle_->setCheckable(true);
     advancedToggle_->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
@@ -57,10 +50,9 @@ CreateTagSheet::CreateTagSheet(RepoEntry repo, std::string targetHash,
     advancedToggle_->setAutoRaise(true);
     commitLabel_->setBuddy(commitPicker_);
     advanced_->hide();
-    cancelButton_->setObjectName(QStringLiteral("create-tag.cancel-button"));
-    cancelButton_->setAutoDefault(false);
-    createButton_->setObjectName(QStringLiteral("create-tag.create-button"));
-    createButton_->setDefault(true);
+    errorLine()->setObjectName(QStringLiteral("create-tag.error"));
+    cancelButton()->setObjectName(QStringLiteral("create-tag.cancel-button"));
+    acceptButton()->setObjectName(QStringLiteral("create-tag.create-button"));
 
     auto* advancedLayout = new QFormLayout(advanced_);
     advancedLayout->setContentsMargins(0, 0, 0, 0);
@@ -72,18 +64,9 @@ CreateTagSheet::CreateTagSheet(RepoEntry repo, std::string targetHash,
     form->addRow(messageLabel_);
     form->addRow(messageField_);
     form->addRow(targetLabel_, target_);
-    auto* buttons = new QHBoxLayout;
-    buttons->addStretch(1);
-    buttons->addWidget(cancelButton_);
-    buttons->addWidget(createButton_);
-    auto* layout = new QVBoxLayout(this);
-    layout->addWidget(caption_);
-    layout->addLayout(form);
-    layout->addWidget(advancedToggle_, 0, Qt::AlignLeft);
-    layout->addWidget(advanced_);
-    layout->addWidget(createError_);
-    layout->addStretch(1);
-    layout->addLayout(buttons);
+    contentLayout()->addLayout(form);
+    contentLayout()->addWidget(advancedToggle_, 0, Qt::AlignLeft);
+    contentLayout()->addWidget(advanced_);
 
     connect(nameField_, &QLineEdit::textEdited, model_, &CreateTagViewModel::setTagName);
     connect(messageField_, &QPlainTextEdit::textChanged, model_,
@@ -94,8 +77,7 @@ CreateTagSheet::CreateTagSheet(RepoEntry repo, std::string targetHash,
     });
     connect(model_, &CreateTagViewModel::stateChanged, this, &CreateTagSheet::showState);
     connect(model_, &CreateTagViewModel::commitsChanged, this, &CreateTagSheet::showCommits);
-    connect(createButton_, &QPushButton::clicked, model_, [this] { model_->create(); });
-    connect(cancelButton_, &QPushButton::clicked, this, &QDialog::reject);
+    connect(acceptButton(), &QPushButton::clicked, model_, [this] { model_->create(); });
     connect(model_, &CreateTagViewModel::created, this, [this] {
         emit created();
         accept();
@@ -105,15 +87,9 @@ CreateTagSheet::CreateTagSheet(RepoEntry repo, std::string targetHash,
     nameField_->setFocus();
 }
 
-void CreateTagSheet::changeEvent(QEvent* event) {
-    QDialog::changeEvent(event);
-    if (event->type() == QEvent::LanguageChange)
-        retranslate();
-}
-
 void CreateTagSheet::retranslate() {
     setWindowTitle(localized("Create Tag"));
-    caption_->setText(localized("Create Tag"));
+    caption()->setText(localized("Create Tag"));
     nameLabel_->setText(localized("Tag name:"));
     nameField_->setAccessibleName(localized("Tag name"));
     messageLabel_->setText(localized("Tag message (creates annotated tag):"));
@@ -122,20 +98,20 @@ void CreateTagSheet::retranslate() {
     advancedToggle_->setText(localized("Advanced Options"));
     commitLabel_->setText(localized("Commit:"));
     loadingCommits_->setText(localized("Loading commits..."));
-    cancelButton_->setText(localized("Cancel"));
-    cancelButton_->setAccessibleName(localized("Cancel creating tag"));
-    createButton_->setText(localized("Create"));
-    createButton_->setAccessibleName(localized("Create tag"));
+    cancelButton()->setText(localized("Cancel"));
+    cancelButton()->setAccessibleName(localized("Cancel creating tag"));
+    acceptButton()->setText(localized("Create"));
+    acceptButton()->setAccessibleName(localized("Create tag"));
     showState();
     showCommits();
 }
 
 void CreateTagSheet::showState() {
     validation_->setMessage(model_->validationErrorMessage());
-    createError_->setMessage(model_->createError());
+    errorLine()->setMessage(model_->createError());
     const std::string& selected = model_->selectedCommit();
     target_->setText(selected.empty() ? QStringLiteral("HEAD") : shortHash(selected));
-    createButton_->setEnabled(model_->canCreate());
+    acceptButton()->setEnabled(model_->canCreate());
     nameField_->setEnabled(!model_->isCreating());
     messageField_->setEnabled(!model_->isCreating());
 }
@@ -148,11 +124,12 @@ void CreateTagSheet::showCommits() {
     commitPicker_->addItem(target.empty() ? QStringLiteral("HEAD") : shortHash(target),
                            QString::fromStdString(target));
     for (const CommitEntry& commit : model_->commits()) {
+        const QString text = QString::fromUtf8(commit.abbreviatedHash) + QStringLiteral("  ") +
+                             QString::fromUtf8(commit.subject);
         if (commit.hash == target)
-            continue;
-        commitPicker_->addItem(QString::fromUtf8(commit.abbreviatedHash) + QStringLiteral("  ") +
-                                   QString::fromUtf8(commit.subject),
-                               QString::fromStdString(commit.hash));
+            commitPicker_->setItemText(0, text);
+        else
+            commitPicker_->addItem(text, QString::fromStdString(commit.hash));
     }
     const int selected = commitPicker_->findData(QString::fromStdString(model_->selectedCommit()));
     commitPicker_->setCurrentIndex(std::max(selected, 0));

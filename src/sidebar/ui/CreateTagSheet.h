@@ -4,8 +4,7 @@
 #pragma once
 
 #include "core/records/RepoEntry.h"
-
-#include <QDialog>
+#include "widgets/OSheet.h"
 
 #include <memory>
 #include <string>
@@ -14,19 +13,18 @@ class QComboBox;
 class QLabel;
 class QLineEdit;
 class QPlainTextEdit;
-class QPushButton;
 class QToolButton;
 
 namespace orvel {
 
 class CreateTagViewModel;
 class GitServiceProtocol;
-class OInlineMessage;
 
-class CreateTagSheet final : public QDialog {
+class CreateTagSheet final : public OSheet {
     Q_OBJECT
 
   public:
+    // An empty `targetHash` tags HEAD.
     CreateTagSheet(RepoEntry repo, std::string targetHash, std::shared_ptr<GitServiceProtocol> service,
                    QWidget* parent = nullptr);
 
@@ -34,16 +32,14 @@ class CreateTagSheet final : public QDialog {
     void created();
 
   protected:
-    void changeEvent(QEvent* event) override;
+    void retranslate() override;
 
   private:
-    void retranslate();
     void showState();
     void showCommits();
     void toggleAdvanced(bool open);
 
     CreateTagViewModel* model_;
-    QLabel* caption_;
     QLabel* nameLabel_;
     QLineEdit* nameField_;
     OInlineMessage* validation_;
@@ -56,9 +52,6 @@ class CreateTagSheet final : public QDialog {
     QLabel* commitLabel_;
     QComboBox* commitPicker_;
     QLabel* loadingCommits_;
-    OInlineMessage* createError_;
-    QPushButton* cancelButton_;
-    QPushButton* createButton_;
 };
 
 } // namespace orvel
