@@ -171,6 +171,9 @@ class GitServiceProtocol {
     virtual QCoro::Task<std::vector<CommitEntry>> searchCommits(RepoEntry repo, std::string query,
                                                                 CommitSearchType scope, long limit,
                                                                 std::stop_token cancellation = {}) = 0;
+    // Writes git's commit-graph file when it is missing or older than the refs; answers whether
+    // it wrote one.
+    virtual QCoro::Task<bool> updateCommitGraph(RepoEntry repo, std::stop_token cancellation = {}) = 0;
 };
 
 } // namespace orvel

@@ -148,6 +148,7 @@ class MockGitService : public GitServiceProtocol {
                                           std::stop_token cancellation = {}) override;
     QCoro::Task<std::vector<CommitEntry>> searchCommits(RepoEntry repo, std::string query, CommitSearchType scope,
                                                         long limit, std::stop_token cancellation = {}) override;
+    QCoro::Task<bool> updateCommitGraph(RepoEntry repo, std::stop_token cancellation = {}) override;
 
     // The canned repository: `open` answers it with the requested path.
     RepoEntry repository;
@@ -189,6 +190,8 @@ class MockGitService : public GitServiceProtocol {
     std::optional<RebasePlan> lastRebasePlan;
     InteractiveRebaseResult interactiveRebaseOutcome = rebase::Success{};
     std::vector<std::string> mergedBranchNames = {"main", "feature/sidebar"};
+    // How often `updateCommitGraph` ran; it answers that it wrote the file.
+    int commitGraphUpdates = 0;
 
     // The canned tags, stashes (newest first, "stash@{0}" first), blame runs by path and blob
     // contents by hash. Stash, tag and reset operations change them and `repository`; a resolved
