@@ -70,7 +70,7 @@ CloneSheet::CloneSheet(CloneViewModel& model, QWidget* parent)
     connect(destination_, &QLineEdit::textEdited, &model_, &CloneViewModel::setDestinationPath);
     connect(browse_, &QPushButton::clicked, this, &CloneSheet::browse);
     connect(clone_, &QPushButton::clicked, this, [this] { model_.clone(); });
-    connect(cancel_, &QPushButton::clicked, this, &CloneSheet::cancel);
+    connect(cancel_, &QPushButton::clicked, this, &CloneSheet::reject);
     connect(&model_, &CloneViewModel::formChanged, this, &CloneSheet::showForm);
     connect(&model_, &CloneViewModel::stateChanged, this, &CloneSheet::showState);
     connect(&model_, &CloneViewModel::emptyRepositoryFound, this, &CloneSheet::askAboutEmptyRepository);
@@ -135,10 +135,9 @@ void CloneSheet::browse() {
                  [this](const QString& folder) { model_.chooseDestinationFolder(folder); });
 }
 
-void CloneSheet::cancel() {
-    if (model_.isCloning())
-        model_.cancel();
-    reject();
+void CloneSheet::reject() {
+    model_.cancel();
+    QDialog::reject();
 }
 
 void CloneSheet::askAboutEmptyRepository() {

@@ -21,6 +21,9 @@ class CloneSheet final : public QDialog {
   public:
     CloneSheet(CloneViewModel& model, QWidget* parent = nullptr);
 
+    // Escape and Cancel alike abandon a running clone.
+    void reject() override;
+
   signals:
     // The dialog has closed and the repository at `path` should open.
     void repositoryReady(const QString& path);
@@ -34,7 +37,6 @@ class CloneSheet final : public QDialog {
     void showState();
     void browse();
     void askAboutEmptyRepository();
-    void cancel();
 
     CloneViewModel& model_;
     QLabel* title_;
