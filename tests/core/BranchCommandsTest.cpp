@@ -1,5 +1,4 @@
-// Branch commands: what they do to real repositories, the reading of merged branches, and the
-// refusal of names that git would read as options before git runs.
+// Branch commands: what they do to real repositories and the reading of merged branches.
 #include "RealGitService.h"
 
 #include "core/commands/BranchCommands.h"
@@ -37,26 +36,6 @@ TEST(BranchCommandLines, MergedBranchesDropsBlankLinesAndTheTarget) {
     RecordingExecutor git;
     git.reply("  feature/x \n\nmain\n\t\ntopic\nmain-old\n");
     EXPECT_EQ(BranchCommands::mergedBranches(git, "/r", "main"), (Args{"feature/x", "topic", "main-old"}));
-}
-
-TEST(BranchCommandLines, OptionLikeNamesAreRefusedBeforeGitRuns) {
-    RecordingExecutor git;
-    const std::vector<std::function<void()>> calls = {
-        [&] { BranchCommands::createBranch(git, "/r", "-D", std::nullopt); },
-        [&] { BranchCommands::createBranch(git, "/r", "ok", "--orphan"); },
-        [&] { BranchCommands::checkoutBranch(git, "/r", "-f"); },
-        [&] { BranchCommands::checkoutNewBranch(git, "/r", "-b", "main"); },
-        [&] { BranchCommands::checkoutNewBranch(git, "/r", "ok", "--detach"); },
-        [&] { BranchCommands::deleteBranch(git, "/r", "--all", true); },
-        [&] { BranchCommands::renameBranch(git, "/r", "-M", "x"); },
-        [&] { BranchCommands::renameBranch(git, "/r", "x", "--copy"); },
-        [&] { BranchCommands::deleteRemoteBranch(git, "/r", "--mirror", "x"); },
-        [&] { BranchCommands::deleteRemoteBranch(git, "/r", "origin", "--all"); },
-        [&] { BranchCommands::mergedBranches(git, "/r", "--no-merged"); },
-    };
-    for (const auto& call : calls)
-        EXPECT_EQ(test::serviceError(call).kind(), GitServiceError::Kind::invalidInput);
-    EXPECT_TRUE(git.calls().empty());
 }
 
 namespace {

@@ -37,7 +37,7 @@ TEST(RepositoryArguments, OpenCurrentBranchCloneAndStatusAskGitExactly) {
                                  {"rev-parse", "HEAD"},
                                  {"symbolic-ref", "--short", "HEAD"},
                                  {"symbolic-ref", "--short", "HEAD"},
-                                 {"clone", "https://example.invalid/r.git", "/abs/target"},
+                                 {"clone", "--", "https://example.invalid/r.git", "/abs/target"},
                                  {"status", "--porcelain=v2", "--branch", "--show-stash", "-uall", "-z"}}));
     std::vector<std::string> paths;
     for (const auto& call : git.calls())
