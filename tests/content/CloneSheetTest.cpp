@@ -57,7 +57,7 @@ TEST(CloneSheet, ClonesALocalRepositoryAndAsksTheWindowToOpenIt) {
 
     test::WelcomeOnRealGit welcome;
     CloneSheet* sheet = fillCloneSheet(welcome, place / "source.git", place / "copy");
-    test::saveScreenshot(*sheet, QStringLiteral("clone-sheet"), QSize(560, 240));
+    test::saveScreenshot(*sheet, QStringLiteral("clone-sheet"), QSize(560, 200));
     sheet->findChild<QPushButton*>("clone.submit")->click();
 
     ASSERT_TRUE(welcome.waitForOpen());
@@ -83,7 +83,10 @@ TEST(CloneSheet, EmptyRepositoryGetsItsFirstCommitAndPushAndAFailedPushKeepsTheC
         ASSERT_TRUE(
             QTest::qWaitFor([&] { return (prompt = sheet->findChild<QMessageBox*>()) != nullptr; }, 30000));
         EXPECT_TRUE(prompt->informativeText().contains(rejectPush ? ".gitkeep" : "README.md"));
-        prompt->findChild<QPushButton*>("clone.empty-repository.initialize")->click();
+        for (QAbstractButton* button : prompt->buttons()) {
+            if (button->text() == "Initialize & Push")
+                button->click();
+        }
 
         const std::string subject = "Initialization\n\nInit by Orvel 0 - Git GUI\n\n";
         if (!rejectPush) {
