@@ -15,14 +15,16 @@ class SubprocessExecutor;
 class UserDefaults;
 
 class OrvelApp {
-public:
+  public:
     OrvelApp();
+    // Closing the last window ends the program at once, with git still running or queued.
     ~OrvelApp();
 
     AppViewModel& appViewModel() { return *appViewModel_; }
+    NativeGitService& gitService() { return *service_; }
     CredentialManager& credentialManager() { return *credentialManager_; }
 
-private:
+  private:
     std::unique_ptr<UserDefaults> defaults_;
     std::unique_ptr<CredentialManager> credentialManager_;
     std::shared_ptr<SubprocessExecutor> executor_;
