@@ -33,12 +33,6 @@ std::string stderrOf(const std::function<void()>& call) {
 
 } // namespace
 
-TEST(BranchCommandLines, MergedBranchesDropsBlankLinesAndTheTarget) {
-    RecordingExecutor git;
-    git.reply("  feature/x \n\nmain\n\t\ntopic\nmain-old\n");
-    EXPECT_EQ(BranchCommands::mergedBranches(git, "/r", "main"), (Args{"feature/x", "topic", "main-old"}));
-}
-
 TEST(BranchCommandLines, OptionLikeNamesAreRefusedBeforeGitRuns) {
     RecordingExecutor git;
     const std::vector<std::function<void()>> calls = {

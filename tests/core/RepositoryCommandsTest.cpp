@@ -25,26 +25,6 @@ using test::TempDir;
 using test::TempRepo;
 using Args = std::vector<std::string>;
 
-TEST(RepositoryArguments, OpenCurrentBranchCloneAndStatusAskGitExactly) {
-    RecordingExecutor git;
-    git.reply(".git\nfalse\n");
-    RepositoryCommands::open(git, "/r");
-    RepositoryCommands::currentBranch(git, "/r");
-    RepositoryCommands::clone(git, "https://example.invalid/r.git", "/abs/target");
-    StatusCommands::status(git, "/r");
-    EXPECT_EQ(git.argumentLists(),
-              (std::vector<Args>{{"rev-parse", "--git-dir", "--is-bare-repository"},
-                                 {"rev-parse", "HEAD"},
-                                 {"symbolic-ref", "--short", "HEAD"},
-                                 {"symbolic-ref", "--short", "HEAD"},
-                                 {"clone", "https://example.invalid/r.git", "/abs/target"},
-                                 {"status", "--porcelain=v2", "--branch", "--show-stash", "-uall", "-z"}}));
-    std::vector<std::string> paths;
-    for (const auto& call : git.calls())
-        paths.push_back(call.repoPath);
-    EXPECT_EQ(paths, (std::vector<std::string>{"/r", "/r", "/r", "/r", "/", "/r"}));
-}
-
 TEST(DefaultBranch, RemoteHeadWinsElseMainThenMasterThenTheFirstLocalBranch) {
     struct Case {
         std::optional<std::string> remoteHead; // absent: origin/HEAD is not a symbolic ref
@@ -67,10 +47,6 @@ TEST(DefaultBranch, RemoteHeadWinsElseMainThenMasterThenTheFirstLocalBranch) {
             git.fail("symbolic-ref");
         git.reply(c.localBranches);
         EXPECT_EQ(RepositoryCommands::defaultBranch(git, "/r"), c.expected);
-        std::vector<Args> asked{{"symbolic-ref", "refs/remotes/origin/HEAD"}};
-        if (!c.remoteHead)
-            asked.push_back({"branch", "--list", "--format=%(refname:short)"});
-        EXPECT_EQ(git.argumentLists(), asked);
     }
 }
 

@@ -23,40 +23,6 @@ using namespace std::string_literals;
 using Arguments = GitExecutorProtocol::Arguments;
 using Lists = std::vector<Arguments>;
 
-TEST(UserTextArguments, PathsStandBehindTheSeparatorAndTagsBehindTheirPrefix) {
-    test::RecordingExecutor git;
-    git.reply(" M -dash file.txt\n");
-    StashCommands::stashFile(git, "/r", "-dash file.txt");
-    git.reply("  ?? -new.txt\n");
-    StashCommands::stashFile(git, "/r", "-new.txt");
-    ConflictSideCommands::resolveUsingOurs(git, "/r", "-a b");
-    ConflictSideCommands::resolveUsingTheirs(git, "/r", "--theirs");
-    FileHistoryCommands::blame(git, "/r", "-x y");
-    TagCommands::tagDetail(git, "/r", "-v1");
-    TagCommands::checkoutTag(git, "/r", "-v1");
-    StashCommands::stashSave(git, "/r", "-m $(rm -rf) \"q\""s, true);
-    const Lists lists = git.argumentLists();
-    const Lists expected{
-        {"status", "--porcelain=v1", "--", "-dash file.txt"},
-        {"stash", "push", "--", "-dash file.txt"},
-        {"status", "--porcelain=v1", "--", "-new.txt"},
-        {"stash", "push", "--include-untracked", "--", "-new.txt"},
-        {"checkout", "--ours", "--", "-a b"},
-        {"add", "--", "-a b"},
-        {"checkout", "--theirs", "--", "--theirs"},
-        {"add", "--", "--theirs"},
-        {"blame", "--porcelain", "--", "-x y"},
-        {"show", "--no-patch", "tags/-v1"},
-        {"checkout", "tags/-v1"},
-        {"stash", "push", "--include-untracked", "-m", "-m $(rm -rf) \"q\""},
-    };
-    EXPECT_EQ(lists, expected);
-    FileHistoryCommands::fileHistory(git, "/r", "-x y", 100);
-    const Arguments history = git.argumentLists().back();
-    ASSERT_GE(history.size(), 2u);
-    EXPECT_EQ((Arguments{history.end() - 2, history.end()}), (Arguments{"--", "-x y"}));
-}
-
 TEST(UserTextArguments, OptionLikeNamesAreRefusedBeforeGitRuns) {
     test::RecordingExecutor git;
     const std::vector<std::function<void()>> refused{
