@@ -277,6 +277,7 @@ TEST(CommandArguments, TagCommands) {
         {call(TagCommands::createTag, "v1", std::nullopt, "m"s, false), {{"tag", "-a", "-m", "m", "v1"}}},
         {call(TagCommands::createTag, "v1", "abc"s, "m"s, true), {{"tag", "-s", "-m", "m", "v1", "abc"}}},
         {call(TagCommands::createTag, "v1", "abc"s, std::nullopt, true), {{"tag", "v1", "abc"}}},
+        {call(TagCommands::createTag, "v1", std::nullopt, ""s, false), {{"tag", "-a", "-m", "", "v1"}}},
         {call(TagCommands::pushTag, "v1", "o"), {{"push", "o", "v1"}}},
         {call(TagCommands::deleteTag, "v1"), {{"tag", "-d", "v1"}}},
         {call(TagCommands::checkoutTag, "-v1"), {{"checkout", "tags/-v1"}}},

@@ -123,29 +123,29 @@ TYPED_TEST(ServiceContract, StagingMovesFilesBetweenIndexAndWorkTree) {
     this->repo.write("file", "staged\n");
     this->repo.git({"add", "file"});
     this->repo.write("other", "changed\n");
-    this->repo.write("-new file", "new\n");
+    this->repo.write("-new caf\xe9", "new\n");
     GitServiceProtocol& s = this->start();
     const RepoEntry& repo = this->entry;
-    EXPECT_EQ(this->status(), (Lines{"-new file ??", "file M.", "other .M"}));
+    EXPECT_EQ(this->status(), (Lines{"-new caf\xe9 ??", "file M.", "other .M"}));
 
-    test::await(s.stage(repo, "-new file"));
+    test::await(s.stage(repo, "-new caf\xe9"));
     test::await(s.stage(repo, "other"));
     test::await(s.unstage(repo, "file"));
-    EXPECT_EQ(this->status(), (Lines{"-new file A.", "file .M", "other M."}));
-    test::await(s.unstageFiles(repo, {"-new file", "other"}));
-    EXPECT_EQ(this->status(), (Lines{"-new file ??", "file .M", "other .M"}));
+    EXPECT_EQ(this->status(), (Lines{"-new caf\xe9 A.", "file .M", "other M."}));
+    test::await(s.unstageFiles(repo, {"-new caf\xe9", "other"}));
+    EXPECT_EQ(this->status(), (Lines{"-new caf\xe9 ??", "file .M", "other .M"}));
     test::await(s.stageAll(repo));
-    EXPECT_EQ(this->status(), (Lines{"-new file A.", "file M.", "other M."}));
+    EXPECT_EQ(this->status(), (Lines{"-new caf\xe9 A.", "file M.", "other M."}));
     test::await(s.unstageAll(repo));
     test::await(s.stageFiles(repo, {"file"}));
-    EXPECT_EQ(this->status(), (Lines{"-new file ??", "file M.", "other .M"}));
+    EXPECT_EQ(this->status(), (Lines{"-new caf\xe9 ??", "file M.", "other .M"}));
 
     test::await(s.discardChanges(repo, "other", false));
     test::await(s.discardChanges(repo, "file", true));
-    EXPECT_EQ(this->status(), (Lines{"-new file ??"}));
-    EXPECT_EQ(this->failedCommand([&] { test::await(s.discardChanges(repo, "-new file", false)); }),
+    EXPECT_EQ(this->status(), (Lines{"-new caf\xe9 ??"}));
+    EXPECT_EQ(this->failedCommand([&] { test::await(s.discardChanges(repo, "-new caf\xe9", false)); }),
               "restore");
-    EXPECT_EQ(this->status(), (Lines{"-new file ??"}));
+    EXPECT_EQ(this->status(), (Lines{"-new caf\xe9 ??"}));
 }
 
 TYPED_TEST(ServiceContract, CommitAndAmendReadTheNewCommitBack) {
@@ -371,6 +371,9 @@ TYPED_TEST(ServiceContract, RemotesAreListedAddedRemovedAndChecked) {
     EXPECT_EQ(names().size(), 1u);
 
     test::await(s.pushBranch(repo, "topic", "origin"));
+    test::await(s.createTag(repo, "v1", std::nullopt, std::nullopt));
+    test::await(s.pushTag(repo, "v1", "origin"));
+    EXPECT_EQ(this->failedCommand([&] { test::await(s.pushTag(repo, "missing", "origin")); }), "push");
     test::await(s.push(repo, "origin"));
     test::await(s.fetch(repo, "origin", true));
     EXPECT_TRUE(std::holds_alternative<merge::AlreadyUpToDate>(
