@@ -176,7 +176,8 @@ TEST(CommandArguments, BranchCommands) {
 }
 
 TEST(CommandArguments, MergeCommands) {
-    const RepoEntry repo{"/r"};
+    RepoEntry repo;
+    repo.path = "/r";
     expectArguments({
         {call(MergeCommands::merge, "a"), {{"merge", "a"}}, {"Already up to date!\n"}},
         {[](auto& git) {

@@ -52,10 +52,6 @@ class CommitGraphOfRepository : public ::testing::Test {
 
 } // namespace
 
-TEST_F(CommitGraphOfRepository, EmptyRepositoryGivesAnEmptyGraph) {
-    EXPECT_TRUE(graph().empty());
-}
-
 TEST_F(CommitGraphOfRepository, RootsMergesAndOctopusKeepTheirParentsInOrder) {
     const std::string root = repo.commitAll("root");
     for (const char* branch : {"b1", "b2", "b3"}) {
@@ -130,40 +126,6 @@ TEST_F(CommitGraphOfRepository, RefsOfEveryKindAndABodyThatLooksLikeADecoration)
         return refs;
     };
     EXPECT_EQ(sorted(tagged.refs), sorted(expected));
-}
-
-TEST_F(CommitGraphOfRepository, LocalBranchNamedLikeARemoteBranchDependsOnTheRemoteList) {
-    repo.commitAll("only");
-    repo.git({"branch", "origin/x"});
-    auto refTypeOfOriginX = [&] {
-        const auto commits = graph();
-        for (const auto& ref : commits.front().refs) {
-            if (ref.name == "origin/x")
-                return ref.type;
-        }
-        throw std::runtime_error("origin/x not decorated");
-    };
-    EXPECT_EQ(refTypeOfOriginX(), GraphRefType::localBranch);
-
-    // git prints short names, so with a remote "origin" the local branch reads as a remote one.
-    // The remote list is cached until a remote is added or removed through the service.
-    test::TempRepo remote(test::TempRepo::Kind::bare);
-    repo.git({"remote", "add", "origin", remote.path()});
-    EXPECT_EQ(refTypeOfOriginX(), GraphRefType::localBranch);
-    git.service.resetCachedRemoteNames();
-    EXPECT_EQ(refTypeOfOriginX(), GraphRefType::remoteBranch);
-}
-
-TEST_F(CommitGraphOfRepository, DetachedHeadMarksItsCommitWithoutAPill) {
-    const std::string first = repo.commitAll("first");
-    repo.commitAll("second");
-    repo.git({"checkout", "-q", "--detach", first});
-    const auto commits = graph();
-    const GraphCommit& detached = commitOf(commits, first);
-    EXPECT_TRUE(detached.isHead);
-    EXPECT_TRUE(detached.refs.empty());
-    EXPECT_FALSE(commits.front().isHead);
-    EXPECT_EQ(commits.front().refs, (std::vector<GraphRef>{{"main", GraphRefType::localBranch, false}}));
 }
 
 TEST_F(CommitGraphOfRepository, HistoryFollowsHeadOnlyWithRawDecorations) {

@@ -130,37 +130,6 @@ class MergesInRealRepository : public ::testing::Test {
 
 } // namespace
 
-TEST_F(MergesInRealRepository, ConflictsOfSeveralKindsComeBackWithTheirFiles) {
-    repo.write("both", "base\n");
-    repo.write("deleted here", "base\n");
-    repo.commitAll("base");
-    repo.git({"checkout", "-q", "-b", "topic"});
-    repo.write("both", "topic\n");
-    repo.write("deleted here", "topic\n");
-    repo.write("added", "topic\n");
-    repo.commitAll("topic");
-    repo.git({"checkout", "-q", "main"});
-    repo.write("both", "main\n");
-    repo.git({"rm", "-q", "deleted here"});
-    repo.write("added", "main\n");
-    repo.commitAll("main");
-
-    const MergeResult result = MergeCommands::merge(git, repo.path(), "topic");
-    ASSERT_TRUE(std::holds_alternative<Conflicted>(result));
-    auto files = pathsAndTypes(std::get<Conflicted>(result).files);
-    std::ranges::sort(files);
-    EXPECT_EQ(files, (std::vector<std::pair<std::string, ConflictType>>{
-                         {"added", ConflictType::bothAdded},
-                         {"both", ConflictType::bothModified},
-                         {"deleted here", ConflictType::deletedByUs}}));
-    EXPECT_TRUE(exists(".git/MERGE_HEAD"));
-
-    MergeCommands::abortMerge(git, repo.path());
-    EXPECT_FALSE(exists(".git/MERGE_HEAD"));
-    EXPECT_EQ(repo.read("both"), "main\n");
-    EXPECT_EQ(repo.git({"status", "--porcelain"}), "");
-}
-
 TEST_F(MergesInRealRepository, MergeBlockedByLocalChangesIsAnErrorAndChangesNothing) {
     repo.divergeOnOneFile();
     const std::string head = repo.head();
