@@ -59,13 +59,14 @@ class HeldBackService final : public MockGitService {
 
     void release(std::initializer_list<int> reads) { released.insert(reads); }
 
-    QCoro::Task<std::string> readBlob(RepoEntry, std::string hash) override {
+    QCoro::Task<std::string> readBlob(RepoEntry, std::string hash, std::stop_token) override {
         const int number = readsStarted++;
         while (!released.count(number))
             co_await QCoro::sleepFor(std::chrono::milliseconds(1));
         co_return hash + " #" + std::to_string(number);
     }
-    QCoro::Task<void> writeResolvedFile(RepoEntry repo, std::string path, std::string content) override {
+    QCoro::Task<void> writeResolvedFile(RepoEntry repo, std::string path, std::string content,
+                                        std::stop_token) override {
         if (failWrites)
             throw GitServiceError::commandFailed("add", indexLocked);
         auto written =

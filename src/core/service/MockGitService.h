@@ -14,84 +14,136 @@
 namespace orvel {
 
 class MockGitService : public GitServiceProtocol {
-public:
+  public:
     MockGitService();
 
-    QCoro::Task<RepoEntry> open(std::string path) override;
-    QCoro::Task<StatusResult> status(RepoEntry repo) override;
-    QCoro::Task<void> stage(RepoEntry repo, std::string path) override;
-    QCoro::Task<void> stageFiles(RepoEntry repo, std::vector<std::string> paths) override;
-    QCoro::Task<void> stageAll(RepoEntry repo) override;
-    QCoro::Task<void> unstage(RepoEntry repo, std::string path) override;
-    QCoro::Task<void> unstageFiles(RepoEntry repo, std::vector<std::string> paths) override;
-    QCoro::Task<void> unstageAll(RepoEntry repo) override;
-    QCoro::Task<void> stageHunk(RepoEntry repo, std::string path, DiffHunk hunk) override;
-    QCoro::Task<void> unstageHunk(RepoEntry repo, std::string path, DiffHunk hunk) override;
-    QCoro::Task<void> discardHunk(RepoEntry repo, std::string path, DiffHunk hunk) override;
-    QCoro::Task<void> discardChanges(RepoEntry repo, std::string path, bool includeStaged) override;
-    QCoro::Task<CommitEntry> commit(RepoEntry repo, std::string message) override;
-    QCoro::Task<CommitEntry> amendCommit(RepoEntry repo, std::string message) override;
-    QCoro::Task<std::vector<CommitEntry>> commitHistory(RepoEntry repo, long limit) override;
-    QCoro::Task<std::vector<GraphCommit>> commitGraph(RepoEntry repo, long limit) override;
-    QCoro::Task<DiffResult> diff(RepoEntry repo, DiffContext context,
-                                 std::optional<int> contextLines) override;
-    QCoro::Task<DiffResult> commitDiff(RepoEntry repo, std::string hash,
-                                       std::optional<int> contextLines) override;
-    QCoro::Task<std::vector<FileChange>> commitFileChanges(RepoEntry repo, std::string hash) override;
-    QCoro::Task<std::vector<BlameEntry>> blame(RepoEntry repo, std::string path) override;
-    QCoro::Task<std::vector<BranchEntry>> branches(RepoEntry repo) override;
-    QCoro::Task<void> createBranch(RepoEntry repo, std::string name,
-                                   std::optional<std::string> startPoint) override;
-    QCoro::Task<void> checkoutBranch(RepoEntry repo, std::string name) override;
-    QCoro::Task<void> checkoutNewBranch(RepoEntry repo, std::string name, std::string startPoint) override;
-    QCoro::Task<void> deleteBranch(RepoEntry repo, std::string name, bool force) override;
-    QCoro::Task<void> renameBranch(RepoEntry repo, std::string oldName, std::string newName) override;
-    QCoro::Task<void> deleteRemoteBranch(RepoEntry repo, std::string remote, std::string branch) override;
-    QCoro::Task<MergeResult> merge(RepoEntry repo, std::string branch) override;
-    QCoro::Task<MergeResult> fastForwardMerge(RepoEntry repo, std::string branch) override;
-    QCoro::Task<RebaseResult> rebase(RepoEntry repo, std::string onto) override;
-    QCoro::Task<std::vector<RebaseTodoEntry>> rebaseTodoList(RepoEntry repo, std::string onto) override;
-    QCoro::Task<InteractiveRebaseResult> interactiveRebase(RepoEntry repo, RebasePlan plan) override;
-    QCoro::Task<void> pushBranch(RepoEntry repo, std::string branch, std::string remote) override;
-    QCoro::Task<std::string> tagDetail(RepoEntry repo, std::string name) override;
-    QCoro::Task<std::vector<RemoteEntry>> listRemotes(RepoEntry repo) override;
-    QCoro::Task<void> addRemote(RepoEntry repo, std::string name, std::string url) override;
-    QCoro::Task<void> removeRemote(RepoEntry repo, std::string name) override;
-    QCoro::Task<void> fetch(RepoEntry repo, std::string remote, bool prune) override;
-    QCoro::Task<MergeResult> pull(RepoEntry repo, std::string remote, PullStrategy strategy) override;
-    QCoro::Task<void> push(RepoEntry repo, std::string remote) override;
-    QCoro::Task<void> forcePush(RepoEntry repo, std::string remote) override;
-    QCoro::Task<OperationResult> cherryPick(RepoEntry repo, std::string hash) override;
-    QCoro::Task<OperationResult> revert(RepoEntry repo, std::string hash) override;
-    QCoro::Task<void> reset(RepoEntry repo, std::string hash, ResetMode mode) override;
-    QCoro::Task<std::vector<TagEntry>> listTags(RepoEntry repo) override;
+    QCoro::Task<RepoEntry> open(std::string path, std::stop_token cancellation = {}) override;
+    QCoro::Task<StatusResult> status(RepoEntry repo, std::stop_token cancellation = {}) override;
+    QCoro::Task<void> stage(RepoEntry repo, std::string path, std::stop_token cancellation = {}) override;
+    QCoro::Task<void> stageFiles(RepoEntry repo, std::vector<std::string> paths,
+                                 std::stop_token cancellation = {}) override;
+    QCoro::Task<void> stageAll(RepoEntry repo, std::stop_token cancellation = {}) override;
+    QCoro::Task<void> unstage(RepoEntry repo, std::string path, std::stop_token cancellation = {}) override;
+    QCoro::Task<void> unstageFiles(RepoEntry repo, std::vector<std::string> paths,
+                                   std::stop_token cancellation = {}) override;
+    QCoro::Task<void> unstageAll(RepoEntry repo, std::stop_token cancellation = {}) override;
+    QCoro::Task<void> stageHunk(RepoEntry repo, std::string path, DiffHunk hunk,
+                                std::stop_token cancellation = {}) override;
+    QCoro::Task<void> unstageHunk(RepoEntry repo, std::string path, DiffHunk hunk,
+                                  std::stop_token cancellation = {}) override;
+    QCoro::Task<void> discardHunk(RepoEntry repo, std::string path, DiffHunk hunk,
+                                  std::stop_token cancellation = {}) override;
+    QCoro::Task<void> discardChanges(RepoEntry repo, std::string path, bool includeStaged,
+                                     std::stop_token cancellation = {}) override;
+    QCoro::Task<CommitEntry> commit(RepoEntry repo, std::string message,
+                                    std::stop_token cancellation = {}) override;
+    QCoro::Task<CommitEntry> amendCommit(RepoEntry repo, std::string message,
+                                         std::stop_token cancellation = {}) override;
+    QCoro::Task<std::vector<CommitEntry>> commitHistory(RepoEntry repo, long limit,
+                                                        std::stop_token cancellation = {}) override;
+    QCoro::Task<std::vector<GraphCommit>> commitGraph(RepoEntry repo, long limit,
+                                                      std::stop_token cancellation = {}) override;
+    QCoro::Task<DiffResult> diff(RepoEntry repo, DiffContext context, std::optional<int> contextLines,
+                                 std::stop_token cancellation = {}) override;
+    QCoro::Task<DiffResult> commitDiff(RepoEntry repo, std::string hash, std::optional<int> contextLines,
+                                       std::stop_token cancellation = {}) override;
+    QCoro::Task<std::vector<FileChange>> commitFileChanges(RepoEntry repo, std::string hash,
+                                                           std::stop_token cancellation = {}) override;
+    QCoro::Task<std::vector<BlameEntry>> blame(RepoEntry repo, std::string path,
+                                               std::stop_token cancellation = {}) override;
+    QCoro::Task<std::vector<BranchEntry>> branches(RepoEntry repo,
+                                                   std::stop_token cancellation = {}) override;
+    QCoro::Task<void> createBranch(RepoEntry repo, std::string name, std::optional<std::string> startPoint,
+                                   std::stop_token cancellation = {}) override;
+    QCoro::Task<void> checkoutBranch(RepoEntry repo, std::string name,
+                                     std::stop_token cancellation = {}) override;
+    QCoro::Task<void> checkoutNewBranch(RepoEntry repo, std::string name, std::string startPoint,
+                                        std::stop_token cancellation = {}) override;
+    QCoro::Task<void> deleteBranch(RepoEntry repo, std::string name, bool force,
+                                   std::stop_token cancellation = {}) override;
+    QCoro::Task<void> renameBranch(RepoEntry repo, std::string oldName, std::string newName,
+                                   std::stop_token cancellation = {}) override;
+    QCoro::Task<void> deleteRemoteBranch(RepoEntry repo, std::string remote, std::string branch,
+                                         std::stop_token cancellation = {}) override;
+    QCoro::Task<MergeResult> merge(RepoEntry repo, std::string branch,
+                                   std::stop_token cancellation = {}) override;
+    QCoro::Task<MergeResult> fastForwardMerge(RepoEntry repo, std::string branch,
+                                              std::stop_token cancellation = {}) override;
+    QCoro::Task<RebaseResult> rebase(RepoEntry repo, std::string onto,
+                                     std::stop_token cancellation = {}) override;
+    QCoro::Task<std::vector<RebaseTodoEntry>> rebaseTodoList(RepoEntry repo, std::string onto,
+                                                             std::stop_token cancellation = {}) override;
+    QCoro::Task<InteractiveRebaseResult> interactiveRebase(RepoEntry repo, RebasePlan plan,
+                                                           std::stop_token cancellation = {}) override;
+    QCoro::Task<void> pushBranch(RepoEntry repo, std::string branch, std::string remote,
+                                 std::stop_token cancellation = {}) override;
+    QCoro::Task<std::string> tagDetail(RepoEntry repo, std::string name,
+                                       std::stop_token cancellation = {}) override;
+    QCoro::Task<std::vector<RemoteEntry>> listRemotes(RepoEntry repo,
+                                                      std::stop_token cancellation = {}) override;
+    QCoro::Task<void> addRemote(RepoEntry repo, std::string name, std::string url,
+                                std::stop_token cancellation = {}) override;
+    QCoro::Task<void> removeRemote(RepoEntry repo, std::string name,
+                                   std::stop_token cancellation = {}) override;
+    QCoro::Task<void> fetch(RepoEntry repo, std::string remote, bool prune,
+                            std::stop_token cancellation = {}) override;
+    QCoro::Task<MergeResult> pull(RepoEntry repo, std::string remote, PullStrategy strategy,
+                                  std::stop_token cancellation = {}) override;
+    QCoro::Task<void> push(RepoEntry repo, std::string remote, std::stop_token cancellation = {}) override;
+    QCoro::Task<void> forcePush(RepoEntry repo, std::string remote,
+                                std::stop_token cancellation = {}) override;
+    QCoro::Task<OperationResult> cherryPick(RepoEntry repo, std::string hash,
+                                            std::stop_token cancellation = {}) override;
+    QCoro::Task<OperationResult> revert(RepoEntry repo, std::string hash,
+                                        std::stop_token cancellation = {}) override;
+    QCoro::Task<void> reset(RepoEntry repo, std::string hash, ResetMode mode,
+                            std::stop_token cancellation = {}) override;
+    QCoro::Task<std::vector<TagEntry>> listTags(RepoEntry repo, std::stop_token cancellation = {}) override;
     QCoro::Task<void> createTag(RepoEntry repo, std::string name, std::optional<std::string> hash,
-                                std::optional<std::string> message) override;
-    QCoro::Task<void> pushTag(RepoEntry repo, std::string name, std::string remote) override;
-    QCoro::Task<void> deleteTag(RepoEntry repo, std::string name) override;
-    QCoro::Task<void> checkoutTag(RepoEntry repo, std::string name) override;
-    QCoro::Task<void> stashSave(RepoEntry repo, std::optional<std::string> message, bool includeUntracked) override;
-    QCoro::Task<OperationResult> stashPop(RepoEntry repo) override;
-    QCoro::Task<OperationResult> stashApply(RepoEntry repo, long index) override;
-    QCoro::Task<void> stashDrop(RepoEntry repo, long index) override;
-    QCoro::Task<std::vector<StashEntry>> stashList(RepoEntry repo) override;
-    QCoro::Task<void> stashFile(RepoEntry repo, std::string path) override;
-    QCoro::Task<void> resolveConflictUsingOurs(RepoEntry repo, std::string path) override;
-    QCoro::Task<void> resolveConflictUsingTheirs(RepoEntry repo, std::string path) override;
-    QCoro::Task<void> abortMerge(RepoEntry repo) override;
-    QCoro::Task<void> abortRebase(RepoEntry repo) override;
-    QCoro::Task<void> abortCherryPick(RepoEntry repo) override;
-    QCoro::Task<void> abortRevert(RepoEntry repo) override;
-    QCoro::Task<InteractiveRebaseResult> rebaseContinue(RepoEntry repo) override;
-    QCoro::Task<InteractiveRebaseResult> rebaseSkip(RepoEntry repo) override;
-    QCoro::Task<std::string> readBlob(RepoEntry repo, std::string hash) override;
-    QCoro::Task<void> writeResolvedFile(RepoEntry repo, std::string path, std::string content) override;
-    QCoro::Task<std::vector<CommitEntry>> fileHistory(RepoEntry repo, std::string path, long limit) override;
-    QCoro::Task<std::optional<std::string>> defaultBranch(RepoEntry repo) override;
-    QCoro::Task<std::vector<std::string>> mergedBranches(RepoEntry repo, std::string target) override;
-    QCoro::Task<std::optional<std::string>> currentBranch(RepoEntry repo) override;
-    QCoro::Task<RepoEntry> cloneRepository(std::string url, std::string path) override;
-    QCoro::Task<RepoEntry> initRepository(std::string path, std::optional<std::string> initialBranch) override;
+                                std::optional<std::string> message,
+                                std::stop_token cancellation = {}) override;
+    QCoro::Task<void> pushTag(RepoEntry repo, std::string name, std::string remote,
+                              std::stop_token cancellation = {}) override;
+    QCoro::Task<void> deleteTag(RepoEntry repo, std::string name, std::stop_token cancellation = {}) override;
+    QCoro::Task<void> checkoutTag(RepoEntry repo, std::string name,
+                                  std::stop_token cancellation = {}) override;
+    QCoro::Task<void> stashSave(RepoEntry repo, std::optional<std::string> message, bool includeUntracked,
+                                std::stop_token cancellation = {}) override;
+    QCoro::Task<OperationResult> stashPop(RepoEntry repo, std::stop_token cancellation = {}) override;
+    QCoro::Task<OperationResult> stashApply(RepoEntry repo, long index,
+                                            std::stop_token cancellation = {}) override;
+    QCoro::Task<void> stashDrop(RepoEntry repo, long index, std::stop_token cancellation = {}) override;
+    QCoro::Task<std::vector<StashEntry>> stashList(RepoEntry repo,
+                                                   std::stop_token cancellation = {}) override;
+    QCoro::Task<void> stashFile(RepoEntry repo, std::string path, std::stop_token cancellation = {}) override;
+    QCoro::Task<void> resolveConflictUsingOurs(RepoEntry repo, std::string path,
+                                               std::stop_token cancellation = {}) override;
+    QCoro::Task<void> resolveConflictUsingTheirs(RepoEntry repo, std::string path,
+                                                 std::stop_token cancellation = {}) override;
+    QCoro::Task<void> abortMerge(RepoEntry repo, std::stop_token cancellation = {}) override;
+    QCoro::Task<void> abortRebase(RepoEntry repo, std::stop_token cancellation = {}) override;
+    QCoro::Task<void> abortCherryPick(RepoEntry repo, std::stop_token cancellation = {}) override;
+    QCoro::Task<void> abortRevert(RepoEntry repo, std::stop_token cancellation = {}) override;
+    QCoro::Task<InteractiveRebaseResult> rebaseContinue(RepoEntry repo,
+                                                        std::stop_token cancellation = {}) override;
+    QCoro::Task<InteractiveRebaseResult> rebaseSkip(RepoEntry repo,
+                                                    std::stop_token cancellation = {}) override;
+    QCoro::Task<std::string> readBlob(RepoEntry repo, std::string hash,
+                                      std::stop_token cancellation = {}) override;
+    QCoro::Task<void> writeResolvedFile(RepoEntry repo, std::string path, std::string content,
+                                        std::stop_token cancellation = {}) override;
+    QCoro::Task<std::vector<CommitEntry>> fileHistory(RepoEntry repo, std::string path, long limit,
+                                                      std::stop_token cancellation = {}) override;
+    QCoro::Task<std::optional<std::string>> defaultBranch(RepoEntry repo,
+                                                          std::stop_token cancellation = {}) override;
+    QCoro::Task<std::vector<std::string>> mergedBranches(RepoEntry repo, std::string target,
+                                                         std::stop_token cancellation = {}) override;
+    QCoro::Task<std::optional<std::string>> currentBranch(RepoEntry repo,
+                                                          std::stop_token cancellation = {}) override;
+    QCoro::Task<RepoEntry> cloneRepository(std::string url, std::string path,
+                                           std::stop_token cancellation = {}) override;
+    QCoro::Task<RepoEntry> initRepository(std::string path, std::optional<std::string> initialBranch,
+                                          std::stop_token cancellation = {}) override;
 
     // The canned repository: `open` answers it with the requested path.
     RepoEntry repository;
@@ -149,7 +201,7 @@ public:
     static std::map<std::string, std::vector<BlameEntry>> sampleBlames();
     static std::map<std::string, std::string> sampleBlobs();
 
-private:
+  private:
     // Puts a new entry at "stash@{0}" holding `files`, and renumbers the rest.
     void pushStash(const std::string& message, std::vector<FileChange> files, bool includesUntracked);
     // Brings back the files of the stash at `index`, as far as this service saw them saved.

@@ -46,12 +46,12 @@ BranchEntry* MockGitService::findBranch(const std::string& fullRefName) {
     return found == branchList.end() ? nullptr : &*found;
 }
 
-QCoro::Task<std::vector<BranchEntry>> MockGitService::branches(RepoEntry) {
+QCoro::Task<std::vector<BranchEntry>> MockGitService::branches(RepoEntry, std::stop_token) {
     co_return std::vector<BranchEntry>(branchList);
 }
 
 QCoro::Task<void> MockGitService::createBranch(RepoEntry, std::string name,
-                                               std::optional<std::string> startPoint) {
+                                               std::optional<std::string> startPoint, std::stop_token) {
     refuseOptionLike(name, "Branch name");
     if (startPoint)
         refuseOptionLike(*startPoint, "Start point");
@@ -72,7 +72,7 @@ QCoro::Task<void> MockGitService::createBranch(RepoEntry, std::string name,
     co_return;
 }
 
-QCoro::Task<void> MockGitService::checkoutBranch(RepoEntry, std::string name) {
+QCoro::Task<void> MockGitService::checkoutBranch(RepoEntry, std::string name, std::stop_token) {
     refuseOptionLike(name, "Branch name");
     const BranchEntry* target = findBranch(localRef(name));
     if (!target)
@@ -86,13 +86,13 @@ QCoro::Task<void> MockGitService::checkoutBranch(RepoEntry, std::string name) {
     co_return;
 }
 
-QCoro::Task<void> MockGitService::checkoutNewBranch(RepoEntry repo, std::string name,
-                                                    std::string startPoint) {
+QCoro::Task<void> MockGitService::checkoutNewBranch(RepoEntry repo, std::string name, std::string startPoint,
+                                                    std::stop_token) {
     co_await createBranch(repo, name, std::move(startPoint));
     co_await checkoutBranch(std::move(repo), std::move(name));
 }
 
-QCoro::Task<void> MockGitService::deleteBranch(RepoEntry, std::string name, bool force) {
+QCoro::Task<void> MockGitService::deleteBranch(RepoEntry, std::string name, bool force, std::stop_token) {
     refuseOptionLike(name, "Branch name");
     const BranchEntry* branch = findBranch(localRef(name));
     if (!branch)
@@ -113,7 +113,8 @@ QCoro::Task<void> MockGitService::deleteBranch(RepoEntry, std::string name, bool
     co_return;
 }
 
-QCoro::Task<void> MockGitService::renameBranch(RepoEntry, std::string oldName, std::string newName) {
+QCoro::Task<void> MockGitService::renameBranch(RepoEntry, std::string oldName, std::string newName,
+                                               std::stop_token) {
     refuseOptionLike(oldName, "Branch name");
     refuseOptionLike(newName, "Branch name");
     BranchEntry* branch = findBranch(localRef(oldName));
@@ -134,7 +135,8 @@ QCoro::Task<void> MockGitService::renameBranch(RepoEntry, std::string oldName, s
     co_return;
 }
 
-QCoro::Task<void> MockGitService::deleteRemoteBranch(RepoEntry, std::string remote, std::string branch) {
+QCoro::Task<void> MockGitService::deleteRemoteBranch(RepoEntry, std::string remote, std::string branch,
+                                                     std::stop_token) {
     refuseOptionLike(remote, "Remote name");
     refuseOptionLike(branch, "Branch name");
     const std::string ref = "refs/remotes/" + remote + "/" + branch;
@@ -164,7 +166,7 @@ void MockGitService::abortStop(RepositoryState state, const std::string& command
     repository.state = RepositoryState::clean;
 }
 
-QCoro::Task<MergeResult> MockGitService::merge(RepoEntry, std::string branch) {
+QCoro::Task<MergeResult> MockGitService::merge(RepoEntry, std::string branch, std::stop_token) {
     refuseOptionLike(branch, "Branch name");
     const std::string target = resolve(branch);
     const std::string head = repository.headHash.value_or("");
@@ -186,7 +188,7 @@ QCoro::Task<MergeResult> MockGitService::merge(RepoEntry, std::string branch) {
     co_return MergeResult(mergeOutcome);
 }
 
-QCoro::Task<MergeResult> MockGitService::fastForwardMerge(RepoEntry, std::string branch) {
+QCoro::Task<MergeResult> MockGitService::fastForwardMerge(RepoEntry, std::string branch, std::stop_token) {
     refuseOptionLike(branch, "Branch name");
     const std::string target = resolve(branch);
     const std::string head = repository.headHash.value_or("");
@@ -198,7 +200,7 @@ QCoro::Task<MergeResult> MockGitService::fastForwardMerge(RepoEntry, std::string
     co_return merge::FastForward{target};
 }
 
-QCoro::Task<RebaseResult> MockGitService::rebase(RepoEntry, std::string onto) {
+QCoro::Task<RebaseResult> MockGitService::rebase(RepoEntry, std::string onto, std::stop_token) {
     refuseOptionLike(onto, "Rebase target");
     const std::string target = resolve(onto);
     const std::string head = repository.headHash.value_or("");
@@ -215,27 +217,27 @@ QCoro::Task<RebaseResult> MockGitService::rebase(RepoEntry, std::string onto) {
     co_return RebaseResult(rebaseOutcome);
 }
 
-QCoro::Task<void> MockGitService::abortMerge(RepoEntry) {
+QCoro::Task<void> MockGitService::abortMerge(RepoEntry, std::stop_token) {
     abortStop(RepositoryState::merging, "merge", "fatal: There is no merge to abort (MERGE_HEAD missing).");
     co_return;
 }
 
-QCoro::Task<void> MockGitService::abortRebase(RepoEntry) {
+QCoro::Task<void> MockGitService::abortRebase(RepoEntry, std::stop_token) {
     abortStop(RepositoryState::rebasing, "rebase", "fatal: No rebase in progress?");
     co_return;
 }
 
-QCoro::Task<void> MockGitService::abortCherryPick(RepoEntry) {
+QCoro::Task<void> MockGitService::abortCherryPick(RepoEntry, std::stop_token) {
     abortStop(RepositoryState::cherryPicking, "cherry-pick", "error: no cherry-pick or revert in progress");
     co_return;
 }
 
-QCoro::Task<void> MockGitService::abortRevert(RepoEntry) {
+QCoro::Task<void> MockGitService::abortRevert(RepoEntry, std::stop_token) {
     abortStop(RepositoryState::reverting, "revert", "error: no cherry-pick or revert in progress");
     co_return;
 }
 
-QCoro::Task<InteractiveRebaseResult> MockGitService::rebaseContinue(RepoEntry) {
+QCoro::Task<InteractiveRebaseResult> MockGitService::rebaseContinue(RepoEntry, std::stop_token) {
     if (repository.state != RepositoryState::rebasing)
         throw GitServiceError::commandFailed("rebase", "Rebase failed unexpectedly");
     if (std::holds_alternative<rebase::Success>(rebaseStepOutcome))
@@ -243,11 +245,12 @@ QCoro::Task<InteractiveRebaseResult> MockGitService::rebaseContinue(RepoEntry) {
     co_return InteractiveRebaseResult(rebaseStepOutcome);
 }
 
-QCoro::Task<InteractiveRebaseResult> MockGitService::rebaseSkip(RepoEntry repo) {
+QCoro::Task<InteractiveRebaseResult> MockGitService::rebaseSkip(RepoEntry repo, std::stop_token) {
     co_return co_await rebaseContinue(std::move(repo));
 }
 
-QCoro::Task<std::vector<std::string>> MockGitService::mergedBranches(RepoEntry, std::string target) {
+QCoro::Task<std::vector<std::string>> MockGitService::mergedBranches(RepoEntry, std::string target,
+                                                                     std::stop_token) {
     refuseOptionLike(target, "Merge target");
     const std::string tip = resolve(target);
     std::vector<std::string> names;

@@ -32,7 +32,7 @@ std::map<std::string, std::string> MockGitService::sampleBlobs() {
             {"3b18e512dba79e4c8300dd08aeb37f8e728b8dad", "hello world\n"}};
 }
 
-QCoro::Task<std::vector<BlameEntry>> MockGitService::blame(RepoEntry, std::string path) {
+QCoro::Task<std::vector<BlameEntry>> MockGitService::blame(RepoEntry, std::string path, std::stop_token) {
     const auto found = blames.find(path);
     if (found == blames.end())
         throw GitServiceError::commandFailed("blame", "fatal: no such path '" + path + "' in HEAD\n");
@@ -40,7 +40,7 @@ QCoro::Task<std::vector<BlameEntry>> MockGitService::blame(RepoEntry, std::strin
     co_return copy;
 }
 
-QCoro::Task<std::string> MockGitService::readBlob(RepoEntry, std::string hash) {
+QCoro::Task<std::string> MockGitService::readBlob(RepoEntry, std::string hash, std::stop_token) {
     const std::string checked = BlobCommands::checkedBlobHash(hash);
     const auto found = blobs.find(checked);
     if (found == blobs.end())
@@ -49,7 +49,8 @@ QCoro::Task<std::string> MockGitService::readBlob(RepoEntry, std::string hash) {
     co_return copy;
 }
 
-QCoro::Task<void> MockGitService::writeResolvedFile(RepoEntry, std::string path, std::string content) {
+QCoro::Task<void> MockGitService::writeResolvedFile(RepoEntry, std::string path, std::string content,
+                                                    std::stop_token) {
     resolvedFiles[path] = std::move(content);
     const auto found = std::find_if(workingTree.files.begin(), workingTree.files.end(),
                                     [&](const FileChange& file) { return file.path == path; });
@@ -59,7 +60,7 @@ QCoro::Task<void> MockGitService::writeResolvedFile(RepoEntry, std::string path,
 }
 
 QCoro::Task<std::vector<CommitEntry>> MockGitService::fileHistory(RepoEntry repo, std::string path,
-                                                                  long limit) {
+                                                                  long limit, std::stop_token) {
     if (blames.find(path) == blames.end())
         co_return std::vector<CommitEntry>{};
     // The canned graph has no file contents: every commit of HEAD's line stands for the file.

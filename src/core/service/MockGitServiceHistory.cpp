@@ -133,7 +133,7 @@ void MockGitService::moveHead(const std::string& hash) {
     repository.headHash = hash;
 }
 
-QCoro::Task<std::vector<CommitEntry>> MockGitService::commitHistory(RepoEntry, long limit) {
+QCoro::Task<std::vector<CommitEntry>> MockGitService::commitHistory(RepoEntry, long limit, std::stop_token) {
     std::vector<CommitEntry> history;
     auto current =
         std::find_if(graph.begin(), graph.end(), [](const GraphCommit& commit) { return commit.isHead; });
@@ -148,7 +148,7 @@ QCoro::Task<std::vector<CommitEntry>> MockGitService::commitHistory(RepoEntry, l
     co_return history;
 }
 
-QCoro::Task<std::vector<GraphCommit>> MockGitService::commitGraph(RepoEntry, long limit) {
+QCoro::Task<std::vector<GraphCommit>> MockGitService::commitGraph(RepoEntry, long limit, std::stop_token) {
     const auto count = static_cast<std::size_t>(std::clamp<long>(limit, 0, static_cast<long>(graph.size())));
     co_return std::vector<GraphCommit>(graph.begin(), graph.begin() + static_cast<std::ptrdiff_t>(count));
 }

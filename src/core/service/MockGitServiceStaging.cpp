@@ -58,41 +58,42 @@ void unstageFile(StatusResult& tree, const std::string& path) {
 
 } // namespace
 
-QCoro::Task<void> MockGitService::stage(RepoEntry, std::string path) {
+QCoro::Task<void> MockGitService::stage(RepoEntry, std::string path, std::stop_token) {
     stageFile(workingTree, path);
     co_return;
 }
 
-QCoro::Task<void> MockGitService::stageFiles(RepoEntry, std::vector<std::string> paths) {
+QCoro::Task<void> MockGitService::stageFiles(RepoEntry, std::vector<std::string> paths, std::stop_token) {
     for (const auto& path : paths)
         stageFile(workingTree, path);
     co_return;
 }
 
-QCoro::Task<void> MockGitService::stageAll(RepoEntry) {
+QCoro::Task<void> MockGitService::stageAll(RepoEntry, std::stop_token) {
     for (const auto& file : std::vector<FileChange>(workingTree.files))
         stageFile(workingTree, file.path);
     co_return;
 }
 
-QCoro::Task<void> MockGitService::unstage(RepoEntry, std::string path) {
+QCoro::Task<void> MockGitService::unstage(RepoEntry, std::string path, std::stop_token) {
     unstageFile(workingTree, path);
     co_return;
 }
 
-QCoro::Task<void> MockGitService::unstageFiles(RepoEntry, std::vector<std::string> paths) {
+QCoro::Task<void> MockGitService::unstageFiles(RepoEntry, std::vector<std::string> paths, std::stop_token) {
     for (const auto& path : paths)
         unstageFile(workingTree, path);
     co_return;
 }
 
-QCoro::Task<void> MockGitService::unstageAll(RepoEntry) {
+QCoro::Task<void> MockGitService::unstageAll(RepoEntry, std::stop_token) {
     for (const auto& file : std::vector<FileChange>(workingTree.files))
         unstageFile(workingTree, file.path);
     co_return;
 }
 
-QCoro::Task<void> MockGitService::discardChanges(RepoEntry, std::string path, bool includeStaged) {
+QCoro::Task<void> MockGitService::discardChanges(RepoEntry, std::string path, bool includeStaged,
+                                                 std::stop_token) {
     FileChange* file = findFile(workingTree, path);
     if (!file || file->status.kind != FileStatusKind::Case::tracked)
         throw GitServiceError::commandFailed("restore", "error: pathspec '" + path +
@@ -104,11 +105,11 @@ QCoro::Task<void> MockGitService::discardChanges(RepoEntry, std::string path, bo
     co_return;
 }
 
-QCoro::Task<CommitEntry> MockGitService::commit(RepoEntry, std::string message) {
+QCoro::Task<CommitEntry> MockGitService::commit(RepoEntry, std::string message, std::stop_token) {
     co_return commitStaged(message, false);
 }
 
-QCoro::Task<CommitEntry> MockGitService::amendCommit(RepoEntry, std::string message) {
+QCoro::Task<CommitEntry> MockGitService::amendCommit(RepoEntry, std::string message, std::stop_token) {
     co_return commitStaged(message, true);
 }
 

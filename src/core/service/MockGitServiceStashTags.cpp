@@ -93,7 +93,7 @@ std::string MockGitService::wipMessage() const {
     return message;
 }
 
-QCoro::Task<std::string> MockGitService::tagDetail(RepoEntry, std::string name) {
+QCoro::Task<std::string> MockGitService::tagDetail(RepoEntry, std::string name, std::stop_token) {
     const TagEntry* tag = findTag(tags, name);
     if (!tag)
         throw GitServiceError::commandFailed("show",
@@ -106,7 +106,7 @@ QCoro::Task<std::string> MockGitService::tagDetail(RepoEntry, std::string name) 
     co_return text;
 }
 
-QCoro::Task<OperationResult> MockGitService::cherryPick(RepoEntry, std::string hash) {
+QCoro::Task<OperationResult> MockGitService::cherryPick(RepoEntry, std::string hash, std::stop_token) {
     const auto picked = std::ranges::find(graph, hash, &GraphCommit::hash);
     if (picked == graph.end())
         throw GitServiceError::commandFailed("cherry-pick", "fatal: bad object " + hash + "\n");
@@ -114,7 +114,7 @@ QCoro::Task<OperationResult> MockGitService::cherryPick(RepoEntry, std::string h
     co_return operation::Success{};
 }
 
-QCoro::Task<OperationResult> MockGitService::revert(RepoEntry, std::string hash) {
+QCoro::Task<OperationResult> MockGitService::revert(RepoEntry, std::string hash, std::stop_token) {
     const auto reverted = std::ranges::find(graph, hash, &GraphCommit::hash);
     if (reverted == graph.end())
         throw GitServiceError::commandFailed("revert", "fatal: bad object " + hash + "\n");
@@ -122,7 +122,7 @@ QCoro::Task<OperationResult> MockGitService::revert(RepoEntry, std::string hash)
     co_return operation::Success{};
 }
 
-QCoro::Task<void> MockGitService::reset(RepoEntry, std::string hash, ResetMode mode) {
+QCoro::Task<void> MockGitService::reset(RepoEntry, std::string hash, ResetMode mode, std::stop_token) {
     if (std::ranges::find(graph, hash, &GraphCommit::hash) == graph.end())
         throw GitServiceError::commandFailed("reset",
                                              "fatal: ambiguous argument '" + hash +
@@ -135,13 +135,13 @@ QCoro::Task<void> MockGitService::reset(RepoEntry, std::string hash, ResetMode m
     co_return;
 }
 
-QCoro::Task<std::vector<TagEntry>> MockGitService::listTags(RepoEntry) {
+QCoro::Task<std::vector<TagEntry>> MockGitService::listTags(RepoEntry, std::stop_token) {
     std::vector<TagEntry> copy = tags;
     co_return copy;
 }
 
 QCoro::Task<void> MockGitService::createTag(RepoEntry, std::string name, std::optional<std::string> hash,
-                                            std::optional<std::string> message) {
+                                            std::optional<std::string> message, std::stop_token) {
     if (name.empty() || name.front() == '-')
         throw GitServiceError::invalidInput("tag name must not begin with '-': " + name);
     if (findTag(tags, name))
@@ -155,21 +155,21 @@ QCoro::Task<void> MockGitService::createTag(RepoEntry, std::string name, std::op
     co_return;
 }
 
-QCoro::Task<void> MockGitService::pushTag(RepoEntry, std::string name, std::string remote) {
+QCoro::Task<void> MockGitService::pushTag(RepoEntry, std::string name, std::string remote, std::stop_token) {
     if (!findTag(tags, name))
         throw GitServiceError::commandFailed("push", "error: src refspec " + name + " does not match any\n");
     (void)remote;
     co_return;
 }
 
-QCoro::Task<void> MockGitService::deleteTag(RepoEntry, std::string name) {
+QCoro::Task<void> MockGitService::deleteTag(RepoEntry, std::string name, std::stop_token) {
     if (!findTag(tags, name))
         throw GitServiceError::commandFailed("tag", "error: tag '" + name + "' not found.\n");
     std::erase_if(tags, [&](const TagEntry& tag) { return tag.name == name; });
     co_return;
 }
 
-QCoro::Task<void> MockGitService::checkoutTag(RepoEntry, std::string name) {
+QCoro::Task<void> MockGitService::checkoutTag(RepoEntry, std::string name, std::stop_token) {
     const TagEntry* tag = findTag(tags, name);
     if (!tag)
         throw GitServiceError::commandFailed("checkout", "error: pathspec 'tags/" + name +
@@ -182,7 +182,7 @@ QCoro::Task<void> MockGitService::checkoutTag(RepoEntry, std::string name) {
 }
 
 QCoro::Task<void> MockGitService::stashSave(RepoEntry, std::optional<std::string> message,
-                                            bool includeUntracked) {
+                                            bool includeUntracked, std::stop_token) {
     const auto saved = [&](const FileChange& file) {
         return file.status.kind == FileStatusKind::Case::tracked ||
                (includeUntracked && file.status.kind == FileStatusKind::Case::untracked);
@@ -200,7 +200,7 @@ QCoro::Task<void> MockGitService::stashSave(RepoEntry, std::optional<std::string
     co_return;
 }
 
-QCoro::Task<OperationResult> MockGitService::stashPop(RepoEntry) {
+QCoro::Task<OperationResult> MockGitService::stashPop(RepoEntry, std::stop_token) {
     if (stashes.empty())
         throw GitServiceError::commandFailed("stash", "No stash entries found.\n");
     applyStash(0);
@@ -210,12 +210,12 @@ QCoro::Task<OperationResult> MockGitService::stashPop(RepoEntry) {
     co_return operation::Success{};
 }
 
-QCoro::Task<OperationResult> MockGitService::stashApply(RepoEntry, long index) {
+QCoro::Task<OperationResult> MockGitService::stashApply(RepoEntry, long index, std::stop_token) {
     applyStash(index);
     co_return operation::Success{};
 }
 
-QCoro::Task<void> MockGitService::stashDrop(RepoEntry, long index) {
+QCoro::Task<void> MockGitService::stashDrop(RepoEntry, long index, std::stop_token) {
     requireStash(stashes, index);
     stashes.erase(stashes.begin() + index);
     for (auto& entry : stashes)
@@ -224,12 +224,12 @@ QCoro::Task<void> MockGitService::stashDrop(RepoEntry, long index) {
     co_return;
 }
 
-QCoro::Task<std::vector<StashEntry>> MockGitService::stashList(RepoEntry) {
+QCoro::Task<std::vector<StashEntry>> MockGitService::stashList(RepoEntry, std::stop_token) {
     std::vector<StashEntry> copy = stashes;
     co_return copy;
 }
 
-QCoro::Task<void> MockGitService::stashFile(RepoEntry, std::string path) {
+QCoro::Task<void> MockGitService::stashFile(RepoEntry, std::string path, std::stop_token) {
     const auto found = std::ranges::find(workingTree.files, path, &FileChange::path);
     if (found == workingTree.files.end())
         throw GitServiceError::commandFailed("stash", "error: pathspec '" + path +
@@ -241,13 +241,13 @@ QCoro::Task<void> MockGitService::stashFile(RepoEntry, std::string path) {
     co_return;
 }
 
-QCoro::Task<void> MockGitService::resolveConflictUsingOurs(RepoEntry, std::string path) {
+QCoro::Task<void> MockGitService::resolveConflictUsingOurs(RepoEntry, std::string path, std::stop_token) {
     // Our side is what HEAD holds: the resolved file no longer differs from it.
     workingTree.files.erase(unmergedFile(workingTree, path));
     co_return;
 }
 
-QCoro::Task<void> MockGitService::resolveConflictUsingTheirs(RepoEntry, std::string path) {
+QCoro::Task<void> MockGitService::resolveConflictUsingTheirs(RepoEntry, std::string path, std::stop_token) {
     unmergedFile(workingTree, path)->status =
         FileStatusKind::tracked(TrackedStatus::modified, TrackedStatus::unmodified);
     co_return;

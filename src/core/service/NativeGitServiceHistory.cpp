@@ -30,26 +30,25 @@ void NativeGitService::resetCachedRemoteNames() {
     cachedRemoteNames_.reset();
 }
 
-QCoro::Task<std::vector<CommitEntry>> NativeGitService::commitHistory(RepoEntry repo, long limit) {
+QCoro::Task<std::vector<CommitEntry>> NativeGitService::commitHistory(RepoEntry repo, long limit,
+                                                                      std::stop_token cancellation) {
     qCDebug(lcGraph, "commitHistory: limit=%ld in %s", limit, repo.path.c_str());
-    auto task = opRunner_->serializedExecute(repo.path, [git = executor_, path = repo.path, limit] {
-        return HistoryCommands::commitHistory(*git, path, limit);
+    return queued(repo.path, cancellation, [limit](GitExecutorProtocol& git, const std::string& repoPath) {
+        return HistoryCommands::commitHistory(git, repoPath, limit);
     });
-    co_return co_await std::move(task);
 }
 
-QCoro::Task<std::vector<GraphCommit>> NativeGitService::commitGraph(RepoEntry repo, long limit) {
+QCoro::Task<std::vector<GraphCommit>> NativeGitService::commitGraph(RepoEntry repo, long limit,
+                                                                    std::stop_token cancellation) {
     qCDebug(lcGraph, "commitGraph: limit=%ld in %s", limit, repo.path.c_str());
     // One block for the look-up and the log. It reaches the cache through references: the
-    // service lives as long as the program. The task is made in a statement of its own because
-    // g++ 12 destroys temporaries that stand inside an await expression twice.
-    auto task = opRunner_->serializedExecute(repo.path, [&mutex = cachedRemoteNamesMutex_,
-                                                         &cache = cachedRemoteNames_, git = executor_,
-                                                         path = repo.path, limit] {
-        const RemoteNameSet names = cachedOrReadRemoteNames(mutex, cache, *git, path);
-        return HistoryCommands::commitGraph(*git, path, limit, names);
-    });
-    co_return co_await std::move(task);
+    // service lives as long as the program.
+    return queued(repo.path, cancellation,
+                  [&mutex = cachedRemoteNamesMutex_, &cache = cachedRemoteNames_,
+                   limit](GitExecutorProtocol& git, const std::string& repoPath) {
+                      const RemoteNameSet names = cachedOrReadRemoteNames(mutex, cache, git, repoPath);
+                      return HistoryCommands::commitGraph(git, repoPath, limit, names);
+                  });
 }
 
 } // namespace orvel

@@ -1,0 +1,13 @@
+// Icons by freedesktop name from the desktop's theme, with a bundled drawing as the fallback, so
+// that a desktop whose theme lacks a name (Adwaita has no version-control icons) still shows one.
+#pragma once
+
+#include <QIcon>
+#include <QString>
+
+namespace orvel {
+
+// `name` is a freedesktop icon name; the fallback is ":/icons/<name>.svg" when bundled.
+QIcon themedIcon(const QString& name);
+
+} // namespace orvel
