@@ -9,19 +9,19 @@ export GIT_AUTHOR_NAME=Bench GIT_AUTHOR_EMAIL=bench@orvel.invalid GIT_COMMITTER_
 mkdir -p "$HOME"
 line=$("$tool" --scenario status-100k --tiny --rounds 2 --repo "$work/repo")
 echo "$line"
-[[ "$line" =~ ^scenario=status-tiny\ ours_ms=[0-9.]+\ git_ms=[0-9.]+\ ratio=[0-9.]+\ files=40\  ]]
+[[ "$line" =~ ^scenario=status-tiny\ ours_ms=[0-9.]+\ git_ms=[0-9.]+\ ratio=[0-9.]+\ paired_ratio=[0-9.]+\ files=40\  ]]
 line=$("$tool" --scenario diff-parse --tiny --rounds 2 --repo "$work/diff-repo")
 echo "$line"
-[[ "$line" =~ ^scenario=diff-parse-tiny\ ours_ms=[0-9.]+\ git_ms=[0-9.]+\ ratio=[0-9.]+\ mb_per_s=[0-9]+\ .*files=20\ .*counts_agree=yes$ ]]
+[[ "$line" =~ ^scenario=diff-parse-tiny\ ours_ms=[0-9.]+\ git_ms=[0-9.]+\ ratio=[0-9.]+\ paired_ratio=[0-9.]+\ mb_per_s=[0-9]+\ .*files=20\ .*counts_agree=yes$ ]]
 line=$("$tool" --scenario graph-2000 --tiny --rounds 2 --repo "$work/history")
 echo "$line"
-[[ "$line" =~ ^scenario=graph-tiny\ ours_ms=[0-9.]+\ git_ms=[0-9.]+\ ratio=[0-9.]+\ commits=300\ rows=300$ ]]
+[[ "$line" =~ ^scenario=graph-tiny\ ours_ms=[0-9.]+\ git_ms=[0-9.]+\ ratio=[0-9.]+\ paired_ratio=[0-9.]+\ ours_cpu_ms=.*\ paired_cpu_ratio=[0-9.]+\ commits=300\ rows=300$ ]]
 line=$("$tool" --scenario layout-200k --tiny --rounds 2 --repo "$work/history")
 echo "$line"
-[[ "$line" =~ ^scenario=layout-tiny\ ours_ms=[0-9.]+\ git_ms=[0-9.]+\ ratio=[0-9.]+\ commits=300\  ]]
+[[ "$line" =~ ^scenario=layout-tiny\ ours_ms=[0-9.]+\ git_ms=[0-9.]+\ ratio=[0-9.]+\ paired_ratio=[0-9.]+\ commits=300\  ]]
 line=$("$tool" --scenario branches-5000 --tiny --rounds 2 --repo "$work/branches" 2>/dev/null)
 echo "$line"
-[[ "$line" =~ ^scenario=branches-tiny\ ours_ms=[0-9.]+\ git_ms=[0-9.]+\ ratio=[0-9.]+\ branches=52\  ]]
+[[ "$line" =~ ^scenario=branches-tiny\ ours_ms=[0-9.]+\ git_ms=[0-9.]+\ ratio=[0-9.]+\ paired_ratio=[0-9.]+\ branches=52\  ]]
 line=$("$tool" --scenario blame-20k --tiny --rounds 2 --repo "$work/blame" 2>/dev/null)
 echo "$line"
-[[ "$line" =~ ^scenario=blame-tiny\ ours_ms=[0-9.]+\ git_ms=[0-9.]+\ ratio=[0-9.]+\ lines=300\ runs=[0-9]+\  ]]
+[[ "$line" =~ ^scenario=blame-tiny\ ours_ms=[0-9.]+\ git_ms=[0-9.]+\ ratio=[0-9.]+\ paired_ratio=[0-9.]+\ ours_cpu_ms=.*\ lines=300\ runs=[0-9]+\  ]]

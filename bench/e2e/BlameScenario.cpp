@@ -14,34 +14,10 @@
 #include <cstdio>
 #include <filesystem>
 #include <iostream>
-#include <sys/resource.h>
 
 namespace orvel::bench {
 
 namespace {
-
-// CPU time, user and system, of this process and of the children it has waited for.
-double cpuMilliseconds() {
-    double total = 0;
-    for (const int who : {RUSAGE_SELF, RUSAGE_CHILDREN}) {
-        rusage usage{};
-        ::getrusage(who, &usage);
-        for (const timeval& time : {usage.ru_utime, usage.ru_stime})
-            total += double(time.tv_sec) * 1e3 + double(time.tv_usec) / 1e3;
-    }
-    return total;
-}
-
-struct Timing {
-    std::vector<double> wall;
-    std::vector<double> cpu;
-
-    void measure(const std::function<void()>& work) {
-        const double cpuBefore = cpuMilliseconds();
-        wall.push_back(milliseconds(work));
-        cpu.push_back(cpuMilliseconds() - cpuBefore);
-    }
-};
 
 int runBlame(const ScenarioOptions& options) {
     const BlameShape shape = options.tiny ? BlameShape{60, 300, 4} : BlameShape{2000, 20000, 40};
@@ -67,29 +43,17 @@ int runBlame(const ScenarioOptions& options) {
         for (const auto& entry : entries)
             lines += entry.lines.size();
     };
-    for (int round = 0; round < options.rounds; ++round) {
-        if (round % 2 == 0) {
-            git.measure(runGitBlame);
-            ours.measure(runOurs);
-        } else {
-            ours.measure(runOurs);
-            git.measure(runGitBlame);
-        }
-    }
+    alternate(
+        options.rounds, [&] { git.measure(runGitBlame); }, [&] { ours.measure(runOurs); });
 
     std::vector<double> parse;
     for (int round = 0; round < std::max(options.rounds, 5); ++round)
         parse.push_back(milliseconds([&] { GitOutputParser::parseBlame(raw); }));
 
-    const double gitCpu = std::max(median(git.cpu), 1e-9);
-    char extra[256];
-    std::snprintf(extra, sizeof extra,
-                  " lines=%zu runs=%zu raw_bytes=%zu paired_ratio=%.3f ours_cpu_ms=%.1f git_cpu_ms=%.1f"
-                  " cpu_ratio=%.3f paired_cpu_ratio=%.3f parse_ms=%.2f parse_ratio=%.4f",
-                  lines, runs, raw.size(), pairedRatio(ours.wall, git.wall), median(ours.cpu), gitCpu,
-                  median(ours.cpu) / gitCpu, pairedRatio(ours.cpu, git.cpu), median(parse),
-                  median(parse) / std::max(median(git.wall), 1e-9));
-    report(options.tiny ? "blame-tiny" : "blame-20k", ours.wall, git.wall, extra);
+    char extra[160];
+    std::snprintf(extra, sizeof extra, " lines=%zu runs=%zu raw_bytes=%zu parse_ms=%.2f parse_ratio=%.4f",
+                  lines, runs, raw.size(), median(parse), median(parse) / std::max(median(git.wall), 1e-9));
+    report(options.tiny ? "blame-tiny" : "blame-20k", ours, git, extra);
     return lines == shape.lines ? 0 : 1;
 }
 

@@ -98,17 +98,9 @@ int runBranches(const ScenarioOptions& options) {
         ours.push_back(
             milliseconds([&] { parsedCount = QCoro::waitFor(bench.service.branches(bench.repo)).size(); }));
     };
-    // Alternating order, so that neither side always runs on the caches the other warmed.
-    for (int round = 0; round < options.rounds; ++round) {
-        if (round % 2 == 0) {
-            runGitBranch();
-            runOurs();
-        } else {
-            runOurs();
-            runGitBranch();
-        }
+    alternate(options.rounds, runGitBranch, runOurs);
+    for (int round = 0; round < options.rounds; ++round)
         parse.push_back(milliseconds([&] { GitOutputParser::parseBranches(raw); }));
-    }
 
     const auto parsed = GitOutputParser::parseBranches(raw);
     std::size_t tracking = 0;
@@ -116,9 +108,8 @@ int runBranches(const ScenarioOptions& options) {
         tracking += branch.upstream && branch.upstream->ahead > 0 && branch.upstream->behind > 0;
     char extra[224];
     std::snprintf(extra, sizeof extra,
-                  " branches=%zu tracking=%zu raw_bytes=%zu paired_ratio=%.3f parse_ms=%.2f parse_ratio=%.3f",
-                  parsed.size(), tracking, raw.size(), pairedRatio(ours, git), median(parse),
-                  median(parse) / std::max(median(git), 1e-9));
+                  " branches=%zu tracking=%zu raw_bytes=%zu parse_ms=%.2f parse_ratio=%.3f", parsed.size(),
+                  tracking, raw.size(), median(parse), median(parse) / std::max(median(git), 1e-9));
     report(options.tiny ? "branches-tiny" : "branches-5000", ours, git, extra);
     // main, origin/main and every generated branch, each read whole; tracking ones with their distances.
     const bool complete = parsed.size() == branches + 2 && parsedCount == parsed.size() && tracking > 0;

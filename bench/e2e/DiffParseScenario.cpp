@@ -76,13 +76,16 @@ int runDiffParse(const ScenarioOptions& options) {
 
     std::string raw;
     std::vector<double> ours, git;
-    for (int round = 0; round < options.rounds; ++round) {
+    const auto runGit = [&] {
         git.push_back(milliseconds([&] { raw = gitOutput(options.repo, arguments); }));
+    };
+    const auto runParse = [&] {
         // The service hands git's output over with std::move; so does the timed run.
         std::string output = raw;
         DiffResult parsed;
         ours.push_back(milliseconds([&] { parsed = GitOutputParser::parseDiff(std::move(output)); }));
-    }
+    };
+    alternate(options.rounds, runGit, runParse); // git's round comes first, so the text exists
 
     // The same parse once the allocator holds enough memory already, as in a program that has
     // parsed a large diff before: the difference to the rounds above is the kernel's first touch

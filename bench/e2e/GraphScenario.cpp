@@ -39,17 +39,18 @@ int runGraph(const ScenarioOptions& options) {
     const RepoEntry& repo = bench.repo;
 
     std::size_t rows = 0, commits = 0;
-    std::vector<double> ours, git;
+    Timing ours, git;
     QCoro::waitFor(service.commitGraph(repo, graphLimit)); // warms the caches and the remote list
-    for (int round = 0; round < options.rounds; ++round) {
-        git.push_back(milliseconds([&] { gitOutput(options.repo, arguments); }));
-        ours.push_back(milliseconds([&] {
+    const auto runGit = [&] { git.measure([&] { gitOutput(options.repo, arguments); }); };
+    const auto runOurs = [&] {
+        ours.measure([&] {
             const auto loaded = QCoro::waitFor(service.commitGraph(repo, graphLimit));
             const GraphInputs inputs = graphInputs(loaded);
             commits = loaded.size();
             rows = layoutCommitRows(inputs.nodes, inputs.info).size();
-        }));
-    }
+        });
+    };
+    alternate(options.rounds, runGit, runOurs);
     char extra[96];
     std::snprintf(extra, sizeof extra, " commits=%zu rows=%zu", commits, rows);
     report(options.tiny ? "graph-tiny" : "graph-2000", ours, git, extra);

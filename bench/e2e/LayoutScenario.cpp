@@ -30,23 +30,24 @@ int runLayout(const ScenarioOptions& options) {
     std::size_t lanes = 0;
     std::vector<CommitRow> rows;
     GraphInputs inputs;
-    for (int round = 0; round < options.rounds; ++round) {
+    const auto runGit = [&] {
         git.push_back(milliseconds([&] { output = gitOutput(options.repo, arguments); }));
-        if (inputs.nodes.empty()) {
+        if (inputs.nodes.empty())
             parse = milliseconds(
                 [&] { inputs = graphInputs(GitOutputParser::parseCommitGraph(output, {"origin"})); });
-        }
+    };
+    const auto runLayout = [&] {
         // The rows of a round are freed before the clock starts: their release is no part of the
         // layout, and a long-running program lays out into memory it has used before.
         rows.clear();
         rows.shrink_to_fit();
         layout.push_back(milliseconds([&] { rows = layoutCommitRows(inputs.nodes, inputs.info); }));
-        if (rows.size() != inputs.nodes.size())
-            return 1;
-        lanes = 0;
-        for (const auto& row : rows)
-            lanes += row.lanes.size();
-    }
+    };
+    alternate(options.rounds, runGit, runLayout); // git's round comes first, so the inputs exist
+    if (rows.size() != inputs.nodes.size())
+        return 1;
+    for (const auto& row : rows)
+        lanes += row.lanes.size();
     char extra[160];
     std::snprintf(extra, sizeof extra, " commits=%zu lanes=%zu output_bytes=%zu parse_ms=%.2f",
                   inputs.nodes.size(), lanes, output.size(), parse);

@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
+#include <sys/resource.h>
 
 namespace orvel::bench {
 
@@ -24,6 +25,23 @@ double milliseconds(const std::function<void()>& work) {
     const auto start = std::chrono::steady_clock::now();
     work();
     return std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - start).count();
+}
+
+double cpuMilliseconds() {
+    double total = 0;
+    for (const int who : {RUSAGE_SELF, RUSAGE_CHILDREN}) {
+        rusage usage{};
+        ::getrusage(who, &usage);
+        for (const timeval& time : {usage.ru_utime, usage.ru_stime})
+            total += double(time.tv_sec) * 1e3 + double(time.tv_usec) / 1e3;
+    }
+    return total;
+}
+
+void Timing::measure(const std::function<void()>& work) {
+    const double cpuBefore = cpuMilliseconds();
+    wall.push_back(milliseconds(work));
+    cpu.push_back(cpuMilliseconds() - cpuBefore);
 }
 
 double median(std::vector<double> values) {
@@ -51,12 +69,28 @@ std::string gitOutput(const std::string& repo, const std::vector<std::string>& a
     return runChild(request).out;
 }
 
+void alternate(int rounds, const std::function<void()>& runGit, const std::function<void()>& runOurs) {
+    for (int round = 0; round < rounds; ++round) {
+        const bool gitFirst = round % 2 == 0;
+        (gitFirst ? runGit : runOurs)();
+        (gitFirst ? runOurs : runGit)();
+    }
+}
+
 void report(const std::string& scenario, const std::vector<double>& ours, const std::vector<double>& git,
             const std::string& extra) {
     const double oursMs = median(ours), gitMs = median(git);
-    std::printf("scenario=%s ours_ms=%.2f git_ms=%.2f ratio=%.3f%s\n", scenario.c_str(), oursMs, gitMs,
-                gitMs > 0 ? oursMs / gitMs : 0.0, extra.c_str());
+    std::printf("scenario=%s ours_ms=%.2f git_ms=%.2f ratio=%.3f paired_ratio=%.3f%s\n", scenario.c_str(),
+                oursMs, gitMs, gitMs > 0 ? oursMs / gitMs : 0.0, pairedRatio(ours, git), extra.c_str());
     std::fflush(stdout);
+}
+
+void report(const std::string& scenario, const Timing& ours, const Timing& git, const std::string& extra) {
+    const double gitCpu = std::max(median(git.cpu), 1e-9);
+    char cpu[160];
+    std::snprintf(cpu, sizeof cpu, " ours_cpu_ms=%.1f git_cpu_ms=%.1f cpu_ratio=%.3f paired_cpu_ratio=%.3f",
+                  median(ours.cpu), gitCpu, median(ours.cpu) / gitCpu, pairedRatio(ours.cpu, git.cpu));
+    report(scenario, ours.wall, git.wall, cpu + extra);
 }
 
 } // namespace orvel::bench

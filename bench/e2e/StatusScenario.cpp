@@ -22,12 +22,14 @@ namespace orvel::bench {
 namespace {
 
 int runStatus(const ScenarioOptions& options) {
-    const WorkingTreeShape shape = options.tiny ? WorkingTreeShape{200, 20, 20} : WorkingTreeShape{100000, 10000, 10000};
+    const WorkingTreeShape shape =
+        options.tiny ? WorkingTreeShape{200, 20, 20} : WorkingTreeShape{100000, 10000, 10000};
     if (!std::filesystem::exists(std::filesystem::path(options.repo) / ".git")) {
         std::cerr << "generating " << shape.trackedFiles << " files in " << options.repo << "\n";
         makeWorkingTreeRepository(options.repo, shape);
     }
-    const std::vector<std::string> arguments{"status", "--porcelain=v2", "--branch", "--show-stash", "-uall", "-z"};
+    const std::vector<std::string> arguments{"status",       "--porcelain=v2", "--branch",
+                                             "--show-stash", "-uall",          "-z"};
 
     BenchService bench(options.repo);
     auto& service = bench.service;
@@ -36,18 +38,20 @@ int runStatus(const ScenarioOptions& options) {
     std::size_t files = 0;
     std::vector<double> ours, git;
     QCoro::waitFor(service.status(repo)); // warms the file-system cache and the discovery of git
-    for (int round = 0; round < options.rounds; ++round) {
-        git.push_back(milliseconds([&] { gitOutput(options.repo, arguments); }));
-        ours.push_back(milliseconds([&] { files = QCoro::waitFor(service.status(repo)).files.size(); }));
-    }
+    alternate(
+        options.rounds, [&] { git.push_back(milliseconds([&] { gitOutput(options.repo, arguments); })); },
+        [&] {
+            ours.push_back(milliseconds([&] { files = QCoro::waitFor(service.status(repo)).files.size(); }));
+        });
 
     const std::string raw = gitOutput(options.repo, arguments);
     const std::size_t before = liveHeapBytes();
     const auto parsed = GitOutputParser::parseStatusResult(raw);
     const std::size_t parsedBytes = liveHeapBytes() - before;
     char extra[160];
-    std::snprintf(extra, sizeof extra, " files=%zu raw_bytes=%zu parsed_bytes=%zu memory_ratio=%.2f", parsed.size(),
-                  raw.size(), parsedBytes, double(parsedBytes) / double(std::max<std::size_t>(raw.size(), 1)));
+    std::snprintf(extra, sizeof extra, " files=%zu raw_bytes=%zu parsed_bytes=%zu memory_ratio=%.2f",
+                  parsed.size(), raw.size(), parsedBytes,
+                  double(parsedBytes) / double(std::max<std::size_t>(raw.size(), 1)));
     report(options.tiny ? "status-tiny" : "status-100k", ours, git, extra);
     return files == parsed.size() ? 0 : 1;
 }

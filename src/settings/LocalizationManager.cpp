@@ -8,11 +8,6 @@
 
 namespace orvel {
 
-namespace {
-// Every text of the program is looked up in one translation context.
-constexpr const char* translationContext = "Orvel";
-} // namespace
-
 LocalizationManager& LocalizationManager::shared() {
     static LocalizationManager manager;
     return manager;
@@ -36,7 +31,9 @@ QString LocalizationManager::localized(const char* key) const {
     }
     if (!bundle)
         return QString::fromUtf8(key);
-    const QString translation = bundle->translate(translationContext, key);
+    // The tables are id-based: the English text is the message's id, in no context, wherever in the
+    // code it stands.
+    const QString translation = bundle->translate("", key);
     return translation.isEmpty() ? QString::fromUtf8(key) : translation;
 }
 

@@ -8,7 +8,8 @@
 
 #include <memory>
 #include <mutex>
-#include <utility>
+#include <string>
+#include <type_traits>
 
 class QTranslator;
 
@@ -58,9 +59,28 @@ inline QString localized(const char* key) {
     return LocalizationManager::shared().localized(key);
 }
 
+namespace detail {
+inline QString formatArgument(const QString& text) {
+    return text;
+}
+inline QString formatArgument(const char* text) {
+    return QString::fromUtf8(text);
+}
+// git's bytes, decoded for display.
+inline QString formatArgument(const std::string& bytes) {
+    return QString::fromUtf8(bytes.data(), static_cast<qsizetype>(bytes.size()));
+}
+template <typename Number>
+requires std::is_arithmetic_v<Number> QString formatArgument(Number number) {
+    return QString::number(number);
+}
+} // namespace detail
+
+// Every argument becomes text first and all are filled in one pass, so that "%2" inside the first
+// argument stays as it is and a number is never taken for a field width.
 template <typename... Arguments>
-QString localized(const char* key, Arguments&&... arguments) {
-    return localized(key).arg(std::forward<Arguments>(arguments)...);
+QString localized(const char* key, const Arguments&... arguments) {
+    return localized(key).arg(detail::formatArgument(arguments)...);
 }
 
 } // namespace orvel

@@ -53,6 +53,8 @@ class ThemeEngine final : public QObject {
 
     // A theme font resolved against the customisation; `mono` picks the monospaced family.
     QFont font(const ThemeFont& themeFont, bool mono) const;
+    // The font's size in the theme's points with the offset added; never below 8.
+    double fontSize(const ThemeFont& themeFont) const;
 
     double fontSizeOffset() const { return fontSizeOffset_; }
     const std::optional<QString>& monoFontFamily() const { return monoFontFamily_; }
@@ -70,17 +72,23 @@ class ThemeEngine final : public QObject {
     void commitTheme();
     void revertTheme();
 
-    // Throw std::runtime_error (or a file-system error) with a description for the user.
+    // Throw std::runtime_error (or a file-system error) with a description for the user; on a
+    // failure nothing has changed.
     void importTheme(const QString& filePath);
     void removeTheme(const QString& id);
+    // AppDataLocation + "/Themes", made when asked for.
     QString externalThemesDirectory() const;
 
   signals:
-    // Any colour or font may have changed: views repaint.
+    // Any colour or font may have changed (refreshID has risen): views repaint.
     void themeChanged();
 
   private:
     ThemeEngine();
+    void notifyChanged();
+    const Theme* findTheme(const QString& id) const;
+    void setFontFamily(std::optional<QString>& field, const QString& key, std::optional<QString> name,
+                       bool mono);
 
     UserDefaults* defaults_ = nullptr;
     Theme currentTheme_;

@@ -11,8 +11,8 @@ namespace orvel {
 enum class ColorScheme { light, dark };
 
 struct ThemeTokens {
-    QColor window, panel, raised, input, fg, fg2, fg3, stroke, strokeSoft, accent, accentBright, accentText, add,
-        del, mod, info;
+    QColor window, panel, raised, input, fg, fg2, fg3, stroke, strokeSoft, accent, accentBright, accentText,
+        add, del, mod, info;
     std::vector<QColor> lanes;
 };
 

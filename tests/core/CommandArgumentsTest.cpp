@@ -95,7 +95,7 @@ TEST(CommandArguments, RepositoryAndStatusCommands) {
          {{"symbolic-ref", "refs/remotes/origin/HEAD"}, {"branch", "--list", "--format=%(refname:short)"}},
          {fails, "develop\n  master \n"}},
         {[](auto& git) { RepositoryCommands::clone(git, "https://example.invalid/r.git", "/abs/target"); },
-         {{"clone", "https://example.invalid/r.git", "/abs/target"}},
+         {{"clone", "--", "https://example.invalid/r.git", "/abs/target"}},
          {},
          "/"},
         {[](auto& git) { RepositoryCommands::init(git, dir / "-new/nested", "trunk"s); },
@@ -158,14 +158,15 @@ TEST(CommandArguments, BranchCommands) {
            "%(refname:short)%00%(refname)%00%(objectname)%00%(HEAD)%00%(upstream:short)%00"
            "%(upstream:remotename)%00%(upstream:track,nobracket)%00%(worktreepath)%00%(contents:subject)%00"
            "%(committerdate:iso-strict)%00"}}},
-        {call(BranchCommands::createBranch, "a/b", std::nullopt), {{"branch", "a/b"}}},
-        {call(BranchCommands::createBranch, "a", "v1"s), {{"branch", "a", "v1"}}},
+        {call(BranchCommands::createBranch, "a/b", std::nullopt), {{"branch", "--", "a/b"}}},
+        {call(BranchCommands::createBranch, "a", "v1"s), {{"branch", "--", "a", "v1"}}},
         {call(BranchCommands::checkoutBranch, "a"), {{"checkout", "a"}}},
         {call(BranchCommands::checkoutNewBranch, "a", "v1"), {{"checkout", "-b", "a", "v1"}}},
-        {call(BranchCommands::deleteBranch, "a", false), {{"branch", "-d", "a"}}},
-        {call(BranchCommands::deleteBranch, "a", true), {{"branch", "-D", "a"}}},
-        {call(BranchCommands::renameBranch, "a", "b"), {{"branch", "-m", "a", "b"}}},
-        {call(BranchCommands::deleteRemoteBranch, "origin", "a/b"), {{"push", "origin", "--delete", "a/b"}}},
+        {call(BranchCommands::deleteBranch, "a", false), {{"branch", "-d", "--", "a"}}},
+        {call(BranchCommands::deleteBranch, "a", true), {{"branch", "-D", "--", "a"}}},
+        {call(BranchCommands::renameBranch, "a", "b"), {{"branch", "-m", "--", "a", "b"}}},
+        {call(BranchCommands::deleteRemoteBranch, "origin", "a/b"),
+         {{"push", "origin", "--delete", "--", "a/b"}}},
         {[](auto& git) {
              EXPECT_EQ(BranchCommands::mergedBranches(git, "/r", "main"),
                        (Args{"feature/x", "topic", "main-old"}));
@@ -179,24 +180,24 @@ TEST(CommandArguments, MergeCommands) {
     RepoEntry repo;
     repo.path = "/r";
     expectArguments({
-        {call(MergeCommands::merge, "a"), {{"merge", "a"}}, {"Already up to date!\n"}},
+        {call(MergeCommands::merge, "a"), {{"merge", "--", "a"}}, {"Already up to date!\n"}},
         {[](auto& git) {
              EXPECT_TRUE(std::holds_alternative<merge::FastForward>(MergeCommands::merge(git, "/r", "a")));
          },
-         {{"merge", "a"}, {"rev-parse", "HEAD"}},
+         {{"merge", "--", "a"}, {"rev-parse", "HEAD"}},
          {"Updating\nFast-forward\n", "abc\n"}},
         {[](auto& git) {
              EXPECT_TRUE(std::holds_alternative<Conflicted>(MergeCommands::merge(git, "/r", "a")));
          },
-         {{"merge", "a"}, conflictQuery},
+         {{"merge", "--", "a"}, conflictQuery},
          {fails, unmerged}},
         {[](auto& git) {
              EXPECT_TRUE(
                  std::holds_alternative<merge::FastForward>(MergeCommands::fastForwardMerge(git, "/r", "a")));
          },
-         {{"merge", "--ff-only", "a"}, {"rev-parse", "HEAD"}}},
-        {call(MergeCommands::rebase, "a"), {{"rebase", "a"}}},
-        {call(MergeCommands::rebase, "a"), {{"rebase", "a"}, conflictQuery}, {fails, unmerged}},
+         {{"merge", "--ff-only", "--", "a"}, {"rev-parse", "HEAD"}}},
+        {call(MergeCommands::rebase, "a"), {{"rebase", "--", "a"}}},
+        {call(MergeCommands::rebase, "a"), {{"rebase", "--", "a"}, conflictQuery}, {fails, unmerged}},
         {[&](auto& git) { MergeCommands::rebaseContinue(git, repo); }, {{"rebase", "--continue"}}},
         {[&](auto& git) { MergeCommands::rebaseSkip(git, repo); }, {{"rebase", "--skip"}}},
         {call(MergeCommands::abortMerge), {{"merge", "--abort"}}},
@@ -210,30 +211,31 @@ TEST(CommandArguments, MergeCommands) {
 
 TEST(CommandArguments, RemoteCommands) {
     const std::vector<std::pair<PullStrategy, Args>> pulls{
-        {PullStrategy::merge, {"pull", "--no-rebase", "origin"}},
-        {PullStrategy::rebase, {"pull", "--rebase", "origin"}},
-        {PullStrategy::fastForwardOnly, {"pull", "--ff-only", "origin"}},
-        {PullStrategy::useConfig, {"pull", "origin"}}};
+        {PullStrategy::merge, {"pull", "--no-rebase", "--", "origin"}},
+        {PullStrategy::rebase, {"pull", "--rebase", "--", "origin"}},
+        {PullStrategy::fastForwardOnly, {"pull", "--ff-only", "--", "origin"}},
+        {PullStrategy::useConfig, {"pull", "--", "origin"}}};
     std::vector<Row> table{
         {call(RemoteCommands::listRemotes), {{"remote", "-v"}}},
-        {call(RemoteCommands::addRemote, "o", " /srv/a b.git"), {{"remote", "add", "o", " /srv/a b.git"}}},
-        {call(RemoteCommands::removeRemote, "o"), {{"remote", "remove", "o"}}},
-        {call(RemoteCommands::fetch, "o", false), {{"fetch", "o"}}},
-        {call(RemoteCommands::fetch, "o", true), {{"fetch", "--prune", "o"}}},
+        {call(RemoteCommands::addRemote, "o", " /srv/a b.git"),
+         {{"remote", "add", "--", "o", " /srv/a b.git"}}},
+        {call(RemoteCommands::removeRemote, "o"), {{"remote", "remove", "--", "o"}}},
+        {call(RemoteCommands::fetch, "o", false), {{"fetch", "--", "o"}}},
+        {call(RemoteCommands::fetch, "o", true), {{"fetch", "--prune", "--", "o"}}},
         {call(RemoteCommands::pull, "o", PullStrategy::useConfig),
-         {{"pull", "o"}},
+         {{"pull", "--", "o"}},
          {"Already up to date.\n"}},
         {[](auto& git) {
              EXPECT_TRUE(std::holds_alternative<Conflicted>(
                  RemoteCommands::pull(git, "/r", "o", PullStrategy::merge)));
          },
-         {{"pull", "--no-rebase", "o"}, conflictQuery},
+         {{"pull", "--no-rebase", "--", "o"}, conflictQuery},
          {fails, unmerged}},
         {call(RemoteCommands::push, "o"),
-         {{"symbolic-ref", "HEAD"}, {"remote"}, {"push", "-u", "o", "HEAD"}},
+         {{"symbolic-ref", "HEAD"}, {"remote"}, {"push", "-u", "--", "o", "HEAD"}},
          {"refs/heads/main\n", "o\n"}},
-        {call(RemoteCommands::pushBranch, "a/b", "o"), {{"push", "-u", "o", "a/b"}}},
-        {call(RemoteCommands::forcePush, "o"), {{"push", "--force-with-lease", "o", "HEAD"}}},
+        {call(RemoteCommands::pushBranch, "a/b", "o"), {{"push", "-u", "--", "o", "a/b"}}},
+        {call(RemoteCommands::forcePush, "o"), {{"push", "--force-with-lease", "--", "o", "HEAD"}}},
     };
     for (const auto& [strategyOf, pull] : pulls)
         table.push_back(
@@ -275,14 +277,16 @@ TEST(CommandArguments, TagCommands) {
         {[](auto& git) { EXPECT_FALSE(TagCommands::signingEnabled(git, "/r")); },
          {{"config", "tag.gpgsign"}},
          {fails}},
-        {call(TagCommands::createTag, "v1", std::nullopt, "m"s, false), {{"tag", "-a", "-m", "m", "v1"}}},
-        {call(TagCommands::createTag, "v1", "abc"s, "m"s, true), {{"tag", "-s", "-m", "m", "v1", "abc"}}},
-        {call(TagCommands::createTag, "v1", "abc"s, std::nullopt, true), {{"tag", "v1", "abc"}}},
-        {call(TagCommands::createTag, "v1", std::nullopt, ""s, false), {{"tag", "-a", "-m", "", "v1"}}},
-        {call(TagCommands::pushTag, "v1", "o"), {{"push", "o", "v1"}}},
-        {call(TagCommands::deleteTag, "v1"), {{"tag", "-d", "v1"}}},
-        {call(TagCommands::checkoutTag, "-v1"), {{"checkout", "tags/-v1"}}},
-        {call(TagCommands::tagDetail, "-v1"), {{"show", "--no-patch", "tags/-v1"}}},
+        {call(TagCommands::createTag, "v1", std::nullopt, "m"s, false),
+         {{"tag", "-a", "-m", "m", "--", "v1"}}},
+        {call(TagCommands::createTag, "v1", "abc"s, "m"s, true),
+         {{"tag", "-s", "-m", "m", "--", "v1", "abc"}}},
+        {call(TagCommands::createTag, "v1", "abc"s, std::nullopt, true), {{"tag", "--", "v1", "abc"}}},
+        {call(TagCommands::createTag, "v1", std::nullopt, ""s, false), {{"tag", "-a", "-m", "", "--", "v1"}}},
+        {call(TagCommands::pushTag, "v1", "o"), {{"push", "--", "o", "v1"}}},
+        {call(TagCommands::deleteTag, "v1"), {{"tag", "-d", "--", "v1"}}},
+        {call(TagCommands::checkoutTag, "v1"), {{"checkout", "tags/v1"}}},
+        {call(TagCommands::tagDetail, "v1"), {{"show", "--no-patch", "tags/v1"}}},
     });
 }
 

@@ -1,5 +1,5 @@
-// Merge and rebase commands: option-like targets refused before git runs, the rebase-stop reader
-// over its state files, and what real repositories do with each outcome.
+// Merge and rebase commands: the rebase-stop reader over its state files, and what real
+// repositories do with each outcome.
 #include "RealGitService.h"
 
 #include "core/commands/MergeCommands.h"
@@ -47,18 +47,6 @@ std::vector<std::pair<std::string, ConflictType>> pathsAndTypes(const std::vecto
 }
 
 } // namespace
-
-TEST(MergeCommandLines, OptionLikeTargetsAreRefusedBeforeGitRuns) {
-    RecordingExecutor git;
-    const std::vector<std::function<void()>> refused{
-        [&] { MergeCommands::merge(git, "/r", "--no-ff"); },
-        [&] { MergeCommands::fastForwardMerge(git, "/r", "-s"); },
-        [&] { MergeCommands::rebase(git, "/r", "--root"); },
-    };
-    for (const auto& call : refused)
-        EXPECT_EQ(test::serviceError(call).kind(), GitServiceError::Kind::invalidInput);
-    EXPECT_TRUE(git.calls().empty());
-}
 
 namespace {
 

@@ -57,12 +57,12 @@ TEST(RemoteCommandChecks, PushRunsOnlyPastItsChecks) {
         {{"refs/heads/main\n", "origin\n  upstream  \n\n"},
          "upstream",
          std::nullopt,
-         {{"symbolic-ref", "HEAD"}, {"remote"}, {"push", "-u", "upstream", "HEAD"}}},
+         {{"symbolic-ref", "HEAD"}, {"remote"}, {"push", "-u", "--", "upstream", "HEAD"}}},
         // An unreadable remote list skips the check.
         {{"refs/heads/main\n", std::nullopt},
          "anything",
          std::nullopt,
-         {{"symbolic-ref", "HEAD"}, {"remote"}, {"push", "-u", "anything", "HEAD"}}},
+         {{"symbolic-ref", "HEAD"}, {"remote"}, {"push", "-u", "--", "anything", "HEAD"}}},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.remote);
@@ -90,7 +90,7 @@ TEST(RemoteCommandChecks, AddRemoteRefusesAUrlThatLooksLikeAnOptionAndRunsNothin
     EXPECT_TRUE(git->calls().empty());
     // Blanks inside a url are the url's own; only the check trims.
     test::await(service.addRemote(repo, "spaced", " /srv/a b.git"));
-    EXPECT_EQ(git->argumentLists(), (std::vector<Args>{{"remote", "add", "spaced", " /srv/a b.git"}}));
+    EXPECT_EQ(git->argumentLists(), (std::vector<Args>{{"remote", "add", "--", "spaced", " /srv/a b.git"}}));
 }
 
 // A bare "origin", a clone to work in ("local") and a second clone ("other") that pushes to origin.

@@ -36,7 +36,7 @@ MergeResult merge(GitExecutorProtocol& git, const std::string& repoPath, const s
     return runWithConflictRecovery(
         git, repoPath,
         [&]() -> MergeResult {
-            const std::string output = git.execute({"merge", branch}, repoPath);
+            const std::string output = git.execute({"merge", "--", branch}, repoPath);
             if (saysUpToDate(output))
                 return merge::AlreadyUpToDate{};
             std::string head = headHash(git, repoPath);
@@ -50,7 +50,7 @@ MergeResult merge(GitExecutorProtocol& git, const std::string& repoPath, const s
 MergeResult fastForwardMerge(GitExecutorProtocol& git, const std::string& repoPath,
                              const std::string& branch) {
     refuseOptionLike(branch, "Branch name");
-    const std::string output = git.execute({"merge", "--ff-only", branch}, repoPath);
+    const std::string output = git.execute({"merge", "--ff-only", "--", branch}, repoPath);
     if (saysUpToDate(output))
         return merge::AlreadyUpToDate{};
     return merge::FastForward{headHash(git, repoPath)};
@@ -61,7 +61,7 @@ RebaseResult rebase(GitExecutorProtocol& git, const std::string& repoPath, const
     return runWithConflictRecovery(
         git, repoPath,
         [&]() -> RebaseResult {
-            const std::string output = git.execute({"rebase", onto}, repoPath);
+            const std::string output = git.execute({"rebase", "--", onto}, repoPath);
             if (output.find("is up to date") != std::string::npos)
                 return rebase::AlreadyUpToDate{};
             return rebase::Success{};

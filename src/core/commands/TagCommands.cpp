@@ -27,6 +27,7 @@ std::vector<TagEntry> listTags(GitExecutorProtocol& git, const std::string& repo
 }
 
 std::string tagDetail(GitExecutorProtocol& git, const std::string& repoPath, const std::string& name) {
+    refuseOptionLike(name, "tag name");
     return git.execute({"show", "--no-patch", "tags/" + name}, repoPath);
 }
 
@@ -53,6 +54,7 @@ void createTag(GitExecutorProtocol& git, const std::string& repoPath, const std:
         arguments.push_back("-m");
         arguments.push_back(*message);
     }
+    arguments.push_back("--");
     arguments.push_back(name);
     if (hash)
         arguments.push_back(*hash);
@@ -69,15 +71,16 @@ void pushTag(GitExecutorProtocol& git, const std::string& repoPath, const std::s
              const std::string& remote) {
     refuseOptionLike(remote, "remote name");
     refuseOptionLike(name, "tag name");
-    git.execute({"push", remote, name}, repoPath);
+    git.execute({"push", "--", remote, name}, repoPath);
 }
 
 void deleteTag(GitExecutorProtocol& git, const std::string& repoPath, const std::string& name) {
     refuseOptionLike(name, "tag name");
-    git.execute({"tag", "-d", name}, repoPath);
+    git.execute({"tag", "-d", "--", name}, repoPath);
 }
 
 void checkoutTag(GitExecutorProtocol& git, const std::string& repoPath, const std::string& name) {
+    refuseOptionLike(name, "tag name");
     git.execute({"checkout", "tags/" + name}, repoPath);
 }
 

@@ -1,6 +1,6 @@
 // Tags: listing, showing, creating (annotated, signed or lightweight), pushing, deleting and
-// checking one out. Names reached through "tags/" can't be taken for options; names placed as
-// plain arguments that begin with "-" are refused before git runs.
+// checking one out. Names and remotes that begin with "-" are refused before git runs, and stand
+// behind "--" where the command has one.
 #pragma once
 
 #include "core/process/GitExecutorProtocol.h"

@@ -8,6 +8,7 @@
 #include "core/records/BlameEntry.h"
 #include "core/records/BranchEntry.h"
 #include "core/records/CommitEntry.h"
+#include "core/records/CommitSearchType.h"
 #include "core/records/DiffContext.h"
 #include "core/records/DiffResult.h"
 #include "core/records/FileChange.h"
@@ -165,6 +166,9 @@ class GitServiceProtocol {
                                                    std::stop_token cancellation = {}) = 0;
     virtual QCoro::Task<RepoEntry> initRepository(std::string path, std::optional<std::string> initialBranch,
                                                   std::stop_token cancellation = {}) = 0;
+    virtual QCoro::Task<std::vector<CommitEntry>> searchCommits(RepoEntry repo, std::string query,
+                                                                CommitSearchType scope, long limit,
+                                                                std::stop_token cancellation = {}) = 0;
 };
 
 } // namespace orvel

@@ -1,8 +1,10 @@
 // The canned history of the in-memory service: a small graph with a merge, a feature branch, a
-// remote branch and a tag, and HEAD's flat history read from it.
+// remote branch and a tag, HEAD's flat history read from it, and a search of its messages and
+// authors.
 #include "core/service/MockGitService.h"
 
 #include <algorithm>
+#include <cctype>
 #include <chrono>
 #include <set>
 
@@ -151,6 +153,34 @@ QCoro::Task<std::vector<CommitEntry>> MockGitService::commitHistory(RepoEntry, l
 QCoro::Task<std::vector<GraphCommit>> MockGitService::commitGraph(RepoEntry, long limit, std::stop_token) {
     const auto count = static_cast<std::size_t>(std::clamp<long>(limit, 0, static_cast<long>(graph.size())));
     co_return std::vector<GraphCommit>(graph.begin(), graph.begin() + static_cast<std::ptrdiff_t>(count));
+}
+
+// Message and author searches over the canned graph, compared in ASCII lower case; the scopes
+// that need the content of commits find nothing.
+QCoro::Task<std::vector<CommitEntry>> MockGitService::searchCommits(RepoEntry, std::string query,
+                                                                    CommitSearchType scope, long limit,
+                                                                    std::stop_token) {
+    const auto lowered = [](std::string text) {
+        std::transform(text.begin(), text.end(), text.begin(),
+                       [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
+        return text;
+    };
+    const std::string needle = lowered(query);
+    const bool byMessage = scope == CommitSearchType::all || scope == CommitSearchType::message;
+    const bool byAuthor = scope == CommitSearchType::all || scope == CommitSearchType::author;
+    std::vector<CommitEntry> found;
+    for (const auto& commit : graph) {
+        if (needle.empty() || static_cast<long>(found.size()) >= limit)
+            break;
+        const CommitEntry entry = entryOf(commit);
+        const bool hit =
+            (byMessage && lowered(entry.subject + "\n" + entry.body).find(needle) != std::string::npos) ||
+            (byAuthor &&
+             lowered(entry.authorName + " " + entry.authorEmail).find(needle) != std::string::npos);
+        if (hit)
+            found.push_back(entry);
+    }
+    co_return found;
 }
 
 } // namespace orvel

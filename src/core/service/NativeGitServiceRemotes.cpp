@@ -27,7 +27,7 @@ QCoro::Task<std::vector<RemoteEntry>> NativeGitService::listRemotes(RepoEntry re
 QCoro::Task<void> NativeGitService::addRemote(RepoEntry repo, std::string name, std::string url,
                                               std::stop_token cancellation) {
     qCDebug(lcRefs, "addRemote: %s %s in %s", name.c_str(), redactForLog(url).c_str(), repo.path.c_str());
-    // The command has no "--", so a url that git would read as an option never reaches it.
+    // Checked before it is queued, as a clone's url is.
     RepositoryCommands::validateCloneUrl(url);
     auto task =
         queued(repo.path, cancellation, [name, url](GitExecutorProtocol& git, const std::string& repoPath) {
