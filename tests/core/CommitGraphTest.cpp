@@ -52,10 +52,6 @@ class CommitGraphOfRepository : public ::testing::Test {
 
 } // namespace
 
-TEST_F(CommitGraphOfRepository, EmptyRepositoryGivesAnEmptyGraph) {
-    EXPECT_TRUE(graph().empty());
-}
-
 TEST_F(CommitGraphOfRepository, RootsMergesAndOctopusKeepTheirParentsInOrder) {
     const std::string root = repo.commitAll("root");
     for (const char* branch : {"b1", "b2", "b3"}) {

@@ -18,8 +18,6 @@ using Arguments = GitExecutorProtocol::Arguments;
 
 namespace {
 
-const Arguments verifyHead{"rev-parse", "--verify", "HEAD"};
-
 std::string historyRecord(const std::string& subject) {
     using namespace std::string_literals;
     return "\x01"s + std::string(40, 'c') + "\0ccccccc\0\0A\0a@x\0"s + "2026-01-01T00:00:00Z\0A\0a@x\0"s +
@@ -27,49 +25,6 @@ std::string historyRecord(const std::string& subject) {
 }
 
 } // namespace
-
-TEST(StagingArguments, PathsStandBehindTheSeparator) {
-    test::RecordingExecutor git;
-    StagingCommands::stage(git, "/r", "-rf");
-    StagingCommands::stageFiles(git, "/r", {"a b", "-x", "c"});
-    StagingCommands::stageFiles(git, "/r", {});
-    StagingCommands::discardChanges(git, "/r", "-p", false);
-    StagingCommands::discardChanges(git, "/r", "f", true);
-    StagingCommands::unstage(git, "/r", "-f");
-    StagingCommands::unstageFiles(git, "/r", {"a", "-b"});
-    StagingCommands::unstageFiles(git, "/r", {});
-    EXPECT_EQ(git.argumentLists(), (std::vector<Arguments>{
-                                       {"add", "--", "-rf"},
-                                       {"add", "--", "a b", "-x", "c"},
-                                       {"restore", "--worktree", "--", "-p"},
-                                       {"restore", "--staged", "--worktree", "--", "f"},
-                                       verifyHead,
-                                       {"reset", "HEAD", "--", "-f"},
-                                       verifyHead,
-                                       {"reset", "HEAD", "--", "a", "-b"},
-                                   }));
-}
-
-TEST(StagingArguments, UnstageWithoutHeadOrWithAFailedResetRemovesFromTheIndex) {
-    test::RecordingExecutor git;
-    git.fail("rev-parse");
-    StagingCommands::unstage(git, "/r", "-f");
-    git.reply("");
-    git.fail("reset");
-    StagingCommands::unstageFiles(git, "/r", {"a", "b"});
-    git.fail("rev-parse");
-    StagingCommands::unstageAll(git, "/r");
-    EXPECT_EQ(git.argumentLists(), (std::vector<Arguments>{verifyHead,
-                                                           {"rm", "--cached", "--", "-f"},
-                                                           verifyHead,
-                                                           {"reset", "HEAD", "--", "a", "b"},
-                                                           {"rm", "--cached", "--", "a", "b"},
-                                                           verifyHead,
-                                                           {"rm", "--cached", "-r", "."}}));
-    git.fail("rev-parse");
-    git.fail("rm");
-    EXPECT_THROW(StagingCommands::unstage(git, "/r", "f"), GitServiceError);
-}
 
 TEST(SigningLookUp, CommitAndTagSigningCountOnlyTrueInAnyCaseAndSpacing) {
     for (const std::string_view key : {commitSigningKey, tagSigningKey}) {
