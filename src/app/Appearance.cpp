@@ -1,39 +1,42 @@
 #include "app/Appearance.h"
 
+#include "settings/ThemeEngine.h"
+#include "widgets/TokenPalette.h"
+
 #include <QApplication>
 #include <QPalette>
-#include <QStyle>
+
+#include <optional>
 
 namespace orvel {
 
 namespace {
 
-QPalette darkPalette() {
-    QPalette palette;
-    const QColor window(0x2b, 0x2b, 0x2b), base(0x1e, 0x1e, 0x1e), text(0xe6, 0xe6, 0xe6);
-    palette.setColor(QPalette::Window, window);
-    palette.setColor(QPalette::WindowText, text);
-    palette.setColor(QPalette::Base, base);
-    palette.setColor(QPalette::AlternateBase, window);
-    palette.setColor(QPalette::Text, text);
-    palette.setColor(QPalette::Button, window);
-    palette.setColor(QPalette::ButtonText, text);
-    palette.setColor(QPalette::ToolTipBase, base);
-    palette.setColor(QPalette::ToolTipText, text);
-    palette.setColor(QPalette::Highlight, QColor(0x3d, 0x6f, 0xb4));
-    palette.setColor(QPalette::HighlightedText, Qt::white);
-    return palette;
+std::optional<ColorScheme>& chosenScheme() {
+    static std::optional<ColorScheme> scheme;
+    return scheme;
+}
+
+void applyPalette() {
+    if (const std::optional<ColorScheme> scheme = chosenScheme())
+        QApplication::setPalette(tokenPalette(ThemeEngine::shared().tokens(*scheme)));
+    else
+        QApplication::setPalette(QPalette()); // no role set: the desktop's palette
 }
 
 } // namespace
 
 void applyAppearance(const QString& appearance) {
-    if (appearance == "dark")
-        QApplication::setPalette(darkPalette());
-    else if (appearance == "light")
-        QApplication::setPalette(QApplication::style()->standardPalette());
-    else
-        QApplication::setPalette(QPalette());
+    static const QMetaObject::Connection followsTheme =
+        QObject::connect(&ThemeEngine::shared(), &ThemeEngine::themeChanged, qApp, [] {
+            if (chosenScheme())
+                applyPalette();
+        });
+    Q_UNUSED(followsTheme);
+    chosenScheme() = appearance == QLatin1String("dark")    ? std::optional(ColorScheme::dark)
+                     : appearance == QLatin1String("light") ? std::optional(ColorScheme::light)
+                                                            : std::nullopt;
+    applyPalette();
 }
 
 } // namespace orvel

@@ -59,13 +59,14 @@ class HeldBackService final : public MockGitService {
 
     void release(std::initializer_list<int> reads) { released.insert(reads); }
 
-    QCoro::Task<std::string> readBlob(RepoEntry, std::string hash) override {
+    QCoro::Task<std::string> readBlob(RepoEntry, std::string hash, std::stop_token) override {
         const int number = readsStarted++;
         while (!released.count(number))
             co_await QCoro::sleepFor(std::chrono::milliseconds(1));
         co_return hash + " #" + std::to_string(number);
     }
-    QCoro::Task<void> writeResolvedFile(RepoEntry repo, std::string path, std::string content) override {
+    QCoro::Task<void> writeResolvedFile(RepoEntry repo, std::string path, std::string content,
+                                        std::stop_token) override {
         if (failWrites)
             throw GitServiceError::commandFailed("add", indexLocked);
         auto written =
@@ -75,19 +76,18 @@ class HeldBackService final : public MockGitService {
 };
 
 struct HeldBackEditor {
-    test::TempDir dir;
     std::shared_ptr<HeldBackService> service = std::make_shared<HeldBackService>();
     ConflictEntry conflict;
 
     HeldBackEditor() {
-        test::writeFile(dir.path() + "/f.txt", "a\n<<<<<<< HEAD\nours\n=======\ntheirs\n>>>>>>> x\nz\n");
+        service->workTreeFiles["f.txt"] = "a\n<<<<<<< HEAD\nours\n=======\ntheirs\n>>>>>>> x\nz\n";
         conflict.path = "f.txt";
         conflict.oursHash = "o";
         conflict.theirsHash = "t"; // no base: a read of only two blobs
     }
     std::unique_ptr<ConflictResolutionViewModel> makeModel() {
-        return std::make_unique<ConflictResolutionViewModel>(test::RealGitService::repoAt(dir.path()),
-                                                             conflict, service);
+        return std::make_unique<ConflictResolutionViewModel>(test::RealGitService::repoAt("/repo"), conflict,
+                                                             service);
     }
 };
 

@@ -4,6 +4,7 @@
 #include "support/GitFixture.h"
 
 #include <QApplication>
+#include <QFont>
 
 #include <gtest/gtest.h>
 
@@ -12,6 +13,11 @@ int main(int argc, char** argv) {
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
     QApplication application(argc, argv);
+    // One font and style everywhere, so that screenshots compare across machines and runs.
+    QApplication::setStyle(QStringLiteral("Fusion"));
+    QFont font(QStringLiteral("DejaVu Sans"));
+    font.setPointSize(10);
+    QApplication::setFont(font);
     ::testing::InitGoogleTest(&argc, argv);
     return RUN_ALL_TESTS();
 }

@@ -20,7 +20,7 @@ std::vector<BranchEntry> branches(GitExecutorProtocol& git, const std::string& r
 void createBranch(GitExecutorProtocol& git, const std::string& repoPath, const std::string& name,
                   const std::optional<std::string>& startPoint) {
     refuseOptionLike(name, branchName);
-    GitExecutorProtocol::Arguments arguments{"branch", name};
+    GitExecutorProtocol::Arguments arguments{"branch", "--", name};
     if (startPoint) {
         refuseOptionLike(*startPoint, startPointRole);
         arguments.push_back(*startPoint);
@@ -43,21 +43,21 @@ void checkoutNewBranch(GitExecutorProtocol& git, const std::string& repoPath, co
 void deleteBranch(GitExecutorProtocol& git, const std::string& repoPath, const std::string& name,
                   bool force) {
     refuseOptionLike(name, branchName);
-    git.execute({"branch", force ? "-D" : "-d", name}, repoPath);
+    git.execute({"branch", force ? "-D" : "-d", "--", name}, repoPath);
 }
 
 void renameBranch(GitExecutorProtocol& git, const std::string& repoPath, const std::string& oldName,
                   const std::string& newName) {
     refuseOptionLike(oldName, branchName);
     refuseOptionLike(newName, branchName);
-    git.execute({"branch", "-m", oldName, newName}, repoPath);
+    git.execute({"branch", "-m", "--", oldName, newName}, repoPath);
 }
 
 void deleteRemoteBranch(GitExecutorProtocol& git, const std::string& repoPath, const std::string& remote,
                         const std::string& branch) {
     refuseOptionLike(remote, "Remote name");
     refuseOptionLike(branch, branchName);
-    git.execute({"push", remote, "--delete", branch}, repoPath);
+    git.execute({"push", remote, "--delete", "--", branch}, repoPath);
 }
 
 std::vector<std::string> mergedBranches(GitExecutorProtocol& git, const std::string& repoPath,

@@ -11,8 +11,9 @@
 
 namespace orvel::BranchCommands {
 
-// Names, start points and remotes beginning with "-" are refused with invalidInput before git runs:
-// none of these command lines has a "--" to put them behind.
+// Names, start points and remotes beginning with "-" are refused with invalidInput before git runs.
+// Where "--" only ends the options it stands before them too; in checkout and in "--merged" it
+// would mean something else.
 
 // Local and remote branches, with git's "HEAD" pseudo-entries as it prints them.
 std::vector<BranchEntry> branches(GitExecutorProtocol& git, const std::string& repoPath);

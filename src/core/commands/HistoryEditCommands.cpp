@@ -1,7 +1,7 @@
 #include "core/commands/HistoryEditCommands.h"
 
-#include "core/commands/ConflictRecovery.h"
 #include "core/commands/ArgumentGuard.h"
+#include "core/commands/ConflictRecovery.h"
 
 namespace orvel::HistoryEditCommands {
 

@@ -49,7 +49,7 @@ InteractiveRebaseResult interactiveRebase(GitExecutorProtocol& git, const RepoEn
     }
 
     try {
-        git.executeWithEnvironment({"rebase", "--interactive", plan.onto}, repo.path, environment);
+        git.executeWithEnvironment({"rebase", "--interactive", "--", plan.onto}, repo.path, environment);
     } catch (const std::exception&) {
         // git's words don't say where it stopped; its state files do. Without them the rebase
         // never started, and the reader raises that.

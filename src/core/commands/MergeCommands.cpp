@@ -31,12 +31,12 @@ InteractiveRebaseResult continueOrReadStop(GitExecutorProtocol& git, const RepoE
 
 } // namespace
 
-MergeResult merge(GitExecutorProtocol& git, const std::string& repoPath, const std::string& branch) {
-    refuseOptionLike(branch, "Branch name");
+MergeResult runMerge(GitExecutorProtocol& git, const std::string& repoPath,
+                     const GitExecutorProtocol::Arguments& arguments) {
     return runWithConflictRecovery(
         git, repoPath,
         [&]() -> MergeResult {
-            const std::string output = git.execute({"merge", branch}, repoPath);
+            const std::string output = git.execute(arguments, repoPath);
             if (saysUpToDate(output))
                 return merge::AlreadyUpToDate{};
             std::string head = headHash(git, repoPath);
@@ -47,10 +47,15 @@ MergeResult merge(GitExecutorProtocol& git, const std::string& repoPath, const s
         [](std::vector<ConflictEntry> files) -> MergeResult { return Conflicted{std::move(files)}; });
 }
 
+MergeResult merge(GitExecutorProtocol& git, const std::string& repoPath, const std::string& branch) {
+    refuseOptionLike(branch, "Branch name");
+    return runMerge(git, repoPath, {"merge", "--", branch});
+}
+
 MergeResult fastForwardMerge(GitExecutorProtocol& git, const std::string& repoPath,
                              const std::string& branch) {
     refuseOptionLike(branch, "Branch name");
-    const std::string output = git.execute({"merge", "--ff-only", branch}, repoPath);
+    const std::string output = git.execute({"merge", "--ff-only", "--", branch}, repoPath);
     if (saysUpToDate(output))
         return merge::AlreadyUpToDate{};
     return merge::FastForward{headHash(git, repoPath)};
@@ -61,7 +66,7 @@ RebaseResult rebase(GitExecutorProtocol& git, const std::string& repoPath, const
     return runWithConflictRecovery(
         git, repoPath,
         [&]() -> RebaseResult {
-            const std::string output = git.execute({"rebase", onto}, repoPath);
+            const std::string output = git.execute({"rebase", "--", onto}, repoPath);
             if (output.find("is up to date") != std::string::npos)
                 return rebase::AlreadyUpToDate{};
             return rebase::Success{};

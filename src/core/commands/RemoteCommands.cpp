@@ -1,11 +1,11 @@
 #include "core/commands/RemoteCommands.h"
 
-#include "core/commands/ConflictRecovery.h"
+#include "core/commands/ArgumentGuard.h"
 #include "core/commands/HistoryCommands.h"
+#include "core/commands/MergeCommands.h"
 #include "core/parsers/RemoteParser.h"
 #include "core/service/GitServiceError.h"
 #include "core/support/Log.h"
-#include "core/support/Text.h"
 
 #include <exception>
 #include <optional>
@@ -13,6 +13,8 @@
 namespace orvel::RemoteCommands {
 
 namespace {
+
+constexpr std::string_view remoteName = "Remote name";
 
 // The option that selects `strategy`; `useConfig` leaves the choice to git's configuration.
 std::optional<std::string> pullFlag(PullStrategy strategy) {
@@ -37,43 +39,38 @@ std::vector<RemoteEntry> listRemotes(GitExecutorProtocol& git, const std::string
 
 void addRemote(GitExecutorProtocol& git, const std::string& repoPath, const std::string& name,
                const std::string& url) {
-    git.execute({"remote", "add", name, url}, repoPath);
+    refuseOptionLike(name, remoteName);
+    git.execute({"remote", "add", "--", name, url}, repoPath);
 }
 
 void removeRemote(GitExecutorProtocol& git, const std::string& repoPath, const std::string& name) {
-    git.execute({"remote", "remove", name}, repoPath);
+    refuseOptionLike(name, remoteName);
+    git.execute({"remote", "remove", "--", name}, repoPath);
 }
 
 void fetch(GitExecutorProtocol& git, const std::string& repoPath, const std::string& remote, bool prune) {
+    refuseOptionLike(remote, remoteName);
     if (prune)
-        git.execute({"fetch", "--prune", remote}, repoPath);
+        git.execute({"fetch", "--prune", "--", remote}, repoPath);
     else
-        git.execute({"fetch", remote}, repoPath);
+        git.execute({"fetch", "--", remote}, repoPath);
 }
 
 MergeResult pull(GitExecutorProtocol& git, const std::string& repoPath, const std::string& remote,
                  PullStrategy strategy) {
+    refuseOptionLike(remote, remoteName);
     GitExecutorProtocol::Arguments arguments{"pull"};
     if (auto flag = pullFlag(strategy))
         arguments.push_back(std::move(*flag));
+    arguments.push_back("--");
     arguments.push_back(remote);
-    MergeResult result = runWithConflictRecovery(
-        git, repoPath,
-        [&]() -> MergeResult {
-            const std::string output = git.execute(arguments, repoPath);
-            if (output.find("Already up to date") != std::string::npos)
-                return merge::AlreadyUpToDate{};
-            std::string head = trimmed(git.execute({"rev-parse", "HEAD"}, repoPath));
-            if (output.find("Fast-forward") != std::string::npos)
-                return merge::FastForward{std::move(head)};
-            return merge::Merged{std::move(head)};
-        },
-        [](std::vector<ConflictEntry> files) -> MergeResult { return Conflicted{std::move(files)}; });
+    MergeResult result = MergeCommands::runMerge(git, repoPath, arguments);
     qCDebug(lcOps, "pull result: %s", describe(result).c_str());
     return result;
 }
 
 void push(GitExecutorProtocol& git, const std::string& repoPath, const std::string& remote) {
+    refuseOptionLike(remote, remoteName);
     try {
         git.execute({"symbolic-ref", "HEAD"}, repoPath);
     } catch (const std::exception&) {
@@ -88,16 +85,19 @@ void push(GitExecutorProtocol& git, const std::string& repoPath, const std::stri
     }
     if (names && !names->contains(remote))
         throw GitServiceError::unknownRemote(remote);
-    git.execute({"push", "-u", remote, "HEAD"}, repoPath);
+    git.execute({"push", "-u", "--", remote, "HEAD"}, repoPath);
 }
 
 void pushBranch(GitExecutorProtocol& git, const std::string& repoPath, const std::string& branch,
                 const std::string& remote) {
-    git.execute({"push", "-u", remote, branch}, repoPath);
+    refuseOptionLike(remote, remoteName);
+    refuseOptionLike(branch, "Branch name");
+    git.execute({"push", "-u", "--", remote, branch}, repoPath);
 }
 
 void forcePush(GitExecutorProtocol& git, const std::string& repoPath, const std::string& remote) {
-    git.execute({"push", "--force-with-lease", remote, "HEAD"}, repoPath);
+    refuseOptionLike(remote, remoteName);
+    git.execute({"push", "--force-with-lease", "--", remote, "HEAD"}, repoPath);
 }
 
 const char* toString(PullStrategy strategy) {

@@ -12,7 +12,10 @@
 namespace orvel::RemoteCommands {
 
 std::vector<RemoteEntry> listRemotes(GitExecutorProtocol& git, const std::string& repoPath);
-// `url` must have passed RepositoryCommands::validateCloneUrl: the command has no "--".
+// Remote names and branches beginning with "-" are refused with invalidInput before git runs, and
+// they stand behind "--" as well.
+
+// `url` must have passed RepositoryCommands::validateCloneUrl.
 void addRemote(GitExecutorProtocol& git, const std::string& repoPath, const std::string& name,
                const std::string& url);
 void removeRemote(GitExecutorProtocol& git, const std::string& repoPath, const std::string& name);

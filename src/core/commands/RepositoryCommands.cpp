@@ -1,5 +1,6 @@
 #include "core/commands/RepositoryCommands.h"
 
+#include "core/commands/ArgumentGuard.h"
 #include "core/service/GitServiceError.h"
 #include "core/support/Text.h"
 
@@ -14,7 +15,8 @@ namespace {
 namespace fs = std::filesystem;
 
 // Runs a look-up whose failure only means "no answer".
-std::optional<std::string> answerOrNothing(GitExecutorProtocol& git, const GitExecutorProtocol::Arguments& arguments,
+std::optional<std::string> answerOrNothing(GitExecutorProtocol& git,
+                                           const GitExecutorProtocol::Arguments& arguments,
                                            const std::string& repoPath) {
     try {
         std::string answer = trimmed(git.execute(arguments, repoPath));
@@ -95,15 +97,17 @@ void validateCloneUrl(const std::string& url) {
     const std::string candidate = trimmedBlanks(url);
     if (candidate.empty())
         throw GitServiceError::invalidInput("URL must not be empty");
-    if (candidate.starts_with('-'))
-        throw GitServiceError::invalidInput("URL must not begin with '-': " + candidate);
+    refuseOptionLike(candidate, "URL");
 }
 
 void clone(GitExecutorProtocol& git, const std::string& url, const std::string& path) {
-    git.execute({"clone", url, path}, "/");
+    git.execute({"clone", "--", url, path}, "/");
 }
 
-void init(GitExecutorProtocol& git, const std::string& path, const std::optional<std::string>& initialBranch) {
+void init(GitExecutorProtocol& git, const std::string& path,
+          const std::optional<std::string>& initialBranch) {
+    if (initialBranch)
+        refuseOptionLike(*initialBranch, "Branch name");
     fs::create_directories(path);
     GitExecutorProtocol::Arguments arguments{"init"};
     if (initialBranch) {

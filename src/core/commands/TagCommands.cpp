@@ -4,9 +4,6 @@
 #include "core/parsers/RefParsers.h"
 #include "core/support/Text.h"
 
-#include <algorithm>
-#include <cctype>
-
 namespace orvel::TagCommands {
 
 using Arguments = GitExecutorProtocol::Arguments;
@@ -27,19 +24,8 @@ std::vector<TagEntry> listTags(GitExecutorProtocol& git, const std::string& repo
 }
 
 std::string tagDetail(GitExecutorProtocol& git, const std::string& repoPath, const std::string& name) {
+    refuseOptionLike(name, "tag name");
     return git.execute({"show", "--no-patch", "tags/" + name}, repoPath);
-}
-
-bool signingEnabled(GitExecutorProtocol& git, const std::string& repoPath) {
-    std::string value;
-    try {
-        value = trimmed(git.execute({"config", "tag.gpgsign"}, repoPath));
-    } catch (const GitServiceError&) {
-        return false; // git's answer for an unset key
-    }
-    std::transform(value.begin(), value.end(), value.begin(),
-                   [](unsigned char c) { return std::tolower(c); });
-    return value == "true";
 }
 
 void createTag(GitExecutorProtocol& git, const std::string& repoPath, const std::string& name,
@@ -53,6 +39,7 @@ void createTag(GitExecutorProtocol& git, const std::string& repoPath, const std:
         arguments.push_back("-m");
         arguments.push_back(*message);
     }
+    arguments.push_back("--");
     arguments.push_back(name);
     if (hash)
         arguments.push_back(*hash);
@@ -69,15 +56,16 @@ void pushTag(GitExecutorProtocol& git, const std::string& repoPath, const std::s
              const std::string& remote) {
     refuseOptionLike(remote, "remote name");
     refuseOptionLike(name, "tag name");
-    git.execute({"push", remote, name}, repoPath);
+    git.execute({"push", "--", remote, name}, repoPath);
 }
 
 void deleteTag(GitExecutorProtocol& git, const std::string& repoPath, const std::string& name) {
     refuseOptionLike(name, "tag name");
-    git.execute({"tag", "-d", name}, repoPath);
+    git.execute({"tag", "-d", "--", name}, repoPath);
 }
 
 void checkoutTag(GitExecutorProtocol& git, const std::string& repoPath, const std::string& name) {
+    refuseOptionLike(name, "tag name");
     git.execute({"checkout", "tags/" + name}, repoPath);
 }
 

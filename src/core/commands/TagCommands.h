@@ -1,6 +1,6 @@
 // Tags: listing, showing, creating (annotated, signed or lightweight), pushing, deleting and
-// checking one out. Names reached through "tags/" can't be taken for options; names placed as
-// plain arguments that begin with "-" are refused before git runs.
+// checking one out. Names and remotes that begin with "-" are refused before git runs, and stand
+// behind "--" where the command has one.
 #pragma once
 
 #include "core/process/GitExecutorProtocol.h"
@@ -16,8 +16,6 @@ std::vector<TagEntry> listTags(GitExecutorProtocol& git, const std::string& repo
 // What "git show --no-patch" prints for the tag, as it is.
 std::string tagDetail(GitExecutorProtocol& git, const std::string& repoPath, const std::string& name);
 
-// Whether "tag.gpgsign" is true; an unset key or any other value means off.
-bool signingEnabled(GitExecutorProtocol& git, const std::string& repoPath);
 // With a message the tag is annotated (signed when `sign`); without one it is lightweight. Without
 // a hash git tags HEAD.
 void createTag(GitExecutorProtocol& git, const std::string& repoPath, const std::string& name,

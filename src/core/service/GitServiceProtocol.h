@@ -1,14 +1,16 @@
 // The one interface through which upper layers reach a repository. Operations stand in contract
 // order; each is a coroutine that may fail with GitServiceError, a child-process error
 // (std::system_error) or a file-system error. Arguments are taken by value: coroutines outlive
-// their callers' temporaries.
+// their callers' temporaries. Each takes a stop token last: an operation whose token has been
+// triggered before it reaches the queue fails with OperationCancelled and runs nothing.
 #pragma once
 
+#include "core/records/BlameEntry.h"
+#include "core/records/BranchEntry.h"
+#include "core/records/CommitEntry.h"
+#include "core/records/CommitSearchType.h"
 #include "core/records/DiffContext.h"
 #include "core/records/DiffResult.h"
-#include "core/records/BlameEntry.h"
-#include "core/records/CommitEntry.h"
-#include "core/records/BranchEntry.h"
 #include "core/records/FileChange.h"
 #include "core/records/GraphCommit.h"
 #include "core/records/RebasePlan.h"
@@ -21,90 +23,157 @@
 #include <QCoro/QCoroTask>
 
 #include <optional>
+#include <stop_token>
 #include <string>
 #include <vector>
 
 namespace orvel {
 
 class GitServiceProtocol {
-public:
+  public:
     virtual ~GitServiceProtocol() = default;
 
-    virtual QCoro::Task<RepoEntry> open(std::string path) = 0;
-    virtual QCoro::Task<StatusResult> status(RepoEntry repo) = 0;
-    virtual QCoro::Task<void> stage(RepoEntry repo, std::string path) = 0;
-    virtual QCoro::Task<void> stageFiles(RepoEntry repo, std::vector<std::string> paths) = 0;
-    virtual QCoro::Task<void> stageAll(RepoEntry repo) = 0;
-    virtual QCoro::Task<void> unstage(RepoEntry repo, std::string path) = 0;
-    virtual QCoro::Task<void> unstageFiles(RepoEntry repo, std::vector<std::string> paths) = 0;
-    virtual QCoro::Task<void> unstageAll(RepoEntry repo) = 0;
-    virtual QCoro::Task<void> stageHunk(RepoEntry repo, std::string path, DiffHunk hunk) = 0;
-    virtual QCoro::Task<void> unstageHunk(RepoEntry repo, std::string path, DiffHunk hunk) = 0;
-    virtual QCoro::Task<void> discardHunk(RepoEntry repo, std::string path, DiffHunk hunk) = 0;
-    virtual QCoro::Task<void> discardChanges(RepoEntry repo, std::string path, bool includeStaged) = 0;
-    virtual QCoro::Task<CommitEntry> commit(RepoEntry repo, std::string message) = 0;
-    virtual QCoro::Task<CommitEntry> amendCommit(RepoEntry repo, std::string message) = 0;
-    virtual QCoro::Task<std::vector<CommitEntry>> commitHistory(RepoEntry repo, long limit) = 0;
-    virtual QCoro::Task<std::vector<GraphCommit>> commitGraph(RepoEntry repo, long limit) = 0;
-    virtual QCoro::Task<DiffResult> diff(RepoEntry repo, DiffContext context,
-                                         std::optional<int> contextLines) = 0;
+    virtual QCoro::Task<RepoEntry> open(std::string path, std::stop_token cancellation = {}) = 0;
+    virtual QCoro::Task<StatusResult> status(RepoEntry repo, std::stop_token cancellation = {}) = 0;
+    virtual QCoro::Task<void> stage(RepoEntry repo, std::string path, std::stop_token cancellation = {}) = 0;
+    virtual QCoro::Task<void> stageFiles(RepoEntry repo, std::vector<std::string> paths,
+                                         std::stop_token cancellation = {}) = 0;
+    virtual QCoro::Task<void> stageAll(RepoEntry repo, std::stop_token cancellation = {}) = 0;
+    virtual QCoro::Task<void> unstage(RepoEntry repo, std::string path,
+                                      std::stop_token cancellation = {}) = 0;
+    virtual QCoro::Task<void> unstageFiles(RepoEntry repo, std::vector<std::string> paths,
+                                           std::stop_token cancellation = {}) = 0;
+    virtual QCoro::Task<void> unstageAll(RepoEntry repo, std::stop_token cancellation = {}) = 0;
+    virtual QCoro::Task<void> stageHunk(RepoEntry repo, std::string path, DiffHunk hunk,
+                                        std::stop_token cancellation = {}) = 0;
+    virtual QCoro::Task<void> unstageHunk(RepoEntry repo, std::string path, DiffHunk hunk,
+                                          std::stop_token cancellation = {}) = 0;
+    virtual QCoro::Task<void> discardHunk(RepoEntry repo, std::string path, DiffHunk hunk,
+                                          std::stop_token cancellation = {}) = 0;
+    virtual QCoro::Task<void> discardChanges(RepoEntry repo, std::string path, bool includeStaged,
+                                             std::stop_token cancellation = {}) = 0;
+    virtual QCoro::Task<CommitEntry> commit(RepoEntry repo, std::string message,
+                                            std::stop_token cancellation = {}) = 0;
+    virtual QCoro::Task<CommitEntry> amendCommit(RepoEntry repo, std::string message,
+                                                 std::stop_token cancellation = {}) = 0;
+    virtual QCoro::Task<std::vector<CommitEntry>> commitHistory(RepoEntry repo, long limit,
+                                                                std::stop_token cancellation = {}) = 0;
+    virtual QCoro::Task<std::vector<GraphCommit>> commitGraph(RepoEntry repo, long limit,
+                                                              std::stop_token cancellation = {}) = 0;
+    virtual QCoro::Task<DiffResult> diff(RepoEntry repo, DiffContext context, std::optional<int> contextLines,
+                                         std::stop_token cancellation = {}) = 0;
     virtual QCoro::Task<DiffResult> commitDiff(RepoEntry repo, std::string hash,
-                                               std::optional<int> contextLines) = 0;
-    virtual QCoro::Task<std::vector<FileChange>> commitFileChanges(RepoEntry repo, std::string hash) = 0;
-    virtual QCoro::Task<std::vector<BlameEntry>> blame(RepoEntry repo, std::string path) = 0;
-    virtual QCoro::Task<std::vector<BranchEntry>> branches(RepoEntry repo) = 0;
+                                               std::optional<int> contextLines,
+                                               std::stop_token cancellation = {}) = 0;
+    virtual QCoro::Task<std::vector<FileChange>> commitFileChanges(RepoEntry repo, std::string hash,
+                                                                   std::stop_token cancellation = {}) = 0;
+    virtual QCoro::Task<std::vector<BlameEntry>> blame(RepoEntry repo, std::string path,
+                                                       std::stop_token cancellation = {}) = 0;
+    virtual QCoro::Task<std::vector<BranchEntry>> branches(RepoEntry repo,
+                                                           std::stop_token cancellation = {}) = 0;
     virtual QCoro::Task<void> createBranch(RepoEntry repo, std::string name,
-                                           std::optional<std::string> startPoint) = 0;
-    virtual QCoro::Task<void> checkoutBranch(RepoEntry repo, std::string name) = 0;
-    virtual QCoro::Task<void> checkoutNewBranch(RepoEntry repo, std::string name, std::string startPoint) = 0;
-    virtual QCoro::Task<void> deleteBranch(RepoEntry repo, std::string name, bool force) = 0;
-    virtual QCoro::Task<void> renameBranch(RepoEntry repo, std::string oldName, std::string newName) = 0;
-    virtual QCoro::Task<void> deleteRemoteBranch(RepoEntry repo, std::string remote, std::string branch) = 0;
-    virtual QCoro::Task<MergeResult> merge(RepoEntry repo, std::string branch) = 0;
-    virtual QCoro::Task<MergeResult> fastForwardMerge(RepoEntry repo, std::string branch) = 0;
-    virtual QCoro::Task<RebaseResult> rebase(RepoEntry repo, std::string onto) = 0;
-    virtual QCoro::Task<std::vector<RebaseTodoEntry>> rebaseTodoList(RepoEntry repo, std::string onto) = 0;
-    virtual QCoro::Task<InteractiveRebaseResult> interactiveRebase(RepoEntry repo, RebasePlan plan) = 0;
-    virtual QCoro::Task<void> pushBranch(RepoEntry repo, std::string branch, std::string remote) = 0;
-    virtual QCoro::Task<std::string> tagDetail(RepoEntry repo, std::string name) = 0;
-    virtual QCoro::Task<std::vector<RemoteEntry>> listRemotes(RepoEntry repo) = 0;
-    virtual QCoro::Task<void> addRemote(RepoEntry repo, std::string name, std::string url) = 0;
-    virtual QCoro::Task<void> removeRemote(RepoEntry repo, std::string name) = 0;
-    virtual QCoro::Task<void> fetch(RepoEntry repo, std::string remote, bool prune) = 0;
-    virtual QCoro::Task<MergeResult> pull(RepoEntry repo, std::string remote, PullStrategy strategy) = 0;
-    virtual QCoro::Task<void> push(RepoEntry repo, std::string remote) = 0;
-    virtual QCoro::Task<void> forcePush(RepoEntry repo, std::string remote) = 0;
-    virtual QCoro::Task<OperationResult> cherryPick(RepoEntry repo, std::string hash) = 0;
-    virtual QCoro::Task<OperationResult> revert(RepoEntry repo, std::string hash) = 0;
-    virtual QCoro::Task<void> reset(RepoEntry repo, std::string hash, ResetMode mode) = 0;
-    virtual QCoro::Task<std::vector<TagEntry>> listTags(RepoEntry repo) = 0;
+                                           std::optional<std::string> startPoint,
+                                           std::stop_token cancellation = {}) = 0;
+    virtual QCoro::Task<void> checkoutBranch(RepoEntry repo, std::string name,
+                                             std::stop_token cancellation = {}) = 0;
+    virtual QCoro::Task<void> checkoutNewBranch(RepoEntry repo, std::string name, std::string startPoint,
+                                                std::stop_token cancellation = {}) = 0;
+    virtual QCoro::Task<void> deleteBranch(RepoEntry repo, std::string name, bool force,
+                                           std::stop_token cancellation = {}) = 0;
+    virtual QCoro::Task<void> renameBranch(RepoEntry repo, std::string oldName, std::string newName,
+                                           std::stop_token cancellation = {}) = 0;
+    virtual QCoro::Task<void> deleteRemoteBranch(RepoEntry repo, std::string remote, std::string branch,
+                                                 std::stop_token cancellation = {}) = 0;
+    virtual QCoro::Task<MergeResult> merge(RepoEntry repo, std::string branch,
+                                           std::stop_token cancellation = {}) = 0;
+    virtual QCoro::Task<MergeResult> fastForwardMerge(RepoEntry repo, std::string branch,
+                                                      std::stop_token cancellation = {}) = 0;
+    virtual QCoro::Task<RebaseResult> rebase(RepoEntry repo, std::string onto,
+                                             std::stop_token cancellation = {}) = 0;
+    virtual QCoro::Task<std::vector<RebaseTodoEntry>> rebaseTodoList(RepoEntry repo, std::string onto,
+                                                                     std::stop_token cancellation = {}) = 0;
+    virtual QCoro::Task<InteractiveRebaseResult> interactiveRebase(RepoEntry repo, RebasePlan plan,
+                                                                   std::stop_token cancellation = {}) = 0;
+    virtual QCoro::Task<void> pushBranch(RepoEntry repo, std::string branch, std::string remote,
+                                         std::stop_token cancellation = {}) = 0;
+    virtual QCoro::Task<std::string> tagDetail(RepoEntry repo, std::string name,
+                                               std::stop_token cancellation = {}) = 0;
+    virtual QCoro::Task<std::vector<RemoteEntry>> listRemotes(RepoEntry repo,
+                                                              std::stop_token cancellation = {}) = 0;
+    virtual QCoro::Task<void> addRemote(RepoEntry repo, std::string name, std::string url,
+                                        std::stop_token cancellation = {}) = 0;
+    virtual QCoro::Task<void> removeRemote(RepoEntry repo, std::string name,
+                                           std::stop_token cancellation = {}) = 0;
+    virtual QCoro::Task<void> fetch(RepoEntry repo, std::string remote, bool prune,
+                                    std::stop_token cancellation = {}) = 0;
+    virtual QCoro::Task<MergeResult> pull(RepoEntry repo, std::string remote, PullStrategy strategy,
+                                          std::stop_token cancellation = {}) = 0;
+    virtual QCoro::Task<void> push(RepoEntry repo, std::string remote, std::stop_token cancellation = {}) = 0;
+    virtual QCoro::Task<void> forcePush(RepoEntry repo, std::string remote,
+                                        std::stop_token cancellation = {}) = 0;
+    virtual QCoro::Task<OperationResult> cherryPick(RepoEntry repo, std::string hash,
+                                                    std::stop_token cancellation = {}) = 0;
+    virtual QCoro::Task<OperationResult> revert(RepoEntry repo, std::string hash,
+                                                std::stop_token cancellation = {}) = 0;
+    virtual QCoro::Task<void> reset(RepoEntry repo, std::string hash, ResetMode mode,
+                                    std::stop_token cancellation = {}) = 0;
+    virtual QCoro::Task<std::vector<TagEntry>> listTags(RepoEntry repo,
+                                                        std::stop_token cancellation = {}) = 0;
     virtual QCoro::Task<void> createTag(RepoEntry repo, std::string name, std::optional<std::string> hash,
-                                        std::optional<std::string> message) = 0;
-    virtual QCoro::Task<void> pushTag(RepoEntry repo, std::string name, std::string remote) = 0;
-    virtual QCoro::Task<void> deleteTag(RepoEntry repo, std::string name) = 0;
-    virtual QCoro::Task<void> checkoutTag(RepoEntry repo, std::string name) = 0;
-    virtual QCoro::Task<void> stashSave(RepoEntry repo, std::optional<std::string> message, bool includeUntracked) = 0;
-    virtual QCoro::Task<OperationResult> stashPop(RepoEntry repo) = 0;
-    virtual QCoro::Task<OperationResult> stashApply(RepoEntry repo, long index) = 0;
-    virtual QCoro::Task<void> stashDrop(RepoEntry repo, long index) = 0;
-    virtual QCoro::Task<std::vector<StashEntry>> stashList(RepoEntry repo) = 0;
-    virtual QCoro::Task<void> stashFile(RepoEntry repo, std::string path) = 0;
-    virtual QCoro::Task<void> resolveConflictUsingOurs(RepoEntry repo, std::string path) = 0;
-    virtual QCoro::Task<void> resolveConflictUsingTheirs(RepoEntry repo, std::string path) = 0;
-    virtual QCoro::Task<void> abortMerge(RepoEntry repo) = 0;
-    virtual QCoro::Task<void> abortRebase(RepoEntry repo) = 0;
-    virtual QCoro::Task<void> abortCherryPick(RepoEntry repo) = 0;
-    virtual QCoro::Task<void> abortRevert(RepoEntry repo) = 0;
-    virtual QCoro::Task<InteractiveRebaseResult> rebaseContinue(RepoEntry repo) = 0;
-    virtual QCoro::Task<InteractiveRebaseResult> rebaseSkip(RepoEntry repo) = 0;
-    virtual QCoro::Task<std::string> readBlob(RepoEntry repo, std::string hash) = 0;
-    virtual QCoro::Task<void> writeResolvedFile(RepoEntry repo, std::string path, std::string content) = 0;
-    virtual QCoro::Task<std::vector<CommitEntry>> fileHistory(RepoEntry repo, std::string path, long limit) = 0;
-    virtual QCoro::Task<std::optional<std::string>> defaultBranch(RepoEntry repo) = 0;
-    virtual QCoro::Task<std::vector<std::string>> mergedBranches(RepoEntry repo, std::string target) = 0;
-    virtual QCoro::Task<std::optional<std::string>> currentBranch(RepoEntry repo) = 0;
-    virtual QCoro::Task<RepoEntry> cloneRepository(std::string url, std::string path) = 0;
-    virtual QCoro::Task<RepoEntry> initRepository(std::string path, std::optional<std::string> initialBranch) = 0;
+                                        std::optional<std::string> message,
+                                        std::stop_token cancellation = {}) = 0;
+    virtual QCoro::Task<void> pushTag(RepoEntry repo, std::string name, std::string remote,
+                                      std::stop_token cancellation = {}) = 0;
+    virtual QCoro::Task<void> deleteTag(RepoEntry repo, std::string name,
+                                        std::stop_token cancellation = {}) = 0;
+    virtual QCoro::Task<void> checkoutTag(RepoEntry repo, std::string name,
+                                          std::stop_token cancellation = {}) = 0;
+    virtual QCoro::Task<void> stashSave(RepoEntry repo, std::optional<std::string> message,
+                                        bool includeUntracked, std::stop_token cancellation = {}) = 0;
+    virtual QCoro::Task<OperationResult> stashPop(RepoEntry repo, std::stop_token cancellation = {}) = 0;
+    virtual QCoro::Task<OperationResult> stashApply(RepoEntry repo, long index,
+                                                    std::stop_token cancellation = {}) = 0;
+    virtual QCoro::Task<void> stashDrop(RepoEntry repo, long index, std::stop_token cancellation = {}) = 0;
+    virtual QCoro::Task<std::vector<StashEntry>> stashList(RepoEntry repo,
+                                                           std::stop_token cancellation = {}) = 0;
+    virtual QCoro::Task<void> stashFile(RepoEntry repo, std::string path,
+                                        std::stop_token cancellation = {}) = 0;
+    virtual QCoro::Task<void> resolveConflictUsingOurs(RepoEntry repo, std::string path,
+                                                       std::stop_token cancellation = {}) = 0;
+    virtual QCoro::Task<void> resolveConflictUsingTheirs(RepoEntry repo, std::string path,
+                                                         std::stop_token cancellation = {}) = 0;
+    virtual QCoro::Task<void> abortMerge(RepoEntry repo, std::stop_token cancellation = {}) = 0;
+    virtual QCoro::Task<void> abortRebase(RepoEntry repo, std::stop_token cancellation = {}) = 0;
+    virtual QCoro::Task<void> abortCherryPick(RepoEntry repo, std::stop_token cancellation = {}) = 0;
+    virtual QCoro::Task<void> abortRevert(RepoEntry repo, std::stop_token cancellation = {}) = 0;
+    virtual QCoro::Task<InteractiveRebaseResult> rebaseContinue(RepoEntry repo,
+                                                                std::stop_token cancellation = {}) = 0;
+    virtual QCoro::Task<InteractiveRebaseResult> rebaseSkip(RepoEntry repo,
+                                                            std::stop_token cancellation = {}) = 0;
+    virtual QCoro::Task<std::string> readBlob(RepoEntry repo, std::string hash,
+                                              std::stop_token cancellation = {}) = 0;
+    virtual QCoro::Task<void> writeResolvedFile(RepoEntry repo, std::string path, std::string content,
+                                                std::stop_token cancellation = {}) = 0;
+    virtual QCoro::Task<std::string> readWorkTreeFile(RepoEntry repo, std::string path,
+                                                      std::stop_token cancellation = {}) = 0;
+    virtual QCoro::Task<std::vector<CommitEntry>> fileHistory(RepoEntry repo, std::string path, long limit,
+                                                              std::stop_token cancellation = {}) = 0;
+    virtual QCoro::Task<std::optional<std::string>> defaultBranch(RepoEntry repo,
+                                                                  std::stop_token cancellation = {}) = 0;
+    virtual QCoro::Task<std::vector<std::string>> mergedBranches(RepoEntry repo, std::string target,
+                                                                 std::stop_token cancellation = {}) = 0;
+    virtual QCoro::Task<std::optional<std::string>> currentBranch(RepoEntry repo,
+                                                                  std::stop_token cancellation = {}) = 0;
+    virtual QCoro::Task<RepoEntry> cloneRepository(std::string url, std::string path,
+                                                   std::stop_token cancellation = {}) = 0;
+    virtual QCoro::Task<RepoEntry> initRepository(std::string path, std::optional<std::string> initialBranch,
+                                                  std::stop_token cancellation = {}) = 0;
+    virtual QCoro::Task<std::vector<CommitEntry>> searchCommits(RepoEntry repo, std::string query,
+                                                                CommitSearchType scope, long limit,
+                                                                std::stop_token cancellation = {}) = 0;
+    // Writes git's commit-graph file when it is missing or older than the refs; answers whether
+    // it wrote one.
+    virtual QCoro::Task<bool> updateCommitGraph(RepoEntry repo, std::stop_token cancellation = {}) = 0;
 };
 
 } // namespace orvel

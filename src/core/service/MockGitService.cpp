@@ -22,31 +22,41 @@ MockGitService::MockGitService() {
     };
 }
 
-QCoro::Task<RepoEntry> MockGitService::open(std::string path) {
+QCoro::Task<RepoEntry> MockGitService::open(std::string path, std::stop_token) {
     RepoEntry entry = repository;
     entry.gitDirPath = path + "/.git";
     entry.path = std::move(path);
     co_return entry;
 }
 
-QCoro::Task<StatusResult> MockGitService::status(RepoEntry) { co_return StatusResult(workingTree); }
+QCoro::Task<StatusResult> MockGitService::status(RepoEntry, std::stop_token) {
+    co_return StatusResult(workingTree);
+}
 
-QCoro::Task<std::optional<std::string>> MockGitService::defaultBranch(RepoEntry) { co_return std::optional<std::string>(defaultBranchName); }
+QCoro::Task<std::optional<std::string>> MockGitService::defaultBranch(RepoEntry, std::stop_token) {
+    co_return std::optional<std::string>(defaultBranchName);
+}
 
-QCoro::Task<std::optional<std::string>> MockGitService::currentBranch(RepoEntry) {
+QCoro::Task<std::optional<std::string>> MockGitService::currentBranch(RepoEntry, std::stop_token) {
     co_return std::optional<std::string>(repository.currentBranch);
 }
 
-QCoro::Task<RepoEntry> MockGitService::cloneRepository(std::string url, std::string path) {
+QCoro::Task<RepoEntry> MockGitService::cloneRepository(std::string url, std::string path, std::stop_token) {
     RepositoryCommands::validateCloneUrl(url);
     co_return co_await open(std::move(path));
 }
 
-QCoro::Task<RepoEntry> MockGitService::initRepository(std::string path, std::optional<std::string> initialBranch) {
+QCoro::Task<RepoEntry>
+MockGitService::initRepository(std::string path, std::optional<std::string> initialBranch, std::stop_token) {
     RepoEntry entry = co_await open(std::move(path));
     entry.currentBranch = initialBranch.value_or("main");
     entry.headHash.reset();
     co_return entry;
+}
+
+QCoro::Task<bool> MockGitService::updateCommitGraph(RepoEntry, std::stop_token) {
+    ++commitGraphUpdates;
+    co_return true;
 }
 
 } // namespace orvel

@@ -14,84 +14,141 @@
 namespace orvel {
 
 class MockGitService : public GitServiceProtocol {
-public:
+  public:
     MockGitService();
 
-    QCoro::Task<RepoEntry> open(std::string path) override;
-    QCoro::Task<StatusResult> status(RepoEntry repo) override;
-    QCoro::Task<void> stage(RepoEntry repo, std::string path) override;
-    QCoro::Task<void> stageFiles(RepoEntry repo, std::vector<std::string> paths) override;
-    QCoro::Task<void> stageAll(RepoEntry repo) override;
-    QCoro::Task<void> unstage(RepoEntry repo, std::string path) override;
-    QCoro::Task<void> unstageFiles(RepoEntry repo, std::vector<std::string> paths) override;
-    QCoro::Task<void> unstageAll(RepoEntry repo) override;
-    QCoro::Task<void> stageHunk(RepoEntry repo, std::string path, DiffHunk hunk) override;
-    QCoro::Task<void> unstageHunk(RepoEntry repo, std::string path, DiffHunk hunk) override;
-    QCoro::Task<void> discardHunk(RepoEntry repo, std::string path, DiffHunk hunk) override;
-    QCoro::Task<void> discardChanges(RepoEntry repo, std::string path, bool includeStaged) override;
-    QCoro::Task<CommitEntry> commit(RepoEntry repo, std::string message) override;
-    QCoro::Task<CommitEntry> amendCommit(RepoEntry repo, std::string message) override;
-    QCoro::Task<std::vector<CommitEntry>> commitHistory(RepoEntry repo, long limit) override;
-    QCoro::Task<std::vector<GraphCommit>> commitGraph(RepoEntry repo, long limit) override;
-    QCoro::Task<DiffResult> diff(RepoEntry repo, DiffContext context,
-                                 std::optional<int> contextLines) override;
-    QCoro::Task<DiffResult> commitDiff(RepoEntry repo, std::string hash,
-                                       std::optional<int> contextLines) override;
-    QCoro::Task<std::vector<FileChange>> commitFileChanges(RepoEntry repo, std::string hash) override;
-    QCoro::Task<std::vector<BlameEntry>> blame(RepoEntry repo, std::string path) override;
-    QCoro::Task<std::vector<BranchEntry>> branches(RepoEntry repo) override;
-    QCoro::Task<void> createBranch(RepoEntry repo, std::string name,
-                                   std::optional<std::string> startPoint) override;
-    QCoro::Task<void> checkoutBranch(RepoEntry repo, std::string name) override;
-    QCoro::Task<void> checkoutNewBranch(RepoEntry repo, std::string name, std::string startPoint) override;
-    QCoro::Task<void> deleteBranch(RepoEntry repo, std::string name, bool force) override;
-    QCoro::Task<void> renameBranch(RepoEntry repo, std::string oldName, std::string newName) override;
-    QCoro::Task<void> deleteRemoteBranch(RepoEntry repo, std::string remote, std::string branch) override;
-    QCoro::Task<MergeResult> merge(RepoEntry repo, std::string branch) override;
-    QCoro::Task<MergeResult> fastForwardMerge(RepoEntry repo, std::string branch) override;
-    QCoro::Task<RebaseResult> rebase(RepoEntry repo, std::string onto) override;
-    QCoro::Task<std::vector<RebaseTodoEntry>> rebaseTodoList(RepoEntry repo, std::string onto) override;
-    QCoro::Task<InteractiveRebaseResult> interactiveRebase(RepoEntry repo, RebasePlan plan) override;
-    QCoro::Task<void> pushBranch(RepoEntry repo, std::string branch, std::string remote) override;
-    QCoro::Task<std::string> tagDetail(RepoEntry repo, std::string name) override;
-    QCoro::Task<std::vector<RemoteEntry>> listRemotes(RepoEntry repo) override;
-    QCoro::Task<void> addRemote(RepoEntry repo, std::string name, std::string url) override;
-    QCoro::Task<void> removeRemote(RepoEntry repo, std::string name) override;
-    QCoro::Task<void> fetch(RepoEntry repo, std::string remote, bool prune) override;
-    QCoro::Task<MergeResult> pull(RepoEntry repo, std::string remote, PullStrategy strategy) override;
-    QCoro::Task<void> push(RepoEntry repo, std::string remote) override;
-    QCoro::Task<void> forcePush(RepoEntry repo, std::string remote) override;
-    QCoro::Task<OperationResult> cherryPick(RepoEntry repo, std::string hash) override;
-    QCoro::Task<OperationResult> revert(RepoEntry repo, std::string hash) override;
-    QCoro::Task<void> reset(RepoEntry repo, std::string hash, ResetMode mode) override;
-    QCoro::Task<std::vector<TagEntry>> listTags(RepoEntry repo) override;
+    QCoro::Task<RepoEntry> open(std::string path, std::stop_token cancellation = {}) override;
+    QCoro::Task<StatusResult> status(RepoEntry repo, std::stop_token cancellation = {}) override;
+    QCoro::Task<void> stage(RepoEntry repo, std::string path, std::stop_token cancellation = {}) override;
+    QCoro::Task<void> stageFiles(RepoEntry repo, std::vector<std::string> paths,
+                                 std::stop_token cancellation = {}) override;
+    QCoro::Task<void> stageAll(RepoEntry repo, std::stop_token cancellation = {}) override;
+    QCoro::Task<void> unstage(RepoEntry repo, std::string path, std::stop_token cancellation = {}) override;
+    QCoro::Task<void> unstageFiles(RepoEntry repo, std::vector<std::string> paths,
+                                   std::stop_token cancellation = {}) override;
+    QCoro::Task<void> unstageAll(RepoEntry repo, std::stop_token cancellation = {}) override;
+    QCoro::Task<void> stageHunk(RepoEntry repo, std::string path, DiffHunk hunk,
+                                std::stop_token cancellation = {}) override;
+    QCoro::Task<void> unstageHunk(RepoEntry repo, std::string path, DiffHunk hunk,
+                                  std::stop_token cancellation = {}) override;
+    QCoro::Task<void> discardHunk(RepoEntry repo, std::string path, DiffHunk hunk,
+                                  std::stop_token cancellation = {}) override;
+    QCoro::Task<void> discardChanges(RepoEntry repo, std::string path, bool includeStaged,
+                                     std::stop_token cancellation = {}) override;
+    QCoro::Task<CommitEntry> commit(RepoEntry repo, std::string message,
+                                    std::stop_token cancellation = {}) override;
+    QCoro::Task<CommitEntry> amendCommit(RepoEntry repo, std::string message,
+                                         std::stop_token cancellation = {}) override;
+    QCoro::Task<std::vector<CommitEntry>> commitHistory(RepoEntry repo, long limit,
+                                                        std::stop_token cancellation = {}) override;
+    QCoro::Task<std::vector<GraphCommit>> commitGraph(RepoEntry repo, long limit,
+                                                      std::stop_token cancellation = {}) override;
+    QCoro::Task<DiffResult> diff(RepoEntry repo, DiffContext context, std::optional<int> contextLines,
+                                 std::stop_token cancellation = {}) override;
+    QCoro::Task<DiffResult> commitDiff(RepoEntry repo, std::string hash, std::optional<int> contextLines,
+                                       std::stop_token cancellation = {}) override;
+    QCoro::Task<std::vector<FileChange>> commitFileChanges(RepoEntry repo, std::string hash,
+                                                           std::stop_token cancellation = {}) override;
+    QCoro::Task<std::vector<BlameEntry>> blame(RepoEntry repo, std::string path,
+                                               std::stop_token cancellation = {}) override;
+    QCoro::Task<std::vector<BranchEntry>> branches(RepoEntry repo,
+                                                   std::stop_token cancellation = {}) override;
+    QCoro::Task<void> createBranch(RepoEntry repo, std::string name, std::optional<std::string> startPoint,
+                                   std::stop_token cancellation = {}) override;
+    QCoro::Task<void> checkoutBranch(RepoEntry repo, std::string name,
+                                     std::stop_token cancellation = {}) override;
+    QCoro::Task<void> checkoutNewBranch(RepoEntry repo, std::string name, std::string startPoint,
+                                        std::stop_token cancellation = {}) override;
+    QCoro::Task<void> deleteBranch(RepoEntry repo, std::string name, bool force,
+                                   std::stop_token cancellation = {}) override;
+    QCoro::Task<void> renameBranch(RepoEntry repo, std::string oldName, std::string newName,
+                                   std::stop_token cancellation = {}) override;
+    QCoro::Task<void> deleteRemoteBranch(RepoEntry repo, std::string remote, std::string branch,
+                                         std::stop_token cancellation = {}) override;
+    QCoro::Task<MergeResult> merge(RepoEntry repo, std::string branch,
+                                   std::stop_token cancellation = {}) override;
+    QCoro::Task<MergeResult> fastForwardMerge(RepoEntry repo, std::string branch,
+                                              std::stop_token cancellation = {}) override;
+    QCoro::Task<RebaseResult> rebase(RepoEntry repo, std::string onto,
+                                     std::stop_token cancellation = {}) override;
+    QCoro::Task<std::vector<RebaseTodoEntry>> rebaseTodoList(RepoEntry repo, std::string onto,
+                                                             std::stop_token cancellation = {}) override;
+    QCoro::Task<InteractiveRebaseResult> interactiveRebase(RepoEntry repo, RebasePlan plan,
+                                                           std::stop_token cancellation = {}) override;
+    QCoro::Task<void> pushBranch(RepoEntry repo, std::string branch, std::string remote,
+                                 std::stop_token cancellation = {}) override;
+    QCoro::Task<std::string> tagDetail(RepoEntry repo, std::string name,
+                                       std::stop_token cancellation = {}) override;
+    QCoro::Task<std::vector<RemoteEntry>> listRemotes(RepoEntry repo,
+                                                      std::stop_token cancellation = {}) override;
+    QCoro::Task<void> addRemote(RepoEntry repo, std::string name, std::string url,
+                                std::stop_token cancellation = {}) override;
+    QCoro::Task<void> removeRemote(RepoEntry repo, std::string name,
+                                   std::stop_token cancellation = {}) override;
+    QCoro::Task<void> fetch(RepoEntry repo, std::string remote, bool prune,
+                            std::stop_token cancellation = {}) override;
+    QCoro::Task<MergeResult> pull(RepoEntry repo, std::string remote, PullStrategy strategy,
+                                  std::stop_token cancellation = {}) override;
+    QCoro::Task<void> push(RepoEntry repo, std::string remote, std::stop_token cancellation = {}) override;
+    QCoro::Task<void> forcePush(RepoEntry repo, std::string remote,
+                                std::stop_token cancellation = {}) override;
+    QCoro::Task<OperationResult> cherryPick(RepoEntry repo, std::string hash,
+                                            std::stop_token cancellation = {}) override;
+    QCoro::Task<OperationResult> revert(RepoEntry repo, std::string hash,
+                                        std::stop_token cancellation = {}) override;
+    QCoro::Task<void> reset(RepoEntry repo, std::string hash, ResetMode mode,
+                            std::stop_token cancellation = {}) override;
+    QCoro::Task<std::vector<TagEntry>> listTags(RepoEntry repo, std::stop_token cancellation = {}) override;
     QCoro::Task<void> createTag(RepoEntry repo, std::string name, std::optional<std::string> hash,
-                                std::optional<std::string> message) override;
-    QCoro::Task<void> pushTag(RepoEntry repo, std::string name, std::string remote) override;
-    QCoro::Task<void> deleteTag(RepoEntry repo, std::string name) override;
-    QCoro::Task<void> checkoutTag(RepoEntry repo, std::string name) override;
-    QCoro::Task<void> stashSave(RepoEntry repo, std::optional<std::string> message, bool includeUntracked) override;
-    QCoro::Task<OperationResult> stashPop(RepoEntry repo) override;
-    QCoro::Task<OperationResult> stashApply(RepoEntry repo, long index) override;
-    QCoro::Task<void> stashDrop(RepoEntry repo, long index) override;
-    QCoro::Task<std::vector<StashEntry>> stashList(RepoEntry repo) override;
-    QCoro::Task<void> stashFile(RepoEntry repo, std::string path) override;
-    QCoro::Task<void> resolveConflictUsingOurs(RepoEntry repo, std::string path) override;
-    QCoro::Task<void> resolveConflictUsingTheirs(RepoEntry repo, std::string path) override;
-    QCoro::Task<void> abortMerge(RepoEntry repo) override;
-    QCoro::Task<void> abortRebase(RepoEntry repo) override;
-    QCoro::Task<void> abortCherryPick(RepoEntry repo) override;
-    QCoro::Task<void> abortRevert(RepoEntry repo) override;
-    QCoro::Task<InteractiveRebaseResult> rebaseContinue(RepoEntry repo) override;
-    QCoro::Task<InteractiveRebaseResult> rebaseSkip(RepoEntry repo) override;
-    QCoro::Task<std::string> readBlob(RepoEntry repo, std::string hash) override;
-    QCoro::Task<void> writeResolvedFile(RepoEntry repo, std::string path, std::string content) override;
-    QCoro::Task<std::vector<CommitEntry>> fileHistory(RepoEntry repo, std::string path, long limit) override;
-    QCoro::Task<std::optional<std::string>> defaultBranch(RepoEntry repo) override;
-    QCoro::Task<std::vector<std::string>> mergedBranches(RepoEntry repo, std::string target) override;
-    QCoro::Task<std::optional<std::string>> currentBranch(RepoEntry repo) override;
-    QCoro::Task<RepoEntry> cloneRepository(std::string url, std::string path) override;
-    QCoro::Task<RepoEntry> initRepository(std::string path, std::optional<std::string> initialBranch) override;
+                                std::optional<std::string> message,
+                                std::stop_token cancellation = {}) override;
+    QCoro::Task<void> pushTag(RepoEntry repo, std::string name, std::string remote,
+                              std::stop_token cancellation = {}) override;
+    QCoro::Task<void> deleteTag(RepoEntry repo, std::string name, std::stop_token cancellation = {}) override;
+    QCoro::Task<void> checkoutTag(RepoEntry repo, std::string name,
+                                  std::stop_token cancellation = {}) override;
+    QCoro::Task<void> stashSave(RepoEntry repo, std::optional<std::string> message, bool includeUntracked,
+                                std::stop_token cancellation = {}) override;
+    QCoro::Task<OperationResult> stashPop(RepoEntry repo, std::stop_token cancellation = {}) override;
+    QCoro::Task<OperationResult> stashApply(RepoEntry repo, long index,
+                                            std::stop_token cancellation = {}) override;
+    QCoro::Task<void> stashDrop(RepoEntry repo, long index, std::stop_token cancellation = {}) override;
+    QCoro::Task<std::vector<StashEntry>> stashList(RepoEntry repo,
+                                                   std::stop_token cancellation = {}) override;
+    QCoro::Task<void> stashFile(RepoEntry repo, std::string path, std::stop_token cancellation = {}) override;
+    QCoro::Task<void> resolveConflictUsingOurs(RepoEntry repo, std::string path,
+                                               std::stop_token cancellation = {}) override;
+    QCoro::Task<void> resolveConflictUsingTheirs(RepoEntry repo, std::string path,
+                                                 std::stop_token cancellation = {}) override;
+    QCoro::Task<void> abortMerge(RepoEntry repo, std::stop_token cancellation = {}) override;
+    QCoro::Task<void> abortRebase(RepoEntry repo, std::stop_token cancellation = {}) override;
+    QCoro::Task<void> abortCherryPick(RepoEntry repo, std::stop_token cancellation = {}) override;
+    QCoro::Task<void> abortRevert(RepoEntry repo, std::stop_token cancellation = {}) override;
+    QCoro::Task<InteractiveRebaseResult> rebaseContinue(RepoEntry repo,
+                                                        std::stop_token cancellation = {}) override;
+    QCoro::Task<InteractiveRebaseResult> rebaseSkip(RepoEntry repo,
+                                                    std::stop_token cancellation = {}) override;
+    QCoro::Task<std::string> readBlob(RepoEntry repo, std::string hash,
+                                      std::stop_token cancellation = {}) override;
+    QCoro::Task<void> writeResolvedFile(RepoEntry repo, std::string path, std::string content,
+                                        std::stop_token cancellation = {}) override;
+    QCoro::Task<std::string> readWorkTreeFile(RepoEntry repo, std::string path,
+                                              std::stop_token cancellation = {}) override;
+    QCoro::Task<std::vector<CommitEntry>> fileHistory(RepoEntry repo, std::string path, long limit,
+                                                      std::stop_token cancellation = {}) override;
+    QCoro::Task<std::optional<std::string>> defaultBranch(RepoEntry repo,
+                                                          std::stop_token cancellation = {}) override;
+    QCoro::Task<std::vector<std::string>> mergedBranches(RepoEntry repo, std::string target,
+                                                         std::stop_token cancellation = {}) override;
+    QCoro::Task<std::optional<std::string>> currentBranch(RepoEntry repo,
+                                                          std::stop_token cancellation = {}) override;
+    QCoro::Task<RepoEntry> cloneRepository(std::string url, std::string path,
+                                           std::stop_token cancellation = {}) override;
+    QCoro::Task<RepoEntry> initRepository(std::string path, std::optional<std::string> initialBranch,
+                                          std::stop_token cancellation = {}) override;
+    QCoro::Task<std::vector<CommitEntry>> searchCommits(RepoEntry repo, std::string query, CommitSearchType scope,
+                                                        long limit, std::stop_token cancellation = {}) override;
+    QCoro::Task<bool> updateCommitGraph(RepoEntry repo, std::stop_token cancellation = {}) override;
 
     // The canned repository: `open` answers it with the requested path.
     RepoEntry repository;
@@ -122,9 +179,11 @@ public:
     static std::vector<RemoteEntry> sampleRemotes();
 
     // The branch operations change this list as git would change the refs, and fail with git's
-    // words where git would.
+    // words where git would. Merges and rebases read the graph: a target HEAD already holds is up
+    // to date, one ahead of HEAD is a fast-forward; diverged histories depend on file contents
+    // this service lacks and answer `mergeOutcome` or `rebaseOutcome` (a conflict stops there).
     std::vector<BranchEntry> branchList = sampleBranches();
-    MergeResult mergeOutcome = merge::AlreadyUpToDate{};
+    MergeResult mergeOutcome = merge::Merged{};
     RebaseResult rebaseOutcome = rebase::Success{};
     InteractiveRebaseResult rebaseStepOutcome = rebase::Success{}; // of rebaseContinue and rebaseSkip
     // `rebaseTodoList` reads HEAD's first-parent line of `graph` back to the commit that `onto` names
@@ -132,7 +191,8 @@ public:
     // answers `interactiveRebaseOutcome`.
     std::optional<RebasePlan> lastRebasePlan;
     InteractiveRebaseResult interactiveRebaseOutcome = rebase::Success{};
-    std::vector<std::string> mergedBranchNames = {"main", "feature/sidebar"};
+    // How often `updateCommitGraph` ran; it answers that it wrote the file.
+    int commitGraphUpdates = 0;
 
     // The canned tags, stashes (newest first, "stash@{0}" first), blame runs by path and blob
     // contents by hash. Stash, tag and reset operations change them and `repository`; a resolved
@@ -142,20 +202,38 @@ public:
     std::map<std::string, std::vector<BlameEntry>> blames = sampleBlames();
     std::map<std::string, std::string> blobs = sampleBlobs();
     std::map<std::string, std::string> resolvedFiles;
+    // Working-tree files by path; a resolved file reads back as it was written.
+    std::map<std::string, std::string> workTreeFiles;
 
     static std::vector<TagEntry> sampleTags();
     static std::vector<StashEntry> sampleStashes();
     static std::map<std::string, std::vector<BlameEntry>> sampleBlames();
     static std::map<std::string, std::string> sampleBlobs();
 
-private:
-    // Puts a new entry at "stash@{0}" and renumbers the rest.
-    void pushStash(const std::string& message);
+  private:
+    // Puts a new entry at "stash@{0}" holding `files`, and renumbers the rest.
+    void pushStash(const std::string& message, std::vector<FileChange> files, bool includesUntracked);
+    // Brings back the files of the stash at `index`, as far as this service saw them saved.
+    void applyStash(long index);
+    std::string wipMessage() const;
     static CommitEntry entryOf(const GraphCommit& commit);
     // Makes the commit that a commit or an amend with `message` leaves at HEAD.
     CommitEntry commitStaged(const std::string& message, bool amend);
+    // Adds a commit with `message` on top of HEAD, or in its place for an amend, and moves HEAD
+    // and its branch to it.
+    GraphCommit& addCommit(const std::string& message, bool amend);
+    // Moves HEAD, and the branch it is on, to `hash`.
+    void moveHead(const std::string& hash);
+    // The hash that a branch name, a tag name or a hash names; empty when none.
+    std::string resolve(const std::string& revision) const;
+    // Whether `ancestor` is `commit` or reachable from it through parents in `graph`.
+    bool reaches(const std::string& commit, const std::string& ancestor) const;
+    // Merges and rebases that stop leave `files` unmerged; an abort takes them back out.
+    void stopWithConflicts(const std::vector<ConflictEntry>& files, RepositoryState state);
+    void abortStop(RepositoryState state, const std::string& command, const std::string& words);
 
     int madeCommits_ = 0;
+    std::map<std::string, std::vector<FileChange>> stashedFiles_; // by stash hash
     static std::vector<BranchEntry> sampleBranches();
     BranchEntry* findBranch(const std::string& fullRefName);
 };

@@ -117,22 +117,23 @@ std::vector<FileChange> MockGitService::sampleCommitFiles() {
     return GitOutputParser::parseNameStatus("A\tdocs/guide.md\nR100\tnotes.txt\tdocs/notes.txt\n");
 }
 
-QCoro::Task<void> MockGitService::stageHunk(RepoEntry, std::string path, DiffHunk hunk) {
+QCoro::Task<void> MockGitService::stageHunk(RepoEntry, std::string path, DiffHunk hunk, std::stop_token) {
     putHunk(stagedDiff, path, takeHunk(unstagedDiff, path, hunk));
     co_return;
 }
 
-QCoro::Task<void> MockGitService::unstageHunk(RepoEntry, std::string path, DiffHunk hunk) {
+QCoro::Task<void> MockGitService::unstageHunk(RepoEntry, std::string path, DiffHunk hunk, std::stop_token) {
     putHunk(unstagedDiff, path, takeHunk(stagedDiff, path, hunk));
     co_return;
 }
 
-QCoro::Task<void> MockGitService::discardHunk(RepoEntry, std::string path, DiffHunk hunk) {
+QCoro::Task<void> MockGitService::discardHunk(RepoEntry, std::string path, DiffHunk hunk, std::stop_token) {
     takeHunk(unstagedDiff, path, hunk);
     co_return;
 }
 
-QCoro::Task<DiffResult> MockGitService::diff(RepoEntry, DiffContext context, std::optional<int>) {
+QCoro::Task<DiffResult> MockGitService::diff(RepoEntry, DiffContext context, std::optional<int>,
+                                             std::stop_token) {
     switch (context.kind) {
     case DiffContext::Case::unstaged:
         co_return DiffResult(unstagedDiff);
@@ -146,11 +147,13 @@ QCoro::Task<DiffResult> MockGitService::diff(RepoEntry, DiffContext context, std
     co_return DiffResult(historyDiff);
 }
 
-QCoro::Task<DiffResult> MockGitService::commitDiff(RepoEntry, std::string, std::optional<int>) {
+QCoro::Task<DiffResult> MockGitService::commitDiff(RepoEntry, std::string, std::optional<int>,
+                                                   std::stop_token) {
     co_return DiffResult(historyDiff);
 }
 
-QCoro::Task<std::vector<FileChange>> MockGitService::commitFileChanges(RepoEntry, std::string) {
+QCoro::Task<std::vector<FileChange>> MockGitService::commitFileChanges(RepoEntry, std::string,
+                                                                       std::stop_token) {
     co_return std::vector<FileChange>(commitFiles);
 }
 

@@ -1,10 +1,13 @@
-// Blame, file history and blobs in the in-memory service, read from its canned maps and graph.
+// Blame, file history, blobs and working-tree files in the in-memory service, read from its canned
+// maps and graph.
 #include "core/commands/BlobCommands.h"
 #include "core/service/GitServiceError.h"
 #include "core/service/MockGitService.h"
 
 #include <algorithm>
 #include <chrono>
+#include <filesystem>
+#include <system_error>
 
 namespace orvel {
 
@@ -32,7 +35,7 @@ std::map<std::string, std::string> MockGitService::sampleBlobs() {
             {"3b18e512dba79e4c8300dd08aeb37f8e728b8dad", "hello world\n"}};
 }
 
-QCoro::Task<std::vector<BlameEntry>> MockGitService::blame(RepoEntry, std::string path) {
+QCoro::Task<std::vector<BlameEntry>> MockGitService::blame(RepoEntry, std::string path, std::stop_token) {
     const auto found = blames.find(path);
     if (found == blames.end())
         throw GitServiceError::commandFailed("blame", "fatal: no such path '" + path + "' in HEAD\n");
@@ -40,7 +43,7 @@ QCoro::Task<std::vector<BlameEntry>> MockGitService::blame(RepoEntry, std::strin
     co_return copy;
 }
 
-QCoro::Task<std::string> MockGitService::readBlob(RepoEntry, std::string hash) {
+QCoro::Task<std::string> MockGitService::readBlob(RepoEntry, std::string hash, std::stop_token) {
     const std::string checked = BlobCommands::checkedBlobHash(hash);
     const auto found = blobs.find(checked);
     if (found == blobs.end())
@@ -49,7 +52,8 @@ QCoro::Task<std::string> MockGitService::readBlob(RepoEntry, std::string hash) {
     co_return copy;
 }
 
-QCoro::Task<void> MockGitService::writeResolvedFile(RepoEntry, std::string path, std::string content) {
+QCoro::Task<void> MockGitService::writeResolvedFile(RepoEntry, std::string path, std::string content,
+                                                    std::stop_token) {
     resolvedFiles[path] = std::move(content);
     const auto found = std::find_if(workingTree.files.begin(), workingTree.files.end(),
                                     [&](const FileChange& file) { return file.path == path; });
@@ -58,8 +62,18 @@ QCoro::Task<void> MockGitService::writeResolvedFile(RepoEntry, std::string path,
     co_return;
 }
 
+QCoro::Task<std::string> MockGitService::readWorkTreeFile(RepoEntry, std::string path, std::stop_token) {
+    const auto& files = resolvedFiles.contains(path) ? resolvedFiles : workTreeFiles;
+    const auto found = files.find(path);
+    if (found == files.end())
+        throw std::filesystem::filesystem_error("cannot read file", path,
+                                                std::make_error_code(std::errc::no_such_file_or_directory));
+    std::string copy = found->second;
+    co_return copy;
+}
+
 QCoro::Task<std::vector<CommitEntry>> MockGitService::fileHistory(RepoEntry repo, std::string path,
-                                                                  long limit) {
+                                                                  long limit, std::stop_token) {
     if (blames.find(path) == blames.end())
         co_return std::vector<CommitEntry>{};
     // The canned graph has no file contents: every commit of HEAD's line stands for the file.

@@ -1,9 +1,12 @@
 // The canned history of the in-memory service: a small graph with a merge, a feature branch, a
-// remote branch and a tag, and HEAD's flat history read from it.
+// remote branch and a tag, HEAD's flat history read from it, and a search of its messages and
+// authors.
 #include "core/service/MockGitService.h"
 
 #include <algorithm>
+#include <cctype>
 #include <chrono>
+#include <set>
 
 namespace orvel {
 
@@ -79,7 +82,60 @@ std::vector<GraphCommit> MockGitService::sampleGraph() {
     };
 }
 
-QCoro::Task<std::vector<CommitEntry>> MockGitService::commitHistory(RepoEntry, long limit) {
+bool MockGitService::reaches(const std::string& commit, const std::string& ancestor) const {
+    std::vector<std::string> pending{commit};
+    std::set<std::string> seen;
+    while (!pending.empty()) {
+        const std::string hash = pending.back();
+        pending.pop_back();
+        if (hash == ancestor)
+            return true;
+        if (!seen.insert(hash).second)
+            continue;
+        const auto found = std::ranges::find(graph, hash, &GraphCommit::hash);
+        if (found != graph.end())
+            pending.insert(pending.end(), found->parentHashes.begin(), found->parentHashes.end());
+    }
+    return false;
+}
+
+std::string MockGitService::resolve(const std::string& revision) const {
+    if (revision == "HEAD")
+        return repository.headHash.value_or("");
+    for (const BranchEntry& branch : branchList)
+        if (branch.name == revision)
+            return branch.hash;
+    for (const TagEntry& tag : tags)
+        if (tag.name == revision)
+            return tag.targetHash.value_or(tag.hash);
+    const auto commit = std::ranges::find_if(graph, [&](const GraphCommit& candidate) {
+        return revision.size() >= 4 && candidate.hash.starts_with(revision);
+    });
+    return commit == graph.end() ? std::string() : commit->hash;
+}
+
+void MockGitService::moveHead(const std::string& hash) {
+    const auto onBranch = [&](const GraphRef& ref) {
+        return ref.type == GraphRefType::localBranch && ref.name == repository.currentBranch;
+    };
+    for (GraphCommit& commit : graph) {
+        commit.isHead = commit.hash == hash;
+        std::erase_if(commit.refs, onBranch);
+        for (GraphRef& ref : commit.refs)
+            ref.isCurrent = false;
+    }
+    if (repository.currentBranch) {
+        const auto target = std::ranges::find(graph, hash, &GraphCommit::hash);
+        if (target != graph.end())
+            target->refs.insert(target->refs.begin(),
+                                {*repository.currentBranch, GraphRefType::localBranch, true});
+        if (BranchEntry* branch = findBranch("refs/heads/" + *repository.currentBranch))
+            branch->hash = hash;
+    }
+    repository.headHash = hash;
+}
+
+QCoro::Task<std::vector<CommitEntry>> MockGitService::commitHistory(RepoEntry, long limit, std::stop_token) {
     std::vector<CommitEntry> history;
     auto current =
         std::find_if(graph.begin(), graph.end(), [](const GraphCommit& commit) { return commit.isHead; });
@@ -94,9 +150,37 @@ QCoro::Task<std::vector<CommitEntry>> MockGitService::commitHistory(RepoEntry, l
     co_return history;
 }
 
-QCoro::Task<std::vector<GraphCommit>> MockGitService::commitGraph(RepoEntry, long limit) {
+QCoro::Task<std::vector<GraphCommit>> MockGitService::commitGraph(RepoEntry, long limit, std::stop_token) {
     const auto count = static_cast<std::size_t>(std::clamp<long>(limit, 0, static_cast<long>(graph.size())));
     co_return std::vector<GraphCommit>(graph.begin(), graph.begin() + static_cast<std::ptrdiff_t>(count));
+}
+
+// Message and author searches over the canned graph, compared in ASCII lower case; the scopes
+// that need the content of commits find nothing.
+QCoro::Task<std::vector<CommitEntry>> MockGitService::searchCommits(RepoEntry, std::string query,
+                                                                    CommitSearchType scope, long limit,
+                                                                    std::stop_token) {
+    const auto lowered = [](std::string text) {
+        std::transform(text.begin(), text.end(), text.begin(),
+                       [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
+        return text;
+    };
+    const std::string needle = lowered(query);
+    const bool byMessage = scope == CommitSearchType::all || scope == CommitSearchType::message;
+    const bool byAuthor = scope == CommitSearchType::all || scope == CommitSearchType::author;
+    std::vector<CommitEntry> found;
+    for (const auto& commit : graph) {
+        if (needle.empty() || static_cast<long>(found.size()) >= limit)
+            break;
+        const CommitEntry entry = entryOf(commit);
+        const bool hit =
+            (byMessage && lowered(entry.subject + "\n" + entry.body).find(needle) != std::string::npos) ||
+            (byAuthor &&
+             lowered(entry.authorName + " " + entry.authorEmail).find(needle) != std::string::npos);
+        if (hit)
+            found.push_back(entry);
+    }
+    co_return found;
 }
 
 } // namespace orvel

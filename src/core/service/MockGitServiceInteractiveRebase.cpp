@@ -18,7 +18,8 @@ bool names(const GraphCommit& commit, const std::string& onto) {
 
 } // namespace
 
-QCoro::Task<std::vector<RebaseTodoEntry>> MockGitService::rebaseTodoList(RepoEntry, std::string onto) {
+QCoro::Task<std::vector<RebaseTodoEntry>> MockGitService::rebaseTodoList(RepoEntry, std::string onto,
+                                                                         std::stop_token) {
     refuseOptionLike(onto, "Rebase target");
     const auto target =
         std::ranges::find_if(graph, [&](const GraphCommit& commit) { return names(commit, onto); });
@@ -43,7 +44,8 @@ QCoro::Task<std::vector<RebaseTodoEntry>> MockGitService::rebaseTodoList(RepoEnt
     co_return entries;
 }
 
-QCoro::Task<InteractiveRebaseResult> MockGitService::interactiveRebase(RepoEntry, RebasePlan plan) {
+QCoro::Task<InteractiveRebaseResult> MockGitService::interactiveRebase(RepoEntry, RebasePlan plan,
+                                                                       std::stop_token) {
     refuseOptionLike(plan.onto, "Rebase target");
     const bool empty = plan.entries.empty();
     lastRebasePlan = std::move(plan);

@@ -34,16 +34,16 @@ std::vector<RemoteEntry> MockGitService::sampleRemotes() {
     };
 }
 
-QCoro::Task<void> MockGitService::pushBranch(RepoEntry, std::string, std::string remote) {
+QCoro::Task<void> MockGitService::pushBranch(RepoEntry, std::string, std::string remote, std::stop_token) {
     requireRemote(remotes, "push", remote);
     co_return;
 }
 
-QCoro::Task<std::vector<RemoteEntry>> MockGitService::listRemotes(RepoEntry) {
+QCoro::Task<std::vector<RemoteEntry>> MockGitService::listRemotes(RepoEntry, std::stop_token) {
     co_return std::vector<RemoteEntry>(remotes);
 }
 
-QCoro::Task<void> MockGitService::addRemote(RepoEntry, std::string name, std::string url) {
+QCoro::Task<void> MockGitService::addRemote(RepoEntry, std::string name, std::string url, std::stop_token) {
     RepositoryCommands::validateCloneUrl(url);
     if (hasRemote(remotes, name))
         throw GitServiceError::commandFailed("remote", "error: remote " + name + " already exists.\n");
@@ -53,24 +53,24 @@ QCoro::Task<void> MockGitService::addRemote(RepoEntry, std::string name, std::st
     co_return;
 }
 
-QCoro::Task<void> MockGitService::removeRemote(RepoEntry, std::string name) {
+QCoro::Task<void> MockGitService::removeRemote(RepoEntry, std::string name, std::stop_token) {
     if (!hasRemote(remotes, name))
         throw GitServiceError::commandFailed("remote", "error: No such remote: '" + name + "'\n");
     std::erase_if(remotes, [&](const RemoteEntry& remote) { return remote.name == name; });
     co_return;
 }
 
-QCoro::Task<void> MockGitService::fetch(RepoEntry, std::string remote, bool) {
+QCoro::Task<void> MockGitService::fetch(RepoEntry, std::string remote, bool, std::stop_token) {
     requireRemote(remotes, "fetch", remote);
     co_return;
 }
 
-QCoro::Task<MergeResult> MockGitService::pull(RepoEntry, std::string remote, PullStrategy) {
+QCoro::Task<MergeResult> MockGitService::pull(RepoEntry, std::string remote, PullStrategy, std::stop_token) {
     requireRemote(remotes, "pull", remote);
     co_return MergeResult(merge::AlreadyUpToDate{});
 }
 
-QCoro::Task<void> MockGitService::push(RepoEntry, std::string remote) {
+QCoro::Task<void> MockGitService::push(RepoEntry, std::string remote, std::stop_token) {
     if (!repository.currentBranch)
         throw GitServiceError::detachedHead();
     if (!hasRemote(remotes, remote))
@@ -78,7 +78,7 @@ QCoro::Task<void> MockGitService::push(RepoEntry, std::string remote) {
     co_return;
 }
 
-QCoro::Task<void> MockGitService::forcePush(RepoEntry, std::string remote) {
+QCoro::Task<void> MockGitService::forcePush(RepoEntry, std::string remote, std::stop_token) {
     requireRemote(remotes, "push", remote);
     co_return;
 }

@@ -6,60 +6,65 @@
 
 namespace orvel {
 
-// Each block's task is made in a statement of its own: g++ 12 destroys temporaries that stand
-// inside an await expression twice.
+// An operation that only runs its block returns the queue's task instead of awaiting it: the
+// block is made in a statement of its own, never inside an await expression, where g++ 12
+// destroys temporaries twice.
 
 NativeGitService::NativeGitService(std::shared_ptr<GitExecutorProtocol> executor,
                                    std::shared_ptr<GitOpRunner> opRunner)
     : executor_(std::move(executor)), opRunner_(std::move(opRunner)) {}
 
-QCoro::Task<RepoEntry> NativeGitService::open(std::string path) {
+QCoro::Task<RepoEntry> NativeGitService::open(std::string path, std::stop_token cancellation) {
     qCDebug(lcRepo, "open: %s", path.c_str());
-    auto task = opRunner_->serializedExecute(
-        path, [git = executor_, path] { return RepositoryCommands::open(*git, path); });
-    co_return co_await std::move(task);
+    return queued(path, cancellation, [](GitExecutorProtocol& git, const std::string& repoPath) {
+        return RepositoryCommands::open(git, repoPath);
+    });
 }
 
-QCoro::Task<StatusResult> NativeGitService::status(RepoEntry repo) {
+QCoro::Task<StatusResult> NativeGitService::status(RepoEntry repo, std::stop_token cancellation) {
     qCDebug(lcRepo, "status: %s", repo.path.c_str());
-    auto task = opRunner_->serializedExecute(
-        repo.path, [git = executor_, path = repo.path] { return StatusCommands::status(*git, path); });
-    co_return co_await std::move(task);
+    return queued(repo.path, cancellation, [](GitExecutorProtocol& git, const std::string& repoPath) {
+        return StatusCommands::status(git, repoPath);
+    });
 }
 
-QCoro::Task<std::optional<std::string>> NativeGitService::defaultBranch(RepoEntry repo) {
+QCoro::Task<std::optional<std::string>> NativeGitService::defaultBranch(RepoEntry repo,
+                                                                        std::stop_token cancellation) {
     qCDebug(lcRefs, "defaultBranch: %s", repo.path.c_str());
-    auto task = opRunner_->serializedExecute(repo.path, [git = executor_, path = repo.path] {
-        return RepositoryCommands::defaultBranch(*git, path);
+    return queued(repo.path, cancellation, [](GitExecutorProtocol& git, const std::string& repoPath) {
+        return RepositoryCommands::defaultBranch(git, repoPath);
     });
-    co_return co_await std::move(task);
 }
 
-QCoro::Task<std::optional<std::string>> NativeGitService::currentBranch(RepoEntry repo) {
+QCoro::Task<std::optional<std::string>> NativeGitService::currentBranch(RepoEntry repo,
+                                                                        std::stop_token cancellation) {
     qCDebug(lcRefs, "currentBranch: %s", repo.path.c_str());
-    auto task = opRunner_->serializedExecute(repo.path, [git = executor_, path = repo.path] {
-        return RepositoryCommands::currentBranch(*git, path);
+    return queued(repo.path, cancellation, [](GitExecutorProtocol& git, const std::string& repoPath) {
+        return RepositoryCommands::currentBranch(git, repoPath);
     });
-    co_return co_await std::move(task);
 }
 
-QCoro::Task<RepoEntry> NativeGitService::cloneRepository(std::string url, std::string path) {
+QCoro::Task<RepoEntry> NativeGitService::cloneRepository(std::string url, std::string path,
+                                                         std::stop_token cancellation) {
     qCDebug(lcRepo, "cloneRepository: %s -> %s", redactForLog(url).c_str(), path.c_str());
     RepositoryCommands::validateCloneUrl(url);
-    auto task = opRunner_->serializedExecute(
-        path, [git = executor_, url, path] { RepositoryCommands::clone(*git, url, path); });
+    auto task = queued(path, cancellation, [url](GitExecutorProtocol& git, const std::string& repoPath) {
+        RepositoryCommands::clone(git, url, repoPath);
+    });
     co_await std::move(task);
-    co_return co_await open(path);
+    co_return co_await open(path, cancellation);
 }
 
 QCoro::Task<RepoEntry> NativeGitService::initRepository(std::string path,
-                                                        std::optional<std::string> initialBranch) {
+                                                        std::optional<std::string> initialBranch,
+                                                        std::stop_token cancellation) {
     qCDebug(lcRepo, "initRepository: %s", path.c_str());
-    auto task = opRunner_->serializedExecute(path, [git = executor_, path, initialBranch] {
-        RepositoryCommands::init(*git, path, initialBranch);
-    });
+    auto task =
+        queued(path, cancellation, [initialBranch](GitExecutorProtocol& git, const std::string& repoPath) {
+            RepositoryCommands::init(git, repoPath, initialBranch);
+        });
     co_await std::move(task);
-    co_return co_await open(path);
+    co_return co_await open(path, cancellation);
 }
 
 } // namespace orvel

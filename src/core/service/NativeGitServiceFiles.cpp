@@ -1,6 +1,6 @@
 // One file's view of the repository as operations of the git service: blame, its history, a
-// blob's bytes, and writing a resolved file. The resolved file is written outside the queue (it is
-// no git command), then staged in a block of its own.
+// blob's bytes, and reading and writing the working-tree file. The file is read and written outside
+// the queue (that is no git command); a resolved file is then staged in a block of its own.
 #include "core/commands/BlobCommands.h"
 #include "core/commands/FileHistoryCommands.h"
 #include "core/commands/StagingCommands.h"
@@ -10,43 +10,51 @@
 
 namespace orvel {
 
-QCoro::Task<std::vector<BlameEntry>> NativeGitService::blame(RepoEntry repo, std::string path) {
+QCoro::Task<std::vector<BlameEntry>> NativeGitService::blame(RepoEntry repo, std::string path,
+                                                             std::stop_token cancellation) {
     qCDebug(lcDiff, "blame: %s in %s", path.c_str(), repo.path.c_str());
-    auto task = opRunner_->serializedExecute(repo.path, [git = executor_, repoPath = repo.path, path] {
-        return FileHistoryCommands::blame(*git, repoPath, path);
+    return queued(repo.path, cancellation, [path](GitExecutorProtocol& git, const std::string& repoPath) {
+        return FileHistoryCommands::blame(git, repoPath, path);
     });
-    co_return co_await std::move(task);
 }
 
-QCoro::Task<std::string> NativeGitService::readBlob(RepoEntry repo, std::string hash) {
+QCoro::Task<std::string> NativeGitService::readBlob(RepoEntry repo, std::string hash,
+                                                    std::stop_token cancellation) {
     qCDebug(lcDiff, "readBlob: %s in %s", hash.c_str(), repo.path.c_str());
-    std::string checked = BlobCommands::checkedBlobHash(hash);
-    auto task = opRunner_->serializedExecute(repo.path, [git = executor_, repoPath = repo.path, checked] {
-        return BlobCommands::readBlob(*git, repoPath, checked);
+    return queued(repo.path, cancellation, [hash](GitExecutorProtocol& git, const std::string& repoPath) {
+        return BlobCommands::readBlob(git, repoPath, BlobCommands::checkedBlobHash(hash));
     });
-    co_return co_await std::move(task);
 }
 
-QCoro::Task<void> NativeGitService::writeResolvedFile(RepoEntry repo, std::string path, std::string content) {
+QCoro::Task<void> NativeGitService::writeResolvedFile(RepoEntry repo, std::string path, std::string content,
+                                                      std::stop_token cancellation) {
     qCDebug(lcStaging, "writeResolvedFile: %s in %s", path.c_str(), repo.path.c_str());
     auto write = opRunner_->runUnqueued([file = BlobCommands::workTreeFile(repo.path, path), content] {
         replaceFileAtomically(file, content);
     });
     co_await std::move(write);
-    auto task = opRunner_->serializedExecute(
-        repo.path, [git = executor_, repoPath = repo.path, relative = BlobCommands::repoRelativePath(path)] {
-            StagingCommands::stage(*git, repoPath, relative);
-        });
+    auto task = queued(repo.path, cancellation,
+                       [relative = BlobCommands::repoRelativePath(path)](GitExecutorProtocol& git,
+                                                                         const std::string& repoPath) {
+                           StagingCommands::stage(git, repoPath, relative);
+                       });
     co_await std::move(task);
 }
 
-QCoro::Task<std::vector<CommitEntry>> NativeGitService::fileHistory(RepoEntry repo, std::string path,
-                                                                    long limit) {
+QCoro::Task<std::string> NativeGitService::readWorkTreeFile(RepoEntry repo, std::string path,
+                                                            std::stop_token) {
+    qCDebug(lcDiff, "readWorkTreeFile: %s in %s", path.c_str(), repo.path.c_str());
+    return opRunner_->runUnqueued(
+        [file = BlobCommands::workTreeFile(repo.path, path)] { return BlobCommands::readFile(file); });
+}
+
+QCoro::Task<std::vector<CommitEntry>>
+NativeGitService::fileHistory(RepoEntry repo, std::string path, long limit, std::stop_token cancellation) {
     qCDebug(lcGraph, "fileHistory: %s limit=%ld in %s", path.c_str(), limit, repo.path.c_str());
-    auto task = opRunner_->serializedExecute(repo.path, [git = executor_, repoPath = repo.path, path, limit] {
-        return FileHistoryCommands::fileHistory(*git, repoPath, path, limit);
-    });
-    co_return co_await std::move(task);
+    return queued(repo.path, cancellation,
+                  [path, limit](GitExecutorProtocol& git, const std::string& repoPath) {
+                      return FileHistoryCommands::fileHistory(git, repoPath, path, limit);
+                  });
 }
 
 } // namespace orvel

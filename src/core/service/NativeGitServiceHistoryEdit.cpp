@@ -7,45 +7,46 @@
 
 namespace orvel {
 
-QCoro::Task<OperationResult> NativeGitService::cherryPick(RepoEntry repo, std::string hash) {
+QCoro::Task<OperationResult> NativeGitService::cherryPick(RepoEntry repo, std::string hash,
+                                                          std::stop_token cancellation) {
     qCDebug(lcOps, "cherryPick: %s in %s", hash.c_str(), repo.path.c_str());
-    auto task = opRunner_->serializedExecute(repo.path, [git = executor_, repoPath = repo.path, hash] {
-        return HistoryEditCommands::cherryPick(*git, repoPath, hash);
+    return queued(repo.path, cancellation, [hash](GitExecutorProtocol& git, const std::string& repoPath) {
+        return HistoryEditCommands::cherryPick(git, repoPath, hash);
     });
-    co_return co_await std::move(task);
 }
 
-QCoro::Task<OperationResult> NativeGitService::revert(RepoEntry repo, std::string hash) {
+QCoro::Task<OperationResult> NativeGitService::revert(RepoEntry repo, std::string hash,
+                                                      std::stop_token cancellation) {
     qCDebug(lcOps, "revert: %s in %s", hash.c_str(), repo.path.c_str());
-    auto task = opRunner_->serializedExecute(repo.path, [git = executor_, repoPath = repo.path, hash] {
-        return HistoryEditCommands::revert(*git, repoPath, hash);
+    return queued(repo.path, cancellation, [hash](GitExecutorProtocol& git, const std::string& repoPath) {
+        return HistoryEditCommands::revert(git, repoPath, hash);
     });
-    co_return co_await std::move(task);
 }
 
-QCoro::Task<void> NativeGitService::reset(RepoEntry repo, std::string hash, ResetMode mode) {
+QCoro::Task<void> NativeGitService::reset(RepoEntry repo, std::string hash, ResetMode mode,
+                                          std::stop_token cancellation) {
     qCDebug(lcOps, "reset: %s mode=%s in %s", hash.c_str(), HistoryEditCommands::resetModeName(mode),
             repo.path.c_str());
-    auto task = opRunner_->serializedExecute(repo.path, [git = executor_, repoPath = repo.path, hash, mode] {
-        HistoryEditCommands::reset(*git, repoPath, hash, mode);
-    });
-    co_await std::move(task);
+    return queued(repo.path, cancellation,
+                  [hash, mode](GitExecutorProtocol& git, const std::string& repoPath) {
+                      HistoryEditCommands::reset(git, repoPath, hash, mode);
+                  });
 }
 
-QCoro::Task<void> NativeGitService::resolveConflictUsingOurs(RepoEntry repo, std::string path) {
+QCoro::Task<void> NativeGitService::resolveConflictUsingOurs(RepoEntry repo, std::string path,
+                                                             std::stop_token cancellation) {
     qCDebug(lcOps, "resolveConflictUsingOurs: %s in %s", path.c_str(), repo.path.c_str());
-    auto task = opRunner_->serializedExecute(repo.path, [git = executor_, repoPath = repo.path, path] {
-        ConflictSideCommands::resolveUsingOurs(*git, repoPath, path);
+    return queued(repo.path, cancellation, [path](GitExecutorProtocol& git, const std::string& repoPath) {
+        ConflictSideCommands::resolveUsingOurs(git, repoPath, path);
     });
-    co_await std::move(task);
 }
 
-QCoro::Task<void> NativeGitService::resolveConflictUsingTheirs(RepoEntry repo, std::string path) {
+QCoro::Task<void> NativeGitService::resolveConflictUsingTheirs(RepoEntry repo, std::string path,
+                                                               std::stop_token cancellation) {
     qCDebug(lcOps, "resolveConflictUsingTheirs: %s in %s", path.c_str(), repo.path.c_str());
-    auto task = opRunner_->serializedExecute(repo.path, [git = executor_, repoPath = repo.path, path] {
-        ConflictSideCommands::resolveUsingTheirs(*git, repoPath, path);
+    return queued(repo.path, cancellation, [path](GitExecutorProtocol& git, const std::string& repoPath) {
+        ConflictSideCommands::resolveUsingTheirs(git, repoPath, path);
     });
-    co_await std::move(task);
 }
 
 } // namespace orvel

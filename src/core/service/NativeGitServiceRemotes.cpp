@@ -1,5 +1,6 @@
 // The remote operations of the git service: the list of remotes, fetch, pull and push. Adding
-// or removing a remote drops the remote names that the graph keeps.
+// or removing a remote drops the remote names that the graph keeps, in the same block, so that a
+// graph load queued behind it reads the new names.
 #include "core/commands/RemoteCommands.h"
 #include "core/commands/RepositoryCommands.h"
 #include "core/service/NativeGitService.h"
@@ -7,72 +8,79 @@
 
 namespace orvel {
 
-QCoro::Task<void> NativeGitService::pushBranch(RepoEntry repo, std::string branch, std::string remote) {
+QCoro::Task<void> NativeGitService::pushBranch(RepoEntry repo, std::string branch, std::string remote,
+                                               std::stop_token cancellation) {
     qCDebug(lcOps, "pushBranch: %s to %s in %s", branch.c_str(), remote.c_str(), repo.path.c_str());
-    auto task = opRunner_->serializedExecute(repo.path, [git = executor_, path = repo.path, branch, remote] {
-        RemoteCommands::pushBranch(*git, path, branch, remote);
-    });
-    co_return co_await std::move(task);
+    return queued(repo.path, cancellation,
+                  [branch, remote](GitExecutorProtocol& git, const std::string& repoPath) {
+                      RemoteCommands::pushBranch(git, repoPath, branch, remote);
+                  });
 }
 
-QCoro::Task<std::vector<RemoteEntry>> NativeGitService::listRemotes(RepoEntry repo) {
+QCoro::Task<std::vector<RemoteEntry>> NativeGitService::listRemotes(RepoEntry repo,
+                                                                    std::stop_token cancellation) {
     qCDebug(lcRefs, "listRemotes: %s", repo.path.c_str());
-    auto task = opRunner_->serializedExecute(
-        repo.path, [git = executor_, path = repo.path] { return RemoteCommands::listRemotes(*git, path); });
-    co_return co_await std::move(task);
+    return queued(repo.path, cancellation, [](GitExecutorProtocol& git, const std::string& repoPath) {
+        return RemoteCommands::listRemotes(git, repoPath);
+    });
 }
 
-QCoro::Task<void> NativeGitService::addRemote(RepoEntry repo, std::string name, std::string url) {
+QCoro::Task<void> NativeGitService::addRemote(RepoEntry repo, std::string name, std::string url,
+                                              std::stop_token cancellation) {
     qCDebug(lcRefs, "addRemote: %s %s in %s", name.c_str(), redactForLog(url).c_str(), repo.path.c_str());
-    // The command has no "--", so a url that git would read as an option never reaches it.
+    // Checked before it is queued, as a clone's url is.
     RepositoryCommands::validateCloneUrl(url);
-    auto task = opRunner_->serializedExecute(repo.path, [git = executor_, path = repo.path, name, url] {
-        RemoteCommands::addRemote(*git, path, name, url);
-    });
+    auto task =
+        queued(repo.path, cancellation,
+               [name, url, cache = remoteNames_](GitExecutorProtocol& git, const std::string& repoPath) {
+                   RemoteCommands::addRemote(git, repoPath, name, url);
+                   cache->clear();
+               });
     co_await std::move(task);
-    resetCachedRemoteNames();
 }
 
-QCoro::Task<void> NativeGitService::removeRemote(RepoEntry repo, std::string name) {
+QCoro::Task<void> NativeGitService::removeRemote(RepoEntry repo, std::string name,
+                                                 std::stop_token cancellation) {
     qCDebug(lcRefs, "removeRemote: %s in %s", name.c_str(), repo.path.c_str());
-    auto task = opRunner_->serializedExecute(repo.path, [git = executor_, path = repo.path, name] {
-        RemoteCommands::removeRemote(*git, path, name);
-    });
-    co_await std::move(task);
-    resetCachedRemoteNames();
+    return queued(repo.path, cancellation,
+                  [name, cache = remoteNames_](GitExecutorProtocol& git, const std::string& repoPath) {
+                      RemoteCommands::removeRemote(git, repoPath, name);
+                      cache->clear();
+                  });
 }
 
-QCoro::Task<void> NativeGitService::fetch(RepoEntry repo, std::string remote, bool prune) {
+QCoro::Task<void> NativeGitService::fetch(RepoEntry repo, std::string remote, bool prune,
+                                          std::stop_token cancellation) {
     qCDebug(lcOps, "fetch: %s prune=%s in %s", remote.c_str(), prune ? "true" : "false", repo.path.c_str());
-    auto task = opRunner_->serializedExecute(repo.path, [git = executor_, path = repo.path, remote, prune] {
-        RemoteCommands::fetch(*git, path, remote, prune);
-    });
-    co_return co_await std::move(task);
+    return queued(repo.path, cancellation,
+                  [remote, prune](GitExecutorProtocol& git, const std::string& repoPath) {
+                      RemoteCommands::fetch(git, repoPath, remote, prune);
+                  });
 }
 
-QCoro::Task<MergeResult> NativeGitService::pull(RepoEntry repo, std::string remote, PullStrategy strategy) {
+QCoro::Task<MergeResult> NativeGitService::pull(RepoEntry repo, std::string remote, PullStrategy strategy,
+                                                std::stop_token cancellation) {
     qCDebug(lcOps, "pull: %s strategy=%s in %s", remote.c_str(), RemoteCommands::toString(strategy),
             repo.path.c_str());
-    auto task =
-        opRunner_->serializedExecute(repo.path, [git = executor_, path = repo.path, remote, strategy] {
-            return RemoteCommands::pull(*git, path, remote, strategy);
-        });
-    co_return co_await std::move(task);
+    return queued(repo.path, cancellation,
+                  [remote, strategy](GitExecutorProtocol& git, const std::string& repoPath) {
+                      return RemoteCommands::pull(git, repoPath, remote, strategy);
+                  });
 }
 
-QCoro::Task<void> NativeGitService::push(RepoEntry repo, std::string remote) {
+QCoro::Task<void> NativeGitService::push(RepoEntry repo, std::string remote, std::stop_token cancellation) {
     qCDebug(lcOps, "push: %s in %s", remote.c_str(), repo.path.c_str());
-    auto task = opRunner_->serializedExecute(
-        repo.path, [git = executor_, path = repo.path, remote] { RemoteCommands::push(*git, path, remote); });
-    co_return co_await std::move(task);
+    return queued(repo.path, cancellation, [remote](GitExecutorProtocol& git, const std::string& repoPath) {
+        RemoteCommands::push(git, repoPath, remote);
+    });
 }
 
-QCoro::Task<void> NativeGitService::forcePush(RepoEntry repo, std::string remote) {
+QCoro::Task<void> NativeGitService::forcePush(RepoEntry repo, std::string remote,
+                                              std::stop_token cancellation) {
     qCDebug(lcOps, "forcePush: %s in %s", remote.c_str(), repo.path.c_str());
-    auto task = opRunner_->serializedExecute(repo.path, [git = executor_, path = repo.path, remote] {
-        RemoteCommands::forcePush(*git, path, remote);
+    return queued(repo.path, cancellation, [remote](GitExecutorProtocol& git, const std::string& repoPath) {
+        RemoteCommands::forcePush(git, repoPath, remote);
     });
-    co_return co_await std::move(task);
 }
 
 } // namespace orvel

@@ -1,93 +1,93 @@
 // The staging and commit operations of the git service. A commit asks for the signing setting
 // outside the queue first, then commits and reads the new commit back in one block, so that
 // nothing of the same repository can slip between the two.
-//
-// Each block is handed over in a statement of its own and the task awaited after: g++ 12 destroys
-// temporaries that stand inside an await expression twice.
+#include "core/commands/SigningSetting.h"
 #include "core/commands/StagingCommands.h"
 #include "core/service/NativeGitService.h"
 #include "core/support/Log.h"
 
 namespace orvel {
 
-QCoro::Task<void> NativeGitService::stage(RepoEntry repo, std::string path) {
+QCoro::Task<void> NativeGitService::stage(RepoEntry repo, std::string path, std::stop_token cancellation) {
     qCDebug(lcStaging, "stage: %s in %s", path.c_str(), repo.path.c_str());
-    auto task = opRunner_->serializedExecute(repo.path, [git = executor_, repoPath = repo.path, path] {
-        StagingCommands::stage(*git, repoPath, path);
+    return queued(repo.path, cancellation, [path](GitExecutorProtocol& git, const std::string& repoPath) {
+        StagingCommands::stage(git, repoPath, path);
     });
-    co_await std::move(task);
 }
 
-QCoro::Task<void> NativeGitService::stageFiles(RepoEntry repo, std::vector<std::string> paths) {
+QCoro::Task<void> NativeGitService::stageFiles(RepoEntry repo, std::vector<std::string> paths,
+                                               std::stop_token cancellation) {
     qCDebug(lcStaging, "stageFiles: %ld files in %s", static_cast<long>(paths.size()), repo.path.c_str());
-    auto task = opRunner_->serializedExecute(repo.path, [git = executor_, repoPath = repo.path, paths] {
-        StagingCommands::stageFiles(*git, repoPath, paths);
+    return queued(repo.path, cancellation, [paths](GitExecutorProtocol& git, const std::string& repoPath) {
+        StagingCommands::stageFiles(git, repoPath, paths);
     });
-    co_await std::move(task);
 }
 
-QCoro::Task<void> NativeGitService::stageAll(RepoEntry repo) {
+QCoro::Task<void> NativeGitService::stageAll(RepoEntry repo, std::stop_token cancellation) {
     qCDebug(lcStaging, "stageAll: %s", repo.path.c_str());
-    auto task = opRunner_->serializedExecute(
-        repo.path, [git = executor_, repoPath = repo.path] { StagingCommands::stageAll(*git, repoPath); });
-    co_await std::move(task);
+    return queued(repo.path, cancellation, [](GitExecutorProtocol& git, const std::string& repoPath) {
+        StagingCommands::stageAll(git, repoPath);
+    });
 }
 
-QCoro::Task<void> NativeGitService::unstage(RepoEntry repo, std::string path) {
+QCoro::Task<void> NativeGitService::unstage(RepoEntry repo, std::string path, std::stop_token cancellation) {
     qCDebug(lcStaging, "unstage: %s in %s", path.c_str(), repo.path.c_str());
-    auto task = opRunner_->serializedExecute(repo.path, [git = executor_, repoPath = repo.path, path] {
-        StagingCommands::unstage(*git, repoPath, path);
+    return queued(repo.path, cancellation, [path](GitExecutorProtocol& git, const std::string& repoPath) {
+        StagingCommands::unstage(git, repoPath, path);
     });
-    co_await std::move(task);
 }
 
-QCoro::Task<void> NativeGitService::unstageFiles(RepoEntry repo, std::vector<std::string> paths) {
+QCoro::Task<void> NativeGitService::unstageFiles(RepoEntry repo, std::vector<std::string> paths,
+                                                 std::stop_token cancellation) {
     qCDebug(lcStaging, "unstageFiles: %ld files in %s", static_cast<long>(paths.size()), repo.path.c_str());
-    auto task = opRunner_->serializedExecute(repo.path, [git = executor_, repoPath = repo.path, paths] {
-        StagingCommands::unstageFiles(*git, repoPath, paths);
+    return queued(repo.path, cancellation, [paths](GitExecutorProtocol& git, const std::string& repoPath) {
+        StagingCommands::unstageFiles(git, repoPath, paths);
     });
-    co_await std::move(task);
 }
 
-QCoro::Task<void> NativeGitService::unstageAll(RepoEntry repo) {
+QCoro::Task<void> NativeGitService::unstageAll(RepoEntry repo, std::stop_token cancellation) {
     qCDebug(lcStaging, "unstageAll: %s", repo.path.c_str());
-    auto task = opRunner_->serializedExecute(
-        repo.path, [git = executor_, repoPath = repo.path] { StagingCommands::unstageAll(*git, repoPath); });
-    co_await std::move(task);
+    return queued(repo.path, cancellation, [](GitExecutorProtocol& git, const std::string& repoPath) {
+        StagingCommands::unstageAll(git, repoPath);
+    });
 }
 
-QCoro::Task<void> NativeGitService::discardChanges(RepoEntry repo, std::string path, bool includeStaged) {
+QCoro::Task<void> NativeGitService::discardChanges(RepoEntry repo, std::string path, bool includeStaged,
+                                                   std::stop_token cancellation) {
     qCDebug(lcStaging, "discardChanges: %s includeStaged=%s in %s", path.c_str(),
             includeStaged ? "true" : "false", repo.path.c_str());
-    auto task =
-        opRunner_->serializedExecute(repo.path, [git = executor_, repoPath = repo.path, path, includeStaged] {
-            StagingCommands::discardChanges(*git, repoPath, path, includeStaged);
-        });
-    co_await std::move(task);
+    return queued(repo.path, cancellation,
+                  [path, includeStaged](GitExecutorProtocol& git, const std::string& repoPath) {
+                      StagingCommands::discardChanges(git, repoPath, path, includeStaged);
+                  });
 }
 
-QCoro::Task<CommitEntry> NativeGitService::commit(RepoEntry repo, std::string message) {
+QCoro::Task<bool> NativeGitService::signingSetting(const std::string& repoPath, std::string_view key) {
+    return opRunner_->runUnqueued(
+        [git = executor_, repoPath, key = std::string(key)] { return signingEnabled(*git, repoPath, key); });
+}
+
+QCoro::Task<CommitEntry> NativeGitService::commitWith(CommitCommand command, RepoEntry repo,
+                                                      std::string message, std::stop_token cancellation) {
+    auto signing = signingSetting(repo.path, commitSigningKey);
+    const bool sign = co_await std::move(signing);
+    auto task = queued(repo.path, cancellation,
+                       [command, message, sign](GitExecutorProtocol& git, const std::string& repoPath) {
+                           return command(git, repoPath, message, sign);
+                       });
+    co_return co_await std::move(task);
+}
+
+QCoro::Task<CommitEntry> NativeGitService::commit(RepoEntry repo, std::string message,
+                                                  std::stop_token cancellation) {
     qCDebug(lcStaging, "commit: %s in %s", message.c_str(), repo.path.c_str());
-    auto signing = opRunner_->runUnqueued(
-        [git = executor_, repoPath = repo.path] { return StagingCommands::signingEnabled(*git, repoPath); });
-    const bool sign = co_await std::move(signing);
-    auto task =
-        opRunner_->serializedExecute(repo.path, [git = executor_, repoPath = repo.path, message, sign] {
-            return StagingCommands::commit(*git, repoPath, message, sign);
-        });
-    co_return co_await std::move(task);
+    return commitWith(&StagingCommands::commit, std::move(repo), std::move(message), cancellation);
 }
 
-QCoro::Task<CommitEntry> NativeGitService::amendCommit(RepoEntry repo, std::string message) {
+QCoro::Task<CommitEntry> NativeGitService::amendCommit(RepoEntry repo, std::string message,
+                                                       std::stop_token cancellation) {
     qCDebug(lcStaging, "amendCommit: %s in %s", message.c_str(), repo.path.c_str());
-    auto signing = opRunner_->runUnqueued(
-        [git = executor_, repoPath = repo.path] { return StagingCommands::signingEnabled(*git, repoPath); });
-    const bool sign = co_await std::move(signing);
-    auto task =
-        opRunner_->serializedExecute(repo.path, [git = executor_, repoPath = repo.path, message, sign] {
-            return StagingCommands::amendCommit(*git, repoPath, message, sign);
-        });
-    co_return co_await std::move(task);
+    return commitWith(&StagingCommands::amendCommit, std::move(repo), std::move(message), cancellation);
 }
 
 } // namespace orvel

@@ -17,58 +17,58 @@ std::string describe(const OperationResult& result) {
 } // namespace
 
 QCoro::Task<void> NativeGitService::stashSave(RepoEntry repo, std::optional<std::string> message,
-                                              bool includeUntracked) {
+                                              bool includeUntracked, std::stop_token cancellation) {
     qCDebug(lcOps, "stashSave: message=%s includeUntracked=%s in %s", message ? message->c_str() : "(none)",
             includeUntracked ? "true" : "false", repo.path.c_str());
-    auto task = opRunner_->serializedExecute(
-        repo.path, [git = executor_, repoPath = repo.path, message, includeUntracked] {
-            StashCommands::stashSave(*git, repoPath, message, includeUntracked);
-        });
-    co_await std::move(task);
+    return queued(repo.path, cancellation,
+                  [message, includeUntracked](GitExecutorProtocol& git, const std::string& repoPath) {
+                      StashCommands::stashSave(git, repoPath, message, includeUntracked);
+                  });
 }
 
-QCoro::Task<OperationResult> NativeGitService::stashPop(RepoEntry repo) {
+QCoro::Task<OperationResult> NativeGitService::stashPop(RepoEntry repo, std::stop_token cancellation) {
     qCDebug(lcOps, "stashPop: %s", repo.path.c_str());
-    auto task = opRunner_->serializedExecute(repo.path, [git = executor_, repoPath = repo.path] {
-        return StashCommands::stashPop(*git, repoPath);
+    auto task = queued(repo.path, cancellation, [](GitExecutorProtocol& git, const std::string& repoPath) {
+        return StashCommands::stashPop(git, repoPath);
     });
     OperationResult result = co_await std::move(task);
     qCDebug(lcOps, "stashPop result: %s", describe(result).c_str());
     co_return result;
 }
 
-QCoro::Task<OperationResult> NativeGitService::stashApply(RepoEntry repo, long index) {
+QCoro::Task<OperationResult> NativeGitService::stashApply(RepoEntry repo, long index,
+                                                          std::stop_token cancellation) {
     qCDebug(lcOps, "stashApply: index=%ld in %s", index, repo.path.c_str());
-    auto task = opRunner_->serializedExecute(repo.path, [git = executor_, repoPath = repo.path, index] {
-        return StashCommands::stashApply(*git, repoPath, index);
-    });
+    auto task =
+        queued(repo.path, cancellation, [index](GitExecutorProtocol& git, const std::string& repoPath) {
+            return StashCommands::stashApply(git, repoPath, index);
+        });
     OperationResult result = co_await std::move(task);
     qCDebug(lcOps, "stashApply result: %s", describe(result).c_str());
     co_return result;
 }
 
-QCoro::Task<void> NativeGitService::stashDrop(RepoEntry repo, long index) {
+QCoro::Task<void> NativeGitService::stashDrop(RepoEntry repo, long index, std::stop_token cancellation) {
     qCDebug(lcOps, "stashDrop: index=%ld in %s", index, repo.path.c_str());
-    auto task = opRunner_->serializedExecute(repo.path, [git = executor_, repoPath = repo.path, index] {
-        StashCommands::stashDrop(*git, repoPath, index);
+    return queued(repo.path, cancellation, [index](GitExecutorProtocol& git, const std::string& repoPath) {
+        StashCommands::stashDrop(git, repoPath, index);
     });
-    co_await std::move(task);
 }
 
-QCoro::Task<std::vector<StashEntry>> NativeGitService::stashList(RepoEntry repo) {
+QCoro::Task<std::vector<StashEntry>> NativeGitService::stashList(RepoEntry repo,
+                                                                 std::stop_token cancellation) {
     qCDebug(lcOps, "stashList: %s", repo.path.c_str());
-    auto task = opRunner_->serializedExecute(repo.path, [git = executor_, repoPath = repo.path] {
-        return StashCommands::stashList(*git, repoPath);
+    return queued(repo.path, cancellation, [](GitExecutorProtocol& git, const std::string& repoPath) {
+        return StashCommands::stashList(git, repoPath);
     });
-    co_return co_await std::move(task);
 }
 
-QCoro::Task<void> NativeGitService::stashFile(RepoEntry repo, std::string path) {
+QCoro::Task<void> NativeGitService::stashFile(RepoEntry repo, std::string path,
+                                              std::stop_token cancellation) {
     qCDebug(lcOps, "stashFile: %s in %s", path.c_str(), repo.path.c_str());
-    auto task = opRunner_->serializedExecute(repo.path, [git = executor_, repoPath = repo.path, path] {
-        StashCommands::stashFile(*git, repoPath, path);
+    return queued(repo.path, cancellation, [path](GitExecutorProtocol& git, const std::string& repoPath) {
+        StashCommands::stashFile(git, repoPath, path);
     });
-    co_await std::move(task);
 }
 
 } // namespace orvel

@@ -1,0 +1,93 @@
+#include "changes/FileTree.h"
+
+#include <algorithm>
+#include <map>
+#include <memory>
+#include <string_view>
+
+namespace orvel {
+
+namespace {
+
+// The building form of the tree: a file, or a directory of named entries in key order.
+struct TreeEntry {
+    std::optional<FileChange> file;
+    std::map<std::string, std::unique_ptr<TreeEntry>> children;
+};
+
+std::vector<std::string_view> pathComponents(std::string_view path) {
+    std::vector<std::string_view> components;
+    std::size_t start = 0;
+    while (true) {
+        const auto slash = path.find('/', start);
+        components.push_back(path.substr(start, slash == std::string_view::npos ? path.npos : slash - start));
+        if (slash == std::string_view::npos)
+            return components;
+        start = slash + 1;
+    }
+}
+
+void sortLevel(std::vector<FileTreeNode>& nodes) {
+    std::stable_sort(nodes.begin(), nodes.end(), [](const FileTreeNode& left, const FileTreeNode& right) {
+        if (left.isDirectory() != right.isDirectory())
+            return left.isDirectory();
+        return left.name < right.name;
+    });
+}
+
+std::vector<FileTreeNode> toNodes(const std::map<std::string, std::unique_ptr<TreeEntry>>& entries,
+                                  const std::string& parentID) {
+    std::vector<FileTreeNode> nodes;
+    nodes.reserve(entries.size());
+    for (const auto& [name, entry] : entries) {
+        FileTreeNode node;
+        node.id = parentID.empty() ? name : parentID + "/" + name;
+        node.name = name;
+        if (entry->file)
+            node.file = entry->file;
+        else
+            node.children = toNodes(entry->children, node.id);
+        nodes.push_back(std::move(node));
+    }
+    sortLevel(nodes);
+    return nodes;
+}
+
+} // namespace
+
+std::vector<FileTreeNode> buildFileTree(const std::vector<FileChange>& files) {
+    TreeEntry root;
+    for (const FileChange& file : files) {
+        const auto components = pathComponents(file.path);
+        TreeEntry* directory = &root;
+        for (std::size_t i = 0; i + 1 < components.size(); ++i) {
+            auto& slot = directory->children[std::string(components[i])];
+            // A file standing where a directory is needed gives way to the directory.
+            if (!slot || slot->file)
+                slot = std::make_unique<TreeEntry>();
+            directory = slot.get();
+        }
+        auto& leaf = directory->children[std::string(components.back())];
+        leaf = std::make_unique<TreeEntry>();
+        leaf->file = file;
+    }
+    return toNodes(root.children, {});
+}
+
+std::vector<FileChange> filterFileChanges(const std::vector<FileChange>& files, const QString& text) {
+    if (text.isEmpty())
+        return files;
+    std::vector<FileChange> kept;
+    std::copy_if(files.begin(), files.end(), std::back_inserter(kept), [&text](const FileChange& file) {
+        return QString::fromUtf8(file.path).contains(text, Qt::CaseInsensitive);
+    });
+    return kept;
+}
+
+void sortFileChanges(std::vector<FileChange>& files, FileChangesSortOrder order) {
+    std::stable_sort(files.begin(), files.end(), [order](const FileChange& left, const FileChange& right) {
+        return order == FileChangesSortOrder::ascend ? left.path < right.path : right.path < left.path;
+    });
+}
+
+} // namespace orvel

@@ -1,0 +1,21 @@
+// Paints one row of a FileTreeModel: a folder icon or the file's name, in the flat list its
+// directory in the secondary colour, and the status letter at the right edge in the theme's colour
+// for that kind of change.
+#pragma once
+
+#include <QStyledItemDelegate>
+
+namespace orvel {
+
+class FileTreeDelegate final : public QStyledItemDelegate {
+    Q_OBJECT
+
+  public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    void paint(QPainter* painter, const QStyleOptionViewItem& option,
+               const QModelIndex& index) const override;
+    QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override;
+};
+
+} // namespace orvel

@@ -1,0 +1,81 @@
+#include "content/EmptyRepositoryStart.h"
+
+#include "core/queue/BackgroundWork.h"
+#include "core/service/GitServiceProtocol.h"
+#include "core/support/AtomicFile.h"
+#include "core/support/UserDefaults.h"
+
+#include <QCoreApplication>
+#include <QFile>
+
+namespace orvel {
+
+namespace {
+
+// Used when the program carries no "default.gitignore".
+constexpr const char* fallbackGitignore =
+    ".DS_Store\n.build/\nbuild/\nDerivedData/\nnode_modules/\n.env\n*.log\n";
+
+// The setting holds the kind's name; its file name is accepted too.
+QString initialFileName(const QString& stored) {
+    if (stored == QLatin1String("readme") || stored == QLatin1String("README.md"))
+        return QStringLiteral("README.md");
+    if (stored == QLatin1String("gitignore") || stored == QLatin1String(".gitignore"))
+        return QStringLiteral(".gitignore");
+    return QStringLiteral(".gitkeep");
+}
+
+std::string gitignoreText(const QString& resource) {
+    QFile file(resource);
+    if (!resource.isEmpty() && file.open(QIODevice::ReadOnly))
+        return file.readAll().toStdString();
+    return fallbackGitignore;
+}
+
+} // namespace
+
+QString defaultEmptyRepoInitDescription() {
+    const QString version = QCoreApplication::applicationVersion();
+    return QStringLiteral("Init by Orvel ") + (version.isEmpty() ? QStringLiteral("0") : version) +
+           QStringLiteral(" - Git GUI");
+}
+
+EmptyRepositoryStart EmptyRepositoryStart::fromSettings(const UserDefaults& defaults, const QString& repoName,
+                                                        const QString& gitignoreResource) {
+    EmptyRepositoryStart start;
+    start.message = defaults.string(QStringLiteral("emptyRepoInitMessage"), QStringLiteral("Initialization"));
+    start.description = defaults.string(QStringLiteral("emptyRepoInitDesc"));
+    if (start.description.isEmpty())
+        start.description = defaultEmptyRepoInitDescription();
+    start.fileName =
+        initialFileName(defaults.string(QStringLiteral("emptyRepoInitFile"), QStringLiteral("gitkeep")));
+    if (start.fileName == QLatin1String("README.md"))
+        start.fileContent = "# " + repoName.toStdString() + "\n";
+    else if (start.fileName == QLatin1String(".gitignore"))
+        start.fileContent = gitignoreText(gitignoreResource);
+    return start;
+}
+
+std::string EmptyRepositoryStart::commitMessage() const {
+    std::string text = message.toStdString();
+    if (!description.isEmpty())
+        text += "\n\n" + description.toStdString();
+    return text;
+}
+
+QCoro::Task<void> startEmptyRepository(std::shared_ptr<GitServiceProtocol> service, RepoEntry repo,
+                                       EmptyRepositoryStart start, std::stop_token cancellation) {
+    const std::string name = start.fileName.toStdString();
+    auto written = runOnPool(backgroundPool(), [file = repo.path + "/" + name, content = start.fileContent] {
+        replaceFileAtomically(file, content);
+    });
+    co_await std::move(written);
+    auto staged = service->stage(repo, name, cancellation);
+    co_await std::move(staged);
+    auto committed = service->commit(repo, start.commitMessage(), cancellation);
+    co_await std::move(committed);
+    auto pushed = service->push(repo, "origin", cancellation);
+    co_await std::move(pushed);
+}
+
+} // namespace orvel

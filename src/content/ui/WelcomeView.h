@@ -1,0 +1,65 @@
+// The window's face when no repository is open: the recent repositories on the left, and on the
+// right either the three ways in (open, clone, initialize) or the preview of the selected recent.
+// A folder dropped anywhere on it opens.
+#pragma once
+
+#include <QWidget>
+
+class QLabel;
+class QListView;
+class QStackedWidget;
+
+namespace orvel {
+
+class OEmptyState;
+class OInlineBanner;
+class RecentRepositoriesModel;
+class RepositoryPreview;
+class WelcomeCard;
+class WelcomeViewModel;
+
+class WelcomeView final : public QWidget {
+    Q_OBJECT
+
+  public:
+    explicit WelcomeView(WelcomeViewModel& model, QWidget* parent = nullptr);
+
+  signals:
+    void openRepositoryRequested(const QString& path);
+
+  protected:
+    void changeEvent(QEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
+
+  private:
+    void retranslate();
+    void showRecents();
+    void showSelection();
+    void showNotice();
+    void selectRow(const QModelIndex& index);
+    void showRecentMenu(const QPoint& position);
+    void browseForRepository();
+    void showCloneSheet();
+    void showInitSheet();
+
+    WelcomeViewModel& model_;
+    RecentRepositoriesModel* recentsModel_;
+    QLabel* recentsTitle_;
+    QStackedWidget* recentsStack_;
+    QListView* recents_;
+    OEmptyState* recentsEmpty_;
+    OInlineBanner* notice_;
+    QStackedWidget* detailStack_;
+    QWidget* detail_;
+    QLabel* title_;
+    QLabel* subtitle_;
+    WelcomeCard* openCard_;
+    WelcomeCard* cloneCard_;
+    WelcomeCard* initCard_;
+    QLabel* dropHint_;
+    RepositoryPreview* preview_;
+};
+
+} // namespace orvel

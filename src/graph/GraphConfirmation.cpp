@@ -1,0 +1,74 @@
+#include "graph/GraphConfirmation.h"
+
+#include "settings/LocalizationManager.h"
+
+namespace orvel {
+
+namespace {
+
+QString shortHash(const std::string& hash) {
+    return QString::fromStdString(hash.substr(0, 7));
+}
+
+} // namespace
+
+QString GraphConfirmation::title() const {
+    switch (kind) {
+    case Kind::hardReset:
+        return localized("Hard Reset");
+    case Kind::softReset:
+        return localized("Soft Reset");
+    case Kind::mixedReset:
+        return localized("Mixed Reset");
+    case Kind::cherryPick:
+        return localized("Cherry-pick onto Dirty Working Tree");
+    case Kind::revert:
+        return localized("Revert onto Dirty Working Tree");
+    }
+    return {};
+}
+
+QString GraphConfirmation::text() const {
+    switch (kind) {
+    case Kind::hardReset:
+        return localized(
+            "Reset to %1? This will move HEAD to that commit and discard any uncommitted changes plus "
+            "any commits that are not reachable from another branch. This cannot be undone.",
+            shortHash(hash));
+    case Kind::softReset:
+        return localized("Soft reset to %1? HEAD will move to that commit and any commits in between will be "
+                         "squashed into staged changes. Uncommitted changes are preserved.",
+                         shortHash(hash));
+    case Kind::mixedReset:
+        return localized(
+            "Mixed reset to %1? HEAD will move to that commit and any commits in between will be "
+            "unstaged. Uncommitted changes are preserved.",
+            shortHash(hash));
+    case Kind::cherryPick:
+        return localized(
+            "Cherry-pick %1 onto a working tree with uncommitted changes? Conflicts are possible.",
+            shortHash(hash));
+    case Kind::revert:
+        return localized("Revert %1 onto a working tree with uncommitted changes? Conflicts are possible.",
+                         shortHash(hash));
+    }
+    return {};
+}
+
+QString GraphConfirmation::acceptLabel() const {
+    switch (kind) {
+    case Kind::hardReset:
+        return localized("Hard Reset");
+    case Kind::softReset:
+        return localized("Soft Reset");
+    case Kind::mixedReset:
+        return localized("Mixed Reset");
+    case Kind::cherryPick:
+        return localized("Cherry-pick");
+    case Kind::revert:
+        return localized("Revert");
+    }
+    return {};
+}
+
+} // namespace orvel

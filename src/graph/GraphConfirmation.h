@@ -1,0 +1,24 @@
+// A question the graph pane asks before an action that moves HEAD or may conflict: the view shows
+// it as an alert and, on acceptance, hands it back to the model to run.
+#pragma once
+
+#include <QString>
+
+#include <string>
+
+namespace orvel {
+
+struct GraphConfirmation {
+    enum class Kind { hardReset, softReset, mixedReset, cherryPick, revert };
+
+    Kind kind = Kind::hardReset;
+    std::string hash;
+
+    // The alert's title and message, in the current language.
+    QString title() const;
+    QString text() const;
+    // The label of the accepting button.
+    QString acceptLabel() const;
+};
+
+} // namespace orvel

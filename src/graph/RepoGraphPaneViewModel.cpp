@@ -1,0 +1,224 @@
+// Loading, rows and selection of the graph pane; the actions and the search stand in files of
+// their own.
+#include "graph/RepoGraphPaneViewModel.h"
+
+#include "core/service/GitServiceProtocol.h"
+#include "core/support/Log.h"
+#include "graph/CommitInfoMap.h"
+#include "graph/LaneLayout.h"
+#include "graph/RefSpreading.h"
+#include "graph/RelativeDateFormatter.h"
+#include "settings/LocalizationManager.h"
+
+#include <algorithm>
+#include <chrono>
+
+namespace orvel {
+
+namespace {
+
+constexpr const char* workingTreeSubject = "// WIP";
+
+// The working-tree row's date column: a pencil, then "<unstaged> + <staged>" when both sides have
+// changes, else their sum.
+std::string workingTreeSummary(int unstaged, int staged) {
+    std::string summary = "\u270E ";
+    if (unstaged > 0 && staged > 0)
+        summary += std::to_string(unstaged) + " + " + std::to_string(staged);
+    else
+        summary += std::to_string(unstaged + staged);
+    return summary;
+}
+
+} // namespace
+
+RepoGraphPaneViewModel::RepoGraphPaneViewModel(RepoEntry repo, std::shared_ptr<GitServiceProtocol> service,
+                                               ToastManager& toasts, QObject* parent)
+    : QObject(parent), repo_(std::move(repo)), service_(std::move(service)), toasts_(toasts) {}
+
+void RepoGraphPaneViewModel::setRepository(RepoEntry repo) {
+    loads_.cancel();
+    fileChangeLoads_.cancel();
+    searches_.cancel();
+    repo_ = std::move(repo);
+    cachedGraphCommits_.clear();
+    wipCommit_.reset();
+    commits_.clear();
+    rowOfHash_.clear();
+    refsByRow_.clear();
+    isLoading_ = false;
+    selectedHash_.reset();
+    isUserDrivenSelection_ = false;
+    selectedNodeFileChanges_.reset();
+    isLoadingFileChanges_ = false;
+    fileChangesCache_.clear();
+    searchQuery_.clear();
+    clearMatches();
+    isSearching_ = false;
+    emit commitsChanged();
+    emit loadingChanged();
+    emit selectionChanged();
+    emit fileChangesChanged();
+    emit searchChanged();
+}
+
+const GraphCommit& RepoGraphPaneViewModel::commitAt(int row) const {
+    if (wipCommit_)
+        return row == 0 ? *wipCommit_ : cachedGraphCommits_[static_cast<std::size_t>(row - 1)];
+    return cachedGraphCommits_[static_cast<std::size_t>(row)];
+}
+
+int RepoGraphPaneViewModel::rowOf(std::string_view hash) const {
+    const auto found = rowOfHash_.find(hash);
+    return found == rowOfHash_.end() ? -1 : found->second;
+}
+
+const GraphCommit* RepoGraphPaneViewModel::commit(std::string_view hash) const {
+    const int row = rowOf(hash);
+    return row < 0 ? nullptr : &commitAt(row);
+}
+
+const GraphCommit* RepoGraphPaneViewModel::selectedCommit() const {
+    return selectedHash_ ? commit(*selectedHash_) : nullptr;
+}
+
+QCoro::Task<void> RepoGraphPaneViewModel::load() {
+    auto ticket = loads_.begin(this);
+    qCDebug(lcGraph, "op=graph.load");
+    isLoading_ = true;
+    emit loadingChanged();
+    auto graph = service_->commitGraph(repo_, loadLimit, ticket.stopToken());
+    try {
+        std::vector<GraphCommit> loaded = co_await std::move(graph);
+        if (!ticket.isCurrent())
+            co_return;
+        applyCommits(std::move(loaded));
+        qCDebug(lcGraph, "op=graph.loaded count=%ld", static_cast<long>(commits_.size()));
+        if (!selectedHash_ || !commit(*selectedHash_)) {
+            const auto head = std::find_if(cachedGraphCommits_.begin(), cachedGraphCommits_.end(),
+                                           [](const GraphCommit& commit) { return commit.isHead; });
+            if (head != cachedGraphCommits_.end()) {
+                selectCommit(head->hash, false);
+            } else if (selectedHash_) {
+                selectedHash_.reset();
+                fileChangeLoads_.cancel();
+                selectedNodeFileChanges_.reset();
+                isLoadingFileChanges_ = false;
+                emit selectionChanged();
+                emit fileChangesChanged();
+            }
+        }
+    } catch (const std::exception& error) {
+        if (!ticket.isCurrent())
+            co_return;
+        qCDebug(lcGraph, "op=graph.load reason=%s", redactForLog(error.what()).c_str());
+    }
+    isLoading_ = false;
+    emit loadingChanged();
+}
+
+void RepoGraphPaneViewModel::applyCommits(std::vector<GraphCommit> commits) {
+    cachedGraphCommits_ = std::move(commits);
+    rebuildRows();
+}
+
+void RepoGraphPaneViewModel::setWorkingTreeCounts(int staged, int unstaged) {
+    if (staged == wipStagedCount_ && unstaged == wipUnstagedCount_)
+        return;
+    wipStagedCount_ = staged;
+    wipUnstagedCount_ = unstaged;
+    rebuildRows();
+}
+
+void RepoGraphPaneViewModel::rebuildRows() {
+    wipCommit_.reset();
+    const auto head = std::find_if(cachedGraphCommits_.begin(), cachedGraphCommits_.end(),
+                                   [](const GraphCommit& commit) { return commit.isHead; });
+    if (isWorkingTreeDirty() && head != cachedGraphCommits_.end()) {
+        GraphCommit wip;
+        wip.hash = workingTreeHash;
+        wip.parentHashes = {head->hash};
+        wip.subject = workingTreeSubject;
+        wip.date = std::chrono::time_point_cast<std::chrono::seconds>(std::chrono::system_clock::now());
+        wipCommit_ = std::move(wip);
+    }
+
+    std::vector<const GraphCommit*> rows;
+    rows.reserve(cachedGraphCommits_.size() + 1);
+    if (wipCommit_)
+        rows.push_back(&*wipCommit_);
+    for (const auto& commit : cachedGraphCommits_)
+        rows.push_back(&commit);
+
+    rowOfHash_.clear();
+    rowOfHash_.reserve(rows.size());
+    std::vector<DAGNode> nodes;
+    nodes.reserve(rows.size());
+    CommitInfoMap info;
+    info.reserve(rows.size());
+    const RelativeDateFormatter dates(
+        std::chrono::time_point_cast<std::chrono::seconds>(std::chrono::system_clock::now()));
+    for (std::size_t row = 0; row < rows.size(); ++row) {
+        const GraphCommit& commit = *rows[row];
+        rowOfHash_.emplace(commit.hash, static_cast<int>(row));
+        nodes.push_back({commit.hash, commit.parentHashes});
+        const bool isWorkingTree = wipCommit_ && row == 0;
+        info.emplace(commit.hash,
+                     {commit.subject, commit.authors.empty() ? std::string() : commit.authors.front().name,
+                      isWorkingTree ? workingTreeSummary(wipUnstagedCount_, wipStagedCount_)
+                                    : dates.format(commit.date)});
+    }
+    commits_ = layoutCommitRows(nodes, info);
+    refsByRow_ = spreadRefs(rows, rowOfHash_);
+    if (!matchingHashes_.empty())
+        rebuildOrderedMatches();
+    emit commitsChanged();
+}
+
+void RepoGraphPaneViewModel::selectCommit(std::string hash, bool userDriven) {
+    selectedHash_ = hash;
+    isUserDrivenSelection_ = userDriven;
+    qCDebug(lcGraph, "op=commit.select");
+    emit selectionChanged();
+    loadFileChanges(std::move(hash));
+}
+
+void RepoGraphPaneViewModel::loadFileChanges(std::string hash) {
+    const auto cached = fileChangesCache_.find(hash);
+    // The working-tree row has no commit for git to list; the changes pane shows its files.
+    if (repo_.path.empty() || hash == workingTreeHash || cached != fileChangesCache_.end()) {
+        fileChangeLoads_.cancel();
+        if (cached != fileChangesCache_.end())
+            selectedNodeFileChanges_ = cached->second;
+        else
+            selectedNodeFileChanges_.reset();
+        isLoadingFileChanges_ = false;
+        emit fileChangesChanged();
+        return;
+    }
+    runFileChanges(std::move(hash));
+}
+
+QCoro::Task<void> RepoGraphPaneViewModel::runFileChanges(std::string hash) {
+    auto ticket = fileChangeLoads_.begin(this);
+    isLoadingFileChanges_ = true;
+    selectedNodeFileChanges_.reset();
+    emit fileChangesChanged();
+    qCDebug(lcGraph, "op=fileChanges.load");
+    auto files = service_->commitFileChanges(repo_, hash, ticket.stopToken());
+    try {
+        std::vector<FileChange> loaded = co_await std::move(files);
+        if (!ticket.isCurrent())
+            co_return;
+        fileChangesCache_[hash] = loaded;
+        selectedNodeFileChanges_ = std::move(loaded);
+    } catch (const std::exception& error) {
+        if (!ticket.isCurrent())
+            co_return;
+        qCDebug(lcGraph, "op=fileChanges.load reason=%s", redactForLog(error.what()).c_str());
+    }
+    isLoadingFileChanges_ = false;
+    emit fileChangesChanged();
+}
+
+} // namespace orvel

@@ -1,0 +1,199 @@
+// The state behind the commit graph of one repository tab: the loaded commits with the working-tree
+// row, their layout in lanes, the ref pills spread over rows, the selection with its file list, the
+// commit search, and the actions of the graph's context menu.
+#pragma once
+
+#include "core/records/CommitSearchType.h"
+#include "core/records/FileChange.h"
+#include "core/records/GraphCommit.h"
+#include "core/records/RepoEntry.h"
+#include "core/service/OperationResults.h"
+#include "core/support/LoadGeneration.h"
+#include "graph/CommitRow.h"
+#include "graph/GraphConfirmation.h"
+#include "graph/RowRef.h"
+
+#include <QObject>
+#include <QString>
+
+#include <QCoro/QCoroTask>
+
+#include <chrono>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <unordered_set>
+#include <vector>
+
+namespace orvel {
+
+class GitServiceProtocol;
+class ToastManager;
+
+// Lives on the GUI thread; git runs only through the service.
+class RepoGraphPaneViewModel final : public QObject {
+    Q_OBJECT
+
+  public:
+    static constexpr long loadLimit = 2000;
+    static constexpr long searchLimit = 500;
+    static constexpr std::chrono::milliseconds searchDebounce{300};
+    // The hash of the synthetic working-tree row.
+    static constexpr std::string_view workingTreeHash = "wip";
+
+    // Shows an activity while an action runs (a message), and ends it (nothing).
+    using ActivityCallback = std::function<void(std::optional<QString>)>;
+
+    RepoGraphPaneViewModel(RepoEntry repo, std::shared_ptr<GitServiceProtocol> service, ToastManager& toasts,
+                           QObject* parent = nullptr);
+
+    const RepoEntry& repo() const { return repo_; }
+    // Another repository: clears the rows, the selection, the file cache and the search.
+    void setRepository(RepoEntry repo);
+    void setActivityCallback(ActivityCallback callback) { activity_ = std::move(callback); }
+
+    // Rows top to bottom; row i shows commitAt(i).
+    const std::vector<CommitRow>& commits() const { return commits_; }
+    const GraphCommit& commitAt(int row) const;
+    // The commit of `hash` among the rows (the working-tree row included), or null.
+    const GraphCommit* commit(std::string_view hash) const;
+    // The row of `hash`, or -1.
+    int rowOf(std::string_view hash) const;
+    // The pills of each row, in the order they are drawn; refsByRow()[i] belongs to row i.
+    const std::vector<std::vector<RowRef>>& refsByRow() const { return refsByRow_; }
+    // The last load as git gave it, without the working-tree row.
+    const std::vector<GraphCommit>& cachedGraphCommits() const { return cachedGraphCommits_; }
+    bool isLoading() const { return isLoading_; }
+
+    const std::optional<std::string>& selectedHash() const { return selectedHash_; }
+    const GraphCommit* selectedCommit() const;
+    bool isUserDrivenSelection() const { return isUserDrivenSelection_; }
+    const std::optional<std::vector<FileChange>>& selectedNodeFileChanges() const {
+        return selectedNodeFileChanges_;
+    }
+    bool isLoadingFileChanges() const { return isLoadingFileChanges_; }
+
+    int wipStagedCount() const { return wipStagedCount_; }
+    int wipUnstagedCount() const { return wipUnstagedCount_; }
+
+    // Reads the newest commits of all refs and lays them out. A load overtaken by a newer one, or
+    // by a change of repository, changes nothing; a failure keeps the rows.
+    QCoro::Task<void> load();
+    // Keeps `commits` as the last load and rebuilds every row, pill and text from them.
+    void applyCommits(std::vector<GraphCommit> commits);
+    // The working tree's counts, from the changes pane: the working-tree row appears, disappears or
+    // changes its text without reading the log again.
+    void setWorkingTreeCounts(int staged, int unstaged);
+
+    // Selects `hash` and loads its file list (from the cache when it has one). A hash without a row
+    // is still selected: the rows may not have loaded yet.
+    void selectCommit(std::string hash, bool userDriven = true);
+
+    // The context menu's actions on the commit `hash`. Resets always ask first; cherry-pick and
+    // revert ask only while the working tree has changes. Both raise confirmationRequested.
+    void copyHash(const std::string& hash);
+    void copyMessage(const std::string& hash);
+    void requestReset(const std::string& hash, ResetMode mode);
+    void requestCherryPick(const std::string& hash);
+    void requestRevert(const std::string& hash);
+    void requestCreateBranch(const std::string& hash) { emit createBranchRequested(hash); }
+    void requestCreateTag(const std::string& hash) { emit createTagRequested(hash); }
+    // Runs what an accepted confirmation asked for.
+    QCoro::Task<void> confirm(GraphConfirmation confirmation);
+
+    // The actions themselves, with their toasts; each reloads the graph on success and raises
+    // repositoryChanged when git changed the repository.
+    QCoro::Task<void> reset(std::string hash, ResetMode mode);
+    QCoro::Task<void> cherryPick(std::string hash);
+    QCoro::Task<void> revert(std::string hash);
+    QCoro::Task<void> createBranch(std::string name, std::string hash);
+    QCoro::Task<void> createTag(std::string name, std::optional<std::string> message, std::string hash);
+
+    // The commit search: at once over the loaded commits, then, after a pause in typing, through
+    // `git log` over the whole repository.
+    bool isSearchVisible() const { return isSearchVisible_; }
+    const std::string& searchQuery() const { return searchQuery_; }
+    CommitSearchType searchScope() const { return searchScope_; }
+    const std::unordered_set<std::string>& matchingHashes() const { return matchingHashes_; }
+    const std::vector<std::string>& matchingHashesOrdered() const { return matchingHashesOrdered_; }
+    int currentMatchIndex() const { return currentMatchIndex_; }
+    bool isSearching() const { return isSearching_; }
+
+    // Both rerun the search.
+    void setSearchQuery(std::string query);
+    void setSearchScope(CommitSearchType scope);
+    // The returned task ends when the `git log` stage has ended or was superseded.
+    QCoro::Task<void> runSearch();
+    void nextMatch();
+    void previousMatch();
+    void clearSearch();
+    void toggleSearch();
+
+  signals:
+    // The rows, their pills or their texts changed.
+    void commitsChanged();
+    void loadingChanged();
+    void selectionChanged();
+    // selectedNodeFileChanges or isLoadingFileChanges changed.
+    void fileChangesChanged();
+    // Any search field changed.
+    void searchChanged();
+    void confirmationRequested(const orvel::GraphConfirmation& confirmation);
+    void createBranchRequested(const std::string& hash);
+    void createTagRequested(const std::string& hash);
+    // A reset, cherry-pick or revert changed the repository: the tab refreshes the other panes.
+    void repositoryChanged();
+
+  private:
+    void rebuildRows();
+    void loadFileChanges(std::string hash);
+    QCoro::Task<void> runFileChanges(std::string hash);
+    // The working tree has staged or unstaged changes.
+    bool isWorkingTreeDirty() const { return wipStagedCount_ + wipUnstagedCount_ > 0; }
+    bool checkRepository();
+    // Raises repositoryChanged and reloads the rows after an action changed the repository.
+    void afterChange();
+    QCoro::Task<void> pickOrRevert(std::string hash, bool isRevert);
+    void rebuildOrderedMatches();
+    void moveMatch(int step);
+    void clearMatches();
+
+    RepoEntry repo_;
+    std::shared_ptr<GitServiceProtocol> service_;
+    ToastManager& toasts_;
+    ActivityCallback activity_;
+
+    std::vector<GraphCommit> cachedGraphCommits_;
+    // The working-tree row, shown above the commits while the working tree has changes.
+    std::optional<GraphCommit> wipCommit_;
+    std::vector<CommitRow> commits_;
+    // Row of each hash; keys view the hashes of cachedGraphCommits_ and wipCommit_.
+    std::unordered_map<std::string_view, int> rowOfHash_;
+    std::vector<std::vector<RowRef>> refsByRow_;
+    bool isLoading_ = false;
+    LoadGeneration loads_;
+
+    std::optional<std::string> selectedHash_;
+    bool isUserDrivenSelection_ = false;
+    std::optional<std::vector<FileChange>> selectedNodeFileChanges_;
+    bool isLoadingFileChanges_ = false;
+    std::unordered_map<std::string, std::vector<FileChange>> fileChangesCache_;
+    LoadGeneration fileChangeLoads_;
+
+    int wipStagedCount_ = 0;
+    int wipUnstagedCount_ = 0;
+
+    bool isSearchVisible_ = false;
+    std::string searchQuery_;
+    CommitSearchType searchScope_ = CommitSearchType::all;
+    std::unordered_set<std::string> matchingHashes_;
+    std::vector<std::string> matchingHashesOrdered_;
+    int currentMatchIndex_ = 0;
+    bool isSearching_ = false;
+    LoadGeneration searches_;
+};
+
+} // namespace orvel

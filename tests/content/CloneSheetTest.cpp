@@ -1,0 +1,154 @@
+// Cloning through the dialog on real repositories: a bare repository with history opens at once;
+// an empty one is offered its first commit and push, and a rejected push keeps the commit.
+#include "content/ui/CloneSheet.h"
+#include "content/CloneViewModel.h"
+#include "content/EmptyRepositoryStart.h"
+#include "content/WelcomeOnRealGit.h"
+
+#include "core/service/MockGitService.h"
+#include "support/Await.h"
+#include "support/Screenshot.h"
+
+#include <QCoro/QCoroTimer>
+
+#include <QLabel>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QPushButton>
+
+#include <gtest/gtest.h>
+
+using namespace orvel;
+
+namespace {
+
+// Clones wait until the test lets them go, and remember the URL they were given.
+class HeldCloneService final : public MockGitService {
+  public:
+    bool held = true;
+    std::string url;
+
+    QCoro::Task<RepoEntry> cloneRepository(std::string cloneUrl, std::string path, std::stop_token) override {
+        url = cloneUrl;
+        while (held)
+            co_await QCoro::sleepFor(std::chrono::milliseconds(1));
+        auto cloned = MockGitService::cloneRepository(std::move(cloneUrl), std::move(path));
+        co_return co_await std::move(cloned);
+    }
+};
+
+CloneSheet* fillCloneSheet(test::WelcomeOnRealGit& welcome, const std::string& url,
+                           const std::string& destination) {
+    auto* sheet = welcome.openSheet<CloneSheet>("welcome.clone");
+    EXPECT_TRUE(sheet && sheet->isVisible());
+    QTest::keyClicks(sheet->findChild<QLineEdit*>("clone.url"), QString::fromStdString("  " + url + " "));
+    QTest::keyClicks(sheet->findChild<QLineEdit*>("clone.destination"), QString::fromStdString(destination));
+    return sheet;
+}
+
+} // namespace
+
+TEST(CloneSheet, ClonesALocalRepositoryAndAsksTheWindowToOpenIt) {
+    test::TempRepo source;
+    source.write("README.md", "# Source\n");
+    const std::string head = source.commitAll("First");
+    test::TempDir place;
+    test::git(place.path(), {"clone", "--bare", source.path(), "source.git"});
+
+    test::WelcomeOnRealGit welcome;
+    CloneSheet* sheet = fillCloneSheet(welcome, place / "source.git", place / "copy");
+    test::saveScreenshot(*sheet, QStringLiteral("clone-sheet"), QSize(560, 200));
+    sheet->findChild<QPushButton*>("clone.submit")->click();
+
+    ASSERT_TRUE(welcome.waitForOpen());
+    EXPECT_EQ(welcome.openedPath(), place / "copy");
+    EXPECT_EQ(test::git(place / "copy", {"rev-parse", "HEAD"}), head + "\n");
+}
+
+TEST(CloneSheet, EmptyRepositoryGetsItsFirstCommitAndPushAndAFailedPushKeepsTheCommit) {
+    for (const bool rejectPush : {false, true}) {
+        test::TempDir place;
+        const std::string remote = place / "empty.git";
+        test::git(place.path(), {"init", "--bare", "-b", "main", remote});
+        if (rejectPush) {
+            test::writeFile(remote + "/hooks/pre-receive", "#!/bin/sh\necho refused >&2\nexit 1\n");
+            std::filesystem::permissions(remote + "/hooks/pre-receive", std::filesystem::perms::owner_all);
+        }
+        test::WelcomeOnRealGit welcome;
+        welcome.defaults->setValue("emptyRepoInitFile", rejectPush ? "gitkeep" : "readme");
+        CloneSheet* sheet = fillCloneSheet(welcome, remote, place / "work");
+        sheet->findChild<QPushButton*>("clone.submit")->click();
+
+        QMessageBox* prompt = nullptr;
+        ASSERT_TRUE(
+            QTest::qWaitFor([&] { return (prompt = sheet->findChild<QMessageBox*>()) != nullptr; }, 30000));
+        EXPECT_TRUE(prompt->informativeText().contains(rejectPush ? ".gitkeep" : "README.md"));
+        for (QAbstractButton* button : prompt->buttons()) {
+            if (button->text() == "Initialize & Push")
+                button->click();
+        }
+
+        const std::string subject = "Initialization\n\nInit by Orvel 0 - Git GUI\n\n";
+        if (!rejectPush) {
+            ASSERT_TRUE(welcome.waitForOpen());
+            EXPECT_EQ(welcome.openedPath(), place / "work");
+            EXPECT_EQ(test::git(remote, {"log", "-1", "--format=%B"}), subject);
+            EXPECT_EQ(test::git(remote, {"show", "main:README.md"}), "# work\n");
+            continue;
+        }
+        auto* error = sheet->findChild<QLabel*>("clone.error");
+        ASSERT_TRUE(QTest::qWaitFor([&] { return error->isVisible(); }, 30000));
+        EXPECT_TRUE(error->text().contains("refused"));
+        EXPECT_TRUE(sheet->isVisible());
+        EXPECT_TRUE(welcome.opened.isEmpty());
+        EXPECT_EQ(test::git(place / "work", {"log", "-1", "--format=%B"}), subject);
+        EXPECT_EQ(test::git(place / "work", {"ls-files"}), ".gitkeep\n");
+        EXPECT_TRUE(test::gitAllowingFailure(remote, {"rev-parse", "--verify", "main"}).exitCode != 0);
+    }
+}
+
+TEST(CloneSheet, EscapeAbandonsARunningCloneAndItsLateAnswer) {
+    auto service = std::make_shared<HeldCloneService>();
+    CloneViewModel model(service, std::make_shared<InMemoryUserDefaults>());
+    CloneSheet sheet(model);
+    sheet.open();
+    model.setUrlText(" https://example.com/tool.git ");
+    model.setDestinationPath("/tmp/tool");
+    QSignalSpy finished(&model, &CloneViewModel::finished);
+    auto clone = model.clone();
+    ASSERT_TRUE(model.isCloning());
+    EXPECT_EQ(service->url, "https://example.com/tool.git");
+
+    QTest::keyClick(&sheet, Qt::Key_Escape);
+    EXPECT_FALSE(sheet.isVisible());
+    EXPECT_FALSE(model.isCloning());
+    service->held = false;
+    test::await(std::move(clone));
+    EXPECT_TRUE(finished.isEmpty());
+}
+
+TEST(CloneSheet, DestinationIsTheFolderJoinedWithTheRepositoryName) {
+    struct Case {
+        const char* url;
+        const char* destination;
+    } cases[] = {
+        {"https://github.com/owner/orvel.git", "/work/orvel"},
+        {"  https://example.com/a/b/tool/  ", "/work/tool"},
+        {"git@github.com:owner/thing.git", "/work/thing"},
+        {"/srv/git/plain", "/work/plain"},
+        {"https://example.com/", "/work"},
+    };
+    for (const Case& c : cases)
+        EXPECT_EQ(CloneViewModel::cloneDestination(c.url, "/work").toStdString(), c.destination) << c.url;
+}
+
+TEST(EmptyRepositoryStart, GitignoreComesFromTheResourceOrTheBuiltInText) {
+    InMemoryUserDefaults defaults;
+    defaults.setValue("emptyRepoInitFile", "gitignore");
+    const auto fallback = EmptyRepositoryStart::fromSettings(defaults, "app", QString());
+    EXPECT_EQ(fallback.fileName, ".gitignore");
+    EXPECT_EQ(fallback.fileContent, ".DS_Store\n.build/\nbuild/\nDerivedData/\nnode_modules/\n.env\n*.log\n");
+    const auto bundled = EmptyRepositoryStart::fromSettings(defaults, "app");
+    EXPECT_NE(bundled.fileContent, fallback.fileContent);
+    EXPECT_NE(bundled.fileContent.find("node_modules/"), std::string::npos);
+}

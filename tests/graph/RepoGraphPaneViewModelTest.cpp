@@ -1,0 +1,288 @@
+// The graph pane's model against a canned service: pills fading down first-parent lines, the
+// working-tree row, loads and searches whose late answers are dropped, the file-list cache, and the
+// questions and outcomes of the commit actions.
+#include "graph/RepoGraphPaneViewModel.h"
+
+#include "core/service/GitServiceError.h"
+#include "core/service/MockGitService.h"
+#include "support/Await.h"
+#include "workspace/ToastManager.h"
+
+#include <QCoro/QCoroTimer>
+#include <QSignalSpy>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <map>
+
+using namespace orvel;
+using namespace std::chrono_literals;
+
+namespace {
+
+GraphCommit commitOf(std::string hash, std::vector<std::string> parents, std::vector<GraphRef> refs = {},
+                     std::string subject = "subject") {
+    GraphCommit commit;
+    commit.hash = std::move(hash);
+    commit.abbreviatedHash = commit.hash.substr(0, 7);
+    commit.parentHashes = std::move(parents);
+    commit.subject = std::move(subject);
+    commit.refs = std::move(refs);
+    commit.isHead = !commit.refs.empty() && commit.refs.front().isCurrent;
+    return commit;
+}
+
+std::string hashOf(int number) {
+    return "c" + std::to_string(number);
+}
+
+// `count` commits in one line, newest first; the newest carries `refs`.
+std::vector<GraphCommit> linearHistory(int count, std::vector<GraphRef> refs) {
+    std::vector<GraphCommit> commits;
+    for (int i = 0; i < count; ++i) {
+        std::vector<std::string> parents;
+        if (i + 1 < count)
+            parents.push_back(hashOf(i + 1));
+        commits.push_back(commitOf(hashOf(i), parents, i == 0 ? refs : std::vector<GraphRef>{}));
+    }
+    return commits;
+}
+
+// A canned service whose graph loads and searches wait until the test lets them go.
+class HeldBackService final : public MockGitService {
+  public:
+    bool holdLoads = false;
+    std::map<int, std::vector<GraphCommit>> graphs; // answers of held loads, by number from 0
+    int loadsStarted = 0;
+    std::map<int, std::vector<CommitEntry>> searches; // answers of the searches, by number
+    std::vector<std::string> searchQueries;
+    int fileListsRead = 0;
+    bool failResets = false;
+
+    QCoro::Task<std::vector<GraphCommit>> commitGraph(RepoEntry, long, std::stop_token) override {
+        const int number = loadsStarted++;
+        while (holdLoads && !graphs.contains(number))
+            co_await QCoro::sleepFor(1ms);
+        co_return std::vector<GraphCommit>(graphs[number]);
+    }
+    QCoro::Task<std::vector<CommitEntry>> searchCommits(RepoEntry, std::string query, CommitSearchType, long,
+                                                        std::stop_token) override {
+        const int number = static_cast<int>(searchQueries.size());
+        searchQueries.push_back(query);
+        while (!searches.contains(number))
+            co_await QCoro::sleepFor(1ms);
+        co_return std::vector<CommitEntry>(searches[number]);
+    }
+    QCoro::Task<std::vector<FileChange>> commitFileChanges(RepoEntry, std::string, std::stop_token) override {
+        ++fileListsRead;
+        co_return sampleCommitFiles();
+    }
+    QCoro::Task<void> reset(RepoEntry, std::string, ResetMode, std::stop_token) override {
+        if (failResets)
+            throw GitServiceError::commandFailed("reset", "fatal: ambiguous argument 'x'");
+        co_return;
+    }
+};
+
+RepoEntry repoAt(std::string path) {
+    RepoEntry repo;
+    repo.path = std::move(path);
+    return repo;
+}
+
+CommitEntry entryFor(const std::string& hash) {
+    CommitEntry entry;
+    entry.hash = hash;
+    return entry;
+}
+
+class GraphModelTest : public ::testing::Test {
+  protected:
+    RepoEntry repo = repoAt("/repo");
+    std::shared_ptr<HeldBackService> service = std::make_shared<HeldBackService>();
+    ToastManager toasts;
+    RepoGraphPaneViewModel model{repo, service, toasts};
+
+    std::vector<double> opacitiesOf(const std::string& refID) const {
+        std::vector<double> opacities;
+        for (const auto& row : model.refsByRow()) {
+            for (const auto& placed : row) {
+                if (placed.ref.id() == refID)
+                    opacities.push_back(placed.opacity);
+            }
+        }
+        return opacities;
+    }
+    QString lastToast() const { return toasts.toasts().empty() ? QString() : toasts.toasts().back().message; }
+};
+
+TEST_F(GraphModelTest, PillsFadeDownTheFirstParentLineAndStopWhereTheRowsEnd) {
+    model.applyCommits(
+        linearHistory(500, {{"main", GraphRefType::localBranch, true}, {"v1", GraphRefType::tag}}));
+    const auto tag = opacitiesOf("tag:v1");
+    ASSERT_EQ(tag.size(), 200u); // rows 0 to 199
+    EXPECT_DOUBLE_EQ(tag[0], 1.0);
+    EXPECT_DOUBLE_EQ(tag[1], 0.9);
+    EXPECT_NEAR(tag[9], 0.1, 1e-9);
+    EXPECT_DOUBLE_EQ(tag[10], 0.05);
+    EXPECT_DOUBLE_EQ(tag[199], 0.05);
+    EXPECT_TRUE(model.refsByRow()[200].empty());
+    EXPECT_EQ(opacitiesOf("localBranch:main").size(), 10u); // steps 0 to 9
+    // Pills of the same row keep the order of the commit's refs.
+    EXPECT_EQ(model.refsByRow()[0][0].ref.name, "main");
+    EXPECT_EQ(model.refsByRow()[0][1].ref.name, "v1");
+
+    // A tag on a short history fades no further than its rows; a line that leaves them stops.
+    auto cut = linearHistory(3, {{"v2", GraphRefType::tag}});
+    cut.back().parentHashes = {"not-loaded"};
+    model.applyCommits(cut);
+    EXPECT_EQ(opacitiesOf("tag:v2"), (std::vector<double>{1.0, 0.9, 0.8}));
+}
+
+TEST_F(GraphModelTest, TheWorkingTreeRowFollowsTheCounts) {
+    model.applyCommits(linearHistory(3, {{"main", GraphRefType::localBranch, true}}));
+    struct Case {
+        int staged, unstaged;
+        const char* date; // nullptr: no working-tree row
+    };
+    for (const Case& c : {Case{0, 0, nullptr}, Case{0, 3, "\u270E 3"}, Case{2, 3, "\u270E 3 + 2"},
+                          Case{4, 0, "\u270E 4"}, Case{0, 0, nullptr}}) {
+        model.setWorkingTreeCounts(c.staged, c.unstaged);
+        const auto& first = model.commits().front();
+        if (!c.date) {
+            EXPECT_EQ(first.hash, hashOf(0));
+            EXPECT_EQ(model.commits().size(), 3u);
+            continue;
+        }
+        ASSERT_EQ(model.commits().size(), 4u);
+        EXPECT_EQ(first.hash, "wip");
+        EXPECT_EQ(first.date, c.date);
+        EXPECT_EQ(model.commitAt(0).parentHashes, std::vector<std::string>{hashOf(0)});
+        // HEAD's row continues the working-tree row's column.
+        EXPECT_EQ(model.commits()[1].activeLane, first.activeLane);
+        EXPECT_EQ(model.rowOf(hashOf(0)), 1);
+    }
+    // Without a commit there is nothing for the working tree to stand on.
+    model.applyCommits({});
+    model.setWorkingTreeCounts(1, 1);
+    EXPECT_TRUE(model.commits().empty());
+}
+
+TEST_F(GraphModelTest, ALateLoadChangesNothingAndTheSelectionStartsAtHead) {
+    service->holdLoads = true;
+    auto first = model.load();
+    auto second = model.load();
+    service->graphs[1] = linearHistory(2, {{"main", GraphRefType::localBranch, true}});
+    test::await(std::move(second));
+    service->graphs[0] = linearHistory(5, {});
+    test::await(std::move(first));
+    EXPECT_EQ(model.commits().size(), 2u);
+    EXPECT_EQ(model.selectedHash(), hashOf(0));
+    EXPECT_FALSE(model.isUserDrivenSelection());
+    EXPECT_FALSE(model.isLoading());
+
+    // A second click on a commit takes its files from the cache.
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !model.isLoadingFileChanges(); }));
+    const int reads = service->fileListsRead;
+    model.selectCommit(hashOf(1));
+    model.selectCommit(hashOf(0));
+    EXPECT_EQ(service->fileListsRead, reads + 1);
+    ASSERT_TRUE(model.selectedNodeFileChanges());
+    EXPECT_EQ(*model.selectedNodeFileChanges(), MockGitService::sampleCommitFiles());
+}
+
+TEST_F(GraphModelTest, SearchMatchesAtOnceThenAddsGitsAnswerAndDropsALateOne) {
+    auto commits = linearHistory(4, {{"main", GraphRefType::localBranch, true}});
+    commits[2].subject = "Fix the Lanes";
+    model.applyCommits(commits);
+    QSignalSpy changed(&model, &RepoGraphPaneViewModel::searchChanged);
+
+    model.setSearchScope(CommitSearchType::message);
+    model.setSearchQuery("lane");
+    EXPECT_EQ(model.matchingHashesOrdered(), std::vector<std::string>{hashOf(2)});
+    EXPECT_EQ(model.selectedHash(), hashOf(2));
+    EXPECT_TRUE(service->searchQueries.empty()); // the pause before git is asked
+
+    // A newer keystroke within the pause supersedes the first search before git runs.
+    QTest::qWait(100);
+    model.setSearchQuery("lanes");
+    ASSERT_TRUE(QTest::qWaitFor([&] { return service->searchQueries.size() == 1; }));
+    EXPECT_EQ(service->searchQueries, std::vector<std::string>{"lanes"});
+    EXPECT_TRUE(model.isSearching());
+
+    // The answer of a search that a newer one replaced changes nothing.
+    model.setSearchQuery("fix");
+    ASSERT_TRUE(QTest::qWaitFor([&] { return service->searchQueries.size() == 2; }));
+    service->searches[0] = {entryFor(hashOf(0))};
+    service->searches[1] = {entryFor(hashOf(3)), entryFor(hashOf(2)), entryFor("beyond-the-rows")};
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !model.isSearching(); }));
+    EXPECT_EQ(model.matchingHashesOrdered(), (std::vector<std::string>{hashOf(2), hashOf(3)}));
+
+    // Next walks in row order and wraps; the hash scope never asks git.
+    model.nextMatch();
+    EXPECT_EQ(model.selectedHash(), hashOf(3));
+    model.nextMatch();
+    EXPECT_EQ(model.selectedHash(), hashOf(2));
+    model.previousMatch();
+    EXPECT_EQ(model.currentMatchIndex(), 1);
+    model.setSearchScope(CommitSearchType::hash);
+    model.setSearchQuery("C1");
+    QTest::qWait(400);
+    EXPECT_EQ(service->searchQueries.size(), 2u);
+    EXPECT_EQ(model.matchingHashesOrdered(), std::vector<std::string>{hashOf(1)});
+
+    model.setSearchQuery("");
+    EXPECT_TRUE(model.matchingHashes().empty());
+    model.toggleSearch();
+    model.setSearchQuery("c2");
+    model.clearSearch();
+    EXPECT_FALSE(model.isSearchVisible());
+    EXPECT_TRUE(model.searchQuery().empty());
+    EXPECT_TRUE(model.matchingHashes().empty());
+    EXPECT_GT(changed.count(), 0);
+}
+
+TEST_F(GraphModelTest, ActionsAskFirstWhereTheyMustAndTellTheirOutcome) {
+    service->graph = linearHistory(3, {{"main", GraphRefType::localBranch, true}});
+    model.applyCommits(service->graph);
+    QSignalSpy asked(&model, &RepoGraphPaneViewModel::confirmationRequested);
+    QSignalSpy changed(&model, &RepoGraphPaneViewModel::repositoryChanged);
+    std::vector<std::optional<QString>> activity;
+    model.setActivityCallback([&](std::optional<QString> message) { activity.push_back(message); });
+
+    model.requestReset("0123456789", ResetMode::hard);
+    ASSERT_EQ(asked.count(), 1);
+    const auto question = asked.takeFirst().at(0).value<GraphConfirmation>();
+    EXPECT_EQ(question.kind, GraphConfirmation::Kind::hardReset);
+    EXPECT_TRUE(question.text().startsWith("Reset to 0123456? This will move HEAD"));
+    EXPECT_TRUE(changed.isEmpty());
+
+    test::await(model.confirm(question));
+    EXPECT_EQ(lastToast(), "Reset hard to 0123456");
+    EXPECT_EQ(changed.count(), 1);
+    ASSERT_EQ(activity.size(), 2u);
+    EXPECT_EQ(activity[0], QString("Resetting to 0123456…"));
+    EXPECT_FALSE(activity[1]);
+
+    service->failResets = true;
+    test::await(model.reset("0123456789", ResetMode::soft));
+    EXPECT_EQ(lastToast(), "Reset failed: git reset failed: fatal: ambiguous argument 'x'");
+    EXPECT_EQ(changed.count(), 1);
+
+    // A cherry-pick onto a clean tree runs at once; onto a dirty one it asks.
+    model.requestCherryPick(hashOf(1));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return lastToast() == "Cherry-picked c1"; }));
+    EXPECT_TRUE(asked.isEmpty());
+    model.setWorkingTreeCounts(1, 0);
+    model.requestRevert(hashOf(1));
+    ASSERT_EQ(asked.count(), 1);
+    EXPECT_EQ(asked.takeFirst().at(0).value<GraphConfirmation>().title(), "Revert onto Dirty Working Tree");
+
+    RepoGraphPaneViewModel unloaded(RepoEntry{}, service, toasts);
+    test::await(unloaded.cherryPick(hashOf(1)));
+    EXPECT_EQ(lastToast(), "No repository loaded");
+}
+
+} // namespace

@@ -1,0 +1,72 @@
+// The commit search's git runs: the exact argument lists of every scope, and one search of each
+// scope git answers over a real repository, where option-like and pattern-like queries are taken
+// literally.
+#include "core/commands/SearchCommands.h"
+#include "core/RealGitService.h"
+#include "core/parsers/LogParser.h"
+#include "support/Await.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+using namespace orvel;
+using Lists = std::vector<std::vector<std::string>>;
+
+TEST(SearchCommands, ArgumentListsByScope) {
+    const std::string format(historyFormat);
+    struct Case {
+        CommitSearchType scope;
+        std::string query;
+        Lists expected;
+    };
+    const std::vector<Case> cases{
+        {CommitSearchType::message, "Fix", {{"log", "--all", "--grep=Fix", "-i", "-n", "500", format}}},
+        {CommitSearchType::author, "-ada", {{"log", "--all", "--author=-ada", "-i", "-n", "500", format}}},
+        {CommitSearchType::diff,
+         "a.*b",
+         {{"log", "--all", "-S", "a.*b", "--fixed-strings", "-n", "500", format}}},
+        {CommitSearchType::filePath, "--all", {{"log", "--all", "-n", "500", format, "--", "--all"}}},
+        {CommitSearchType::all,
+         "x",
+         {{"log", "--all", "--grep=x", "-i", "-n", "500", format},
+          {"log", "--all", "--author=x", "-i", "-n", "500", format}}},
+        {CommitSearchType::hash, "abc", {}},
+        {CommitSearchType::ref, "main", {}},
+        {CommitSearchType::message, "", {}},
+    };
+    for (const auto& c : cases)
+        EXPECT_EQ(SearchCommands::searchCommandLines(c.query, c.scope, 500), c.expected) << c.query;
+}
+
+class SearchRepositoryTest : public test::RepositoryTest {
+  protected:
+    std::vector<std::string> subjectsFound(const std::string& query, CommitSearchType scope) {
+        auto found = test::await(real.service.searchCommits(entry(), query, scope, 500));
+        std::vector<std::string> subjects;
+        for (const auto& commit : found)
+            subjects.push_back(commit.subject);
+        std::sort(subjects.begin(), subjects.end());
+        return subjects;
+    }
+};
+
+TEST_F(SearchRepositoryTest, EachScopeFindsWhatGitFinds) {
+    repo.write("-odd name.txt", "value = a.*b\n");
+    repo.commitAll("Add the odd file");
+    repo.write("plain.txt", "aXXb\n");
+    repo.commitAll("Fix the PLAIN file");
+    repo.git(
+        {"commit", "--allow-empty", "-m", "Ada fixes nothing", "--author=Grace <grace@example.invalid>"});
+
+    EXPECT_EQ(subjectsFound("fix", CommitSearchType::message),
+              (std::vector<std::string>{"Ada fixes nothing", "Fix the PLAIN file"}));
+    EXPECT_EQ(subjectsFound("GRACE", CommitSearchType::author),
+              std::vector<std::string>{"Ada fixes nothing"});
+    EXPECT_EQ(subjectsFound("a.*b", CommitSearchType::diff), std::vector<std::string>{"Add the odd file"});
+    EXPECT_EQ(subjectsFound("-odd name.txt", CommitSearchType::filePath),
+              std::vector<std::string>{"Add the odd file"});
+    // Found by both the message and the author search, counted once.
+    EXPECT_EQ(subjectsFound("grace", CommitSearchType::all), std::vector<std::string>{"Ada fixes nothing"});
+    EXPECT_EQ(subjectsFound("Ada", CommitSearchType::all), std::vector<std::string>{"Ada fixes nothing"});
+}

@@ -1,0 +1,107 @@
+// The create-branch and create-tag sheets end to end on a real repository: names that break a
+// rule keep Create disabled and say why, git's refusal shows in the sheet, and accepted names
+// become a branch and an annotated tag at the chosen commit.
+#include "content/ui/CreateBranchSheet.h"
+#include "core/process/SubprocessExecutor.h"
+#include "core/queue/GitOpRunner.h"
+#include "core/service/NativeGitService.h"
+#include "core/support/UserDefaults.h"
+#include "sidebar/ui/CreateTagSheet.h"
+#include "support/GitFixture.h"
+#include "support/Screenshot.h"
+
+#include <QCheckBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QSignalSpy>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+using namespace orvel;
+
+namespace {
+
+class CreateRefSheets : public ::testing::Test {
+  protected:
+    CreateRefSheets() {
+        repo.write("a.txt", "one\n");
+        first = repo.commitAll("first");
+        repo.write("a.txt", "two\n");
+        repo.commitAll("second");
+        entry.path = repo.path();
+    }
+
+    template <typename T>
+    static T* child(QWidget& sheet, const char* name) {
+        auto* found = sheet.findChild<T*>(QString::fromLatin1(name));
+        EXPECT_NE(found, nullptr) << name;
+        return found;
+    }
+
+    static void retype(QLineEdit* field, const QString& text) {
+        field->clear();
+        QTest::keyClicks(field, text);
+    }
+
+    test::TempRepo repo;
+    std::string first;
+    RepoEntry entry;
+    InMemoryUserDefaults defaults;
+    std::shared_ptr<NativeGitService> service = std::make_shared<NativeGitService>(
+        std::make_shared<SubprocessExecutor>(std::nullopt, defaults), std::make_shared<GitOpRunner>(2));
+};
+
+} // namespace
+
+TEST_F(CreateRefSheets, CreateABranchAtACommitWithoutCheckingItOut) {
+    CreateBranchSheet sheet(entry, first, service);
+    QSignalSpy created(&sheet, &CreateBranchSheet::created);
+    sheet.open();
+    auto* field = child<QLineEdit>(sheet, "create-branch.name-field");
+    auto* create = child<QPushButton>(sheet, "create-branch.create-button");
+    auto* message = child<QLabel>(sheet, "create-branch.validation-message");
+
+    retype(field, QStringLiteral("@"));
+    EXPECT_FALSE(create->isEnabled());
+    EXPECT_EQ(message->text(), QStringLiteral("'@' alone is not valid"));
+    test::saveScreenshot(sheet, QStringLiteral("create-branch-sheet-invalid"), QSize(460, 220));
+
+    // A name git refuses: the sheet stays open and says why.
+    retype(field, QStringLiteral("main"));
+    child<QCheckBox>(sheet, "create-branch.checkout-toggle")->setChecked(false);
+    EXPECT_EQ(create->text(), QStringLiteral("Create"));
+    create->click();
+    QTRY_VERIFY(sheet.findChild<QLabel*>(QStringLiteral("create-branch.error"))->isVisible());
+    EXPECT_TRUE(sheet.isVisible());
+
+    retype(field, QStringLiteral("feature one"));
+    EXPECT_EQ(field->text(), QStringLiteral("feature-one"));
+    QTest::keyClick(field, Qt::Key_Return);
+    QTRY_COMPARE(created.count(), 1);
+    EXPECT_FALSE(sheet.isVisible());
+    EXPECT_EQ(repo.rev("feature-one"), first);
+    EXPECT_EQ(repo.git({"branch", "--show-current"}), "main\n");
+}
+
+TEST_F(CreateRefSheets, CreateAnAnnotatedTagAtTheGivenCommit) {
+    CreateTagSheet sheet(entry, first, service);
+    QSignalSpy created(&sheet, &CreateTagSheet::created);
+    sheet.open();
+    auto* field = child<QLineEdit>(sheet, "create-tag.name-field");
+    auto* create = child<QPushButton>(sheet, "create-tag.create-button");
+
+    retype(field, QStringLiteral("v 1"));
+    EXPECT_FALSE(create->isEnabled());
+    EXPECT_EQ(child<QLabel>(sheet, "create-tag.validation-error")->text(),
+              QStringLiteral("Invalid tag name: Cannot contain spaces"));
+
+    retype(field, QStringLiteral("v1.0"));
+    child<QPlainTextEdit>(sheet, "create-tag.message-field")->setPlainText(QStringLiteral("Release"));
+    create->click();
+    QTRY_COMPARE(created.count(), 1);
+    EXPECT_EQ(repo.git({"cat-file", "-t", "v1.0"}), "tag\n");
+    EXPECT_EQ(repo.rev("v1.0^{commit}"), first);
+}
