@@ -59,7 +59,7 @@ void waitUntilIdle(const GitOpRunner& runner) {
 // fails the test instead of hanging it.
 template <typename Condition>
 bool eventually(Condition condition) {
-    const auto deadline = std::chrono::steady_clock::now() + 30s;
+    const auto deadline = std::chrono::steady_clock::now() + 60s;
     while (!condition()) {
         if (std::chrono::steady_clock::now() > deadline)
             return false;

@@ -3,7 +3,7 @@
 // (the file argv[2] exists) it prints "closing" and closes the last window, which ends the program.
 #include "app/OrvelApp.h"
 #include "core/service/NativeGitService.h"
-#include "workspace/ui/RepositoryWindow.h"
+#include "workspace/ui/MainWindow.h"
 
 #include <QApplication>
 #include <QFileInfo>
@@ -19,7 +19,7 @@ int main(int argc, char** argv) {
     const QString reached = QString::fromLocal8Bit(argv[2]);
 
     orvel::OrvelApp app;
-    orvel::RepositoryWindow window(app.appViewModel());
+    orvel::MainWindow window(app.appViewModel(), app.defaults());
     window.show();
     orvel::RepoEntry repo;
     repo.path = argv[1];
