@@ -47,19 +47,23 @@ void logLoadFailure(const std::exception& error) {
     qCCritical(lcUi, "op=theme.load reason=%s", redactForLog(error.what()).c_str());
 }
 
-// The entries of `folder` with the extension "json", in listing order; a file that can't be read
-// or decoded is logged and skipped. Two files with one id both stay.
+// A file that can't be read or decoded is logged and skipped.
+void appendTheme(std::vector<Theme>& themes, const QString& path, bool isBuiltIn) {
+    try {
+        themes.push_back(decodeTheme(readThemeFile(path), isBuiltIn));
+    } catch (const std::exception& error) {
+        logLoadFailure(error);
+    }
+}
+
+// The entries of `folder` with the extension "json", in listing order. Two files with one id both
+// stay.
 std::vector<Theme> loadThemeFolder(const QString& folder, bool isBuiltIn) {
     std::vector<Theme> themes;
     const QFileInfoList entries = QDir(folder).entryInfoList(QDir::Files, QDir::Unsorted);
     for (const QFileInfo& entry : entries) {
-        if (entry.suffix() != QLatin1String("json"))
-            continue;
-        try {
-            themes.push_back(decodeTheme(readThemeFile(entry.filePath()), isBuiltIn));
-        } catch (const std::exception& error) {
-            logLoadFailure(error);
-        }
+        if (entry.suffix() == QLatin1String("json"))
+            appendTheme(themes, entry.filePath(), isBuiltIn);
     }
     return themes;
 }
@@ -72,14 +76,8 @@ std::vector<Theme> loadBuiltInThemes() {
     std::vector<Theme> themes;
     QDirIterator resources(QStringLiteral(":/"), QDir::Files, QDirIterator::Subdirectories);
     while (resources.hasNext()) {
-        const QString path = resources.next();
-        if (!path.endsWith(themeSuffix))
-            continue;
-        try {
-            themes.push_back(decodeTheme(readThemeFile(path), true));
-        } catch (const std::exception& error) {
-            logLoadFailure(error);
-        }
+        if (const QString path = resources.next(); path.endsWith(themeSuffix))
+            appendTheme(themes, path, true);
     }
     if (!themes.empty())
         return themes;

@@ -56,7 +56,7 @@ TEST(ToastOverlayTest, StacksOldestOnTopTakesTheMouseOnlyOnBadgesFollowsTheWindo
         toasts.show("Fetch skipped: origin is unreachable", ToastType::warning, 60);
         toasts.show("Fetch skipped: origin is unreachable", ToastType::warning, 60);
         toasts.show("Push rejected: the remote has commits that are not here. Pull first, then push again.",
-                    ToastType::error, 0.6);
+                    ToastType::error, 60);
         const auto settled = [&] { return overlay->findChildren<QPropertyAnimation*>().isEmpty(); };
         EXPECT_TRUE(QTest::qWaitFor(settled));
         const std::vector<ToastBadge*> badges = badgesTopDown(*overlay);
@@ -76,9 +76,11 @@ TEST(ToastOverlayTest, StacksOldestOnTopTakesTheMouseOnlyOnBadgesFollowsTheWindo
         EXPECT_EQ(overlay->geometry(), window.widget.rect());
         EXPECT_EQ(badges[2]->geometry().right(), 700 - 17);
 
-        // The error expires, fades, and the two above slide down into its place.
-        EXPECT_TRUE(QTest::qWaitFor([&] { return badgesTopDown(*overlay).size() == 2; }, 3000));
-        EXPECT_TRUE(QTest::qWaitFor(settled));
+        // A sixth toast pushes the oldest out: it fades, and the rest slide into place.
+        for (int index = 0; index < 3; ++index)
+            toasts.show(QStringLiteral("Fetched origin %1").arg(index), ToastType::notice, 60);
+        EXPECT_TRUE(QTest::qWaitFor([&] { return badgesTopDown(*overlay).size() == 5 && settled(); }));
+        EXPECT_EQ(badgesTopDown(*overlay).front()->item().type, ToastType::warning);
         EXPECT_EQ(badgesTopDown(*overlay).back()->geometry().bottom(), window.widget.height() - 17);
     }
     QApplication::setPalette(QPalette());
