@@ -6,6 +6,8 @@
 #include "core/service/NativeGitService.h"
 #include "core/support/Log.h"
 #include "core/support/UserDefaults.h"
+#include "settings/LocalizationManager.h"
+#include "settings/ThemeEngine.h"
 #include "workspace/AppViewModel.h"
 #include "workspace/CredentialManager.h"
 
@@ -14,8 +16,11 @@
 namespace orvel {
 
 OrvelApp::OrvelApp() : defaults_(std::make_unique<SettingsUserDefaults>()) {
+    ThemeEngine::shared().start(*defaults_);
+    LocalizationManager::shared().start(*defaults_);
     qCDebug(lcApp, "op=app.launched");
     qCDebug(lcApp, "init: starting OrvelApp");
+    defaults_->setValue(QStringLiteral("NSInitialToolTipDelay"), 500);
     // git's questions for passwords reach the user through the script the manager writes, so
     // the manager starts before the executor that hands the script's path to git.
     credentialManager_ = std::make_unique<CredentialManager>();
@@ -25,18 +30,23 @@ OrvelApp::OrvelApp() : defaults_(std::make_unique<SettingsUserDefaults>()) {
     qCDebug(lcApp, "init: SubprocessExecutor created");
     service_ = std::make_shared<NativeGitService>(executor_, std::make_shared<GitOpRunner>());
     qCDebug(lcApp, "init: NativeGitService created");
-    appViewModel_ = std::make_unique<AppViewModel>(service_);
+    appViewModel_ = std::make_unique<AppViewModel>(service_, *defaults_);
     std::optional<QByteArray> autotestPath;
     if (qEnvironmentVariableIsSet("ORVEL_AUTOTEST_OPEN_REPO"))
         autotestPath = qgetenv("ORVEL_AUTOTEST_OPEN_REPO");
-    appViewModel_->openFromEnvironment(std::move(autotestPath));
+    appViewModel_->start(std::move(autotestPath));
     QTimer::singleShot(0, [appearance = defaults_->string("appearance")] { applyAppearance(appearance); });
     qCDebug(lcApp, "init: OrvelApp ready");
 }
 
 OrvelApp::~OrvelApp() {
-    // No git runs any more: the listener ends and the pipes and the script go.
+    // The credential listener is told to end without being waited for; an open question gets an
+    // empty answer. The models go, then the service with its queue, which kills the git that still
+    // runs and drops the blocks queued behind it. Their coroutines never resume: the event loop
+    // has ended. The credential manager goes last and joins its listener, which has ended by then.
     credentialManager_->stop();
+    appViewModel_.reset();
+    service_.reset();
 }
 
 } // namespace orvel

@@ -1,6 +1,6 @@
-// Brings the application up in its fixed order: credential prompts, executor, git service,
-// application model, and the stored appearance; then it opens the repository named by
-// ORVEL_AUTOTEST_OPEN_REPO, if any.
+// Brings the application up in its fixed order: theme and language from the stored settings,
+// credential prompts, executor, git service, application model (which opens the repository named
+// by ORVEL_AUTOTEST_OPEN_REPO, if any), and the stored appearance.
 #pragma once
 
 #include <memory>
@@ -15,14 +15,17 @@ class SubprocessExecutor;
 class UserDefaults;
 
 class OrvelApp {
-public:
+  public:
     OrvelApp();
+    // Closing the last window ends the program at once, with git still running or queued.
     ~OrvelApp();
 
     AppViewModel& appViewModel() { return *appViewModel_; }
+    NativeGitService& gitService() { return *service_; }
     CredentialManager& credentialManager() { return *credentialManager_; }
+    UserDefaults& defaults() { return *defaults_; }
 
-private:
+  private:
     std::unique_ptr<UserDefaults> defaults_;
     std::unique_ptr<CredentialManager> credentialManager_;
     std::shared_ptr<SubprocessExecutor> executor_;

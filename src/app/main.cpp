@@ -1,9 +1,33 @@
 // The program's entry: the application object, the start-up sequence and the main window.
+#include "app/Appearance.h"
 #include "app/OrvelApp.h"
 #include "workspace/AppViewModel.h"
-#include "workspace/ui/RepositoryWindow.h"
+#include "workspace/ui/MainWindow.h"
 
 #include <QApplication>
+
+#include <cstdio>
+#include <memory>
+
+namespace {
+
+// For the start-to-graph benchmark: ORVEL_BENCH_MARK_GRAPH prints a line at each tab's first
+// painted graph; ORVEL_BENCH_OPEN_REPOS, repositories one a line, opens the next of them after
+// each, so that one process holds several loaded tabs.
+void reportPaintedGraphs(orvel::MainWindow& window, orvel::AppViewModel& model) {
+    if (!qEnvironmentVariableIsSet("ORVEL_BENCH_MARK_GRAPH"))
+        return;
+    auto pending = std::make_shared<QStringList>(
+        qEnvironmentVariable("ORVEL_BENCH_OPEN_REPOS").split(QLatin1Char('\n'), Qt::SkipEmptyParts));
+    QObject::connect(&window, &orvel::MainWindow::graphPainted, &model, [&model, pending] {
+        std::fputs("orvel: graph painted\n", stdout);
+        std::fflush(stdout);
+        if (!pending->isEmpty())
+            model.openRepository(pending->takeFirst().toStdString());
+    });
+}
+
+} // namespace
 
 int main(int argc, char** argv) {
     QApplication application(argc, argv);
@@ -12,7 +36,9 @@ int main(int argc, char** argv) {
     QApplication::setQuitOnLastWindowClosed(true);
 
     orvel::OrvelApp app;
-    orvel::RepositoryWindow window(app.appViewModel());
+    orvel::MainWindow window(app.appViewModel(), app.defaults());
+    QObject::connect(&window, &orvel::MainWindow::appearanceChosen, &orvel::applyAppearance);
+    reportPaintedGraphs(window, app.appViewModel());
     window.show();
     window.raise();
     window.activateWindow();

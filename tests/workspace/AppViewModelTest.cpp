@@ -1,6 +1,8 @@
-// The application model's open and the automatic open of start-up, with the log lines that
-// tell a tester what happened.
+// The application model: the automatic open of start-up, the recents (cap, order, pruning of stale
+// entries with their notice), tabs (an open repository is switched to, not opened twice; closing
+// picks the last tab) and superseded opens.
 #include "workspace/AppViewModel.h"
+
 #include "core/process/SubprocessExecutor.h"
 #include "core/queue/GitOpRunner.h"
 #include "core/service/MockGitService.h"
@@ -9,10 +11,6 @@
 #include "support/Await.h"
 #include "support/GitFixture.h"
 #include "support/LogCapture.h"
-#include "workspace/ui/RepositoryWindow.h"
-
-#include <QLabel>
-#include <QSignalSpy>
 
 #include <future>
 
@@ -22,27 +20,32 @@ using namespace orvel;
 
 namespace {
 
+QStringList storedRecents(const UserDefaults& defaults) {
+    return defaults.value(QStringLiteral("recentRepositoryPaths")).toStringList();
+}
+
 // The model over the real git, as start-up builds it.
-class AutomaticOpen : public ::testing::Test {
+class RealRepositories : public ::testing::Test {
   protected:
     InMemoryUserDefaults defaults;
     std::shared_ptr<NativeGitService> service = std::make_shared<NativeGitService>(
         std::make_shared<SubprocessExecutor>(std::nullopt, defaults), std::make_shared<GitOpRunner>(2));
-    AppViewModel model{service};
+    AppViewModel model{service, defaults};
 };
 
 } // namespace
 
-TEST_F(AutomaticOpen, PathWithBlanksAroundOpensTheRepository) {
+TEST_F(RealRepositories, PathWithBlanksAroundOpensTheRepository) {
     test::TempRepo repo;
     const std::string head = repo.commitAll("first");
     test::LogCapture log;
     test::await(model.openFromEnvironment(QByteArray::fromStdString("  " + repo.path() + "\n")));
 
     ASSERT_TRUE(model.activeRepository());
-    EXPECT_EQ(model.activeRepository()->path, repo.path());
     EXPECT_EQ(model.activeRepository()->headHash, head);
     EXPECT_EQ(model.mode(), AppMode::working);
+    ASSERT_EQ(model.openTabs().size(), 1u);
+    EXPECT_EQ(model.activeTab()->repo().path, repo.path());
     const QString path = QString::fromStdString(repo.path());
     EXPECT_TRUE(log.contains("env var present: " + path));
     EXPECT_TRUE(log.contains("gitDir=" + path + "/.git exists=true"));
@@ -50,12 +53,11 @@ TEST_F(AutomaticOpen, PathWithBlanksAroundOpensTheRepository) {
         << log.text().toStdString();
 }
 
-TEST_F(AutomaticOpen, UnsetVariableDoesNothingAndABlankOrInvalidValueLogsTheError) {
+TEST_F(RealRepositories, UnsetVariableDoesNothingAndABlankOrInvalidValueLogsTheError) {
     {
         test::LogCapture log;
         test::await(model.openFromEnvironment(std::nullopt));
         EXPECT_TRUE(log.text().isEmpty());
-        EXPECT_EQ(model.mode(), AppMode::welcome);
     }
     test::TempDir notARepository;
     for (const QByteArray& value :
@@ -64,22 +66,119 @@ TEST_F(AutomaticOpen, UnsetVariableDoesNothingAndABlankOrInvalidValueLogsTheErro
         test::await(model.openFromEnvironment(value));
         EXPECT_TRUE(log.contains("ORVEL_AUTOTEST_OPEN_REPO is set but path is invalid or not a git repo"));
         EXPECT_EQ(model.mode(), AppMode::welcome);
-        EXPECT_FALSE(model.activeRepository());
     }
 }
 
-TEST_F(AutomaticOpen, FailedOpenKeepsWhatWasOpenAndTellsWhy) {
+TEST_F(RealRepositories, FailedOpenKeepsWhatWasOpenAndTellsWhy) {
     test::TempRepo repo;
     test::await(model.openRepository(repo.path()));
-    ASSERT_TRUE(model.activeRepository());
-
-    QSignalSpy failed(&model, &AppViewModel::openFailed);
     test::TempDir plain;
     test::await(model.openRepository(plain.path()));
-    EXPECT_EQ(failed.count(), 1);
-    EXPECT_TRUE(model.lastError().contains("not a git repository"));
+
+    ASSERT_FALSE(model.toastManager().toasts().empty());
+    const ToastItem& toast = model.toastManager().toasts().back();
+    EXPECT_EQ(toast.type, ToastType::error);
+    EXPECT_TRUE(toast.message.startsWith("Failed to open repository: ")) << toast.message.toStdString();
     EXPECT_EQ(model.activeRepository()->path, repo.path());
-    EXPECT_EQ(model.mode(), AppMode::working);
+    EXPECT_EQ(model.openTabs().size(), 1u);
+    EXPECT_EQ(storedRecents(defaults), QStringList{QString::fromStdString(repo.path())});
+}
+
+TEST_F(RealRepositories, StaleRecentsArePrunedByNameWithOneNotice) {
+    test::TempDir root;
+    test::TempRepo valid;
+    for (const char* folder : {"a/app", "b/app", "c/other"})
+        std::filesystem::create_directories(root / folder);
+    test::git(root / "b/app", {"init", "-q"});
+    const QStringList stored{QString::fromStdString(root / "gone/app"),
+                             QString::fromStdString(root / "b/app"), QString::fromStdString(root / "c/other"),
+                             QString::fromStdString(valid.path())};
+    defaults.setValue(QStringLiteral("recentRepositoryPaths"), stored);
+    AppViewModel restarted(service, defaults);
+    ASSERT_EQ(restarted.recentRepositories().size(), 4u);
+
+    test::await(restarted.pruneInvalidRecents());
+
+    // "gone/app" takes the valid "b/app" with it: recents are compared by folder name.
+    EXPECT_EQ(storedRecents(defaults), QStringList{QString::fromStdString(valid.path())});
+    ASSERT_EQ(restarted.toastManager().toasts().size(), 1u);
+    EXPECT_EQ(restarted.toastManager().toasts()[0].message, "Removed invalid repos: app, other");
+    EXPECT_EQ(restarted.toastManager().toasts()[0].type, ToastType::warning);
+}
+
+namespace {
+
+// The model over the in-memory service, whose `open` answers any path.
+class Tabs : public ::testing::Test {
+  protected:
+    void open(const std::string& path) { test::await(model.openRepository(path)); }
+
+    InMemoryUserDefaults defaults;
+    std::shared_ptr<MockGitService> service = std::make_shared<MockGitService>();
+    AppViewModel model{service, defaults};
+};
+
+} // namespace
+
+TEST_F(Tabs, RecentsKeepThirtyNewestFirstAndAReopenedOneMovesToTheTop) {
+    for (int i = 0; i < 31; ++i)
+        open("/work/r" + std::to_string(i));
+    ASSERT_EQ(model.recentRepositories().size(), 30u);
+    EXPECT_EQ(model.recentRepositories().front().path, "/work/r30");
+    EXPECT_EQ(model.recentRepositories().back().path, "/work/r1");
+
+    open("/work/r28");
+    const QStringList stored = storedRecents(defaults);
+    ASSERT_EQ(stored.size(), 30);
+    EXPECT_EQ(stored[0], "/work/r28");
+    EXPECT_EQ(stored[1], "/work/r30");
+    EXPECT_EQ(stored[2], "/work/r29");
+
+    model.setSelectedRecentRepoPath("/work/r30");
+    model.removeFromRecents("/work/r30");
+    EXPECT_EQ(storedRecents(defaults).size(), 29);
+    EXPECT_FALSE(model.selectedRecentRepoPath());
+}
+
+TEST_F(Tabs, OpeningAnOpenRepositorySwitchesToItsTabWithoutAReload) {
+    open("/work/a");
+    WorkspaceTabState* first = model.activeTab();
+    open("/work/b");
+    const int updates = service->commitGraphUpdates;
+    open("/work/a");
+
+    ASSERT_EQ(model.openTabs().size(), 2u);
+    EXPECT_EQ(model.activeTab(), first);
+    EXPECT_EQ(model.activeRepository()->path, "/work/a");
+    EXPECT_EQ(service->commitGraphUpdates, updates);
+}
+
+TEST_F(Tabs, ClosingPicksTheLastTabAndTheLastClosedReturnsToWelcome) {
+    for (const char* path : {"/work/a", "/work/b", "/work/c"})
+        open(path);
+    const QUuid a = model.openTabs()[0]->id(), b = model.openTabs()[1]->id(), c = model.openTabs()[2]->id();
+    model.switchToTab(a);
+    model.closeTab(b); // not the active one: the selection stays
+    EXPECT_EQ(model.activeTabID(), a);
+    model.switchToTab(a);
+    model.closeTab(a);
+    EXPECT_EQ(model.activeTabID(), c);
+    EXPECT_EQ(model.activeRepository()->path, "/work/c");
+    model.closeTab(c);
+    EXPECT_EQ(model.mode(), AppMode::welcome);
+    EXPECT_FALSE(model.activeRepository());
+    EXPECT_EQ(model.recentRepositories().size(), 3u);
+}
+
+TEST_F(Tabs, ActivityShowsTheNewestMessageAndAnOlderOneComesBack) {
+    const QUuid fetch = model.pushActivity("Fetching…");
+    const QUuid push = model.pushActivity("Pushing…");
+    model.popActivity(QUuid::createUuid());
+    EXPECT_EQ(model.activityMessage(), "Pushing…");
+    model.popActivity(fetch);
+    EXPECT_EQ(model.activityMessage(), "Pushing…");
+    model.popActivity(push);
+    EXPECT_FALSE(model.activityMessage());
 }
 
 namespace {
@@ -113,29 +212,17 @@ class GatedExecutor final : public GitExecutorProtocol {
 
 } // namespace
 
-TEST(AppViewModelOpen, LateAnswerOfASupersededOpenChangesNothing) {
+TEST(AppViewModelOpen, LateAnswerOfASupersededOpenOnlyReachesTheRecents) {
     auto executor = std::make_shared<GatedExecutor>();
-    AppViewModel model(std::make_shared<NativeGitService>(executor, std::make_shared<GitOpRunner>(2)));
+    InMemoryUserDefaults defaults;
+    AppViewModel model(std::make_shared<NativeGitService>(executor, std::make_shared<GitOpRunner>(2)),
+                       defaults);
     auto slow = model.openRepository("/slow");
     test::await(model.openRepository("/fast"));
     executor->release();
     test::await(std::move(slow));
     ASSERT_TRUE(model.activeRepository());
     EXPECT_EQ(model.activeRepository()->path, "/fast");
-    EXPECT_EQ(model.activeRepository()->headHash, "2222222");
-}
-
-TEST(RepositoryWindow, ShowsPathBranchHeadAndState) {
-    auto service = std::make_shared<MockGitService>();
-    service->repository.state = RepositoryState::rebasing;
-    AppViewModel model(service);
-    RepositoryWindow window(model);
-    auto* summary = window.findChild<QLabel*>("repository-window.summary");
-    ASSERT_NE(summary, nullptr);
-    EXPECT_TRUE(summary->text().contains("No repository open"));
-    test::await(model.openRepository("/work/project"));
-    EXPECT_TRUE(summary->text().contains("/work/project"));
-    EXPECT_TRUE(summary->text().contains("Branch: main"));
-    EXPECT_TRUE(summary->text().contains(QString::fromStdString(*service->repository.headHash)));
-    EXPECT_TRUE(summary->text().contains("State: rebasing"));
+    EXPECT_EQ(model.openTabs().size(), 1u);
+    EXPECT_EQ(storedRecents(defaults), (QStringList{"/slow", "/fast"}));
 }

@@ -154,6 +154,8 @@ class GitServiceProtocol {
                                               std::stop_token cancellation = {}) = 0;
     virtual QCoro::Task<void> writeResolvedFile(RepoEntry repo, std::string path, std::string content,
                                                 std::stop_token cancellation = {}) = 0;
+    virtual QCoro::Task<std::string> readWorkTreeFile(RepoEntry repo, std::string path,
+                                                      std::stop_token cancellation = {}) = 0;
     virtual QCoro::Task<std::vector<CommitEntry>> fileHistory(RepoEntry repo, std::string path, long limit,
                                                               std::stop_token cancellation = {}) = 0;
     virtual QCoro::Task<std::optional<std::string>> defaultBranch(RepoEntry repo,
@@ -169,6 +171,9 @@ class GitServiceProtocol {
     virtual QCoro::Task<std::vector<CommitEntry>> searchCommits(RepoEntry repo, std::string query,
                                                                 CommitSearchType scope, long limit,
                                                                 std::stop_token cancellation = {}) = 0;
+    // Writes git's commit-graph file when it is missing or older than the refs; answers whether
+    // it wrote one.
+    virtual QCoro::Task<bool> updateCommitGraph(RepoEntry repo, std::stop_token cancellation = {}) = 0;
 };
 
 } // namespace orvel

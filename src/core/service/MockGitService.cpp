@@ -54,4 +54,9 @@ MockGitService::initRepository(std::string path, std::optional<std::string> init
     co_return entry;
 }
 
+QCoro::Task<bool> MockGitService::updateCommitGraph(RepoEntry, std::stop_token) {
+    ++commitGraphUpdates;
+    co_return true;
+}
+
 } // namespace orvel

@@ -1,0 +1,178 @@
+#include "workspace/WorkspaceTabState.h"
+
+#include "core/service/GitServiceProtocol.h"
+#include "core/support/Log.h"
+#include "graph/RepoGraphPaneViewModel.h"
+#include "settings/LocalizationManager.h"
+#include "workspace/FileSystemWatcher.h"
+#include "workspace/ToastManager.h"
+
+#include <QPointer>
+
+#include <algorithm>
+#include <filesystem>
+
+namespace orvel {
+
+WorkspaceTabState::WorkspaceTabState(RepoEntry repo, std::shared_ptr<GitServiceProtocol> service,
+                                     ToastManager& toasts, Options options, QObject* parent)
+    : QObject(parent), repo_(std::move(repo)), service_(std::move(service)), toasts_(toasts),
+      options_(options), currentBranchName_(repo_.currentBranch),
+      graph_(std::make_unique<RepoGraphPaneViewModel>(repo_, service_, toasts_)) {
+    if (!currentBranchName_)
+        detachedHead_ = repo_.headHash;
+    // A reset, pick or revert from the graph's menu changed the repository.
+    connect(graph_.get(), &RepoGraphPaneViewModel::repositoryChanged, this, &WorkspaceTabState::refresh);
+    qCDebug(lcApp, "op=repo.tab.opened count=1");
+}
+
+WorkspaceTabState::~WorkspaceTabState() {
+    cancelAllTasks();
+    qCDebug(lcApp, "op=repo.tab.closed count=1");
+}
+
+QString WorkspaceTabState::title() const {
+    if (currentBranchName_)
+        return QString::fromStdString(*currentBranchName_);
+    if (detachedHead_)
+        return QString::fromStdString(detachedHead_->substr(0, 7));
+    return QString::fromStdString(std::filesystem::path(repo_.path).filename().string());
+}
+
+void WorkspaceTabState::loadData() {
+    // The graph's read is queued first: it is what the user waits for.
+    loadGraphAndMaintain();
+    readWorkingTreeCounts();
+    loadCurrentBranch();
+    if (!fileWatcher_)
+        startFileWatcher();
+}
+
+void WorkspaceTabState::loadCurrentBranch() {
+    readCurrentBranch();
+}
+
+void WorkspaceTabState::refresh() {
+    qCDebug(lcApp, "op=sidebar.refreshRequested reason=user");
+    readWorkingTreeCounts();
+    graph_->load();
+    loadCurrentBranch();
+}
+
+void WorkspaceTabState::startFileWatcher() {
+    fileWatcher_.reset();
+    QPointer<WorkspaceTabState> self(this);
+    // Both callbacks come on the watcher's thread; the tab is only touched on its own. The
+    // watcher is stopped before the tab goes, so `self` is still valid when they are posted.
+    auto onChange = [self] {
+        QMetaObject::invokeMethod(
+            self,
+            [self] {
+                qCDebug(lcWatcher, "op=sidebar.refreshRequested reason=watcher");
+                self->refresh();
+            },
+            Qt::QueuedConnection);
+    };
+    auto onLimit = [self] {
+        QMetaObject::invokeMethod(
+            self, [self] { self->watchLimitReached(); }, Qt::QueuedConnection);
+    };
+    fileWatcher_ = std::make_unique<FileSystemWatcher>(
+        std::vector<std::string>{repo_.path, repo_.path + "/.git"}, options_.watcherDebounce,
+        std::move(onChange), std::move(onLimit));
+}
+
+void WorkspaceTabState::cancelAllTasks() {
+    if (fileWatcher_) {
+        fileWatcher_->stop();
+        fileWatcher_.reset();
+    }
+    branchLoads_.cancel();
+    refreshLoads_.cancel();
+    maintenance_.cancel();
+}
+
+void WorkspaceTabState::watchLimitReached() {
+    fileWatcher_.reset();
+    if (std::exchange(toldWatchLimit_, true))
+        return;
+    toasts_.show(localized("Live refresh is off for %1: the system's limit of file watches is reached. "
+                           "Changes made outside Orvel show after a manual refresh.",
+                           title()),
+                 ToastType::warning);
+}
+
+QCoro::Task<void> WorkspaceTabState::readCurrentBranch() {
+    auto ticket = branchLoads_.begin(this);
+    auto service = service_;
+    const RepoEntry repo = repo_;
+    try {
+        const std::vector<BranchEntry> branches = co_await service->branches(repo);
+        if (!ticket.isCurrent())
+            co_return;
+        const auto current = std::find_if(branches.begin(), branches.end(), [](const BranchEntry& branch) {
+            return branch.isCurrent && !branch.isRemote;
+        });
+        std::optional<std::string> name;
+        if (current != branches.end())
+            name = current->name;
+        std::optional<std::string> detachedHead;
+        if (!name) {
+            // A detached HEAD has no branch to name the tab: its commit does.
+            const RepoEntry reopened = co_await service->open(repo.path);
+            if (!ticket.isCurrent())
+                co_return;
+            detachedHead = reopened.headHash;
+        }
+        if (name == currentBranchName_ && detachedHead == detachedHead_)
+            co_return;
+        currentBranchName_ = std::move(name);
+        detachedHead_ = std::move(detachedHead);
+        emit titleChanged();
+    } catch (const std::exception& error) {
+        // The tab keeps the last name it had.
+        if (ticket.isCurrent())
+            qCDebug(lcApp, "op=tab.loadCurrentBranch reason=%s", redactForLog(error.what()).c_str());
+    }
+}
+
+QCoro::Task<void> WorkspaceTabState::readWorkingTreeCounts() {
+    auto ticket = refreshLoads_.begin(this);
+    auto service = service_;
+    try {
+        const StatusResult status = co_await service->status(repo_);
+        if (!ticket.isCurrent())
+            co_return;
+        int staged = 0, unstaged = 0;
+        // A file changed in the index and again in the work tree counts on both sides.
+        for (const FileChange& change : status.files) {
+            const bool tracked = change.status.kind == FileStatusKind::Case::tracked;
+            staged += tracked && change.status.index != TrackedStatus::unmodified;
+            unstaged += tracked ? change.status.worktree != TrackedStatus::unmodified
+                                : change.status.kind != FileStatusKind::Case::ignored;
+        }
+        graph_->setWorkingTreeCounts(staged, unstaged);
+        emit workingTreeCountsChanged(staged, unstaged);
+    } catch (const std::exception& error) {
+        if (ticket.isCurrent())
+            qCDebug(lcApp, "op=tab.refreshStatus reason=%s", redactForLog(error.what()).c_str());
+    }
+}
+
+QCoro::Task<void> WorkspaceTabState::loadGraphAndMaintain() {
+    auto ticket = maintenance_.begin(this);
+    co_await graph_->load();
+    if (!ticket.isCurrent() || !options_.maintainCommitGraph)
+        co_return;
+    auto service = service_;
+    const std::string path = repo_.path;
+    try {
+        // After the first graph load, so that writing the file never delays it.
+        if (co_await service->updateCommitGraph(repo_, ticket.stopToken()))
+            qCDebug(lcGraph, "op=commitGraph.written path=%s", path.c_str());
+    } catch (const std::exception& error) {
+        qCDebug(lcGraph, "op=commitGraph.write reason=%s", redactForLog(error.what()).c_str());
+    }
+}
+
+} // namespace orvel

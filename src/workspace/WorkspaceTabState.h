@@ -1,0 +1,87 @@
+// One open repository with everything that hangs on it: its models, its file-system watcher and
+// the loads that keep them current. The panes never know each other; they raise signals and the
+// tab tells the others what to do.
+#pragma once
+
+#include "core/records/RepoEntry.h"
+#include "core/support/LoadGeneration.h"
+
+#include <QObject>
+#include <QString>
+#include <QUuid>
+
+#include <QCoro/QCoroTask>
+
+#include <chrono>
+#include <memory>
+#include <optional>
+#include <string>
+
+namespace orvel {
+
+class FileSystemWatcher;
+class GitServiceProtocol;
+class RepoGraphPaneViewModel;
+class ToastManager;
+
+class WorkspaceTabState final : public QObject {
+    Q_OBJECT
+
+  public:
+    struct Options {
+        // Keep git's commit-graph file current after the first graph load ("maintainCommitGraph").
+        bool maintainCommitGraph = true;
+        std::chrono::milliseconds watcherDebounce{500};
+    };
+
+    WorkspaceTabState(RepoEntry repo, std::shared_ptr<GitServiceProtocol> service, ToastManager& toasts,
+                      Options options, QObject* parent = nullptr);
+    ~WorkspaceTabState() override;
+
+    const QUuid& id() const { return id_; }
+    const RepoEntry& repo() const { return repo_; }
+    const std::shared_ptr<GitServiceProtocol>& service() const { return service_; }
+    ToastManager& toasts() const { return toasts_; }
+    const std::optional<std::string>& currentBranchName() const { return currentBranchName_; }
+    // What the tab bar shows: the current branch, or the short hash of a detached HEAD.
+    QString title() const;
+    RepoGraphPaneViewModel& graph() const { return *graph_; }
+    bool isWatching() const { return fileWatcher_ != nullptr; }
+    FileSystemWatcher* fileWatcher() const { return fileWatcher_.get(); }
+
+    // The full load of a new tab: graph, branch name, working-tree counts, the watcher.
+    void loadData();
+    void loadCurrentBranch();
+    // The light reload after something changed; a later refresh supersedes an earlier one.
+    void refresh();
+    void startFileWatcher();
+    // Stops the watcher and makes every running load stale, as closing the tab does.
+    void cancelAllTasks();
+
+  signals:
+    void titleChanged();
+    void workingTreeCountsChanged(int staged, int unstaged);
+
+  private:
+    QCoro::Task<void> readCurrentBranch();
+    QCoro::Task<void> readWorkingTreeCounts();
+    // The first graph load, then git's commit-graph file when it needs writing.
+    QCoro::Task<void> loadGraphAndMaintain();
+    void watchLimitReached();
+
+    QUuid id_ = QUuid::createUuid();
+    RepoEntry repo_;
+    std::shared_ptr<GitServiceProtocol> service_;
+    ToastManager& toasts_;
+    Options options_;
+    std::optional<std::string> currentBranchName_;
+    std::optional<std::string> detachedHead_;
+    std::unique_ptr<RepoGraphPaneViewModel> graph_;
+    std::unique_ptr<FileSystemWatcher> fileWatcher_;
+    bool toldWatchLimit_ = false;
+    LoadGeneration branchLoads_;
+    LoadGeneration refreshLoads_;
+    LoadGeneration maintenance_;
+};
+
+} // namespace orvel

@@ -1,0 +1,397 @@
+#include "workspace/ui/MainWindow.h"
+
+#include "content/WelcomeViewModel.h"
+#include "content/ui/WelcomeView.h"
+#include "core/support/UserDefaults.h"
+#include "settings/LocalizationManager.h"
+#include "workspace/AppViewModel.h"
+#include "workspace/ui/RepositoryTabView.h"
+
+#include <QActionGroup>
+#include <QApplication>
+#include <QCloseEvent>
+#include <QDragEnterEvent>
+#include <QDropEvent>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QLabel>
+#include <QMenuBar>
+#include <QMessageBox>
+#include <QMimeData>
+#include <QMouseEvent>
+#include <QProgressBar>
+#include <QStackedWidget>
+#include <QStatusBar>
+#include <QTabBar>
+#include <QVBoxLayout>
+
+namespace orvel {
+
+namespace {
+
+const QString geometryKey = QStringLiteral("mainWindowGeometry");
+const QString appearanceKey = QStringLiteral("appearance");
+
+// The local folders among the dropped URLs.
+QStringList droppedFolders(const QMimeData* data) {
+    QStringList folders;
+    if (!data || !data->hasUrls())
+        return folders;
+    for (const QUrl& url : data->urls())
+        if (url.isLocalFile() && QFileInfo(url.toLocalFile()).isDir())
+            folders.append(url.toLocalFile());
+    return folders;
+}
+
+// Sends an editing command to the focused widget, whichever kind of text field it is.
+void forwardToFocus(const char* slot) {
+    if (QWidget* focus = QApplication::focusWidget())
+        QMetaObject::invokeMethod(focus, slot);
+}
+
+} // namespace
+
+MainWindow::MainWindow(AppViewModel& model, UserDefaults& defaults, QWidget* parent)
+    : QMainWindow(parent), model_(model), defaults_(defaults), pages_(new QStackedWidget(this)),
+      welcomeModel_(new WelcomeViewModel(model.service(), this,
+                                         std::shared_ptr<UserDefaults>(&defaults, [](UserDefaults*) {}))),
+      welcome_(new WelcomeView(*welcomeModel_, pages_)), workArea_(new QWidget(pages_)),
+      tabBar_(new QTabBar(workArea_)), tabViews_(new QStackedWidget(workArea_)),
+      activityLabel_(new QLabel(this)), busy_(new QProgressBar(this)) {
+    setObjectName(QStringLiteral("main-window"));
+    setAcceptDrops(true);
+
+    connect(welcome_, &WelcomeView::openRepositoryRequested, this,
+            [this](const QString& path) { model_.openRepository(path.toStdString()); });
+    connect(welcomeModel_, &WelcomeViewModel::removeRecentRequested, this,
+            [this](const QString& path) { model_.removeFromRecents(path.toStdString()); });
+
+    tabBar_->setObjectName(QStringLiteral("main-window.tabs"));
+    tabBar_->setDocumentMode(true);
+    tabBar_->setTabsClosable(true);
+    tabBar_->setMovable(false);
+    tabBar_->setExpanding(false);
+    tabBar_->setElideMode(Qt::ElideMiddle);
+    tabBar_->installEventFilter(this);
+    tabViews_->setObjectName(QStringLiteral("main-window.tab-views"));
+    auto* workLayout = new QVBoxLayout(workArea_);
+    workLayout->setContentsMargins(0, 0, 0, 0);
+    workLayout->setSpacing(0);
+    workLayout->addWidget(tabBar_);
+    workLayout->addWidget(tabViews_, 1);
+    pages_->addWidget(welcome_);
+    pages_->addWidget(workArea_);
+    setCentralWidget(pages_);
+
+    activityLabel_->setObjectName(QStringLiteral("main-window.activity"));
+    busy_->setObjectName(QStringLiteral("main-window.busy"));
+    busy_->setRange(0, 0); // git reports no progress for most work: a busy bar
+    busy_->setMaximumWidth(160);
+    busy_->setMaximumHeight(14);
+    busy_->setTextVisible(false);
+    statusBar()->addWidget(activityLabel_, 1);
+    statusBar()->addPermanentWidget(busy_);
+
+    buildMenus();
+    retranslate();
+
+    connect(tabBar_, &QTabBar::currentChanged, this, [this](int index) {
+        if (index >= 0)
+            model_.switchToTab(tabIdAt(index));
+    });
+    connect(tabBar_, &QTabBar::tabCloseRequested, this,
+            [this](int index) { model_.closeTab(tabIdAt(index)); });
+    connect(&model_, &AppViewModel::tabOpened, this, &MainWindow::addTab);
+    connect(&model_, &AppViewModel::tabClosing, this, &MainWindow::removeTab);
+    connect(&model_, &AppViewModel::activeTabChanged, this, &MainWindow::showActiveTab);
+    connect(&model_, &AppViewModel::modeChanged, this, &MainWindow::showMode);
+    connect(&model_, &AppViewModel::activityChanged, this, &MainWindow::showActivity);
+    connect(&model_, &AppViewModel::recentRepositoriesChanged, this, &MainWindow::showRecents);
+    for (const auto& tab : model_.openTabs())
+        addTab(tab.get());
+    showActiveTab();
+    showMode();
+    showActivity();
+    showRecents();
+
+    resize(1200, 780);
+    restoreGeometry(defaults_.value(geometryKey).toByteArray());
+}
+
+MainWindow::~MainWindow() = default;
+
+RepositoryTabView* MainWindow::tabView(const QUuid& id) const {
+    const int index = tabIndex(id);
+    return index < 0 ? nullptr : qobject_cast<RepositoryTabView*>(tabViews_->widget(index));
+}
+
+void MainWindow::buildMenus() {
+    fileMenu_ = menuBar()->addMenu(QString());
+    openAction_ = fileMenu_->addAction(QString(), this, &MainWindow::browseForRepository);
+    openAction_->setObjectName(QStringLiteral("menu.open-repository"));
+    openAction_->setShortcut(QKeySequence::Open);
+    // Cloning and creating come with their sheets.
+    cloneAction_ = fileMenu_->addAction(QString());
+    cloneAction_->setObjectName(QStringLiteral("menu.clone"));
+    cloneAction_->setEnabled(false);
+    initAction_ = fileMenu_->addAction(QString());
+    initAction_->setObjectName(QStringLiteral("menu.initialize"));
+    initAction_->setEnabled(false);
+    fileMenu_->addSeparator();
+    closeTabAction_ = fileMenu_->addAction(QString(), this, [this] {
+        if (WorkspaceTabState* tab = model_.activeTab())
+            model_.closeTab(tab->id());
+    });
+    closeTabAction_->setObjectName(QStringLiteral("menu.close-tab"));
+    closeTabAction_->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_W));
+    fileMenu_->addSeparator();
+    quitAction_ = fileMenu_->addAction(QString(), this, &QWidget::close);
+    quitAction_->setObjectName(QStringLiteral("menu.quit"));
+    quitAction_->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Q));
+    quitAction_->setMenuRole(QAction::QuitRole);
+
+    editMenu_ = menuBar()->addMenu(QString());
+    copyAction_ = editMenu_->addAction(QString(), this, [] { forwardToFocus("copy"); });
+    copyAction_->setShortcut(QKeySequence::Copy);
+    copyAction_->setShortcutContext(Qt::WidgetShortcut); // text fields keep their own Ctrl+C
+    pasteAction_ = editMenu_->addAction(QString(), this, [] { forwardToFocus("paste"); });
+    pasteAction_->setShortcut(QKeySequence::Paste);
+    pasteAction_->setShortcutContext(Qt::WidgetShortcut);
+    selectAllAction_ = editMenu_->addAction(QString(), this, [] { forwardToFocus("selectAll"); });
+    selectAllAction_->setShortcut(QKeySequence::SelectAll);
+    selectAllAction_->setShortcutContext(Qt::WidgetShortcut);
+
+    viewMenu_ = menuBar()->addMenu(QString());
+    appearanceMenu_ = viewMenu_->addMenu(QString());
+    auto* appearances = new QActionGroup(this);
+    const QString stored = defaults_.string(appearanceKey, QStringLiteral("system"));
+    auto addAppearance = [&](const QString& value) {
+        QAction* action =
+            appearanceMenu_->addAction(QString(), this, [this, value] { chooseAppearance(value); });
+        action->setObjectName(QStringLiteral("menu.appearance.") + value);
+        action->setCheckable(true);
+        action->setChecked(value == stored ||
+                           (value == QStringLiteral("system") && stored != QStringLiteral("light") &&
+                            stored != QStringLiteral("dark")));
+        appearances->addAction(action);
+        return action;
+    };
+    lightAction_ = addAppearance(QStringLiteral("light"));
+    darkAction_ = addAppearance(QStringLiteral("dark"));
+    systemAction_ = addAppearance(QStringLiteral("system"));
+
+    workspaceMenu_ = menuBar()->addMenu(QString());
+    refreshAction_ = workspaceMenu_->addAction(QString(), this, [this] {
+        if (WorkspaceTabState* tab = model_.activeTab())
+            tab->refresh();
+    });
+    refreshAction_->setObjectName(QStringLiteral("menu.refresh"));
+    refreshAction_->setShortcuts({QKeySequence::Refresh, QKeySequence(Qt::CTRL | Qt::Key_R)});
+
+    windowMenu_ = menuBar()->addMenu(QString());
+    nextTabAction_ = windowMenu_->addAction(QString(), this, [this] { stepTab(1); });
+    nextTabAction_->setObjectName(QStringLiteral("menu.next-tab"));
+    nextTabAction_->setShortcuts(
+        {QKeySequence(Qt::CTRL | Qt::Key_Tab), QKeySequence(Qt::CTRL | Qt::Key_PageDown)});
+    previousTabAction_ = windowMenu_->addAction(QString(), this, [this] { stepTab(-1); });
+    previousTabAction_->setObjectName(QStringLiteral("menu.previous-tab"));
+    previousTabAction_->setShortcuts(
+        {QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Backtab), QKeySequence(Qt::CTRL | Qt::Key_PageUp)});
+
+    helpMenu_ = menuBar()->addMenu(QString());
+    aboutAction_ = helpMenu_->addAction(QString(), this, [this] {
+        auto* about = new QMessageBox(QMessageBox::NoIcon, localized("About Orvel"), QStringLiteral("Orvel"),
+                                      QMessageBox::Ok, this);
+        about->setInformativeText(
+            localized("A desktop client for Git: graph first, merges second, no noise."));
+        about->setAttribute(Qt::WA_DeleteOnClose);
+        about->setWindowModality(Qt::WindowModal);
+        about->open();
+    });
+    aboutAction_->setObjectName(QStringLiteral("menu.about"));
+    aboutAction_->setMenuRole(QAction::AboutRole);
+}
+
+void MainWindow::retranslate() {
+    fileMenu_->setTitle(localized("&File"));
+    openAction_->setText(localized("Open Repository…"));
+    cloneAction_->setText(localized("Clone…"));
+    initAction_->setText(localized("Initialize…"));
+    closeTabAction_->setText(localized("Close Tab"));
+    quitAction_->setText(localized("Quit"));
+    editMenu_->setTitle(localized("&Edit"));
+    copyAction_->setText(localized("Copy"));
+    pasteAction_->setText(localized("Paste"));
+    selectAllAction_->setText(localized("Select All"));
+    viewMenu_->setTitle(localized("&View"));
+    appearanceMenu_->setTitle(localized("Appearance"));
+    lightAction_->setText(localized("Light"));
+    darkAction_->setText(localized("Dark"));
+    systemAction_->setText(localized("System"));
+    workspaceMenu_->setTitle(localized("Workspace"));
+    refreshAction_->setText(localized("Refresh"));
+    windowMenu_->setTitle(localized("&Window"));
+    nextTabAction_->setText(localized("Next Tab"));
+    previousTabAction_->setText(localized("Previous Tab"));
+    helpMenu_->setTitle(localized("&Help"));
+    aboutAction_->setText(localized("About Orvel"));
+    tabBar_->setAccessibleName(localized("Repositories"));
+    busy_->setAccessibleName(localized("Working"));
+    updateTitle();
+}
+
+void MainWindow::addTab(WorkspaceTabState* tab) {
+    auto* view = new RepositoryTabView(*tab, defaults_, tabViews_);
+    connect(view, &RepositoryTabView::graphPainted, this, &MainWindow::graphPainted);
+    const QSignalBlocker blocker(tabBar_);
+    const int index = tabBar_->addTab(tab->title());
+    tabBar_->setTabData(index, tab->id());
+    tabBar_->setTabToolTip(index, QString::fromStdString(tab->repo().path));
+    tabViews_->insertWidget(index, view);
+    connect(tab, &WorkspaceTabState::titleChanged, this, [this, tab] {
+        const int at = tabIndex(tab->id());
+        if (at >= 0)
+            tabBar_->setTabText(at, tab->title());
+        updateTitle();
+    });
+}
+
+void MainWindow::removeTab(WorkspaceTabState* tab) {
+    const int index = tabIndex(tab->id());
+    if (index < 0)
+        return;
+    QWidget* view = tabViews_->widget(index);
+    {
+        const QSignalBlocker blocker(tabBar_);
+        tabBar_->removeTab(index);
+    }
+    tabViews_->removeWidget(view);
+    delete view;
+}
+
+void MainWindow::showActiveTab() {
+    WorkspaceTabState* active = model_.activeTab();
+    const int index = active ? tabIndex(active->id()) : -1;
+    if (index >= 0) {
+        const QSignalBlocker blocker(tabBar_);
+        tabBar_->setCurrentIndex(index);
+        tabViews_->setCurrentIndex(index);
+    }
+    updateTitle();
+}
+
+void MainWindow::showMode() {
+    pages_->setCurrentWidget(model_.mode() == AppMode::working ? workArea_ : welcome_);
+    closeTabAction_->setEnabled(model_.mode() == AppMode::working);
+    refreshAction_->setEnabled(model_.mode() == AppMode::working);
+    updateTitle();
+}
+
+void MainWindow::showActivity() {
+    const auto& message = model_.activityMessage();
+    activityLabel_->setText(message.value_or(QString()));
+    busy_->setVisible(message.has_value());
+}
+
+void MainWindow::showRecents() {
+    QStringList paths;
+    for (const RepoEntry& entry : model_.recentRepositories())
+        paths.append(QString::fromStdString(entry.path));
+    welcomeModel_->setRecents(std::move(paths));
+}
+
+void MainWindow::updateTitle() {
+    WorkspaceTabState* active = model_.activeTab();
+    if (!active) {
+        setWindowTitle(QStringLiteral("Orvel"));
+        return;
+    }
+    const QString folder = QFileInfo(QString::fromStdString(active->repo().path)).fileName();
+    setWindowTitle(QStringLiteral("%1 (%2) — Orvel").arg(folder, active->title()));
+}
+
+void MainWindow::stepTab(int step) {
+    const int count = tabBar_->count();
+    if (count < 2)
+        return;
+    model_.switchToTab(tabIdAt((tabBar_->currentIndex() + step + count) % count));
+}
+
+void MainWindow::browseForRepository() {
+    if (!openDialog_) {
+        openDialog_ = new QFileDialog(this);
+        openDialog_->setObjectName(QStringLiteral("open-repository.dialog"));
+        openDialog_->setFileMode(QFileDialog::Directory);
+        openDialog_->setOption(QFileDialog::ShowDirsOnly);
+        openDialog_->setWindowModality(Qt::WindowModal);
+        connect(openDialog_, &QFileDialog::fileSelected, this, [this](const QString& path) {
+            if (!path.isEmpty())
+                model_.openRepository(path.toStdString());
+        });
+    }
+    openDialog_->setWindowTitle(localized("Select a Git repository"));
+    openDialog_->open();
+}
+
+void MainWindow::chooseAppearance(const QString& appearance) {
+    defaults_.setValue(appearanceKey, appearance);
+    emit appearanceChosen(appearance);
+}
+
+void MainWindow::saveGeometry() const {
+    defaults_.setValue(geometryKey, QMainWindow::saveGeometry());
+    for (int index = 0; index < tabViews_->count(); ++index)
+        if (auto* view = qobject_cast<RepositoryTabView*>(tabViews_->widget(index)))
+            view->saveSplitterStates();
+}
+
+int MainWindow::tabIndex(const QUuid& id) const {
+    for (int index = 0; index < tabBar_->count(); ++index)
+        if (tabBar_->tabData(index).toUuid() == id)
+            return index;
+    return -1;
+}
+
+QUuid MainWindow::tabIdAt(int index) const {
+    return tabBar_->tabData(index).toUuid();
+}
+
+void MainWindow::changeEvent(QEvent* event) {
+    if (event->type() == QEvent::LanguageChange)
+        retranslate();
+    QMainWindow::changeEvent(event);
+}
+
+void MainWindow::closeEvent(QCloseEvent* event) {
+    saveGeometry();
+    QMainWindow::closeEvent(event);
+}
+
+void MainWindow::dragEnterEvent(QDragEnterEvent* event) {
+    if (!droppedFolders(event->mimeData()).isEmpty())
+        event->acceptProposedAction();
+}
+
+void MainWindow::dropEvent(QDropEvent* event) {
+    const QStringList folders = droppedFolders(event->mimeData());
+    if (folders.isEmpty())
+        return;
+    event->acceptProposedAction();
+    // One repository per drop: a second open would supersede the first.
+    model_.openRepository(folders.first().toStdString());
+}
+
+bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
+    // A middle click closes the tab under the pointer, as in a browser.
+    if (watched == tabBar_ && event->type() == QEvent::MouseButtonRelease) {
+        auto* mouse = static_cast<QMouseEvent*>(event);
+        const int index = tabBar_->tabAt(mouse->position().toPoint());
+        if (mouse->button() == Qt::MiddleButton && index >= 0) {
+            model_.closeTab(tabIdAt(index));
+            return true;
+        }
+    }
+    return QMainWindow::eventFilter(watched, event);
+}
+
+} // namespace orvel

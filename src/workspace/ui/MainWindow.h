@@ -1,0 +1,102 @@
+// The program's window: the menu bar, the repository tabs over a stack of tab views that are made
+// once and kept while hidden, the welcome page when no tab is open, and the status bar with the
+// running activity. A folder dropped on the window opens as a repository.
+#pragma once
+
+#include <QMainWindow>
+#include <QUuid>
+
+class QActionGroup;
+class QFileDialog;
+class QLabel;
+class QMenu;
+class QProgressBar;
+class QStackedWidget;
+class QTabBar;
+
+namespace orvel {
+
+class AppViewModel;
+class RepositoryTabView;
+class UserDefaults;
+class WelcomeView;
+class WelcomeViewModel;
+class WorkspaceTabState;
+
+class MainWindow final : public QMainWindow {
+    Q_OBJECT
+
+  public:
+    MainWindow(AppViewModel& model, UserDefaults& defaults, QWidget* parent = nullptr);
+    ~MainWindow() override;
+
+    // The view of the tab with `id`, or none.
+    RepositoryTabView* tabView(const QUuid& id) const;
+
+  signals:
+    // "light", "dark" or "system", already stored as the "appearance" setting.
+    void appearanceChosen(const QString& appearance);
+    // A tab's history has been painted with its commits for the first time.
+    void graphPainted();
+
+  protected:
+    void changeEvent(QEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+  private:
+    void buildMenus();
+    void retranslate();
+    void addTab(WorkspaceTabState* tab);
+    void removeTab(WorkspaceTabState* tab);
+    void showActiveTab();
+    void showMode();
+    void showActivity();
+    void showRecents();
+    void updateTitle();
+    void stepTab(int step);
+    void browseForRepository();
+    void chooseAppearance(const QString& appearance);
+    void saveGeometry() const;
+    int tabIndex(const QUuid& id) const;
+    QUuid tabIdAt(int index) const;
+
+    AppViewModel& model_;
+    UserDefaults& defaults_;
+    QStackedWidget* pages_;
+    WelcomeViewModel* welcomeModel_;
+    WelcomeView* welcome_;
+    QWidget* workArea_;
+    QTabBar* tabBar_;
+    QStackedWidget* tabViews_;
+    QLabel* activityLabel_;
+    QProgressBar* busy_;
+    QFileDialog* openDialog_ = nullptr;
+
+    QMenu* fileMenu_;
+    QMenu* editMenu_;
+    QMenu* viewMenu_;
+    QMenu* appearanceMenu_;
+    QMenu* workspaceMenu_;
+    QMenu* windowMenu_;
+    QMenu* helpMenu_;
+    QAction* openAction_;
+    QAction* cloneAction_;
+    QAction* initAction_;
+    QAction* closeTabAction_;
+    QAction* quitAction_;
+    QAction* copyAction_;
+    QAction* pasteAction_;
+    QAction* selectAllAction_;
+    QAction* lightAction_;
+    QAction* darkAction_;
+    QAction* systemAction_;
+    QAction* refreshAction_;
+    QAction* nextTabAction_;
+    QAction* previousTabAction_;
+    QAction* aboutAction_;
+};
+
+} // namespace orvel
