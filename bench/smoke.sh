@@ -25,3 +25,9 @@ echo "$line"
 line=$("$tool" --scenario blame-20k --tiny --rounds 2 --repo "$work/blame" 2>/dev/null)
 echo "$line"
 [[ "$line" =~ ^scenario=blame-tiny\ ours_ms=[0-9.]+\ git_ms=[0-9.]+\ ratio=[0-9.]+\ paired_ratio=[0-9.]+\ ours_cpu_ms=.*\ lines=300\ runs=[0-9]+\  ]]
+line=$("$tool" --scenario graph-apply-2000 --tiny --rounds 2 --repo "$work/history" 2>/dev/null)
+echo "$line"
+[[ "$line" =~ ^scenario=graph-apply-tiny\ ours_ms=[0-9.]+\ git_ms=[0-9.]+\ ratio=[0-9.]+\ .*\ commits=300\ refs=150\ rows=301\  ]]
+line=$("$tool" --scenario graph-paint --tiny --repo "$work/history" 2>/dev/null)
+echo "$line"
+[[ "$line" =~ ^scenario=graph-paint\ frame_ms=[0-9.]+\ plain_ms=[0-9.]+\ ratio=[0-9.]+\ rows=50\ lanes=2[0-9]\  ]]

@@ -3,13 +3,16 @@
 // prints "scenario=<name> ours_ms=<x> git_ms=<y> ratio=<x/y>" with the medians.
 #include "e2e/Scenario.h"
 
-#include <QCoreApplication>
+#include <QApplication>
 
 #include <cstdlib>
 #include <iostream>
 
 int main(int argc, char** argv) {
-    QCoreApplication application(argc, argv);
+    // Scenarios that paint need the widget application; without a display it paints offscreen.
+    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    QApplication application(argc, argv);
     using orvel::bench::scenarios;
     std::string scenario = "status-100k";
     orvel::bench::ScenarioOptions options;

@@ -16,10 +16,10 @@ QString text(const std::string& bytes) {
 } // namespace
 
 GraphTableModel::GraphTableModel(const RepoGraphPaneViewModel& model, QObject* parent)
-    : QAbstractTableModel(parent), model_(model) {}
+    : QAbstractTableModel(parent), model_(model), shownRows_(static_cast<int>(model.commits().size())) {}
 
 int GraphTableModel::rowCount(const QModelIndex& parent) const {
-    return parent.isValid() ? 0 : static_cast<int>(model_.commits().size());
+    return parent.isValid() ? 0 : shownRows_;
 }
 
 int GraphTableModel::columnCount(const QModelIndex& parent) const {
@@ -27,7 +27,7 @@ int GraphTableModel::columnCount(const QModelIndex& parent) const {
 }
 
 QVariant GraphTableModel::data(const QModelIndex& index, int role) const {
-    if (!index.isValid() || index.row() >= rowCount())
+    if (!index.isValid() || static_cast<std::size_t>(index.row()) >= model_.commits().size())
         return {};
     const CommitRow& row = model_.commits()[static_cast<std::size_t>(index.row())];
     if (role == Qt::AccessibleTextRole)
@@ -85,14 +85,22 @@ QVariant GraphTableModel::headerData(int section, Qt::Orientation orientation, i
     }
 }
 
+// A reload with as many rows as before (a refresh that found the same history, new counts of the
+// working tree) repaints them in place, keeping the view's scroll position and selection.
 void GraphTableModel::reload() {
+    const int rows = static_cast<int>(model_.commits().size());
+    if (rows == shownRows_) {
+        highlightsChanged();
+        return;
+    }
     beginResetModel();
+    shownRows_ = rows;
     endResetModel();
 }
 
 void GraphTableModel::highlightsChanged() {
-    if (rowCount() > 0)
-        emit dataChanged(index(0, 0), index(rowCount() - 1, columnCount_ - 1));
+    if (shownRows_ > 0)
+        emit dataChanged(index(0, 0), index(shownRows_ - 1, columnCount_ - 1));
 }
 
 } // namespace orvel

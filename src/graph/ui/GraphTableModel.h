@@ -40,6 +40,7 @@ class GraphTableModel final : public QAbstractTableModel {
     QString accessibleText(int row) const;
 
     const RepoGraphPaneViewModel& model_;
+    int shownRows_; // the rows the view was last told of
 };
 
 } // namespace orvel
