@@ -1,0 +1,62 @@
+// The history page of a repository tab: the commit graph, and beside it the detail of the selected
+// commit (its message, authors and parents, and changed files) under a notice while the working
+// tree has changes. The page only shows the graph's model and forwards what the user asks for.
+#pragma once
+
+#include "core/records/FileChange.h"
+
+#include <QWidget>
+
+#include <array>
+#include <memory>
+#include <string>
+
+class QFrame;
+class QLabel;
+class QSplitter;
+
+namespace orvel {
+
+class GraphPane;
+class RepoGraphPaneViewModel;
+class RepoHistoryAuthorsSection;
+class RepoHistoryCommitMessageSection;
+class RepoHistoryFileChangesSection;
+class RepoHistoryNotificationSection;
+class UserDefaults;
+
+class RepoHistoryPane final : public QWidget {
+    Q_OBJECT
+
+  public:
+    explicit RepoHistoryPane(RepoGraphPaneViewModel& graph, QWidget* parent = nullptr);
+    ~RepoHistoryPane() override;
+
+    // The number of changed files in the working tree; above 0 the notice shows.
+    void setWorkingTreeChangeCount(int count);
+
+  signals:
+    void goToChangesRequested();
+    void showDiffRequested(const orvel::FileChange& file, const std::string& hash, bool isMerge);
+
+  protected:
+    void changeEvent(QEvent* event) override;
+
+  private:
+    void showSelection();
+    void retranslate();
+
+    RepoGraphPaneViewModel& graph_;
+    // Keeps the splitter's sizes between runs.
+    std::unique_ptr<UserDefaults> settings_;
+    QSplitter* splitter_;
+    GraphPane* graphPane_;
+    RepoHistoryNotificationSection* notification_;
+    QLabel* emptyHint_;
+    std::array<QFrame*, 2> separators_{};
+    RepoHistoryCommitMessageSection* message_;
+    RepoHistoryAuthorsSection* authors_;
+    RepoHistoryFileChangesSection* fileChanges_;
+};
+
+} // namespace orvel

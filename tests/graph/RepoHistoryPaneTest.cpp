@@ -1,0 +1,116 @@
+// The history page on a real repository: a merge commit shows its message and both parents,
+// following a parent moves the graph's selection and lists that commit's files flat and as a
+// tree, a file asks for its diff, and the working tree's changes lead to the changes page.
+#include "graph/ui/RepoHistoryPane.h"
+#include "core/process/SubprocessExecutor.h"
+#include "core/queue/GitOpRunner.h"
+#include "core/service/NativeGitService.h"
+#include "core/support/UserDefaults.h"
+#include "graph/RepoGraphPaneViewModel.h"
+#include "support/Await.h"
+#include "support/GitFixture.h"
+#include "support/Screenshot.h"
+#include "workspace/ToastManager.h"
+
+#include <QLabel>
+#include <QPushButton>
+#include <QTest>
+#include <QToolButton>
+#include <QTreeView>
+
+#include <gtest/gtest.h>
+
+using namespace orvel;
+
+namespace {
+
+class RepoHistoryPaneTest : public ::testing::Test {
+  protected:
+    RepoHistoryPaneTest() {
+        repo.write("base.txt", "base\n");
+        repo.commitAll("base");
+        repo.git({"checkout", "-q", "-b", "topic"});
+        repo.write("src/app.cpp", "int main() {}\n");
+        repo.write("src/lib/util.h", "#pragma once\n");
+        topic = repo.commitAll("Add the app\n\nWith a helper header.");
+        repo.git({"checkout", "-q", "main"});
+        repo.write("README", "read me\n");
+        readme = repo.commitAll("Add a readme");
+        repo.git({"merge", "-q", "--no-ff", "topic", "-m", "Merge topic"});
+        merge = repo.head();
+    }
+
+    static RepoEntry entryAt(const std::string& path) {
+        RepoEntry entry;
+        entry.path = path;
+        return entry;
+    }
+
+    std::vector<QPushButton*> parentLinks() const {
+        std::vector<QPushButton*> shown;
+        for (auto* link : pane.findChildren<QPushButton*>(QStringLiteral("history.parent-link")))
+            if (link->isVisible())
+                shown.push_back(link);
+        return shown;
+    }
+
+    test::TempRepo repo;
+    std::string topic, readme, merge;
+    RepoEntry entry = entryAt(repo.path());
+    InMemoryUserDefaults defaults;
+    ToastManager toasts;
+    RepoGraphPaneViewModel graph{
+        entry,
+        std::make_shared<NativeGitService>(std::make_shared<SubprocessExecutor>(std::nullopt, defaults),
+                                           std::make_shared<GitOpRunner>(2)),
+        toasts};
+    RepoHistoryPane pane{graph};
+};
+
+} // namespace
+
+TEST_F(RepoHistoryPaneTest, MergeCommitShowsBothParentsAndAParentLeadsToItsFiles) {
+    pane.resize(1280, 800);
+    pane.show();
+    EXPECT_FALSE(pane.findChild<QWidget*>(QStringLiteral("history.file-list"))->isVisible());
+
+    test::await(graph.load());
+    graph.selectCommit(merge);
+    QTRY_VERIFY(!graph.isLoadingFileChanges());
+    EXPECT_EQ(pane.findChild<QLabel*>(QStringLiteral("history.subject"))->text(),
+              QStringLiteral("Merge topic"));
+    auto links = parentLinks();
+    ASSERT_EQ(links.size(), 2u);
+    EXPECT_EQ(links[0]->text().toStdString(), readme.substr(0, 7));
+    EXPECT_EQ(links[1]->text().toStdString(), topic.substr(0, 7));
+
+    links[1]->click();
+    QTRY_VERIFY(graph.selectedHash() == topic && !graph.isLoadingFileChanges());
+    auto* files = pane.findChild<QTreeView*>(QStringLiteral("history.file-list"));
+    QTRY_COMPARE(files->model()->rowCount(), 2);
+    EXPECT_EQ(files->model()->index(0, 0).data().toString(), QStringLiteral("app.cpp"));
+    pane.setWorkingTreeChangeCount(3);
+    test::saveScreenshot(pane, QStringLiteral("history-detail-list"));
+
+    pane.findChild<QToolButton*>(QStringLiteral("history.file-mode-tree"))->click();
+    ASSERT_EQ(files->model()->rowCount(), 1);
+    EXPECT_EQ(files->model()->index(0, 0).data().toString(), QStringLiteral("src"));
+    test::saveScreenshot(pane, QStringLiteral("history-detail-tree"));
+
+    std::optional<std::tuple<std::string, std::string, bool>> requested;
+    QObject::connect(&pane, &RepoHistoryPane::showDiffRequested, &pane,
+                     [&](const FileChange& file, const std::string& hash, bool isMerge) {
+                         requested.emplace(file.path, hash, isMerge);
+                     });
+    // Directories come first: "lib" above "app.cpp".
+    const QModelIndex app = files->model()->index(1, 0, files->model()->index(0, 0));
+    QTest::mouseClick(files->viewport(), Qt::LeftButton, {}, files->visualRect(app).center());
+    EXPECT_EQ(requested, std::make_tuple(std::string("src/app.cpp"), topic, false));
+
+    bool wentToChanges = false;
+    QObject::connect(&pane, &RepoHistoryPane::goToChangesRequested, &pane, [&] { wentToChanges = true; });
+    pane.findChild<QPushButton*>(QStringLiteral("workspace.go-to-changes"))->click();
+    EXPECT_TRUE(wentToChanges);
+    pane.setWorkingTreeChangeCount(0);
+    EXPECT_FALSE(pane.findChild<QPushButton*>(QStringLiteral("workspace.go-to-changes"))->isVisible());
+}
