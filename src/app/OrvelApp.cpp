@@ -43,8 +43,13 @@ OrvelApp::OrvelApp() : defaults_(std::make_unique<SettingsUserDefaults>()) {
 }
 
 OrvelApp::~OrvelApp() {
-    // No git runs any more: the listener ends and the pipes and the script go.
+    // The credential listener is told to end without being waited for; an open question gets an
+    // empty answer. The models go, then the service with its queue, which kills the git that still
+    // runs and drops the blocks queued behind it. Their coroutines never resume: the event loop
+    // has ended. The credential manager goes last and joins its listener, which has ended by then.
     credentialManager_->stop();
+    appViewModel_.reset();
+    service_.reset();
 }
 
 } // namespace orvel

@@ -17,9 +17,11 @@ class UserDefaults;
 class OrvelApp {
   public:
     OrvelApp();
+    // Closing the last window ends the program at once, with git still running or queued.
     ~OrvelApp();
 
     AppViewModel& appViewModel() { return *appViewModel_; }
+    NativeGitService& gitService() { return *service_; }
     CredentialManager& credentialManager() { return *credentialManager_; }
     UserDefaults& defaults() { return *defaults_; }
 

@@ -61,6 +61,10 @@ void WelcomeViewModel::dropStale(const QString& path) {
 QCoro::Task<void> WelcomeViewModel::select(QString path) {
     qCDebug(lcUi, "op=welcome.recent.selected count=%ld", static_cast<long>(recents_.size()));
     auto ticket = loads_.begin(this);
+    if (notice_) {
+        notice_.reset();
+        emit noticeChanged();
+    }
     selectedPath_ = path;
     resetPreview();
     isLoading_ = true;

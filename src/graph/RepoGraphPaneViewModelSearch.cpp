@@ -8,6 +8,8 @@
 
 #include <QCoro/QCoroTimer>
 
+#include <algorithm>
+
 namespace orvel {
 
 void RepoGraphPaneViewModel::setSearchQuery(std::string query) {
@@ -38,7 +40,13 @@ void RepoGraphPaneViewModel::rebuildOrderedMatches() {
         if (matchingHashes_.contains(row.hash))
             matchingHashesOrdered_.push_back(row.hash);
     }
-    if (currentMatchIndex_ >= static_cast<int>(matchingHashesOrdered_.size()))
+    // The position follows the selected match when git's answer adds matches above it.
+    const auto selected = selectedHash_ ? std::find(matchingHashesOrdered_.begin(),
+                                                    matchingHashesOrdered_.end(), *selectedHash_)
+                                        : matchingHashesOrdered_.end();
+    if (selected != matchingHashesOrdered_.end())
+        currentMatchIndex_ = static_cast<int>(selected - matchingHashesOrdered_.begin());
+    else if (currentMatchIndex_ >= static_cast<int>(matchingHashesOrdered_.size()))
         currentMatchIndex_ = 0;
 }
 

@@ -1,7 +1,5 @@
 #include "merge/ConflictResolutionViewModel.h"
 
-#include "core/commands/BlobCommands.h"
-#include "core/queue/BackgroundWork.h"
 #include "core/service/GitServiceProtocol.h"
 #include "core/support/Log.h"
 
@@ -29,11 +27,6 @@ QCoro::Task<std::string> readStage(std::shared_ptr<GitServiceProtocol> service, 
         co_return std::string();
     auto blob = service->readBlob(std::move(repo), std::move(*hash));
     co_return co_await std::move(blob);
-}
-
-// Reads the file on a pool thread; the GUI thread only waits for the answer.
-QCoro::Task<std::string> readWorkTreeFile(std::string file) {
-    return runOnPool(backgroundPool(), [file = std::move(file)] { return BlobCommands::readFile(file); });
 }
 
 } // namespace
@@ -64,7 +57,7 @@ QCoro::Task<void> ConflictResolutionViewModel::load() {
     auto base = readStage(service_, repo_, conflict_.baseHash);
     auto ours = readStage(service_, repo_, conflict_.oursHash);
     auto theirs = readStage(service_, repo_, conflict_.theirsHash);
-    auto workTree = readWorkTreeFile(BlobCommands::workTreeFile(repo_.path, conflict_.path));
+    auto workTree = service_->readWorkTreeFile(repo_, conflict_.path);
     try {
         std::string baseText = co_await std::move(base);
         std::string oursText = co_await std::move(ours);

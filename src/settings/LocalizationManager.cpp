@@ -31,8 +31,8 @@ QString LocalizationManager::localized(const char* key) const {
     }
     if (!bundle)
         return QString::fromUtf8(key);
-    // The tables are id-based: the English text is the message's id, in no context, wherever in the
-    // code it stands.
+    // The build puts every message of a table in the empty context: the key is the English text,
+    // wherever in the code it stands.
     const QString translation = bundle->translate("", key);
     return translation.isEmpty() ? QString::fromUtf8(key) : translation;
 }

@@ -3,6 +3,7 @@
 #include "settings/LocalizationManager.h"
 
 #include <QAbstractButton>
+#include <QLabel>
 #include <QPushButton>
 
 #include <algorithm>
@@ -17,8 +18,17 @@ QMessageBox* showAlert(QWidget* parent, QMessageBox::Icon icon, const QString& t
     box->setAttribute(Qt::WA_DeleteOnClose);
     box->setWindowModality(Qt::WindowModal);
     box->setIcon(icon);
+    // Names and messages come from the user and from git: never read as markup.
+    box->setTextFormat(Qt::PlainText);
     box->setText(title);
     box->setInformativeText(message);
+    if (auto* titleLabel = box->findChild<QLabel*>(QStringLiteral("qt_msgbox_label"))) {
+        QFont bold = titleLabel->font();
+        bold.setBold(true);
+        titleLabel->setFont(bold);
+    }
+    if (auto* messageLabel = box->findChild<QLabel*>(QStringLiteral("qt_msgbox_informativelabel")))
+        messageLabel->setTextFormat(Qt::PlainText);
     std::vector<QPushButton*> added;
     for (const AlertButton& button : buttons)
         added.push_back(box->addButton(button.text, button.role));

@@ -19,6 +19,8 @@ OEmptyState::OEmptyState(const QString& iconName, const QString& title, const QS
     : QWidget(parent), iconName_(iconName), icon_(new QLabel(this)), title_(new QLabel(title, this)),
       message_(new QLabel(message, this)) {
     icon_->setAlignment(Qt::AlignCenter);
+    title_->setTextFormat(Qt::PlainText);
+    message_->setTextFormat(Qt::PlainText);
     title_->setAlignment(Qt::AlignCenter);
     title_->setWordWrap(true);
     QFont titleFont = title_->font();

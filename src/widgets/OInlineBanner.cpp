@@ -34,6 +34,7 @@ const char* iconName(OInlineBanner::Kind kind) {
 
 OInlineBanner::OInlineBanner(QWidget* parent)
     : QWidget(parent), icon_(new QLabel(this)), message_(new QLabel(this)), buttons_(new QHBoxLayout) {
+    message_->setTextFormat(Qt::PlainText); // error texts carry git's and the user's words, never markup
     message_->setTextInteractionFlags(Qt::TextSelectableByMouse);
     auto* layout = new QHBoxLayout(this);
     layout->setContentsMargins(10, 6, 6, 6);

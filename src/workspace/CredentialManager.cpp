@@ -9,14 +9,17 @@
 #include <QSaveFile>
 #include <QUuid>
 
-#include <atomic>
 #include <cerrno>
 #include <chrono>
+#include <condition_variable>
 #include <coroutine>
+#include <cstdint>
 #include <fcntl.h>
-#include <future>
+#include <mutex>
 #include <optional>
+#include <poll.h>
 #include <string>
+#include <sys/eventfd.h>
 #include <sys/stat.h>
 #include <thread>
 #include <unistd.h>
@@ -26,7 +29,7 @@ namespace orvel {
 
 // The one-shot channel that carries the user's answer to the waiting showPromptAndWait.
 class CredentialManager::ResponseChannel {
-public:
+  public:
     void answer(QString text) {
         if (answered_)
             return;
@@ -43,78 +46,134 @@ public:
         QString await_resume() const { return channel->value_; }
     };
 
-private:
+  private:
     bool answered_ = false;
     QString value_;
     std::coroutine_handle<> waiter_;
 };
 
-// What the listener thread shares with the manager. The thread holds it too, so that a thread
-// still blocked when the manager goes never reaches freed memory.
+// What the listener thread shares with the manager. The thread holds it too, so that nothing it
+// uses goes away before it ends. Each wait of the listener also watches `stopSignal`, so that
+// stop() only has to signal it and never waits on the interface thread.
 struct CredentialManager::ListenerState {
     std::string promptPipe;
     std::string responsePipe;
-    std::atomic<bool> cancelled{false};
-    std::promise<void> finished;
-    std::thread thread;
+    QString directory;
+    int stopSignal = ::eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK);
 
-    ~ListenerState() {
-        if (thread.joinable())
-            thread.detach();
+    std::mutex mutex;
+    std::condition_variable answered;
+    bool cancelled = false;
+    std::optional<QString> answer;
+
+    ListenerState() = default;
+    ListenerState(const ListenerState&) = delete;
+    ListenerState& operator=(const ListenerState&) = delete;
+    ~ListenerState() { ::close(stopSignal); }
+
+    bool isCancelled() {
+        std::lock_guard lock(mutex);
+        return cancelled;
+    }
+
+    void cancel() {
+        {
+            std::lock_guard lock(mutex);
+            cancelled = true;
+        }
+        answered.notify_all();
+        const std::uint64_t one = 1;
+        [[maybe_unused]] const ssize_t written = ::write(stopSignal, &one, sizeof one);
+    }
+
+    void give(QString text) {
+        {
+            std::lock_guard lock(mutex);
+            answer = std::move(text);
+        }
+        answered.notify_all();
+    }
+
+    // The user's answer; nothing once the listener is stopped.
+    QString awaitAnswer() {
+        std::unique_lock lock(mutex);
+        answered.wait(lock, [this] { return answer || cancelled; });
+        return std::exchange(answer, std::nullopt).value_or(QString());
+    }
+
+    // Waits until a script has written a question and closed its end. Answers nothing when the
+    // listener is stopped before a question came, or when the pipe can't be opened. The pipe is
+    // opened without blocking, so that the wait can watch the stop signal too. On a stop the pipe
+    // is removed while it is still open: no script can open it any more, and one that has opened
+    // it already still gets through instead of blocking for ever on a pipe that nobody reads.
+    std::optional<QByteArray> nextQuestion() const {
+        const int fd = ::open(promptPipe.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
+        if (fd < 0)
+            return std::nullopt;
+        QByteArray bytes;
+        bool stopped = false;
+        bool ended = false;
+        while (!ended) {
+            pollfd fds[2] = {{fd, POLLIN, 0}, {stopSignal, POLLIN, 0}};
+            const int ready = ::poll(fds, stopped ? 1 : 2, stopped ? 1000 : -1);
+            if (ready < 0 && errno == EINTR)
+                continue;
+            if (ready <= 0)
+                break;
+            if (!stopped && fds[1].revents != 0) {
+                ::unlink(promptPipe.c_str());
+                stopped = true;
+            }
+            if (stopped || fds[0].revents != 0)
+                ended = readAvailable(fd, bytes);
+        }
+        ::close(fd);
+        if (!ended || (stopped && bytes.isEmpty()))
+            return std::nullopt;
+        return bytes;
+    }
+
+    // Appends what the pipe holds; answers true once the writer has closed its end (or the pipe
+    // failed), false when more may come.
+    static bool readAvailable(int fd, QByteArray& bytes) {
+        char buffer[4096];
+        for (;;) {
+            const ssize_t count = ::read(fd, buffer, sizeof buffer);
+            if (count > 0)
+                bytes.append(buffer, count);
+            else if (count == 0)
+                return true;
+            else if (errno != EINTR)
+                return errno != EAGAIN;
+        }
+    }
+
+    // Hands the answer to the script, which opens its end right after writing the question. A
+    // script that died in between never does, so the wait for it is short.
+    void writeAnswer(const QByteArray& bytes) const {
+        using namespace std::chrono_literals;
+        const auto deadline = std::chrono::steady_clock::now() + 1s;
+        int fd = -1;
+        while ((fd = ::open(responsePipe.c_str(), O_WRONLY | O_NONBLOCK | O_CLOEXEC)) < 0) {
+            if (errno != ENXIO || std::chrono::steady_clock::now() > deadline)
+                return;
+            std::this_thread::sleep_for(5ms);
+        }
+        ::fcntl(fd, F_SETFL, ::fcntl(fd, F_GETFL) & ~O_NONBLOCK);
+        qsizetype written = 0;
+        while (written < bytes.size()) {
+            const ssize_t count = ::write(fd, bytes.constData() + written, bytes.size() - written);
+            if (count < 0 && errno == EINTR)
+                continue;
+            if (count <= 0)
+                break;
+            written += count;
+        }
+        ::close(fd);
     }
 };
 
 namespace {
-
-using namespace std::chrono_literals;
-
-// How long stop() waits for the listener to leave a blocking call before leaving it behind.
-constexpr auto listenerStopBudget = 2s;
-
-// Reads one question: blocks in open() until a writer comes, then reads to the end of the file.
-// Answers nothing when the pipe can't be opened.
-std::optional<QByteArray> readQuestion(const std::string& promptPipe) {
-    const int fd = ::open(promptPipe.c_str(), O_RDONLY | O_CLOEXEC);
-    if (fd < 0)
-        return std::nullopt;
-    QByteArray bytes;
-    char buffer[4096];
-    for (;;) {
-        const ssize_t count = ::read(fd, buffer, sizeof buffer);
-        if (count > 0)
-            bytes.append(buffer, count);
-        else if (count == 0 || errno != EINTR)
-            break;
-    }
-    ::close(fd);
-    return bytes;
-}
-
-// Blocks in open() until the script reads, then writes the whole answer.
-void writeAnswer(const std::string& responsePipe, const QByteArray& bytes) {
-    const int fd = ::open(responsePipe.c_str(), O_WRONLY | O_CLOEXEC);
-    if (fd < 0)
-        return;
-    qsizetype written = 0;
-    while (written < bytes.size()) {
-        const ssize_t count = ::write(fd, bytes.constData() + written, bytes.size() - written);
-        if (count < 0 && errno == EINTR)
-            continue;
-        if (count <= 0)
-            break;
-        written += count;
-    }
-    ::close(fd);
-}
-
-// Waits for the answer that the GUI thread gives; a stop in the meantime answers with nothing.
-QString awaitAnswer(std::future<QString> answer, const std::atomic<bool>& cancelled) {
-    while (answer.wait_for(50ms) != std::future_status::ready) {
-        if (cancelled)
-            return {};
-    }
-    return answer.get();
-}
 
 // The text of a path inside double quotes of a shell script.
 QString doubleQuoted(const QString& text) {
@@ -135,6 +194,9 @@ CredentialManager::CredentialManager(QObject* parent)
 CredentialManager::~CredentialManager() {
     if (listener_)
         stop();
+    // Every wait of the listener ends on the stop signal, so this join is short.
+    if (listenerThread_.joinable())
+        listenerThread_.join();
 }
 
 void CredentialManager::setUserInput(const QString& text) {
@@ -176,7 +238,7 @@ QByteArray CredentialManager::askpassScript(const QString& promptPipe, const QSt
 }
 
 void CredentialManager::start() {
-    if (listener_)
+    if (listenerThread_.joinable())
         return;
     qCDebug(lcAuth, "start: initializing credential manager");
     const QByteArray base = QFile::encodeName(baseDirectory());
@@ -206,52 +268,28 @@ void CredentialManager::start() {
     listener_ = std::make_shared<ListenerState>();
     listener_->promptPipe = promptPipe.toStdString();
     listener_->responsePipe = responsePipe.toStdString();
-    listener_->thread = std::thread(listen, listener_, QPointer<CredentialManager>(this));
+    listener_->directory = baseDirectory();
+    listenerThread_ = std::thread(listen, listener_, QPointer<CredentialManager>(this));
     qCDebug(lcAuth, "start: credential manager ready");
 }
 
 void CredentialManager::stop() {
     qCDebug(lcAuth, "stop: shutting down credential manager");
     const std::shared_ptr<ListenerState> listener = std::exchange(listener_, nullptr);
-    if (listener)
-        listener->cancelled = true;
+    if (listener) {
+        listener->cancel();
+        qCDebug(lcAuth, "stop: kicked blocked prompt-pipe reader");
+    }
     if (responseContinuation_) {
         qCDebug(lcAuth, "stop: resuming pending continuation with empty string (prompt was in-flight)");
         // The question is over, so the dialog goes with it.
         clearPrompt();
         answerPending(QString());
     }
-    std::future<void> finished = listener ? listener->finished.get_future() : std::future<void>();
-    if (!askpassScriptPath_.isEmpty() || listener) {
-        const QByteArray promptPipe = QFile::encodeName(promptPipePath());
-        // The listener may be blocked opening the prompt pipe: a writer lets it through to see
-        // that it is cancelled. It may also be just about to open it, so the kick repeats until
-        // the listener has ended or the budget is spent. The pipes go only after that, so that
-        // an answer on its way still reaches the script.
-        bool kicked = false;
-        const auto deadline = std::chrono::steady_clock::now() + listenerStopBudget;
-        do {
-            const int fd = ::open(promptPipe.constData(), O_WRONLY | O_NONBLOCK | O_CLOEXEC);
-            if (fd >= 0) {
-                [[maybe_unused]] const ssize_t written = ::write(fd, "\n", 1);
-                ::close(fd);
-                if (!kicked)
-                    qCDebug(lcAuth, "stop: kicked blocked prompt-pipe reader");
-                kicked = true;
-            }
-        } while (finished.valid() && finished.wait_for(20ms) != std::future_status::ready &&
-                 std::chrono::steady_clock::now() < deadline);
-        ::unlink(promptPipe.constData());
-        ::unlink(QFile::encodeName(responsePipePath()).constData());
-    }
-    if (listener && listener->thread.joinable()) {
-        // A listener still blocked (a script that died before reading its answer) is left behind.
-        if (finished.valid() && finished.wait_for(0s) == std::future_status::ready)
-            listener->thread.join();
-        else
-            listener->thread.detach();
-    }
-    QDir(baseDirectory()).removeRecursively();
+    // A running listener removes the pipes and the directory itself once it has answered the
+    // script it may be serving, so that the script does not wait for ever on a vanished pipe.
+    if (!listenerThread_.joinable())
+        QDir(baseDirectory()).removeRecursively();
 }
 
 void CredentialManager::submitCredential() {
@@ -268,10 +306,6 @@ void CredentialManager::cancelCredential() {
     clearPrompt();
     if (consecutiveCancels_ >= 3) {
         qCDebug(lcAuth, "cancelCredential: 3 consecutive cancels — stopping credential listener");
-        // Cancelled before the answer goes out, so that the listener ends right after writing it
-        // instead of waiting for one more question.
-        if (listener_)
-            listener_->cancelled = true;
         answerPending(QString());
         stop();
         return;
@@ -321,45 +355,38 @@ void CredentialManager::answerPending(const QString& answer) {
 }
 
 void CredentialManager::listen(std::shared_ptr<ListenerState> state, QPointer<CredentialManager> manager) {
-    while (!state->cancelled) {
-        const std::optional<QByteArray> read = readQuestion(state->promptPipe);
-        if (!read) {
-            qCDebug(lcAuth, "listener: prompt pipe unavailable, stopping");
-            break;
-        }
+    while (const std::optional<QByteArray> read = state->nextQuestion()) {
         const QString question = QString::fromUtf8(*read).trimmed();
-        if (state->cancelled) {
+        if (state->isCancelled()) {
             // A script that asked in the moment of stopping waits for an answer: it gets none.
             if (!question.isEmpty())
-                writeAnswer(state->responsePipe, "\n");
+                state->writeAnswer("\n");
             break;
         }
         if (question.isEmpty())
             continue;
         qCDebug(lcAuth, "listener: credential request received");
-        auto answered = std::make_shared<std::promise<QString>>();
-        std::future<QString> answer = answered->get_future();
-        // The manager is looked at only on the GUI thread, where it lives and dies.
+        // The manager is looked at only on the interface thread, where it lives and dies.
         QMetaObject::invokeMethod(
             QCoreApplication::instance(),
-            [manager, question, answered] {
+            [manager, question, state] {
                 if (!manager) {
-                    answered->set_value(QString());
+                    state->give(QString());
                     return;
                 }
                 QCoro::connect(manager->showPromptAndWait(question), manager.data(),
-                               [answered](QString text) { answered->set_value(std::move(text)); });
+                               [state](QString text) { state->give(std::move(text)); });
             },
             Qt::QueuedConnection);
-        const QString text = awaitAnswer(std::move(answer), state->cancelled);
+        const QString text = state->awaitAnswer();
         qCDebug(lcAuth, "listener: credential response sent");
-        writeAnswer(state->responsePipe, text.toUtf8() + '\n');
+        state->writeAnswer(text.toUtf8() + '\n');
     }
     // Gone at once, so that a script git starts after the last answer finds no pipe to wait on
     // and git fails on its own.
     ::unlink(state->promptPipe.c_str());
     ::unlink(state->responsePipe.c_str());
-    state->finished.set_value();
+    QDir(state->directory).removeRecursively();
 }
 
 } // namespace orvel

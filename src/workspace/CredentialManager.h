@@ -10,15 +10,16 @@
 #include <QCoro/QCoroTask>
 
 #include <memory>
+#include <thread>
 
 namespace orvel {
 
 class CredentialManager final : public QObject {
     Q_OBJECT
 
-public:
+  public:
     explicit CredentialManager(QObject* parent = nullptr);
-    // Stops the listener and removes the pipes and the script.
+    // Stops the listener and waits for its end, which is prompt: every wait of it watches the stop.
     ~CredentialManager() override;
 
     bool isShowingPrompt() const { return isShowingPrompt_; }
@@ -38,7 +39,8 @@ public:
 
     // Makes the directory, the two pipes and the script, and starts the listener. Runs once.
     void start();
-    // Ends the listener, answers an open question with nothing and removes directory and pipes.
+    // Ends the listener without waiting for it: an open question is answered with nothing, and the
+    // listener removes the directory and the pipes on its way out (at once when none runs).
     void stop();
     // The dialog's two buttons.
     void submitCredential();
@@ -50,13 +52,13 @@ public:
     // The askpass script for the two pipe paths.
     static QByteArray askpassScript(const QString& promptPipe, const QString& responsePipe);
 
-signals:
+  signals:
     // A question waits (true) or was answered (false): the dialog shows while it is true.
     void isShowingPromptChanged(bool showing);
     void promptMessageChanged(const QString& message);
     void userInputChanged(const QString& text);
 
-private:
+  private:
     class ResponseChannel;
     struct ListenerState;
 
@@ -75,6 +77,7 @@ private:
     QString askpassScriptPath_;
     QString sessionID_;
     std::shared_ptr<ListenerState> listener_;
+    std::thread listenerThread_;
     std::shared_ptr<ResponseChannel> responseContinuation_;
     int consecutiveCancels_ = 0;
 };

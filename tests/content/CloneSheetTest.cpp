@@ -5,7 +5,11 @@
 #include "content/EmptyRepositoryStart.h"
 #include "content/WelcomeOnRealGit.h"
 
+#include "core/service/MockGitService.h"
+#include "support/Await.h"
 #include "support/Screenshot.h"
+
+#include <QCoro/QCoroTimer>
 
 #include <QLabel>
 #include <QLineEdit>
@@ -17,6 +21,21 @@
 using namespace orvel;
 
 namespace {
+
+// Clones wait until the test lets them go, and remember the URL they were given.
+class HeldCloneService final : public MockGitService {
+  public:
+    bool held = true;
+    std::string url;
+
+    QCoro::Task<RepoEntry> cloneRepository(std::string cloneUrl, std::string path, std::stop_token) override {
+        url = cloneUrl;
+        while (held)
+            co_await QCoro::sleepFor(std::chrono::milliseconds(1));
+        auto cloned = MockGitService::cloneRepository(std::move(cloneUrl), std::move(path));
+        co_return co_await std::move(cloned);
+    }
+};
 
 CloneSheet* fillCloneSheet(test::WelcomeOnRealGit& welcome, const std::string& url,
                            const std::string& destination) {
@@ -38,7 +57,7 @@ TEST(CloneSheet, ClonesALocalRepositoryAndAsksTheWindowToOpenIt) {
 
     test::WelcomeOnRealGit welcome;
     CloneSheet* sheet = fillCloneSheet(welcome, place / "source.git", place / "copy");
-    test::saveScreenshot(*sheet, QStringLiteral("clone-sheet"), QSize(560, 240));
+    test::saveScreenshot(*sheet, QStringLiteral("clone-sheet"), QSize(560, 200));
     sheet->findChild<QPushButton*>("clone.submit")->click();
 
     ASSERT_TRUE(welcome.waitForOpen());
@@ -64,7 +83,10 @@ TEST(CloneSheet, EmptyRepositoryGetsItsFirstCommitAndPushAndAFailedPushKeepsTheC
         ASSERT_TRUE(
             QTest::qWaitFor([&] { return (prompt = sheet->findChild<QMessageBox*>()) != nullptr; }, 30000));
         EXPECT_TRUE(prompt->informativeText().contains(rejectPush ? ".gitkeep" : "README.md"));
-        prompt->findChild<QPushButton*>("clone.empty-repository.initialize")->click();
+        for (QAbstractButton* button : prompt->buttons()) {
+            if (button->text() == "Initialize & Push")
+                button->click();
+        }
 
         const std::string subject = "Initialization\n\nInit by Orvel 0 - Git GUI\n\n";
         if (!rejectPush) {
@@ -83,6 +105,26 @@ TEST(CloneSheet, EmptyRepositoryGetsItsFirstCommitAndPushAndAFailedPushKeepsTheC
         EXPECT_EQ(test::git(place / "work", {"ls-files"}), ".gitkeep\n");
         EXPECT_TRUE(test::gitAllowingFailure(remote, {"rev-parse", "--verify", "main"}).exitCode != 0);
     }
+}
+
+TEST(CloneSheet, EscapeAbandonsARunningCloneAndItsLateAnswer) {
+    auto service = std::make_shared<HeldCloneService>();
+    CloneViewModel model(service, std::make_shared<InMemoryUserDefaults>());
+    CloneSheet sheet(model);
+    sheet.open();
+    model.setUrlText(" https://example.com/tool.git ");
+    model.setDestinationPath("/tmp/tool");
+    QSignalSpy finished(&model, &CloneViewModel::finished);
+    auto clone = model.clone();
+    ASSERT_TRUE(model.isCloning());
+    EXPECT_EQ(service->url, "https://example.com/tool.git");
+
+    QTest::keyClick(&sheet, Qt::Key_Escape);
+    EXPECT_FALSE(sheet.isVisible());
+    EXPECT_FALSE(model.isCloning());
+    service->held = false;
+    test::await(std::move(clone));
+    EXPECT_TRUE(finished.isEmpty());
 }
 
 TEST(CloneSheet, DestinationIsTheFolderJoinedWithTheRepositoryName) {

@@ -167,25 +167,6 @@ TEST_F(BlameOfStory, BoundaryCommitOfAShallowClone) {
     expectSameAsLinePorcelain(entries, blame(shallow, "--line-porcelain"));
 }
 
-TEST_F(BlameOfStory, TruncatedOutputYieldsALeadingPartOfTheLines) {
-    const std::string porcelain = blame(repo, "--porcelain");
-    std::vector<std::pair<std::string, int>> whole;
-    for (const auto& entry : GitOutputParser::parseBlame(porcelain)) {
-        for (std::size_t i = 0; i < entry.lines.size(); ++i)
-            whole.emplace_back(entry.hash, entry.finalLineNumber + static_cast<int>(i));
-    }
-    for (std::size_t cut = 0; cut <= porcelain.size(); ++cut) {
-        std::size_t at = 0;
-        for (const auto& entry : GitOutputParser::parseBlame(std::string_view(porcelain).substr(0, cut))) {
-            for (std::size_t i = 0; i < entry.lines.size(); ++i, ++at) {
-                ASSERT_LT(at, whole.size()) << "cut at " << cut;
-                ASSERT_EQ(std::pair(entry.hash, entry.finalLineNumber + static_cast<int>(i)), whole[at])
-                    << "cut at " << cut;
-            }
-        }
-    }
-}
-
 TEST(BlameMalformed, LinesWithoutTheirPartsAreDropped) {
     const std::string a(40, 'a');
     // A content line before any header, key lines without a header, a header of a hash too long.

@@ -1,14 +1,21 @@
 // The child-process layer: concurrent capture of both streams, limits, and no child left behind.
 #include "core/process/ChildProcess.h"
+#include "support/GitFixture.h"
 
 #include <gtest/gtest.h>
 
 #include <cerrno>
+#include <chrono>
+#include <csignal>
+#include <filesystem>
+#include <stop_token>
 #include <string>
 #include <sys/wait.h>
 #include <system_error>
+#include <thread>
 
 using namespace orvel;
+using namespace std::chrono_literals;
 
 namespace {
 
@@ -83,4 +90,52 @@ TEST(ChildProcess, MissingExecutableGivesAClearError) {
                   std::string::npos);
     }
     EXPECT_TRUE(noChildLeft());
+}
+
+// A torn-down run ends at once although a grandchild still holds its output pipes, and a run that
+// would start after the teardown starts nothing.
+TEST(ChildProcess, TornDownRunKillsTheChildAtOnceAndALaterRunStartsNothing) {
+    test::TempDir work;
+    const std::string started = work / "started";
+    std::stop_source teardown;
+    const ChildTeardownScope scope(teardown.get_token());
+    std::thread stopper([&] {
+        while (!std::filesystem::exists(started))
+            std::this_thread::sleep_for(5ms);
+        teardown.request_stop();
+    });
+    const auto errnoOf = [](const ChildRequest& request) {
+        try {
+            runChild(request);
+        } catch (const std::system_error& error) {
+            return error.code().value();
+        }
+        return 0;
+    };
+    const auto begin = std::chrono::steady_clock::now();
+    EXPECT_EQ(errnoOf(shell("sleep 5 & : > '" + started + "'; exec sleep 600")), ECANCELED);
+    EXPECT_LT(std::chrono::steady_clock::now() - begin, 4s);
+    stopper.join();
+    EXPECT_TRUE(noChildLeft());
+
+    const std::string later = work / "later";
+    EXPECT_EQ(errnoOf(shell(": > '" + later + "'")), ECANCELED);
+    EXPECT_FALSE(std::filesystem::exists(later));
+}
+
+// A host that ignores SIGCHLD has its children reaped by the kernel: their status is unknown,
+// which must not pass for a clean exit.
+TEST(ChildProcess, ChildThatCannotBeReapedIsAFailureNotACleanExit) {
+    struct sigaction ignore {};
+    struct sigaction previous {};
+    ignore.sa_handler = SIG_IGN;
+    ::sigaction(SIGCHLD, &ignore, &previous);
+    int code = 0;
+    try {
+        runChild(shell("exit 3"));
+    } catch (const std::system_error& error) {
+        code = error.code().value();
+    }
+    ::sigaction(SIGCHLD, &previous, nullptr);
+    EXPECT_EQ(code, ECHILD);
 }

@@ -1,19 +1,32 @@
 // The per-repository queue: strict submission order per path, paths side by side, nonces,
-// cancellation before submission, and the clean-up of tails.
+// cancellation before submission, the clean-up of tails, runs that never end, and the runner's end.
 #include "core/queue/GitOpRunner.h"
+#include "core/commands/RemoteCommands.h"
+#include "core/commands/StatusCommands.h"
+#include "core/process/ChildProcess.h"
+#include "core/process/SubprocessExecutor.h"
 #include "core/service/GitServiceError.h"
+#include "core/support/UserDefaults.h"
 #include "support/Await.h"
+#include "support/GitFixture.h"
+#include "support/SilentRemote.h"
+
+#include <QCoreApplication>
 
 #include <QCoro/QCoroTask>
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <atomic>
 #include <chrono>
+#include <filesystem>
 #include <future>
 #include <latch>
 #include <mutex>
 #include <random>
+#include <sys/wait.h>
+#include <system_error>
 #include <thread>
 
 using namespace orvel;
@@ -40,6 +53,35 @@ struct Journal {
 void waitUntilIdle(const GitOpRunner& runner) {
     for (int i = 0; i < 500 && runner.tailCount() != 0; ++i)
         std::this_thread::sleep_for(2ms);
+}
+
+// Spins the event loop until `condition` holds; false after a generous time-out, so that a stall
+// fails the test instead of hanging it.
+template <typename Condition>
+bool eventually(Condition condition) {
+    const auto deadline = std::chrono::steady_clock::now() + 30s;
+    while (!condition()) {
+        if (std::chrono::steady_clock::now() > deadline)
+            return false;
+        QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
+    }
+    return true;
+}
+
+// The errno of the std::system_error that `task` ends with; 0 for any other outcome.
+template <typename T>
+int systemErrorOf(QCoro::Task<T> task) {
+    try {
+        test::await(std::move(task));
+    } catch (const std::system_error& error) {
+        return error.code().value();
+    } catch (...) {
+    }
+    return 0;
+}
+
+bool noChildLeft() {
+    return ::waitpid(-1, nullptr, WNOHANG) == -1 && errno == ECHILD;
 }
 
 } // namespace
@@ -182,4 +224,69 @@ TEST(GitOpRunnerStress, PerPathOrderHoldsUnderLoad) {
         EXPECT_EQ(seen[p], expected) << "path " << p;
     }
     EXPECT_EQ(runner.tailCount(), 0u);
+}
+
+// Ending the runner ends its work at once: the running block's child is killed, the block behind
+// it never runs and its awaiter learns so, and no child is left.
+TEST(GitOpRunnerEnd, KillsTheRunningChildAndDropsTheQueuedBlocks) {
+    test::TempDir work;
+    const std::string started = work / "started";
+    auto runner = std::make_unique<GitOpRunner>();
+    auto running = runner->serializedExecute("/r", [&] {
+        ChildRequest request;
+        request.executable = "/bin/sh";
+        request.arguments = {"-c", ": > '" + started + "'; exec sleep 600"};
+        return runChild(request).code;
+    });
+    std::atomic<bool> ran{false};
+    auto queued = runner->serializedExecute("/r", [&] { ran = true; });
+    ASSERT_TRUE(eventually([&] { return std::filesystem::exists(started); }));
+
+    const auto begin = std::chrono::steady_clock::now();
+    runner.reset();
+    EXPECT_LT(std::chrono::steady_clock::now() - begin, 1s);
+    EXPECT_EQ(systemErrorOf(std::move(running)), ECANCELED);
+    EXPECT_THROW(test::await(std::move(queued)), OperationCancelled);
+    EXPECT_FALSE(ran);
+    EXPECT_TRUE(noChildLeft());
+}
+
+// A fetch from a remote that never answers holds its thread for as long as it waits. Nine of them
+// in nine repositories must leave room for a status of a tenth; ending the runner then ends them.
+TEST(GitOpRunnerEnd, NineRunsThatNeverEndDoNotStallATenthRepository) {
+    test::TempDir remotes;
+    std::vector<std::unique_ptr<test::TempRepo>> repos;
+    std::vector<test::SilentRemote> silent;
+    for (int i = 0; i < 10; ++i)
+        repos.push_back(std::make_unique<test::TempRepo>());
+    InMemoryUserDefaults defaults;
+    auto git = std::make_shared<SubprocessExecutor>(std::nullopt, defaults);
+    auto runner = std::make_unique<GitOpRunner>();
+
+    std::vector<QCoro::Task<void>> fetches;
+    for (int i = 0; i < 9; ++i) {
+        silent.emplace_back(remotes.path(), std::to_string(i));
+        silent.back().addTo(repos[i]->path());
+        fetches.push_back(runner->serializedExecute(repos[i]->path(), [git, path = repos[i]->path()] {
+            RemoteCommands::fetch(*git, path, "origin", false);
+        }));
+    }
+    ASSERT_TRUE(eventually([&] {
+        return std::all_of(silent.begin(), silent.end(), [](const auto& remote) { return remote.reached(); });
+    }));
+
+    repos[9]->write("seen", "x");
+    auto status = runner->serializedExecute(
+        repos[9]->path(), [git, path = repos[9]->path()] { return StatusCommands::status(*git, path); });
+    ASSERT_TRUE(eventually([&] { return status.isReady(); })) << "the tenth repository waited for the nine";
+    EXPECT_EQ(test::await(std::move(status)).files.size(), 1u);
+
+    runner.reset();
+    for (auto& fetch : fetches)
+        EXPECT_EQ(systemErrorOf(std::move(fetch)), ECANCELED);
+    EXPECT_TRUE(noChildLeft());
+    EXPECT_TRUE(eventually([&] {
+        return std::none_of(silent.begin(), silent.end(),
+                            [](const auto& remote) { return remote.running(); });
+    }));
 }

@@ -1,5 +1,5 @@
-// The remote names that tell remote branches from local ones in the graph: how they are read, and
-// that a failed look-up is not kept (the cache itself is checked against real repositories).
+// The remote names that tell remote branches from local ones in the graph: a failed look-up is not
+// kept (the cache itself is checked against real repositories).
 #include "RealGitService.h"
 
 #include "core/commands/HistoryCommands.h"
@@ -13,12 +13,6 @@
 
 using namespace orvel;
 using Arguments = GitExecutorProtocol::Arguments;
-
-TEST(HistoryCommandArguments, RemoteNamesAreTrimmedLinesWithoutEmptyOnes) {
-    test::RecordingExecutor git;
-    git.reply("origin\n\n  upstream\t\nfork\n");
-    EXPECT_EQ(HistoryCommands::remoteNames(git, "/repo"), (RemoteNameSet{"fork", "origin", "upstream"}));
-}
 
 TEST(HistoryServiceRemoteNames, FailedRemoteLookUpFailsTheLoadAndCachesNothing) {
     const auto executor = std::make_shared<test::RecordingExecutor>();

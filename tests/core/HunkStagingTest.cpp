@@ -221,17 +221,6 @@ TEST_F(HunkStaging, OfTwoHunksOnlyTheTargetIsStagedOrDiscarded) {
     EXPECT_TRUE(tmpIsEmpty());
 }
 
-TEST_F(HunkStaging, AHunkThatMovedFailsAndChangesNothing) {
-    twoChanges("r.txt");
-    const auto shown = diff(DiffContext::unstaged()).files.at(0).hunks.at(1);
-    // Two new lines at the top shift every later hunk.
-    repo.write("r.txt", "new\nlines\n" + repo.read("r.txt"));
-    EXPECT_EQ(test::serviceError([&] { await(service.stageHunk(entry(), "r.txt", shown)); }).description(),
-              notFound);
-    EXPECT_TRUE(diff(DiffContext::staged()).files.empty());
-    EXPECT_TRUE(tmpIsEmpty());
-}
-
 TEST_F(HunkStaging, UnstageFindsOnlyHunksOfTheStagedDiff) {
     twoChanges("r.txt");
     repo.git({"add", "r.txt"});
@@ -263,19 +252,6 @@ TEST_F(HunkStaging, AwkwardPathsWork) {
         repo.git({"checkout", "-q", "--", path});
         EXPECT_TRUE(tmpIsEmpty());
     }
-}
-
-TEST_F(HunkStaging, ARejectedApplySurfacesGitsMessageAndLeavesNoPatch) {
-    twoChanges("r.txt");
-    const auto hunk = diff(DiffContext::unstaged()).files.at(0).hunks.at(0);
-    test::writeFile(repo / ".git/index.lock", "");
-    const GitServiceError locked =
-        test::serviceError([&] { await(service.stageHunk(entry(), "r.txt", hunk)); });
-    EXPECT_EQ(locked.kind(), GitServiceError::Kind::commandFailed);
-    EXPECT_NE(locked.stderrText().find("index.lock"), std::string::npos) << locked.stderrText();
-    fs::remove(repo / ".git/index.lock");
-    EXPECT_TRUE(diff(DiffContext::staged()).files.empty());
-    EXPECT_TRUE(tmpIsEmpty());
 }
 
 } // namespace

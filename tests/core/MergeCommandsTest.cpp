@@ -118,65 +118,7 @@ class MergesInRealRepository : public ::testing::Test {
 
 } // namespace
 
-TEST_F(MergesInRealRepository, AlreadyUpToDateFastForwardAndMergeCommit) {
-    repo.write("file", "base\n");
-    const std::string base = repo.commitAll("base");
-    repo.git({"branch", "behind"});
-    repo.git({"checkout", "-q", "-b", "ahead"});
-    repo.write("file", "ahead\n");
-    const std::string ahead = repo.commitAll("ahead");
-    repo.git({"checkout", "-q", "main"});
-
-    EXPECT_TRUE(
-        std::holds_alternative<merge::AlreadyUpToDate>(MergeCommands::merge(git, repo.path(), "behind")));
-    EXPECT_EQ(repo.head(), base);
-
-    const MergeResult forward = MergeCommands::merge(git, repo.path(), "ahead");
-    ASSERT_TRUE(std::holds_alternative<merge::FastForward>(forward));
-    EXPECT_EQ(std::get<merge::FastForward>(forward).newHead, ahead);
-    EXPECT_EQ(repo.head(), ahead);
-
-    repo.git({"checkout", "-q", "-b", "side", base});
-    repo.write("side", "side\n");
-    const std::string side = repo.commitAll("side");
-    const MergeResult merged = MergeCommands::merge(git, repo.path(), "main");
-    ASSERT_TRUE(std::holds_alternative<merge::Merged>(merged));
-    EXPECT_EQ(std::get<merge::Merged>(merged).commitHash, repo.head());
-    EXPECT_EQ(repo.git({"rev-parse", "HEAD^1", "HEAD^2"}), side + "\n" + ahead + "\n");
-}
-
-TEST_F(MergesInRealRepository, ConflictsOfSeveralKindsComeBackWithTheirFiles) {
-    repo.write("both", "base\n");
-    repo.write("deleted here", "base\n");
-    repo.commitAll("base");
-    repo.git({"checkout", "-q", "-b", "topic"});
-    repo.write("both", "topic\n");
-    repo.write("deleted here", "topic\n");
-    repo.write("added", "topic\n");
-    repo.commitAll("topic");
-    repo.git({"checkout", "-q", "main"});
-    repo.write("both", "main\n");
-    repo.git({"rm", "-q", "deleted here"});
-    repo.write("added", "main\n");
-    repo.commitAll("main");
-
-    const MergeResult result = MergeCommands::merge(git, repo.path(), "topic");
-    ASSERT_TRUE(std::holds_alternative<Conflicted>(result));
-    auto files = pathsAndTypes(std::get<Conflicted>(result).files);
-    std::ranges::sort(files);
-    EXPECT_EQ(files, (std::vector<std::pair<std::string, ConflictType>>{
-                         {"added", ConflictType::bothAdded},
-                         {"both", ConflictType::bothModified},
-                         {"deleted here", ConflictType::deletedByUs}}));
-    EXPECT_TRUE(exists(".git/MERGE_HEAD"));
-
-    MergeCommands::abortMerge(git, repo.path());
-    EXPECT_FALSE(exists(".git/MERGE_HEAD"));
-    EXPECT_EQ(repo.read("both"), "main\n");
-    EXPECT_EQ(repo.git({"status", "--porcelain"}), "");
-}
-
-TEST_F(MergesInRealRepository, RefusedMergesLeaveHeadAndWorkTreeAlone) {
+TEST_F(MergesInRealRepository, MergeBlockedByLocalChangesIsAnErrorAndChangesNothing) {
     repo.divergeOnOneFile();
     const std::string head = repo.head();
     repo.write("file", "uncommitted\n");
@@ -189,50 +131,6 @@ TEST_F(MergesInRealRepository, RefusedMergesLeaveHeadAndWorkTreeAlone) {
     EXPECT_EQ(repo.read("file"), "uncommitted\n");
     EXPECT_EQ(repo.head(), head);
     EXPECT_FALSE(exists(".git/MERGE_HEAD"));
-    repo.git({"checkout", "--", "file"});
-
-    // Fast-forward only refuses diverged branches, and moves to one that is ahead.
-    const GitServiceError error =
-        test::serviceError([&] { MergeCommands::fastForwardMerge(git, repo.path(), "topic"); });
-    EXPECT_EQ(error.command(), "merge");
-    EXPECT_NE(error.stderrText().find("Not possible to fast-forward"), std::string::npos)
-        << error.stderrText();
-    EXPECT_EQ(repo.head(), head);
-
-    repo.git({"checkout", "-q", "-b", "later"});
-    const std::string later = repo.commitAll("later");
-    repo.git({"checkout", "-q", "main"});
-    const MergeResult result = MergeCommands::fastForwardMerge(git, repo.path(), "later");
-    ASSERT_TRUE(std::holds_alternative<merge::FastForward>(result));
-    EXPECT_EQ(std::get<merge::FastForward>(result).newHead, later);
-    EXPECT_TRUE(std::holds_alternative<merge::AlreadyUpToDate>(
-        MergeCommands::fastForwardMerge(git, repo.path(), "later")));
-}
-
-TEST_F(MergesInRealRepository, RebaseUpToDateSuccessAndDirtyTree) {
-    repo.write("file", "base\n");
-    const std::string base = repo.commitAll("base");
-    repo.git({"checkout", "-q", "-b", "topic"});
-    repo.write("topic", "topic\n");
-    repo.commitAll("topic");
-    EXPECT_TRUE(
-        std::holds_alternative<rebase::AlreadyUpToDate>(MergeCommands::rebase(git, repo.path(), "main")));
-
-    repo.git({"checkout", "-q", "main"});
-    repo.write("file", "main\n");
-    const std::string mainHead = repo.commitAll("main");
-    repo.git({"checkout", "-q", "topic"});
-    EXPECT_TRUE(std::holds_alternative<rebase::Success>(MergeCommands::rebase(git, repo.path(), "main")));
-    EXPECT_EQ(repo.rev("HEAD^"), mainHead);
-    EXPECT_EQ(repo.read("topic"), "topic\n");
-
-    repo.git({"reset", "-q", "--hard", base});
-    repo.write("file", "dirty\n");
-    const GitServiceError error =
-        test::serviceError([&] { MergeCommands::rebase(git, repo.path(), "main"); });
-    EXPECT_EQ(error.command(), "rebase");
-    EXPECT_EQ(repo.read("file"), "dirty\n");
-    EXPECT_FALSE(exists(".git/rebase-merge"));
 }
 
 TEST_F(MergesInRealRepository, RebaseConflictThenContinueWithUnresolvedFiles) {
@@ -293,43 +191,4 @@ TEST_F(MergesInRealRepository, SkipOfTheLastStepEndsTheRebaseAndThenNothingConti
     EXPECT_EQ(test::serviceError([&] { MergeCommands::rebaseSkip(git, entry()); }).stderrText(),
               "Rebase failed unexpectedly");
     EXPECT_EQ(test::serviceError([&] { MergeCommands::abortRebase(git, repo.path()); }).command(), "rebase");
-}
-
-TEST_F(MergesInRealRepository, AbortCherryPickAndRevert) {
-    repo.divergeOnOneFile();
-    const std::string head = repo.head();
-    const std::string topic = repo.rev("topic");
-    EXPECT_NE(repo.gitAllowingFailure({"cherry-pick", topic}).exitCode, 0);
-    EXPECT_TRUE(exists(".git/CHERRY_PICK_HEAD"));
-    MergeCommands::abortCherryPick(git, repo.path());
-    EXPECT_FALSE(exists(".git/CHERRY_PICK_HEAD"));
-    EXPECT_EQ(repo.head(), head);
-    EXPECT_EQ(repo.read("file"), "main\n");
-
-    repo.write("file", "later\n");
-    const std::string later = repo.commitAll("later");
-    EXPECT_NE(repo.gitAllowingFailure({"revert", "--no-edit", "HEAD^"}).exitCode, 0);
-    EXPECT_TRUE(exists(".git/REVERT_HEAD"));
-    MergeCommands::abortRevert(git, repo.path());
-    EXPECT_FALSE(exists(".git/REVERT_HEAD"));
-    EXPECT_EQ(repo.head(), later);
-    EXPECT_EQ(test::serviceError([&] { MergeCommands::abortMerge(git, repo.path()); }).command(), "merge");
-}
-
-TEST(MergeService, NativeServiceReportsTheConflictAndAborts) {
-    test::RealGitService real;
-    NativeGitService& service = real.service;
-    TempRepo repo;
-    repo.divergeOnOneFile();
-    const RepoEntry entry = test::await(service.open(repo.path()));
-
-    const MergeResult result = test::await(service.merge(entry, "topic"));
-    ASSERT_TRUE(std::holds_alternative<Conflicted>(result));
-    EXPECT_EQ(test::await(service.open(repo.path())).state, RepositoryState::merging);
-    test::await(service.abortMerge(entry));
-    EXPECT_EQ(test::await(service.open(repo.path())).state, RepositoryState::clean);
-    EXPECT_THROW(test::await(service.fastForwardMerge(entry, "topic")), GitServiceError);
-    EXPECT_TRUE(std::holds_alternative<RebaseStop>(test::await(service.rebase(entry, "topic"))));
-    EXPECT_TRUE(std::holds_alternative<rebase::Success>(test::await(service.rebaseSkip(entry))));
-    EXPECT_EQ(repo.head(), repo.rev("topic"));
 }

@@ -1,10 +1,8 @@
-// Opening, creating and cloning repositories, and reading status: the exact commands, the
-// default-branch choice, the state markers, user paths and URLs kept from git's options, and what
-// real repositories of every shape and in-progress state open as.
+// Opening, creating and cloning repositories: the default-branch choice, the state markers, user
+// paths and URLs kept from git's options, and what real repositories of every shape open as.
 #include "RealGitService.h"
 
 #include "core/commands/RepositoryCommands.h"
-#include "core/commands/StatusCommands.h"
 #include "core/queue/GitOpRunner.h"
 #include "core/service/GitServiceError.h"
 #include "core/service/NativeGitService.h"
@@ -16,7 +14,6 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <functional>
 #include <optional>
 
 using namespace orvel;
@@ -24,26 +21,6 @@ using test::RecordingExecutor;
 using test::TempDir;
 using test::TempRepo;
 using Args = std::vector<std::string>;
-
-TEST(RepositoryArguments, OpenCurrentBranchCloneAndStatusAskGitExactly) {
-    RecordingExecutor git;
-    git.reply(".git\nfalse\n");
-    RepositoryCommands::open(git, "/r");
-    RepositoryCommands::currentBranch(git, "/r");
-    RepositoryCommands::clone(git, "https://example.invalid/r.git", "/abs/target");
-    StatusCommands::status(git, "/r");
-    EXPECT_EQ(git.argumentLists(),
-              (std::vector<Args>{{"rev-parse", "--git-dir", "--is-bare-repository"},
-                                 {"rev-parse", "HEAD"},
-                                 {"symbolic-ref", "--short", "HEAD"},
-                                 {"symbolic-ref", "--short", "HEAD"},
-                                 {"clone", "--", "https://example.invalid/r.git", "/abs/target"},
-                                 {"status", "--porcelain=v2", "--branch", "--show-stash", "-uall", "-z"}}));
-    std::vector<std::string> paths;
-    for (const auto& call : git.calls())
-        paths.push_back(call.repoPath);
-    EXPECT_EQ(paths, (std::vector<std::string>{"/r", "/r", "/r", "/r", "/", "/r"}));
-}
 
 TEST(DefaultBranch, RemoteHeadWinsElseMainThenMasterThenTheFirstLocalBranch) {
     struct Case {
@@ -67,10 +44,6 @@ TEST(DefaultBranch, RemoteHeadWinsElseMainThenMasterThenTheFirstLocalBranch) {
             git.fail("symbolic-ref");
         git.reply(c.localBranches);
         EXPECT_EQ(RepositoryCommands::defaultBranch(git, "/r"), c.expected);
-        std::vector<Args> asked{{"symbolic-ref", "refs/remotes/origin/HEAD"}};
-        if (!c.remoteHead)
-            asked.push_back({"branch", "--list", "--format=%(refname:short)"});
-        EXPECT_EQ(git.argumentLists(), asked);
     }
 }
 
@@ -159,44 +132,6 @@ TEST_F(OpenRealRepository, LinkedWorktreeKeepsItsAbsoluteGitDirAndItsOwnState) {
     EXPECT_EQ(entry.gitDirPath, repo / ".git/worktrees/wt");
     EXPECT_EQ(entry.state, RepositoryState::merging);
     EXPECT_EQ(open(repo.path()).state, RepositoryState::clean);
-}
-
-TEST_F(OpenRealRepository, EveryInProgressStateFromRealCommands) {
-    const std::vector<std::pair<RepositoryState, std::function<void(const TempRepo&)>>> cases{
-        {RepositoryState::merging,
-         [](const TempRepo& repo) {
-             repo.gitAllowingFailure({"merge", "topic"});
-         }},
-        {RepositoryState::rebasing,
-         [](const TempRepo& repo) {
-             repo.gitAllowingFailure({"rebase", "topic"});
-         }},
-        {RepositoryState::cherryPicking,
-         [](const TempRepo& repo) {
-             repo.gitAllowingFailure({"cherry-pick", "topic"});
-         }},
-        {RepositoryState::reverting,
-         [](const TempRepo& repo) {
-             repo.write("file", "later\n");
-             repo.commitAll("later");
-             repo.gitAllowingFailure({"revert", "--no-edit", "HEAD~1"});
-         }},
-        {RepositoryState::bisecting,
-         [](const TempRepo& repo) {
-             repo.git({"bisect", "start"});
-         }},
-        {RepositoryState::applyingMailbox,
-         [](const TempRepo& repo) {
-             repo.write("topic.patch", repo.git({"format-patch", "-1", "--stdout", "topic"}));
-             repo.gitAllowingFailure({"am", repo / "topic.patch"});
-         }},
-    };
-    for (const auto& [state, enter] : cases) {
-        TempRepo repo;
-        repo.divergeOnOneFile();
-        enter(repo);
-        EXPECT_EQ(open(repo.path()).state, state) << static_cast<int>(state);
-    }
 }
 
 TEST_F(OpenRealRepository, NotARepositoryFailsWithGitsWords) {

@@ -3,8 +3,8 @@
 // are signed as the configuration says (the test machine has no key to sign with).
 #include "RealGitService.h"
 
+#include "core/commands/SigningSetting.h"
 #include "core/commands/StagingCommands.h"
-#include "core/commands/TagCommands.h"
 #include "core/queue/GitOpRunner.h"
 #include "core/service/NativeGitService.h"
 #include "support/Await.h"
@@ -18,8 +18,6 @@ using Arguments = GitExecutorProtocol::Arguments;
 
 namespace {
 
-const Arguments verifyHead{"rev-parse", "--verify", "HEAD"};
-
 std::string historyRecord(const std::string& subject) {
     using namespace std::string_literals;
     return "\x01"s + std::string(40, 'c') + "\0ccccccc\0\0A\0a@x\0"s + "2026-01-01T00:00:00Z\0A\0a@x\0"s +
@@ -28,54 +26,8 @@ std::string historyRecord(const std::string& subject) {
 
 } // namespace
 
-TEST(StagingArguments, PathsStandBehindTheSeparator) {
-    test::RecordingExecutor git;
-    StagingCommands::stage(git, "/r", "-rf");
-    StagingCommands::stageFiles(git, "/r", {"a b", "-x", "c"});
-    StagingCommands::stageFiles(git, "/r", {});
-    StagingCommands::discardChanges(git, "/r", "-p", false);
-    StagingCommands::discardChanges(git, "/r", "f", true);
-    StagingCommands::unstage(git, "/r", "-f");
-    StagingCommands::unstageFiles(git, "/r", {"a", "-b"});
-    StagingCommands::unstageFiles(git, "/r", {});
-    EXPECT_EQ(git.argumentLists(), (std::vector<Arguments>{
-                                       {"add", "--", "-rf"},
-                                       {"add", "--", "a b", "-x", "c"},
-                                       {"restore", "--worktree", "--", "-p"},
-                                       {"restore", "--staged", "--worktree", "--", "f"},
-                                       verifyHead,
-                                       {"reset", "HEAD", "--", "-f"},
-                                       verifyHead,
-                                       {"reset", "HEAD", "--", "a", "-b"},
-                                   }));
-}
-
-TEST(StagingArguments, UnstageWithoutHeadOrWithAFailedResetRemovesFromTheIndex) {
-    test::RecordingExecutor git;
-    git.fail("rev-parse");
-    StagingCommands::unstage(git, "/r", "-f");
-    git.reply("");
-    git.fail("reset");
-    StagingCommands::unstageFiles(git, "/r", {"a", "b"});
-    git.fail("rev-parse");
-    StagingCommands::unstageAll(git, "/r");
-    EXPECT_EQ(git.argumentLists(), (std::vector<Arguments>{verifyHead,
-                                                           {"rm", "--cached", "--", "-f"},
-                                                           verifyHead,
-                                                           {"reset", "HEAD", "--", "a", "b"},
-                                                           {"rm", "--cached", "--", "a", "b"},
-                                                           verifyHead,
-                                                           {"rm", "--cached", "-r", "."}}));
-    git.fail("rev-parse");
-    git.fail("rm");
-    EXPECT_THROW(StagingCommands::unstage(git, "/r", "f"), GitServiceError);
-}
-
 TEST(SigningLookUp, CommitAndTagSigningCountOnlyTrueInAnyCaseAndSpacing) {
-    using LookUp = bool (*)(GitExecutorProtocol&, const std::string&);
-    for (const auto& [lookUp, key] :
-         std::vector<std::pair<LookUp, std::string>>{{&StagingCommands::signingEnabled, "commit.gpgsign"},
-                                                     {&TagCommands::signingEnabled, "tag.gpgsign"}}) {
+    for (const std::string_view key : {commitSigningKey, tagSigningKey}) {
         SCOPED_TRACE(key);
         test::RecordingExecutor git;
         for (const auto& [answer, enabled] : std::vector<std::pair<std::string, bool>>{{" True \n", true},
@@ -87,11 +39,11 @@ TEST(SigningLookUp, CommitAndTagSigningCountOnlyTrueInAnyCaseAndSpacing) {
                                                                                        {"yes\n", false},
                                                                                        {"1\n", false}}) {
             git.reply(answer);
-            EXPECT_EQ(lookUp(git, "/r"), enabled) << answer;
+            EXPECT_EQ(signingEnabled(git, "/r", key), enabled) << answer;
         }
         git.fail("config");
-        EXPECT_FALSE(lookUp(git, "/r"));
-        EXPECT_EQ(git.argumentLists(), std::vector<Arguments>(9, Arguments{"config", key}));
+        EXPECT_FALSE(signingEnabled(git, "/r", key));
+        EXPECT_EQ(git.argumentLists(), std::vector<Arguments>(9, Arguments{"config", std::string(key)}));
     }
 }
 

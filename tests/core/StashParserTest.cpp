@@ -106,24 +106,6 @@ TEST_F(StashListing, ReadsEveryStashNewestFirst) {
     EXPECT_EQ(onMain.date, sys_days{2026y / April / 1} + hours(9));
 }
 
-TEST_F(StashListing, TruncatedListingYieldsOnlyWholeStashes) {
-    const std::string listing = stashListing(repo);
-    const auto whole = GitOutputParser::parseStashList(listing);
-    for (std::size_t cut = 0; cut <= listing.size(); ++cut) {
-        const auto partial = GitOutputParser::parseStashList(std::string_view(listing).substr(0, cut));
-        ASSERT_LE(partial.size(), whole.size());
-        for (std::size_t i = 0; i < partial.size(); ++i) {
-            StashEntry expected = whole[i];
-            // A line cut inside the date, its last field, keeps its five fields but not its date.
-            if (i + 1 == partial.size() && partial[i].date != expected.date)
-                expected.date = distantPast;
-            ASSERT_EQ(partial[i], expected) << "cut at " << cut;
-        }
-    }
-    EXPECT_TRUE(GitOutputParser::parseStashList("").empty());
-    EXPECT_TRUE(GitOutputParser::parseStashList("\n\n").empty());
-}
-
 TEST(StashListFields, SelectorsMessagesAndParentsOutOfTheOrdinary) {
     const auto one = [](const std::string& line) {
         const auto parsed = GitOutputParser::parseStashList(line + "\n");

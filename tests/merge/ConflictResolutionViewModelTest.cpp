@@ -76,19 +76,18 @@ class HeldBackService final : public MockGitService {
 };
 
 struct HeldBackEditor {
-    test::TempDir dir;
     std::shared_ptr<HeldBackService> service = std::make_shared<HeldBackService>();
     ConflictEntry conflict;
 
     HeldBackEditor() {
-        test::writeFile(dir.path() + "/f.txt", "a\n<<<<<<< HEAD\nours\n=======\ntheirs\n>>>>>>> x\nz\n");
+        service->workTreeFiles["f.txt"] = "a\n<<<<<<< HEAD\nours\n=======\ntheirs\n>>>>>>> x\nz\n";
         conflict.path = "f.txt";
         conflict.oursHash = "o";
         conflict.theirsHash = "t"; // no base: a read of only two blobs
     }
     std::unique_ptr<ConflictResolutionViewModel> makeModel() {
-        return std::make_unique<ConflictResolutionViewModel>(test::RealGitService::repoAt(dir.path()),
-                                                             conflict, service);
+        return std::make_unique<ConflictResolutionViewModel>(test::RealGitService::repoAt("/repo"), conflict,
+                                                             service);
     }
 };
 

@@ -33,6 +33,7 @@ TEST(LocalizationManagerTest, SwitchesTablesWhileRunningAndFallsBackToEnglish) {
     manager.switchLanguage("zh-Hans", defaults);
     EXPECT_EQ(localized("Cancel"), QString::fromUtf8("取消"));
     EXPECT_EQ(localized("A text with no translation"), "A text with no translation");
+    EXPECT_EQ(localized("Could not read %1: %2", "a.json", 2), QString::fromUtf8("无法读取 a.json：2"));
     EXPECT_EQ(localized("Deleted %1 of %2", 1, QStringLiteral("%2")), "Deleted 1 of %2");
     EXPECT_EQ(defaults.string("appLanguage"), "zh-Hans");
     QCoreApplication::sendPostedEvents();

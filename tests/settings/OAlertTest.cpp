@@ -1,6 +1,9 @@
 #include "widgets/OAlert.h"
 
+#include "support/Screenshot.h"
+
 #include <QApplication>
+#include <QLabel>
 #include <QPushButton>
 #include <QTest>
 
@@ -34,12 +37,15 @@ TEST(OAlertTest, TheSafeButtonAnswersEnterAndEscapeAndOnlyTheActionConfirms) {
     };
     for (const auto& c : cases) {
         bool confirmed = false;
-        QMessageBox* box =
-            confirm(&window, "Delete branch?", "The branch goes.", "Delete", true, [&] { confirmed = true; });
+        QMessageBox* box = confirm(&window, "Delete branch?", "<b>topic</b> goes.", "Delete", true,
+                                   [&] { confirmed = true; });
         ASSERT_EQ(openAlert(window), box) << c.what;
         EXPECT_EQ(box->windowModality(), Qt::WindowModal);
         EXPECT_EQ(box->text(), "Delete branch?");
-        EXPECT_EQ(box->informativeText(), "The branch goes.");
+        const auto* message = box->findChild<QLabel*>("qt_msgbox_informativelabel");
+        ASSERT_NE(message, nullptr);
+        EXPECT_EQ(message->textFormat(), Qt::PlainText) << "a branch name is not markup";
+        test::saveScreenshot(*box, "confirm-alert", box->sizeHint());
         c.answer(box);
         EXPECT_TRUE(QTest::qWaitFor([&] { return window.findChild<QMessageBox*>() == nullptr; })) << c.what;
         EXPECT_EQ(confirmed, c.confirmed) << c.what;

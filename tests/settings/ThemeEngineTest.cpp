@@ -120,7 +120,11 @@ TEST(ThemeDecoderTest, RequiresEveryKeyButFontsAndFamilyAndNormalisesColours) {
 class ThemeEngineTest : public ::testing::Test {
   protected:
     void SetUp() override { engine.start(defaults); }
-    void TearDown() override { engine.start(defaults); }
+    // The engine outlives the test: it must not keep this test's store.
+    void TearDown() override {
+        static InMemoryUserDefaults untouched;
+        engine.start(untouched);
+    }
 
     std::string externalFile(const QString& id) const {
         return (engine.externalThemesDirectory() + "/" + id + ".theme.json").toStdString();

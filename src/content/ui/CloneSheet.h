@@ -3,42 +3,39 @@
 // the user's actions to it.
 #pragma once
 
-#include <QDialog>
+#include "widgets/OSheet.h"
 
-class QDialogButtonBox;
 class QLabel;
 class QLineEdit;
 class QProgressBar;
-class QPushButton;
 
 namespace orvel {
 
 class CloneViewModel;
 
-class CloneSheet final : public QDialog {
+class CloneSheet final : public OSheet {
     Q_OBJECT
 
   public:
     CloneSheet(CloneViewModel& model, QWidget* parent = nullptr);
+
+    // Escape and Cancel alike abandon a running clone.
+    void reject() override;
 
   signals:
     // The dialog has closed and the repository at `path` should open.
     void repositoryReady(const QString& path);
 
   protected:
-    void changeEvent(QEvent* event) override;
+    void retranslate() override;
 
   private:
-    void retranslate();
     void showForm();
     void showState();
-    void browse();
     void askAboutEmptyRepository();
-    void cancel();
 
     CloneViewModel& model_;
-    QLabel* title_;
-    QLabel* caption_;
+    QLabel* subtitle_;
     QLabel* urlLabel_;
     QLineEdit* url_;
     QLabel* destinationLabel_;
@@ -46,9 +43,6 @@ class CloneSheet final : public QDialog {
     QPushButton* browse_;
     QLabel* progressLabel_;
     QProgressBar* progress_;
-    QLabel* error_;
-    QPushButton* cancel_;
-    QPushButton* clone_;
 };
 
 } // namespace orvel

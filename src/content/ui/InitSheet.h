@@ -2,17 +2,16 @@
 // Shows InitViewModel and forwards the user's actions to it.
 #pragma once
 
-#include <QDialog>
+#include "widgets/OSheet.h"
 
 class QLabel;
 class QLineEdit;
-class QPushButton;
 
 namespace orvel {
 
 class InitViewModel;
 
-class InitSheet final : public QDialog {
+class InitSheet final : public OSheet {
     Q_OBJECT
 
   public:
@@ -23,24 +22,19 @@ class InitSheet final : public QDialog {
     void repositoryReady(const QString& path);
 
   protected:
-    void changeEvent(QEvent* event) override;
+    void retranslate() override;
 
   private:
-    void retranslate();
     void showForm();
     void showState();
 
     InitViewModel& model_;
-    QLabel* title_;
-    QLabel* caption_;
+    QLabel* subtitle_;
     QLabel* directoryLabel_;
     QLineEdit* directory_;
     QPushButton* browse_;
     QLabel* branchLabel_;
     QLineEdit* branch_;
-    QLabel* error_;
-    QPushButton* cancel_;
-    QPushButton* create_;
 };
 
 } // namespace orvel

@@ -1,5 +1,4 @@
-// Pieces the clone and init dialogs share: the title and caption at the top, the inline error
-// line in the theme's colour for deletions, and the folder chooser.
+// Pieces the landing page and its dialogs share: a line of secondary text, and the folder chooser.
 #pragma once
 
 #include <QString>
@@ -11,11 +10,8 @@ class QWidget;
 
 namespace orvel {
 
-QLabel* makeSheetTitle(QWidget* parent);
-QLabel* makeSheetCaption(QWidget* parent);
-QLabel* makeSheetError(QWidget* parent, const QString& objectName);
-// Colours a sheet's error line anew, after a theme or palette change.
-void colourSheetError(QLabel* error);
+// A wrapped label in the palette's secondary text colour, right in light and dark alike.
+QLabel* makeSecondaryLabel(QWidget* parent);
 // Opens a window-modal folder chooser on `parent`; `chosen` gets the folder.
 void chooseFolder(QWidget* parent, const QString& title, const QString& startFolder,
                   std::function<void(const QString&)> chosen);

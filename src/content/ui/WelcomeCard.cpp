@@ -3,6 +3,7 @@
 #include "settings/ThemeEngine.h"
 #include "widgets/Icons.h"
 
+#include <QKeyEvent>
 #include <QPainter>
 #include <QPainterPath>
 
@@ -38,6 +39,13 @@ QSize WelcomeCard::sizeHint() const {
     titleFont.setBold(true);
     const int textHeight = QFontMetrics(titleFont).height() + fontMetrics().height() + 2;
     return {380, std::max(textHeight, glyphSize) + padding * 2};
+}
+
+void WelcomeCard::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
+        click();
+    else
+        QAbstractButton::keyPressEvent(event);
 }
 
 void WelcomeCard::paintEvent(QPaintEvent*) {

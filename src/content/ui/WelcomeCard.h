@@ -16,6 +16,8 @@ class WelcomeCard final : public QAbstractButton {
 
   protected:
     void paintEvent(QPaintEvent* event) override;
+    // Enter acts like Space, as on the dialogs' buttons.
+    void keyPressEvent(QKeyEvent* event) override;
 
   private:
     QString iconName_;

@@ -12,6 +12,8 @@
 #include "content/ui/WelcomeCard.h"
 #include "core/support/Log.h"
 #include "settings/LocalizationManager.h"
+#include "widgets/OEmptyState.h"
+#include "widgets/OInlineBanner.h"
 
 #include <QDragEnterEvent>
 #include <QDropEvent>
@@ -24,12 +26,6 @@
 #include <QSplitter>
 #include <QStackedWidget>
 #include <QVBoxLayout>
-
-// The bundled icons and "default.gitignore" sit in the shared widgets' static library, whose
-// resource object nothing else names; naming it here keeps the linker from dropping it.
-static void initBundledResources() {
-    Q_INIT_RESOURCE(resources);
-}
 
 namespace orvel {
 
@@ -54,14 +50,14 @@ void logAction(const char* action) {
 
 WelcomeView::WelcomeView(WelcomeViewModel& model, QWidget* parent)
     : QWidget(parent), model_(model), recentsModel_(new RecentRepositoriesModel(this)),
-      recentsTitle_(makeSheetTitle(this)), recentsStack_(new QStackedWidget(this)),
-      recents_(new QListView(this)), recentsEmpty_(makeSheetCaption(this)), notice_(new QLabel(this)),
-      detailStack_(new QStackedWidget(this)), detail_(new QWidget(this)), title_(new QLabel(this)),
-      subtitle_(makeSheetCaption(this)), openCard_(new WelcomeCard(QStringLiteral("folder-open"), this)),
+      recentsTitle_(new QLabel(this)), recentsStack_(new QStackedWidget(this)), recents_(new QListView(this)),
+      recentsEmpty_(new OEmptyState(QStringLiteral("folder"), QString(), QString(), this)),
+      notice_(new OInlineBanner(this)), detailStack_(new QStackedWidget(this)), detail_(new QWidget(this)),
+      title_(new QLabel(this)), subtitle_(makeSecondaryLabel(this)),
+      openCard_(new WelcomeCard(QStringLiteral("folder-open"), this)),
       cloneCard_(new WelcomeCard(QStringLiteral("vcs-clone"), this)),
-      initCard_(new WelcomeCard(QStringLiteral("folder-new"), this)), dropHint_(makeSheetCaption(this)),
+      initCard_(new WelcomeCard(QStringLiteral("folder-new"), this)), dropHint_(makeSecondaryLabel(this)),
       preview_(new RepositoryPreview(model, this)) {
-    initBundledResources();
     setObjectName(QStringLiteral("welcome"));
     setAcceptDrops(true);
 
@@ -73,8 +69,9 @@ WelcomeView::WelcomeView(WelcomeViewModel& model, QWidget* parent)
     recents_->setAttribute(Qt::WA_Hover);
     recents_->setContextMenuPolicy(Qt::CustomContextMenu);
     recentsEmpty_->setObjectName(QStringLiteral("welcome.recents.empty"));
-    recentsEmpty_->setAlignment(Qt::AlignCenter);
-    recentsEmpty_->setMargin(16);
+    QFont sidebarTitleFont = recentsTitle_->font();
+    sidebarTitleFont.setBold(true);
+    recentsTitle_->setFont(sidebarTitleFont);
     recentsStack_->addWidget(recents_);
     recentsStack_->addWidget(recentsEmpty_);
 
@@ -116,8 +113,6 @@ WelcomeView::WelcomeView(WelcomeViewModel& model, QWidget* parent)
     detailStack_->addWidget(preview_);
 
     notice_->setObjectName(QStringLiteral("welcome.notice"));
-    notice_->setWordWrap(true);
-    notice_->setMargin(8);
     notice_->hide();
     auto* main = new QWidget(this);
     auto* mainLayout = new QVBoxLayout(main);
@@ -167,8 +162,6 @@ void WelcomeView::changeEvent(QEvent* event) {
     QWidget::changeEvent(event);
     if (event->type() == QEvent::LanguageChange)
         retranslate();
-    else if (event->type() == QEvent::PaletteChange)
-        colourSheetError(notice_);
 }
 
 void WelcomeView::showEvent(QShowEvent* event) {
@@ -179,8 +172,8 @@ void WelcomeView::showEvent(QShowEvent* event) {
 void WelcomeView::retranslate() {
     recentsTitle_->setText(localized("Recent Repositories"));
     recents_->setAccessibleName(localized("Recent repositories"));
-    recentsEmpty_->setText(
-        localized("No recent repositories yet.\nOpen, clone or initialize one to see it here."));
+    recentsEmpty_->setTitle(localized("No Recents Yet"));
+    recentsEmpty_->setMessage(localized("Open, clone or initialize a repository to see it here."));
     title_->setText(localized("Welcome to Orvel"));
     subtitle_->setText(localized("Pick a repository to see its graph, its changes and its branches."));
     openCard_->setTexts(localized("Open a Repository"),
@@ -207,9 +200,9 @@ void WelcomeView::showSelection() {
 }
 
 void WelcomeView::showNotice() {
-    notice_->setText(model_.notice().value_or(QString()));
+    if (model_.notice())
+        notice_->setMessage(OInlineBanner::Kind::warning, *model_.notice());
     notice_->setVisible(model_.notice().has_value());
-    colourSheetError(notice_);
 }
 
 void WelcomeView::selectRow(const QModelIndex& index) {

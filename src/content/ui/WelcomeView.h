@@ -11,6 +11,8 @@ class QStackedWidget;
 
 namespace orvel {
 
+class OEmptyState;
+class OInlineBanner;
 class RecentRepositoriesModel;
 class RepositoryPreview;
 class WelcomeCard;
@@ -47,8 +49,8 @@ class WelcomeView final : public QWidget {
     QLabel* recentsTitle_;
     QStackedWidget* recentsStack_;
     QListView* recents_;
-    QLabel* recentsEmpty_;
-    QLabel* notice_;
+    OEmptyState* recentsEmpty_;
+    OInlineBanner* notice_;
     QStackedWidget* detailStack_;
     QWidget* detail_;
     QLabel* title_;

@@ -1,5 +1,6 @@
-// Refuses user text that git would read as an option where the command line has no "--" to stand
-// it behind: branch names, start points, remotes and merge or rebase targets.
+// Refuses user text that git would read as an option: names of branches, tags and remotes,
+// revisions, targets and urls. Every such refusal reads the same; it happens before git runs,
+// also where a "--" stands in front of the value.
 #pragma once
 
 #include "core/service/GitServiceError.h"

@@ -1,5 +1,6 @@
 #include "core/commands/BlobCommands.h"
 
+#include "core/commands/ArgumentGuard.h"
 #include "core/service/GitServiceError.h"
 #include "core/support/Text.h"
 
@@ -24,8 +25,7 @@ std::string checkedBlobHash(std::string_view hash) {
     std::string candidate = trimmedBlanks(hash);
     if (candidate.empty())
         throw GitServiceError::commandFailed("cat-file blob", "empty hash");
-    if (candidate.front() == '-')
-        throw GitServiceError::invalidInput("blob hash must not begin with '-': " + candidate);
+    refuseOptionLike(candidate, "blob hash");
     return candidate;
 }
 

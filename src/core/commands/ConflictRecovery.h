@@ -13,6 +13,12 @@
 
 namespace orvel {
 
+// The unmerged paths of the repository, as git's status lists them.
+inline std::vector<ConflictEntry> conflictFiles(GitExecutorProtocol& git, const std::string& repoPath) {
+    return GitOutputParser::parseConflictFiles(
+        git.execute({"status", "--porcelain=v2", "-uall", "-z"}, repoPath));
+}
+
 // Runs `command`. When it fails with a GitServiceError and the repository then holds unmerged
 // paths, answers `onConflict(conflicts)` instead; otherwise the command's error goes on.
 // Errors that are not a GitServiceError, and a failing query, go to the caller as they are.
@@ -23,8 +29,7 @@ auto runWithConflictRecovery(GitExecutorProtocol& git, const std::string& repoPa
         return command();
     } catch (const GitServiceError&) {
         const std::exception_ptr failure = std::current_exception();
-        auto conflicts = GitOutputParser::parseConflictFiles(
-            git.execute({"status", "--porcelain=v2", "-uall", "-z"}, repoPath));
+        auto conflicts = conflictFiles(git, repoPath);
         if (!conflicts.empty())
             return onConflict(std::move(conflicts));
         std::rethrow_exception(failure);

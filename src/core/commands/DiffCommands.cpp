@@ -1,7 +1,7 @@
 #include "core/commands/DiffCommands.h"
 
+#include "core/commands/ArgumentGuard.h"
 #include "core/parsers/DiffParser.h"
-#include "core/service/GitServiceError.h"
 #include "core/support/Text.h"
 
 #include <stdexcept>
@@ -14,8 +14,7 @@ using Arguments = GitExecutorProtocol::Arguments;
 
 // A revision stands where git also reads options, and these commands take no "--" before it.
 const std::string& revision(const std::string& name) {
-    if (name.starts_with('-'))
-        throw GitServiceError::invalidInput("revision must not begin with '-': " + name);
+    refuseOptionLike(name, "revision");
     return name;
 }
 

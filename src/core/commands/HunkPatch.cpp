@@ -10,21 +10,12 @@ namespace orvel::HunkCommands {
 
 namespace {
 
-using GitOutputParser::readDiffInteger;
-
-// "12,5" gives 12 and 5, "12" gives 12 and 1; nothing when a number doesn't read.
+// The start and count of a range; nothing when either doesn't read.
 std::optional<std::pair<int, int>> readRange(std::string_view range) {
-    const auto comma = range.find(',');
-    const auto start = readDiffInteger(range.substr(0, comma));
-    if (!start)
+    const auto read = GitOutputParser::readHunkRange(range);
+    if (!read.start || !read.count)
         return std::nullopt;
-    if (comma == std::string_view::npos)
-        return std::pair{*start, 1};
-    std::string_view rest = range.substr(comma + 1);
-    const auto count = readDiffInteger(rest.substr(0, rest.find(',')));
-    if (!count)
-        return std::nullopt;
-    return std::pair{*start, *count};
+    return std::pair{*read.start, *read.count};
 }
 
 bool isHeaderLine(std::string_view line) {

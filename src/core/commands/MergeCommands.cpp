@@ -31,12 +31,12 @@ InteractiveRebaseResult continueOrReadStop(GitExecutorProtocol& git, const RepoE
 
 } // namespace
 
-MergeResult merge(GitExecutorProtocol& git, const std::string& repoPath, const std::string& branch) {
-    refuseOptionLike(branch, "Branch name");
+MergeResult runMerge(GitExecutorProtocol& git, const std::string& repoPath,
+                     const GitExecutorProtocol::Arguments& arguments) {
     return runWithConflictRecovery(
         git, repoPath,
         [&]() -> MergeResult {
-            const std::string output = git.execute({"merge", "--", branch}, repoPath);
+            const std::string output = git.execute(arguments, repoPath);
             if (saysUpToDate(output))
                 return merge::AlreadyUpToDate{};
             std::string head = headHash(git, repoPath);
@@ -45,6 +45,11 @@ MergeResult merge(GitExecutorProtocol& git, const std::string& repoPath, const s
             return merge::Merged{std::move(head)};
         },
         [](std::vector<ConflictEntry> files) -> MergeResult { return Conflicted{std::move(files)}; });
+}
+
+MergeResult merge(GitExecutorProtocol& git, const std::string& repoPath, const std::string& branch) {
+    refuseOptionLike(branch, "Branch name");
+    return runMerge(git, repoPath, {"merge", "--", branch});
 }
 
 MergeResult fastForwardMerge(GitExecutorProtocol& git, const std::string& repoPath,

@@ -13,7 +13,11 @@ namespace orvel::MergeCommands {
 
 // Branches and targets beginning with "-" are refused with invalidInput before git runs.
 
-// A failure that leaves unmerged paths answers the conflict case; any other failure is git's error.
+// Runs a command that merges into HEAD (a merge, a pull) and reads its outcome from git's English
+// stdout. A failure that leaves unmerged paths answers the conflict case; any other failure is
+// git's error.
+MergeResult runMerge(GitExecutorProtocol& git, const std::string& repoPath,
+                     const GitExecutorProtocol::Arguments& arguments);
 MergeResult merge(GitExecutorProtocol& git, const std::string& repoPath, const std::string& branch);
 // Never a conflict: a merge that cannot fast-forward is git's error.
 MergeResult fastForwardMerge(GitExecutorProtocol& git, const std::string& repoPath,

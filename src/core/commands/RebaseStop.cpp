@@ -1,6 +1,6 @@
 #include "core/commands/RebaseStop.h"
 
-#include "core/parsers/ConflictParser.h"
+#include "core/commands/ConflictRecovery.h"
 #include "core/service/GitServiceError.h"
 #include "core/support/Log.h"
 #include "core/support/Text.h"
@@ -50,8 +50,7 @@ InteractiveRebaseResult readRebaseStop(GitExecutorProtocol& git, const RepoEntry
 
     std::vector<ConflictEntry> conflicts;
     try {
-        conflicts = GitOutputParser::parseConflictFiles(
-            git.execute({"status", "--porcelain=v2", "-uall", "-z"}, repo.path));
+        conflicts = conflictFiles(git, repo.path);
     } catch (const std::exception& queryError) {
         // The stop is still a stop; without the list it reads as an edit stop.
         qCDebug(lcOps, "op=rebase.stop.conflicts reason=%s", redactForLog(queryError.what()).c_str());

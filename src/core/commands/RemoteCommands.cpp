@@ -1,12 +1,11 @@
 #include "core/commands/RemoteCommands.h"
 
 #include "core/commands/ArgumentGuard.h"
-#include "core/commands/ConflictRecovery.h"
 #include "core/commands/HistoryCommands.h"
+#include "core/commands/MergeCommands.h"
 #include "core/parsers/RemoteParser.h"
 #include "core/service/GitServiceError.h"
 #include "core/support/Log.h"
-#include "core/support/Text.h"
 
 #include <exception>
 #include <optional>
@@ -65,18 +64,7 @@ MergeResult pull(GitExecutorProtocol& git, const std::string& repoPath, const st
         arguments.push_back(std::move(*flag));
     arguments.push_back("--");
     arguments.push_back(remote);
-    MergeResult result = runWithConflictRecovery(
-        git, repoPath,
-        [&]() -> MergeResult {
-            const std::string output = git.execute(arguments, repoPath);
-            if (output.find("Already up to date") != std::string::npos)
-                return merge::AlreadyUpToDate{};
-            std::string head = trimmed(git.execute({"rev-parse", "HEAD"}, repoPath));
-            if (output.find("Fast-forward") != std::string::npos)
-                return merge::FastForward{std::move(head)};
-            return merge::Merged{std::move(head)};
-        },
-        [](std::vector<ConflictEntry> files) -> MergeResult { return Conflicted{std::move(files)}; });
+    MergeResult result = MergeCommands::runMerge(git, repoPath, arguments);
     qCDebug(lcOps, "pull result: %s", describe(result).c_str());
     return result;
 }

@@ -97,8 +97,7 @@ void validateCloneUrl(const std::string& url) {
     const std::string candidate = trimmedBlanks(url);
     if (candidate.empty())
         throw GitServiceError::invalidInput("URL must not be empty");
-    if (candidate.starts_with('-'))
-        throw GitServiceError::invalidInput("URL must not begin with '-': " + candidate);
+    refuseOptionLike(candidate, "URL");
 }
 
 void clone(GitExecutorProtocol& git, const std::string& url, const std::string& path) {

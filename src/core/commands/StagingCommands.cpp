@@ -4,9 +4,6 @@
 #include "core/service/GitServiceError.h"
 #include "core/support/Text.h"
 
-#include <algorithm>
-#include <cctype>
-
 namespace orvel::StagingCommands {
 
 namespace {
@@ -85,18 +82,6 @@ void discardChanges(GitExecutorProtocol& git, const std::string& repoPath, const
         git.execute({"restore", "--staged", "--worktree", "--", path}, repoPath);
     else
         git.execute({"restore", "--worktree", "--", path}, repoPath);
-}
-
-bool signingEnabled(GitExecutorProtocol& git, const std::string& repoPath) {
-    std::string value;
-    try {
-        value = trimmed(git.execute({"config", "commit.gpgsign"}, repoPath));
-    } catch (const GitServiceError&) {
-        return false; // git's answer for an unset key
-    }
-    std::transform(value.begin(), value.end(), value.begin(),
-                   [](unsigned char c) { return std::tolower(c); });
-    return value == "true";
 }
 
 CommitEntry commit(GitExecutorProtocol& git, const std::string& repoPath, const std::string& message,

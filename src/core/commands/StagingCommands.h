@@ -27,9 +27,6 @@ void unstageAll(GitExecutorProtocol& git, const std::string& repoPath);
 void discardChanges(GitExecutorProtocol& git, const std::string& repoPath, const std::string& path,
                     bool includeStaged);
 
-// Whether "commit.gpgsign" is true; an unset key (git fails) or any other value means off.
-bool signingEnabled(GitExecutorProtocol& git, const std::string& repoPath);
-
 // Commits the index with `message` as it stands, then reads the new commit back.
 CommitEntry commit(GitExecutorProtocol& git, const std::string& repoPath, const std::string& message,
                    bool sign);

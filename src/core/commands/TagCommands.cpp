@@ -4,9 +4,6 @@
 #include "core/parsers/RefParsers.h"
 #include "core/support/Text.h"
 
-#include <algorithm>
-#include <cctype>
-
 namespace orvel::TagCommands {
 
 using Arguments = GitExecutorProtocol::Arguments;
@@ -29,18 +26,6 @@ std::vector<TagEntry> listTags(GitExecutorProtocol& git, const std::string& repo
 std::string tagDetail(GitExecutorProtocol& git, const std::string& repoPath, const std::string& name) {
     refuseOptionLike(name, "tag name");
     return git.execute({"show", "--no-patch", "tags/" + name}, repoPath);
-}
-
-bool signingEnabled(GitExecutorProtocol& git, const std::string& repoPath) {
-    std::string value;
-    try {
-        value = trimmed(git.execute({"config", "tag.gpgsign"}, repoPath));
-    } catch (const GitServiceError&) {
-        return false; // git's answer for an unset key
-    }
-    std::transform(value.begin(), value.end(), value.begin(),
-                   [](unsigned char c) { return std::tolower(c); });
-    return value == "true";
 }
 
 void createTag(GitExecutorProtocol& git, const std::string& repoPath, const std::string& name,

@@ -16,8 +16,6 @@ std::vector<TagEntry> listTags(GitExecutorProtocol& git, const std::string& repo
 // What "git show --no-patch" prints for the tag, as it is.
 std::string tagDetail(GitExecutorProtocol& git, const std::string& repoPath, const std::string& name);
 
-// Whether "tag.gpgsign" is true; an unset key or any other value means off.
-bool signingEnabled(GitExecutorProtocol& git, const std::string& repoPath);
 // With a message the tag is annotated (signed when `sign`); without one it is lightweight. Without
 // a hash git tags HEAD.
 void createTag(GitExecutorProtocol& git, const std::string& repoPath, const std::string& name,

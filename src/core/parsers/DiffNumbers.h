@@ -1,5 +1,5 @@
 // The integers of hunk headers ("-12,5"), read strictly: a whole decimal number with an optional
-// sign, within the range of int.
+// sign, within the range of int. The diff parser and the hunk matcher both read them here.
 #pragma once
 
 #include <climits>
@@ -29,6 +29,21 @@ inline std::optional<int> readDiffInteger(std::string_view text) {
     if (value > INT_MAX || value < INT_MIN)
         return std::nullopt;
     return static_cast<int>(value);
+}
+
+// The start and count of one side of a hunk header, without its sign: "12,5" reads as 12 and 5,
+// "12" as 12 and a count of 1. A number that doesn't read is absent.
+struct HunkRange {
+    std::optional<int> start;
+    std::optional<int> count;
+};
+
+inline HunkRange readHunkRange(std::string_view range) {
+    const auto comma = range.find(',');
+    if (comma == std::string_view::npos)
+        return {readDiffInteger(range), 1};
+    const std::string_view rest = range.substr(comma + 1);
+    return {readDiffInteger(range.substr(0, comma)), readDiffInteger(rest.substr(0, rest.find(',')))};
 }
 
 } // namespace orvel::GitOutputParser

@@ -61,15 +61,9 @@ class UuidMint {
 // "12,5" or "12": the start, or 0 when it doesn't read, and the count, or 1 when it is missing
 // or doesn't read.
 void readRange(std::string_view range, int& start, int& count) {
-    const auto comma = range.find(',');
-    start = readDiffInteger(range.substr(0, comma)).value_or(0);
-    if (comma == std::string_view::npos) {
-        count = 1;
-        return;
-    }
-    std::string_view rest = range.substr(comma + 1);
-    rest = rest.substr(0, rest.find(','));
-    count = readDiffInteger(rest).value_or(1);
+    const HunkRange read = readHunkRange(range);
+    start = read.start.value_or(0);
+    count = read.count.value_or(1);
 }
 
 // The next newline at or after `from`, or `end`. Diff lines are short, so an inline scan of

@@ -1,13 +1,19 @@
 #include "core/process/ChildProcess.h"
 
 #include <cerrno>
+#include <cstdint>
+#include <exception>
 #include <fcntl.h>
+#include <optional>
 #include <poll.h>
 #include <signal.h>
 #include <spawn.h>
+#include <stop_token>
+#include <sys/eventfd.h>
 #include <sys/wait.h>
 #include <system_error>
 #include <unistd.h>
+#include <utility>
 
 extern char** environ;
 
@@ -21,7 +27,7 @@ std::system_error systemError(int code, const std::string& what) {
 
 // Owns one file descriptor.
 class Fd {
-public:
+  public:
     Fd() = default;
     explicit Fd(int fd) : fd_(fd) {}
     Fd(const Fd&) = delete;
@@ -34,7 +40,7 @@ public:
         fd_ = fd;
     }
 
-private:
+  private:
     int fd_ = -1;
 };
 
@@ -52,7 +58,7 @@ void openPipe(Pipe& pipe) {
 }
 
 class FileActions {
-public:
+  public:
     FileActions() { posix_spawn_file_actions_init(&actions_); }
     ~FileActions() { posix_spawn_file_actions_destroy(&actions_); }
     posix_spawn_file_actions_t* get() { return &actions_; }
@@ -64,15 +70,47 @@ public:
             posix_spawn_file_actions_adddup2(&actions_, pipe.write.get(), target);
     }
 
-private:
+  private:
     posix_spawn_file_actions_t actions_;
 };
 
-int waitForChild(pid_t pid) {
+// The teardown token of the runs this thread makes; see ChildTeardownScope.
+thread_local std::stop_token threadTeardown;
+
+std::system_error tornDown(const std::string& executable) {
+    return systemError(ECANCELED, "Stopped git at " + executable + ": its work was torn down");
+}
+
+// Runs when the run is torn down: kills the child at once and wakes the reading loop, which may
+// wait on pipes that a grandchild still holds open.
+struct KillChild {
+    pid_t pid;
+    int wake;
+    void operator()() const noexcept {
+        ::kill(pid, SIGKILL);
+        const std::uint64_t one = 1;
+        [[maybe_unused]] const ssize_t written = ::write(wake, &one, sizeof one);
+    }
+};
+
+// Waits until the child has ended but leaves it unreaped, so that its pid can't be reused while a
+// teardown may still signal it. Answers the errno of a failure, or 0.
+int waitForExit(pid_t pid) {
+    siginfo_t info{};
+    while (::waitid(P_PID, pid, &info, WEXITED | WNOWAIT) != 0) {
+        if (errno != EINTR)
+            return errno;
+    }
+    return 0;
+}
+
+// Reaps an ended child and answers its wait status. A child that can't be reaped (for example
+// when the host program ignores SIGCHLD) has no known status: that is a failure, not a clean exit.
+int reap(pid_t pid) {
     int status = 0;
     while (::waitpid(pid, &status, 0) < 0) {
         if (errno != EINTR)
-            return 0;
+            throw systemError(errno, "Could not learn how git ended");
     }
     return status;
 }
@@ -105,7 +143,47 @@ bool drain(Collector& collector) {
     return collector.sink->size() <= collector.limit;
 }
 
+// Reads both streams until they end; stops early, and answers why, when a stream goes over its
+// limit or the pipes fail. A readable `wake` (the run was torn down) stops it as well.
+std::exception_ptr collect(Collector (&collectors)[2], int wake) {
+    while (collectors[0].open || collectors[1].open) {
+        pollfd fds[3];
+        Collector* owners[2];
+        nfds_t count = 0;
+        for (auto& collector : collectors) {
+            if (!collector.open)
+                continue;
+            fds[count] = {collector.pipe.read.get(), POLLIN, 0};
+            owners[count++] = &collector;
+        }
+        const nfds_t streams = count;
+        if (wake >= 0)
+            fds[count++] = {wake, POLLIN, 0};
+        if (::poll(fds, count, -1) < 0) {
+            if (errno == EINTR)
+                continue;
+            return std::make_exception_ptr(systemError(errno, "Could not read the output of git"));
+        }
+        if (streams < count && fds[streams].revents != 0)
+            return nullptr;
+        for (nfds_t i = 0; i < streams; ++i) {
+            if (!(fds[i].revents & (POLLIN | POLLHUP | POLLERR)))
+                continue;
+            if (!drain(*owners[i]))
+                return std::make_exception_ptr(OutputLimitExceeded(owners[i]->name, owners[i]->limit));
+        }
+    }
+    return nullptr;
+}
+
 } // namespace
+
+ChildTeardownScope::ChildTeardownScope(std::stop_token token)
+    : previous_(std::exchange(threadTeardown, token)) {}
+
+ChildTeardownScope::~ChildTeardownScope() {
+    threadTeardown = std::move(previous_);
+}
 
 OutputLimitExceeded::OutputLimitExceeded(const char* stream, std::size_t limit)
     : std::runtime_error(std::string("outputBufferLimitExceeded(stream: ") + stream +
@@ -149,6 +227,16 @@ ChildOutcome runChild(const ChildRequest& request) {
         envp.push_back(const_cast<char*>(entry.c_str()));
     envp.push_back(nullptr);
 
+    const std::stop_token teardown = threadTeardown;
+    Fd wake;
+    if (teardown.stop_possible()) {
+        wake.reset(::eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK));
+        if (wake.get() < 0)
+            throw systemError(errno, "Could not create a pipe for git");
+    }
+    if (teardown.stop_requested())
+        throw tornDown(request.executable);
+
     pid_t pid = 0;
     const int spawnError =
         ::posix_spawn(&pid, request.executable.c_str(), actions.get(), nullptr, argv.data(), envp.data());
@@ -157,36 +245,25 @@ ChildOutcome runChild(const ChildRequest& request) {
     for (auto& collector : collectors)
         collector.pipe.write.reset();
 
-    while (collectors[0].open || collectors[1].open) {
-        pollfd fds[2];
-        Collector* owners[2];
-        nfds_t count = 0;
-        for (auto& collector : collectors) {
-            if (!collector.open)
-                continue;
-            fds[count] = {collector.pipe.read.get(), POLLIN, 0};
-            owners[count++] = &collector;
-        }
-        if (::poll(fds, count, -1) < 0) {
-            if (errno == EINTR)
-                continue;
-            const int pollError = errno;
+    std::exception_ptr failure;
+    {
+        std::optional<std::stop_callback<KillChild>> killOnTeardown;
+        if (teardown.stop_possible())
+            killOnTeardown.emplace(teardown, KillChild{pid, wake.get()});
+        failure = collect(collectors, wake.get());
+        if (failure)
             ::kill(pid, SIGKILL);
-            waitForChild(pid);
-            throw systemError(pollError, "Could not read the output of git");
+        if (const int waitError = waitForExit(pid); waitError != 0) {
+            if (!failure)
+                failure = std::make_exception_ptr(systemError(waitError, "Could not learn how git ended"));
+            std::rethrow_exception(failure); // no child is left to reap
         }
-        for (nfds_t i = 0; i < count; ++i) {
-            if (!(fds[i].revents & (POLLIN | POLLHUP | POLLERR)))
-                continue;
-            if (!drain(*owners[i])) {
-                ::kill(pid, SIGKILL);
-                waitForChild(pid);
-                throw OutputLimitExceeded(owners[i]->name, owners[i]->limit);
-            }
-        }
-    }
-
-    const int status = waitForChild(pid);
+    } // from here on nothing signals the pid, so reaping it is safe
+    const int status = reap(pid);
+    if (failure)
+        std::rethrow_exception(failure);
+    if (teardown.stop_requested())
+        throw tornDown(request.executable);
     if (WIFSIGNALED(status)) {
         outcome.termination = ChildOutcome::Termination::signaled;
         outcome.code = WTERMSIG(status);

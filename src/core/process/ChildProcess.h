@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <optional>
 #include <stdexcept>
+#include <stop_token>
 #include <string>
 #include <vector>
 
@@ -40,12 +41,28 @@ struct ChildOutcome {
 
 // A stream went over its limit; the child has been killed and reaped when this is thrown.
 class OutputLimitExceeded final : public std::runtime_error {
-public:
+  public:
     OutputLimitExceeded(const char* stream, std::size_t limit);
 };
 
-// Runs the child to its end. Throws std::system_error when it can't be started or a pipe fails,
-// and OutputLimitExceeded as above. A child is never left running or unreaped.
+// While it lives, the children that this thread runs belong to `token`: when it fires, a running
+// child is killed at once (a torn-down run gets no graceful step) and its run throws
+// std::system_error with ECANCELED; a run that would start after that throws the same and starts
+// nothing. Worker threads hold one for their whole life, with the token of their pool.
+class ChildTeardownScope {
+  public:
+    explicit ChildTeardownScope(std::stop_token token);
+    ~ChildTeardownScope();
+    ChildTeardownScope(const ChildTeardownScope&) = delete;
+    ChildTeardownScope& operator=(const ChildTeardownScope&) = delete;
+
+  private:
+    std::stop_token previous_;
+};
+
+// Runs the child to its end. Throws std::system_error when it can't be started, a pipe fails, its
+// end can't be learnt or its run is torn down, and OutputLimitExceeded as above. A child is never
+// left running or unreaped.
 ChildOutcome runChild(const ChildRequest& request);
 
 // The environment of this process as "KEY=VALUE" entries.

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "core/queue/CoroutineResumer.h"
+#include "core/queue/OperationCancelled.h"
 
 #include <coroutine>
 #include <exception>
@@ -16,33 +17,42 @@ namespace orvel {
 
 template <typename T>
 class CrossThreadResult {
-public:
-    template <typename Block>
-    void complete(Block& block) {
-        try {
-            if constexpr (std::is_void_v<T>)
-                block();
-            else
-                value_.emplace(block());
-        } catch (...) {
-            error_ = std::current_exception();
+  public:
+    // The producer's end, held by the job that runs the block. A job dropped before it ran (its
+    // pool ended first) destroys it unfulfilled, and the awaiter then gets OperationCancelled, so
+    // that no awaiter is left waiting for a block that will never run.
+    class Promise {
+      public:
+        explicit Promise(std::shared_ptr<CrossThreadResult> result) : result_(std::move(result)) {}
+        ~Promise() {
+            if (!ran_)
+                result_->deliver({}, std::make_exception_ptr(OperationCancelled()));
         }
-        std::coroutine_handle<> waiter;
-        CoroutineResumer* resumer = nullptr;
-        {
-            std::lock_guard lock(mutex_);
-            done_ = true;
-            waiter = waiter_;
-            resumer = resumer_;
-        }
-        if (waiter)
-            resumer->post(waiter);
-    }
+        Promise(const Promise&) = delete;
+        Promise& operator=(const Promise&) = delete;
 
-    bool failed() const {
-        std::lock_guard lock(mutex_);
-        return error_ != nullptr;
-    }
+        // Runs `block` and hands its value or error over; answers whether it ended without an error.
+        template <typename Block>
+        bool run(Block& block) {
+            ran_ = true;
+            try {
+                if constexpr (std::is_void_v<T>) {
+                    block();
+                    result_->deliver(true, nullptr);
+                } else {
+                    result_->deliver(block(), nullptr);
+                }
+                return true;
+            } catch (...) {
+                result_->deliver({}, std::current_exception());
+                return false;
+            }
+        }
+
+      private:
+        std::shared_ptr<CrossThreadResult> result_;
+        bool ran_ = false;
+    };
 
     struct Awaiter {
         std::shared_ptr<CrossThreadResult> result;
@@ -69,8 +79,23 @@ public:
         }
     };
 
-private:
+  private:
     using Stored = std::conditional_t<std::is_void_v<T>, bool, T>;
+
+    void deliver(std::optional<Stored> value, std::exception_ptr error) {
+        std::coroutine_handle<> waiter;
+        CoroutineResumer* resumer = nullptr;
+        {
+            std::lock_guard lock(mutex_);
+            value_ = std::move(value);
+            error_ = std::move(error);
+            done_ = true;
+            waiter = waiter_;
+            resumer = resumer_;
+        }
+        if (waiter)
+            resumer->post(waiter);
+    }
 
     mutable std::mutex mutex_;
     bool done_ = false;

@@ -12,7 +12,7 @@ struct GitOpRunner::Operation {
     std::shared_ptr<Operation> successor;
 };
 
-GitOpRunner::GitOpRunner(std::size_t threadCount) : pool_(threadCount) {}
+GitOpRunner::GitOpRunner(std::size_t maxThreads) : pool_(maxThreads) {}
 
 GitOpRunner::~GitOpRunner() = default;
 
@@ -45,8 +45,8 @@ void GitOpRunner::start(std::shared_ptr<Operation> operation) {
 
 void GitOpRunner::run(const std::shared_ptr<Operation>& operation) {
     const bool ok = operation->job();
-    qCDebug(lcGit, "op=git.execute.end nonce=%llu status=%s", static_cast<unsigned long long>(operation->nonce),
-            ok ? "ok" : "error");
+    qCDebug(lcGit, "op=git.execute.end nonce=%llu status=%s",
+            static_cast<unsigned long long>(operation->nonce), ok ? "ok" : "error");
     operation->job = nullptr; // the block's captures end with the operation
     std::shared_ptr<Operation> successor;
     {

@@ -6,6 +6,7 @@
 
 #include "core/queue/BackgroundWork.h"
 #include "core/queue/CrossThreadResult.h"
+#include "core/queue/OperationCancelled.h"
 #include "core/queue/WorkerPool.h"
 
 #include <QCoro/QCoroTask>
@@ -15,7 +16,6 @@
 #include <memory>
 #include <mutex>
 #include <optional>
-#include <stdexcept>
 #include <stop_token>
 #include <string>
 #include <type_traits>
@@ -23,18 +23,15 @@
 
 namespace orvel {
 
-// Thrown when a submission arrives with its stop token already triggered.
-class OperationCancelled final : public std::runtime_error {
-  public:
-    OperationCancelled() : std::runtime_error("Operation cancelled") {}
-};
-
 class GitOpRunner {
   public:
     // Runs one queued operation; answers whether it ended without an error, for the end log.
     using Job = std::function<bool()>;
 
-    explicit GitOpRunner(std::size_t threadCount = WorkerPool::defaultThreadCount());
+    explicit GitOpRunner(std::size_t maxThreads = WorkerPool::defaultMaxThreads);
+    // Ends the queue with the program: the running blocks' children are killed, so those blocks end
+    // with that error; the blocks still queued are dropped unrun and their awaiters get
+    // OperationCancelled. Awaiters resume only through their own thread's event loop.
     ~GitOpRunner();
 
     // Queues `block` behind every earlier operation of `repoPath` and awaits its value or error.
@@ -44,13 +41,10 @@ class GitOpRunner {
         -> QCoro::Task<std::invoke_result_t<Block&>> {
         using Value = std::invoke_result_t<Block&>;
         auto result = std::make_shared<CrossThreadResult<Value>>();
-        enqueue(
-            repoPath,
-            [result, block = std::move(block)]() mutable {
-                result->complete(block);
-                return !result->failed();
-            },
-            cancellation);
+        // The promise lives in the job alone: dropping the job unrun must destroy it.
+        auto job = [promise = std::make_shared<typename CrossThreadResult<Value>::Promise>(result),
+                    block = std::move(block)]() mutable { return promise->run(block); };
+        enqueue(repoPath, std::move(job), cancellation);
         typename CrossThreadResult<Value>::Awaiter awaiter{result};
         co_return co_await awaiter;
     }

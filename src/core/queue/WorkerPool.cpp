@@ -1,49 +1,55 @@
 #include "core/queue/WorkerPool.h"
 
+#include "core/process/ChildProcess.h"
+
 #include <algorithm>
+#include <utility>
 
 namespace orvel {
 
-WorkerPool::WorkerPool(std::size_t threadCount) {
-    threads_.reserve(threadCount);
-    for (std::size_t i = 0; i < threadCount; ++i)
-        threads_.emplace_back([this] { work(); });
-}
+WorkerPool::WorkerPool(std::size_t maxThreads) : maxThreads_(std::max<std::size_t>(1, maxThreads)) {}
 
 WorkerPool::~WorkerPool() {
+    std::deque<Job> dropped;
     {
         std::lock_guard lock(mutex_);
         stopping_ = true;
+        dropped.swap(jobs_);
     }
+    teardown_.request_stop();
     wake_.notify_all();
+    dropped.clear(); // outside the lock: what the jobs captured may complete awaiters
     for (auto& thread : threads_)
         thread.join();
 }
 
-std::size_t WorkerPool::defaultThreadCount() {
-    return std::max<std::size_t>(8, 4 * std::max(1u, std::thread::hardware_concurrency()));
-}
-
-void WorkerPool::post(std::function<void()> job) {
+void WorkerPool::post(Job job) {
     {
         std::lock_guard lock(mutex_);
+        if (stopping_)
+            return; // `job` goes at the return, outside the lock
         jobs_.push_back(std::move(job));
+        if (jobs_.size() > idle_ && threads_.size() < maxThreads_)
+            threads_.emplace_back([this] { work(); });
     }
     wake_.notify_one();
 }
 
 void WorkerPool::work() {
+    const ChildTeardownScope teardown(teardown_.get_token());
+    std::unique_lock lock(mutex_);
     for (;;) {
-        std::function<void()> job;
-        {
-            std::unique_lock lock(mutex_);
-            wake_.wait(lock, [this] { return stopping_ || !jobs_.empty(); });
-            if (jobs_.empty())
-                return;
-            job = std::move(jobs_.front());
-            jobs_.pop_front();
-        }
+        ++idle_;
+        wake_.wait(lock, [this] { return stopping_ || !jobs_.empty(); });
+        --idle_;
+        if (stopping_)
+            return;
+        Job job = std::move(jobs_.front());
+        jobs_.pop_front();
+        lock.unlock();
         job();
+        job = nullptr; // its captures end with the job, before the lock is taken again
+        lock.lock();
     }
 }
 

@@ -154,6 +154,8 @@ class GitServiceProtocol {
                                               std::stop_token cancellation = {}) = 0;
     virtual QCoro::Task<void> writeResolvedFile(RepoEntry repo, std::string path, std::string content,
                                                 std::stop_token cancellation = {}) = 0;
+    virtual QCoro::Task<std::string> readWorkTreeFile(RepoEntry repo, std::string path,
+                                                      std::stop_token cancellation = {}) = 0;
     virtual QCoro::Task<std::vector<CommitEntry>> fileHistory(RepoEntry repo, std::string path, long limit,
                                                               std::stop_token cancellation = {}) = 0;
     virtual QCoro::Task<std::optional<std::string>> defaultBranch(RepoEntry repo,

@@ -132,6 +132,8 @@ class MockGitService : public GitServiceProtocol {
                                       std::stop_token cancellation = {}) override;
     QCoro::Task<void> writeResolvedFile(RepoEntry repo, std::string path, std::string content,
                                         std::stop_token cancellation = {}) override;
+    QCoro::Task<std::string> readWorkTreeFile(RepoEntry repo, std::string path,
+                                              std::stop_token cancellation = {}) override;
     QCoro::Task<std::vector<CommitEntry>> fileHistory(RepoEntry repo, std::string path, long limit,
                                                       std::stop_token cancellation = {}) override;
     QCoro::Task<std::optional<std::string>> defaultBranch(RepoEntry repo,
@@ -177,9 +179,11 @@ class MockGitService : public GitServiceProtocol {
     static std::vector<RemoteEntry> sampleRemotes();
 
     // The branch operations change this list as git would change the refs, and fail with git's
-    // words where git would.
+    // words where git would. Merges and rebases read the graph: a target HEAD already holds is up
+    // to date, one ahead of HEAD is a fast-forward; diverged histories depend on file contents
+    // this service lacks and answer `mergeOutcome` or `rebaseOutcome` (a conflict stops there).
     std::vector<BranchEntry> branchList = sampleBranches();
-    MergeResult mergeOutcome = merge::AlreadyUpToDate{};
+    MergeResult mergeOutcome = merge::Merged{};
     RebaseResult rebaseOutcome = rebase::Success{};
     InteractiveRebaseResult rebaseStepOutcome = rebase::Success{}; // of rebaseContinue and rebaseSkip
     // `rebaseTodoList` reads HEAD's first-parent line of `graph` back to the commit that `onto` names
@@ -187,7 +191,6 @@ class MockGitService : public GitServiceProtocol {
     // answers `interactiveRebaseOutcome`.
     std::optional<RebasePlan> lastRebasePlan;
     InteractiveRebaseResult interactiveRebaseOutcome = rebase::Success{};
-    std::vector<std::string> mergedBranchNames = {"main", "feature/sidebar"};
     // How often `updateCommitGraph` ran; it answers that it wrote the file.
     int commitGraphUpdates = 0;
 
@@ -199,6 +202,8 @@ class MockGitService : public GitServiceProtocol {
     std::map<std::string, std::vector<BlameEntry>> blames = sampleBlames();
     std::map<std::string, std::string> blobs = sampleBlobs();
     std::map<std::string, std::string> resolvedFiles;
+    // Working-tree files by path; a resolved file reads back as it was written.
+    std::map<std::string, std::string> workTreeFiles;
 
     static std::vector<TagEntry> sampleTags();
     static std::vector<StashEntry> sampleStashes();
@@ -206,13 +211,29 @@ class MockGitService : public GitServiceProtocol {
     static std::map<std::string, std::string> sampleBlobs();
 
   private:
-    // Puts a new entry at "stash@{0}" and renumbers the rest.
-    void pushStash(const std::string& message);
+    // Puts a new entry at "stash@{0}" holding `files`, and renumbers the rest.
+    void pushStash(const std::string& message, std::vector<FileChange> files, bool includesUntracked);
+    // Brings back the files of the stash at `index`, as far as this service saw them saved.
+    void applyStash(long index);
+    std::string wipMessage() const;
     static CommitEntry entryOf(const GraphCommit& commit);
     // Makes the commit that a commit or an amend with `message` leaves at HEAD.
     CommitEntry commitStaged(const std::string& message, bool amend);
+    // Adds a commit with `message` on top of HEAD, or in its place for an amend, and moves HEAD
+    // and its branch to it.
+    GraphCommit& addCommit(const std::string& message, bool amend);
+    // Moves HEAD, and the branch it is on, to `hash`.
+    void moveHead(const std::string& hash);
+    // The hash that a branch name, a tag name or a hash names; empty when none.
+    std::string resolve(const std::string& revision) const;
+    // Whether `ancestor` is `commit` or reachable from it through parents in `graph`.
+    bool reaches(const std::string& commit, const std::string& ancestor) const;
+    // Merges and rebases that stop leave `files` unmerged; an abort takes them back out.
+    void stopWithConflicts(const std::vector<ConflictEntry>& files, RepositoryState state);
+    void abortStop(RepositoryState state, const std::string& command, const std::string& words);
 
     int madeCommits_ = 0;
+    std::map<std::string, std::vector<FileChange>> stashedFiles_; // by stash hash
     static std::vector<BranchEntry> sampleBranches();
     BranchEntry* findBranch(const std::string& fullRefName);
 };

@@ -1,5 +1,5 @@
 // The branch, merge and rebase operations of the in-memory service: branches live in `branchList`,
-// merges and rebases answer the canned outcomes, and aborts follow `repository.state`.
+// merges and rebases follow the graph where it decides, and aborts follow `repository.state`.
 #include "core/commands/ArgumentGuard.h"
 #include "core/service/GitServiceError.h"
 #include "core/service/MockGitService.h"
@@ -28,17 +28,17 @@ std::string localRef(const std::string& name) {
 } // namespace
 
 std::vector<BranchEntry> MockGitService::sampleBranches() {
+    BranchEntry feature = localBranch("feature/search", "9d1e3c6a2f1b0e4d8c7a6b5f4e3d2c1b0a998877", false);
+    feature.lastCommitSubject = "Add commit search";
     BranchEntry main = localBranch("main", sampleHead, true);
     main.upstream = UpstreamInfo{"origin/main", "origin", 1, 0, false, std::nullopt};
-    main.lastCommitSubject = "Show the graph beside the working tree";
-    BranchEntry feature = localBranch("feature/sidebar", "9f2c1e7d3b4a5c6d7e8f9a0b1c2d3e4f5a6b7c8d", false);
-    feature.lastCommitSubject = "Group branches by folder";
+    main.lastCommitSubject = "Merge branch 'feature/search'";
     BranchEntry remoteMain;
     remoteMain.name = "origin/main";
     remoteMain.fullRefName = "refs/remotes/origin/main";
     remoteMain.isRemote = true;
     remoteMain.hash = "1a2b3c4d5e6f7a8b9c0d1e2f3a4b5c6d7e8f9a0b";
-    return {main, feature, remoteMain};
+    return {feature, main, remoteMain};
 }
 
 BranchEntry* MockGitService::findBranch(const std::string& fullRefName) {
@@ -59,15 +59,16 @@ QCoro::Task<void> MockGitService::createBranch(RepoEntry, std::string name,
         throw GitServiceError::commandFailed("branch", "fatal: a branch named '" + name + "' already exists");
     std::string hash = repository.headHash.value_or(sampleHead);
     if (startPoint) {
-        const BranchEntry* start = findBranch(localRef(*startPoint));
-        if (!start)
-            start = findBranch("refs/remotes/" + *startPoint);
-        if (!start)
+        hash = resolve(*startPoint);
+        if (hash.empty())
             throw GitServiceError::commandFailed("branch",
                                                  "fatal: not a valid object name: '" + *startPoint + "'");
-        hash = start->hash;
     }
-    branchList.push_back(localBranch(std::move(name), std::move(hash), false));
+    // git lists branches sorted by their full ref name.
+    BranchEntry branch = localBranch(std::move(name), std::move(hash), false);
+    const auto position = std::ranges::find_if(
+        branchList, [&](const BranchEntry& other) { return other.fullRefName > branch.fullRefName; });
+    branchList.insert(position, std::move(branch));
     co_return;
 }
 
@@ -81,7 +82,7 @@ QCoro::Task<void> MockGitService::checkoutBranch(RepoEntry, std::string name, st
     for (BranchEntry& branch : branchList)
         branch.isCurrent = !branch.isRemote && branch.name == name;
     repository.currentBranch = name;
-    repository.headHash = hash;
+    moveHead(hash);
     co_return;
 }
 
@@ -91,15 +92,24 @@ QCoro::Task<void> MockGitService::checkoutNewBranch(RepoEntry repo, std::string 
     co_await checkoutBranch(std::move(repo), std::move(name));
 }
 
-QCoro::Task<void> MockGitService::deleteBranch(RepoEntry, std::string name, bool, std::stop_token) {
+QCoro::Task<void> MockGitService::deleteBranch(RepoEntry, std::string name, bool force, std::stop_token) {
     refuseOptionLike(name, "Branch name");
     const BranchEntry* branch = findBranch(localRef(name));
     if (!branch)
         throw GitServiceError::commandFailed("branch", "error: branch '" + name + "' not found");
     if (branch->isCurrent)
-        throw GitServiceError::commandFailed("branch", "error: cannot delete branch '" + name +
-                                                           "' used by worktree at '" + repository.path + "'");
+        throw GitServiceError::commandFailed("branch", "error: Cannot delete branch '" + name +
+                                                           "' checked out at '" + repository.path + "'");
+    if (!force && !reaches(repository.headHash.value_or(""), branch->hash))
+        throw GitServiceError::commandFailed("branch", "error: The branch '" + name +
+                                                           "' is not fully merged.\nIf you are sure you want "
+                                                           "to delete it, run 'git branch -D " +
+                                                           name + "'.");
     std::erase_if(branchList, [&](const BranchEntry& entry) { return entry.fullRefName == localRef(name); });
+    for (GraphCommit& commit : graph)
+        std::erase_if(commit.refs, [&](const GraphRef& ref) {
+            return ref.type == GraphRefType::localBranch && ref.name == name;
+        });
     co_return;
 }
 
@@ -115,7 +125,12 @@ QCoro::Task<void> MockGitService::renameBranch(RepoEntry, std::string oldName, s
                                              "fatal: a branch named '" + newName + "' already exists");
     branch->name = newName;
     branch->fullRefName = localRef(newName);
-    if (branch->isCurrent)
+    std::ranges::sort(branchList, {}, &BranchEntry::fullRefName);
+    for (GraphCommit& commit : graph)
+        for (GraphRef& ref : commit.refs)
+            if (ref.type == GraphRefType::localBranch && ref.name == oldName)
+                ref.name = newName;
+    if (repository.currentBranch == oldName)
         repository.currentBranch = newName;
     co_return;
 }
@@ -132,54 +147,93 @@ QCoro::Task<void> MockGitService::deleteRemoteBranch(RepoEntry, std::string remo
     co_return;
 }
 
+void MockGitService::stopWithConflicts(const std::vector<ConflictEntry>& files, RepositoryState state) {
+    for (const ConflictEntry& conflict : files) {
+        std::erase_if(workingTree.files, [&](const FileChange& file) { return file.path == conflict.path; });
+        FileChange file;
+        file.path = conflict.path;
+        file.status = FileStatusKind::unmerged(conflict.conflictType);
+        workingTree.files.push_back(std::move(file));
+    }
+    repository.state = state;
+}
+
+void MockGitService::abortStop(RepositoryState state, const std::string& command, const std::string& words) {
+    if (repository.state != state)
+        throw GitServiceError::commandFailed(command, words);
+    std::erase_if(workingTree.files,
+                  [](const FileChange& file) { return file.status.kind == FileStatusKind::Case::unmerged; });
+    repository.state = RepositoryState::clean;
+}
+
 QCoro::Task<MergeResult> MockGitService::merge(RepoEntry, std::string branch, std::stop_token) {
     refuseOptionLike(branch, "Branch name");
-    if (std::holds_alternative<Conflicted>(mergeOutcome))
-        repository.state = RepositoryState::merging;
+    const std::string target = resolve(branch);
+    const std::string head = repository.headHash.value_or("");
+    if (target.empty())
+        throw GitServiceError::commandFailed("merge", "merge: " + branch + " - not something we can merge");
+    if (reaches(head, target))
+        co_return merge::AlreadyUpToDate{};
+    if (reaches(target, head)) {
+        moveHead(target);
+        co_return merge::FastForward{target};
+    }
+    if (const auto* conflicted = std::get_if<Conflicted>(&mergeOutcome))
+        stopWithConflicts(conflicted->files, RepositoryState::merging);
+    if (std::holds_alternative<merge::Merged>(mergeOutcome)) {
+        GraphCommit& made = addCommit("Merge branch '" + branch + "'", false);
+        made.parentHashes.push_back(target);
+        co_return merge::Merged{made.hash};
+    }
     co_return MergeResult(mergeOutcome);
 }
 
 QCoro::Task<MergeResult> MockGitService::fastForwardMerge(RepoEntry, std::string branch, std::stop_token) {
     refuseOptionLike(branch, "Branch name");
-    if (std::holds_alternative<merge::Merged>(mergeOutcome) ||
-        std::holds_alternative<Conflicted>(mergeOutcome))
+    const std::string target = resolve(branch);
+    const std::string head = repository.headHash.value_or("");
+    if (reaches(head, target))
+        co_return merge::AlreadyUpToDate{};
+    if (target.empty() || !reaches(target, head))
         throw GitServiceError::commandFailed("merge", "fatal: Not possible to fast-forward, aborting.");
-    co_return MergeResult(mergeOutcome);
+    moveHead(target);
+    co_return merge::FastForward{target};
 }
 
 QCoro::Task<RebaseResult> MockGitService::rebase(RepoEntry, std::string onto, std::stop_token) {
     refuseOptionLike(onto, "Rebase target");
-    if (std::holds_alternative<RebaseStop>(rebaseOutcome))
-        repository.state = RepositoryState::rebasing;
+    const std::string target = resolve(onto);
+    const std::string head = repository.headHash.value_or("");
+    if (target.empty())
+        throw GitServiceError::commandFailed("rebase", "fatal: invalid upstream '" + onto + "'");
+    if (reaches(head, target))
+        co_return rebase::AlreadyUpToDate{};
+    if (reaches(target, head)) {
+        moveHead(target);
+        co_return rebase::Success{};
+    }
+    if (const auto* stop = std::get_if<RebaseStop>(&rebaseOutcome))
+        stopWithConflicts(stop->files, RepositoryState::rebasing);
     co_return RebaseResult(rebaseOutcome);
 }
 
 QCoro::Task<void> MockGitService::abortMerge(RepoEntry, std::stop_token) {
-    if (repository.state != RepositoryState::merging)
-        throw GitServiceError::commandFailed("merge",
-                                             "fatal: There is no merge to abort (MERGE_HEAD missing).");
-    repository.state = RepositoryState::clean;
+    abortStop(RepositoryState::merging, "merge", "fatal: There is no merge to abort (MERGE_HEAD missing).");
     co_return;
 }
 
 QCoro::Task<void> MockGitService::abortRebase(RepoEntry, std::stop_token) {
-    if (repository.state != RepositoryState::rebasing)
-        throw GitServiceError::commandFailed("rebase", "fatal: no rebase in progress");
-    repository.state = RepositoryState::clean;
+    abortStop(RepositoryState::rebasing, "rebase", "fatal: No rebase in progress?");
     co_return;
 }
 
 QCoro::Task<void> MockGitService::abortCherryPick(RepoEntry, std::stop_token) {
-    if (repository.state != RepositoryState::cherryPicking)
-        throw GitServiceError::commandFailed("cherry-pick", "error: no cherry-pick or revert in progress");
-    repository.state = RepositoryState::clean;
+    abortStop(RepositoryState::cherryPicking, "cherry-pick", "error: no cherry-pick or revert in progress");
     co_return;
 }
 
 QCoro::Task<void> MockGitService::abortRevert(RepoEntry, std::stop_token) {
-    if (repository.state != RepositoryState::reverting)
-        throw GitServiceError::commandFailed("revert", "error: no cherry-pick or revert in progress");
-    repository.state = RepositoryState::clean;
+    abortStop(RepositoryState::reverting, "revert", "error: no cherry-pick or revert in progress");
     co_return;
 }
 
@@ -198,8 +252,11 @@ QCoro::Task<InteractiveRebaseResult> MockGitService::rebaseSkip(RepoEntry repo, 
 QCoro::Task<std::vector<std::string>> MockGitService::mergedBranches(RepoEntry, std::string target,
                                                                      std::stop_token) {
     refuseOptionLike(target, "Merge target");
-    std::vector<std::string> names = mergedBranchNames;
-    std::erase(names, target);
+    const std::string tip = resolve(target);
+    std::vector<std::string> names;
+    for (const BranchEntry& branch : branchList)
+        if (!branch.isRemote && branch.name != target && reaches(tip, branch.hash))
+            names.push_back(branch.name);
     co_return names;
 }
 

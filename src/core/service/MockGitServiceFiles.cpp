@@ -1,10 +1,13 @@
-// Blame, file history and blobs in the in-memory service, read from its canned maps and graph.
+// Blame, file history, blobs and working-tree files in the in-memory service, read from its canned
+// maps and graph.
 #include "core/commands/BlobCommands.h"
 #include "core/service/GitServiceError.h"
 #include "core/service/MockGitService.h"
 
 #include <algorithm>
 #include <chrono>
+#include <filesystem>
+#include <system_error>
 
 namespace orvel {
 
@@ -57,6 +60,16 @@ QCoro::Task<void> MockGitService::writeResolvedFile(RepoEntry, std::string path,
     if (found != workingTree.files.end())
         found->status = FileStatusKind::tracked(TrackedStatus::modified, TrackedStatus::unmodified);
     co_return;
+}
+
+QCoro::Task<std::string> MockGitService::readWorkTreeFile(RepoEntry, std::string path, std::stop_token) {
+    const auto& files = resolvedFiles.contains(path) ? resolvedFiles : workTreeFiles;
+    const auto found = files.find(path);
+    if (found == files.end())
+        throw std::filesystem::filesystem_error("cannot read file", path,
+                                                std::make_error_code(std::errc::no_such_file_or_directory));
+    std::string copy = found->second;
+    co_return copy;
 }
 
 QCoro::Task<std::vector<CommitEntry>> MockGitService::fileHistory(RepoEntry repo, std::string path,

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <cctype>
 #include <chrono>
+#include <set>
 
 namespace orvel {
 
@@ -79,6 +80,59 @@ std::vector<GraphCommit> MockGitService::sampleGraph() {
         cannedCommit(base, {root}, "Draw the commit graph", 2, {{"v1.0", GraphRefType::tag, false}}),
         cannedCommit(root, {}, "Initial commit", 1),
     };
+}
+
+bool MockGitService::reaches(const std::string& commit, const std::string& ancestor) const {
+    std::vector<std::string> pending{commit};
+    std::set<std::string> seen;
+    while (!pending.empty()) {
+        const std::string hash = pending.back();
+        pending.pop_back();
+        if (hash == ancestor)
+            return true;
+        if (!seen.insert(hash).second)
+            continue;
+        const auto found = std::ranges::find(graph, hash, &GraphCommit::hash);
+        if (found != graph.end())
+            pending.insert(pending.end(), found->parentHashes.begin(), found->parentHashes.end());
+    }
+    return false;
+}
+
+std::string MockGitService::resolve(const std::string& revision) const {
+    if (revision == "HEAD")
+        return repository.headHash.value_or("");
+    for (const BranchEntry& branch : branchList)
+        if (branch.name == revision)
+            return branch.hash;
+    for (const TagEntry& tag : tags)
+        if (tag.name == revision)
+            return tag.targetHash.value_or(tag.hash);
+    const auto commit = std::ranges::find_if(graph, [&](const GraphCommit& candidate) {
+        return revision.size() >= 4 && candidate.hash.starts_with(revision);
+    });
+    return commit == graph.end() ? std::string() : commit->hash;
+}
+
+void MockGitService::moveHead(const std::string& hash) {
+    const auto onBranch = [&](const GraphRef& ref) {
+        return ref.type == GraphRefType::localBranch && ref.name == repository.currentBranch;
+    };
+    for (GraphCommit& commit : graph) {
+        commit.isHead = commit.hash == hash;
+        std::erase_if(commit.refs, onBranch);
+        for (GraphRef& ref : commit.refs)
+            ref.isCurrent = false;
+    }
+    if (repository.currentBranch) {
+        const auto target = std::ranges::find(graph, hash, &GraphCommit::hash);
+        if (target != graph.end())
+            target->refs.insert(target->refs.begin(),
+                                {*repository.currentBranch, GraphRefType::localBranch, true});
+        if (BranchEntry* branch = findBranch("refs/heads/" + *repository.currentBranch))
+            branch->hash = hash;
+    }
+    repository.headHash = hash;
 }
 
 QCoro::Task<std::vector<CommitEntry>> MockGitService::commitHistory(RepoEntry, long limit, std::stop_token) {

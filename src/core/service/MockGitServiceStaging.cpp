@@ -114,48 +114,49 @@ QCoro::Task<CommitEntry> MockGitService::amendCommit(RepoEntry, std::string mess
 }
 
 CommitEntry MockGitService::commitStaged(const std::string& message, bool amend) {
-    const auto head =
-        std::find_if(graph.begin(), graph.end(), [](const GraphCommit& commit) { return commit.isHead; });
     const bool staged = std::any_of(workingTree.files.begin(), workingTree.files.end(), isStaged);
     if (!staged && !amend)
         throw GitServiceError::commandFailed("commit", "nothing added to commit\n");
-    if (amend && head == graph.end())
+    if (amend && !repository.headHash)
         throw GitServiceError::commandFailed("commit", "fatal: You have nothing to amend.\n");
-
-    GraphCommit made;
-    char hash[41];
-    std::snprintf(hash, sizeof hash, "%08x%032x", 0xc0ffee00u + static_cast<unsigned>(++madeCommits_), 0u);
-    made.hash = hash;
-    made.abbreviatedHash = made.hash.substr(0, 7);
-    const auto paragraphEnd = message.find("\n\n");
-    made.subject = message.substr(0, paragraphEnd);
-    std::replace(made.subject.begin(), made.subject.end(), '\n', ' ');
-    if (paragraphEnd != std::string::npos)
-        made.body = message.substr(paragraphEnd + 2);
-    made.date = std::chrono::floor<std::chrono::seconds>(std::chrono::system_clock::now());
-    made.authors.push_back(
-        {QUuid::createUuid(), "Ada Example", "ada@example.invalid", std::nullopt, made.date});
-    made.isHead = true;
-    if (head != graph.end()) {
-        // HEAD's branch moves to the new commit; the other refs stay where they were.
-        auto current = std::find_if(head->refs.begin(), head->refs.end(),
-                                    [](const GraphRef& ref) { return ref.isCurrent; });
-        if (current != head->refs.end()) {
-            made.refs.push_back(*current);
-            head->refs.erase(current);
-        }
-        head->isHead = false;
-        made.parentHashes = amend ? head->parentHashes : std::vector<std::string>{head->hash};
-        if (amend && head->refs.empty())
-            graph.erase(head);
-    }
+    const GraphCommit& made = addCommit(message, amend);
     for (auto& file : workingTree.files) {
         if (isStaged(file))
             file.status.index = TrackedStatus::unmodified;
     }
     dropUnchanged(workingTree);
-    graph.insert(graph.begin(), made);
     return entryOf(made);
+}
+
+GraphCommit& MockGitService::addCommit(const std::string& message, bool amend) {
+    const auto head = std::ranges::find_if(graph, &GraphCommit::isHead);
+    GraphCommit made;
+    char hash[41];
+    std::snprintf(hash, sizeof hash, "%08x%032x", 0xc0ffee00u + static_cast<unsigned>(++madeCommits_), 0u);
+    made.hash = hash;
+    made.abbreviatedHash = made.hash.substr(0, 7);
+    // git reads the first paragraph as the subject, joined into one line, and ends a body with a
+    // newline.
+    const auto paragraphEnd = message.find("\n\n");
+    made.subject = message.substr(0, paragraphEnd);
+    std::replace(made.subject.begin(), made.subject.end(), '\n', ' ');
+    if (paragraphEnd != std::string::npos)
+        made.body = message.substr(paragraphEnd + 2) + "\n";
+    made.date = std::chrono::floor<std::chrono::seconds>(std::chrono::system_clock::now());
+    made.authors.push_back(
+        {QUuid::createUuid(), "Ada Example", "ada@example.invalid", std::nullopt, made.date});
+    std::string replaced;
+    if (head != graph.end()) {
+        made.parentHashes = amend ? head->parentHashes : std::vector<std::string>{head->hash};
+        replaced = head->hash;
+    }
+    graph.insert(graph.begin(), std::move(made));
+    moveHead(graph.front().hash);
+    // An amended commit that no ref points at any more leaves the graph.
+    const auto old = std::ranges::find(graph, replaced, &GraphCommit::hash);
+    if (amend && old != graph.end() && old->refs.empty())
+        graph.erase(old);
+    return graph.front();
 }
 
 } // namespace orvel

@@ -25,6 +25,16 @@ void requireStash(const std::vector<StashEntry>& stashes, long index) {
                                                           "} is not a valid reference\n");
 }
 
+std::vector<FileChange>::iterator unmergedFile(StatusResult& tree, const std::string& path) {
+    const auto found = std::ranges::find_if(tree.files, [&](const FileChange& file) {
+        return file.path == path && file.status.kind == FileStatusKind::Case::unmerged;
+    });
+    if (found == tree.files.end())
+        throw GitServiceError::commandFailed("checkout",
+                                             "error: path '" + path + "' does not have our version\n");
+    return found;
+}
+
 } // namespace
 
 std::vector<TagEntry> MockGitService::sampleTags() {
@@ -45,16 +55,42 @@ std::vector<StashEntry> MockGitService::sampleStashes() {
     return {entry};
 }
 
-void MockGitService::pushStash(const std::string& message) {
+void MockGitService::pushStash(const std::string& message, std::vector<FileChange> files,
+                               bool includesUntracked) {
     for (auto& entry : stashes)
         ++entry.index;
     StashEntry entry;
-    entry.hash = "5e4d3c2b1a0998877665544332211000ffee" + std::to_string(1000 + stashes.size());
+    entry.hash = "5e4d3c2b1a0998877665544332211000ffee" + std::to_string(1000 + ++madeCommits_);
     entry.message = message;
     entry.branchName = repository.currentBranch;
     entry.baseHash = repository.headHash.value_or("");
+    entry.includesUntracked = includesUntracked;
     entry.date = time_point_cast<Instant::duration>(system_clock::now());
+    stashedFiles_[entry.hash] = std::move(files);
     stashes.insert(stashes.begin(), entry);
+}
+
+void MockGitService::applyStash(long index) {
+    requireStash(stashes, index);
+    // The index side is not restored: what was staged comes back as a change of the work tree.
+    for (FileChange file : stashedFiles_[stashes[static_cast<std::size_t>(index)].hash]) {
+        if (file.status.kind == FileStatusKind::Case::tracked) {
+            const TrackedStatus change =
+                file.status.worktree != TrackedStatus::unmodified ? file.status.worktree : file.status.index;
+            file.status = FileStatusKind::tracked(TrackedStatus::unmodified, change);
+        }
+        std::erase_if(workingTree.files, [&](const FileChange& other) { return other.path == file.path; });
+        workingTree.files.push_back(std::move(file));
+    }
+}
+
+// git's own message for a stash without one: the branch, then HEAD's short hash and subject.
+std::string MockGitService::wipMessage() const {
+    const auto head = std::ranges::find_if(graph, &GraphCommit::isHead);
+    std::string message = "WIP on " + repository.currentBranch.value_or("(no branch)") + ":";
+    if (head != graph.end())
+        message += " " + head->abbreviatedHash + " " + head->subject;
+    return message;
 }
 
 QCoro::Task<std::string> MockGitService::tagDetail(RepoEntry, std::string name, std::stop_token) {
@@ -71,29 +107,30 @@ QCoro::Task<std::string> MockGitService::tagDetail(RepoEntry, std::string name, 
 }
 
 QCoro::Task<OperationResult> MockGitService::cherryPick(RepoEntry, std::string hash, std::stop_token) {
-    if (std::none_of(graph.begin(), graph.end(),
-                     [&](const GraphCommit& commit) { return commit.hash == hash; }))
-        throw GitServiceError::commandFailed("cherry-pick", "fatal: bad revision '" + hash + "'\n");
+    const auto picked = std::ranges::find(graph, hash, &GraphCommit::hash);
+    if (picked == graph.end())
+        throw GitServiceError::commandFailed("cherry-pick", "fatal: bad object " + hash + "\n");
+    addCommit(picked->subject + (picked->body.empty() ? "" : "\n\n" + picked->body), false);
     co_return operation::Success{};
 }
 
 QCoro::Task<OperationResult> MockGitService::revert(RepoEntry, std::string hash, std::stop_token) {
-    if (std::none_of(graph.begin(), graph.end(),
-                     [&](const GraphCommit& commit) { return commit.hash == hash; }))
-        throw GitServiceError::commandFailed("revert", "fatal: bad revision '" + hash + "'\n");
+    const auto reverted = std::ranges::find(graph, hash, &GraphCommit::hash);
+    if (reverted == graph.end())
+        throw GitServiceError::commandFailed("revert", "fatal: bad object " + hash + "\n");
+    addCommit("Revert \"" + reverted->subject + "\"\n\nThis reverts commit " + hash + ".", false);
     co_return operation::Success{};
 }
 
 QCoro::Task<void> MockGitService::reset(RepoEntry, std::string hash, ResetMode mode, std::stop_token) {
-    if (std::none_of(graph.begin(), graph.end(),
-                     [&](const GraphCommit& commit) { return commit.hash == hash; }))
+    if (std::ranges::find(graph, hash, &GraphCommit::hash) == graph.end())
         throw GitServiceError::commandFailed("reset",
                                              "fatal: ambiguous argument '" + hash +
                                                  "': unknown revision or path not in the working tree.\n");
-    repository.headHash = hash;
+    moveHead(hash);
     if (mode == ResetMode::hard)
         std::erase_if(workingTree.files, [](const FileChange& file) {
-            return file.status.kind == FileStatusKind::Case::tracked;
+            return file.status.kind != FileStatusKind::Case::untracked;
         });
     co_return;
 }
@@ -110,10 +147,11 @@ QCoro::Task<void> MockGitService::createTag(RepoEntry, std::string name, std::op
     if (findTag(tags, name))
         throw GitServiceError::commandFailed("tag", "fatal: tag '" + name + "' already exists\n");
     const std::string target = hash.value_or(repository.headHash.value_or(""));
+    TagEntry tag{name, target, std::nullopt};
     if (message)
-        tags.push_back({name, "a0" + target.substr(std::min<std::size_t>(2, target.size())), target});
-    else
-        tags.push_back({name, target, std::nullopt});
+        tag = {name, "a0" + target.substr(std::min<std::size_t>(2, target.size())), target};
+    // git lists tags sorted by name.
+    tags.insert(std::ranges::find_if(tags, [&](const TagEntry& other) { return other.name > name; }), tag);
     co_return;
 }
 
@@ -136,8 +174,10 @@ QCoro::Task<void> MockGitService::checkoutTag(RepoEntry, std::string name, std::
     if (!tag)
         throw GitServiceError::commandFailed("checkout", "error: pathspec 'tags/" + name +
                                                              "' did not match any file(s) known to git\n");
-    repository.headHash = tag->targetHash.value_or(tag->hash);
     repository.currentBranch.reset();
+    for (BranchEntry& branch : branchList)
+        branch.isCurrent = false;
+    moveHead(tag->targetHash.value_or(tag->hash));
     co_return;
 }
 
@@ -147,17 +187,23 @@ QCoro::Task<void> MockGitService::stashSave(RepoEntry, std::optional<std::string
         return file.status.kind == FileStatusKind::Case::tracked ||
                (includeUntracked && file.status.kind == FileStatusKind::Case::untracked);
     };
-    if (std::none_of(workingTree.files.begin(), workingTree.files.end(), saved))
+    std::vector<FileChange> files;
+    std::ranges::copy_if(workingTree.files, std::back_inserter(files), saved);
+    if (files.empty())
         co_return; // git: "No local changes to save", exit 0
     std::erase_if(workingTree.files, saved);
-    const std::string branch = repository.currentBranch.value_or("(no branch)");
-    pushStash(message ? "On " + branch + ": " + *message : "WIP on " + branch);
+    const bool untracked = std::ranges::any_of(
+        files, [](const FileChange& file) { return file.status.kind == FileStatusKind::Case::untracked; });
+    pushStash(message ? "On " + repository.currentBranch.value_or("(no branch)") + ": " + *message
+                      : wipMessage(),
+              std::move(files), untracked);
     co_return;
 }
 
 QCoro::Task<OperationResult> MockGitService::stashPop(RepoEntry, std::stop_token) {
     if (stashes.empty())
         throw GitServiceError::commandFailed("stash", "No stash entries found.\n");
+    applyStash(0);
     stashes.erase(stashes.begin());
     for (auto& entry : stashes)
         --entry.index;
@@ -165,7 +211,7 @@ QCoro::Task<OperationResult> MockGitService::stashPop(RepoEntry, std::stop_token
 }
 
 QCoro::Task<OperationResult> MockGitService::stashApply(RepoEntry, long index, std::stop_token) {
-    requireStash(stashes, index);
+    applyStash(index);
     co_return operation::Success{};
 }
 
@@ -184,29 +230,26 @@ QCoro::Task<std::vector<StashEntry>> MockGitService::stashList(RepoEntry, std::s
 }
 
 QCoro::Task<void> MockGitService::stashFile(RepoEntry, std::string path, std::stop_token) {
-    const auto removed =
-        std::erase_if(workingTree.files, [&](const FileChange& file) { return file.path == path; });
-    if (removed == 0)
+    const auto found = std::ranges::find(workingTree.files, path, &FileChange::path);
+    if (found == workingTree.files.end())
         throw GitServiceError::commandFailed("stash", "error: pathspec '" + path +
                                                           "' did not match any file(s) known to git\n");
-    pushStash("On " + repository.currentBranch.value_or("(no branch)") + ": " + path);
+    const bool untracked = found->status.kind == FileStatusKind::Case::untracked;
+    std::vector<FileChange> files{*found};
+    workingTree.files.erase(found);
+    pushStash(wipMessage(), std::move(files), untracked);
     co_return;
 }
 
-QCoro::Task<void> MockGitService::resolveConflictUsingOurs(RepoEntry repo, std::string path,
-                                                           std::stop_token) {
-    co_await resolveConflictUsingTheirs(std::move(repo), std::move(path));
+QCoro::Task<void> MockGitService::resolveConflictUsingOurs(RepoEntry, std::string path, std::stop_token) {
+    // Our side is what HEAD holds: the resolved file no longer differs from it.
+    workingTree.files.erase(unmergedFile(workingTree, path));
+    co_return;
 }
 
 QCoro::Task<void> MockGitService::resolveConflictUsingTheirs(RepoEntry, std::string path, std::stop_token) {
-    const auto found =
-        std::find_if(workingTree.files.begin(), workingTree.files.end(), [&](const FileChange& file) {
-            return file.path == path && file.status.kind == FileStatusKind::Case::unmerged;
-        });
-    if (found == workingTree.files.end())
-        throw GitServiceError::commandFailed("checkout",
-                                             "error: path '" + path + "' does not have our version\n");
-    found->status = FileStatusKind::tracked(TrackedStatus::modified, TrackedStatus::unmodified);
+    unmergedFile(workingTree, path)->status =
+        FileStatusKind::tracked(TrackedStatus::modified, TrackedStatus::unmodified);
     co_return;
 }
 

@@ -2,17 +2,16 @@
 // one block to the repository's queue, where the commands run through the executor.
 #pragma once
 
-#include "core/parsers/LogParser.h"
 #include "core/process/GitExecutorProtocol.h"
 #include "core/queue/GitOpRunner.h"
 #include "core/service/GitServiceProtocol.h"
+#include "core/service/RemoteNameCache.h"
 
 #include <memory>
-#include <mutex>
 #include <optional>
-#include <set>
 #include <stop_token>
 #include <string>
+#include <string_view>
 
 namespace orvel {
 
@@ -135,6 +134,8 @@ class NativeGitService final : public GitServiceProtocol {
                                       std::stop_token cancellation = {}) override;
     QCoro::Task<void> writeResolvedFile(RepoEntry repo, std::string path, std::string content,
                                         std::stop_token cancellation = {}) override;
+    QCoro::Task<std::string> readWorkTreeFile(RepoEntry repo, std::string path,
+                                              std::stop_token cancellation = {}) override;
     QCoro::Task<std::vector<CommitEntry>> fileHistory(RepoEntry repo, std::string path, long limit,
                                                       std::stop_token cancellation = {}) override;
     QCoro::Task<std::optional<std::string>> defaultBranch(RepoEntry repo,
@@ -153,10 +154,6 @@ class NativeGitService final : public GitServiceProtocol {
 
     const std::shared_ptr<GitOpRunner>& opRunner() const { return opRunner_; }
 
-    // Drops the remote names commitGraph keeps, so that the next graph load reads them anew;
-    // adding or removing a remote calls it when it has finished.
-    void resetCachedRemoteNames();
-
   private:
     // Queues `block` behind the earlier operations of the repository at `repoPath`; on a worker it
     // is called with the executor and that path. The one way an operation reaches the queue.
@@ -167,6 +164,12 @@ class NativeGitService final : public GitServiceProtocol {
             std::move(cancellation));
     }
 
+    // Whether git signs under the configuration `key`, asked outside the queue.
+    QCoro::Task<bool> signingSetting(const std::string& repoPath, std::string_view key);
+    using CommitCommand = CommitEntry (*)(GitExecutorProtocol&, const std::string&, const std::string&, bool);
+    // A commit or an amend: the signing setting first, then the command and its read-back.
+    QCoro::Task<CommitEntry> commitWith(CommitCommand command, RepoEntry repo, std::string message,
+                                        std::stop_token cancellation);
     using HunkCommand = void (*)(GitExecutorProtocol&, const std::string&, const std::string&,
                                  const DiffHunk&);
     // One of the three hunk actions: the entry line, the block, and the failure line.
@@ -175,10 +178,8 @@ class NativeGitService final : public GitServiceProtocol {
 
     std::shared_ptr<GitExecutorProtocol> executor_;
     std::shared_ptr<GitOpRunner> opRunner_;
-    // Read by `git remote` once per service, not once per graph load. Worker threads and the
-    // coroutines both reach it, hence the mutex.
-    std::optional<RemoteNameSet> cachedRemoteNames_;
-    mutable std::mutex cachedRemoteNamesMutex_;
+    // One for the whole service, not per repository; adding or removing a remote clears it.
+    std::shared_ptr<RemoteNameCache> remoteNames_ = std::make_shared<RemoteNameCache>();
 };
 
 } // namespace orvel

@@ -1,6 +1,6 @@
 // One file's view of the repository as operations of the git service: blame, its history, a
-// blob's bytes, and writing a resolved file. The resolved file is written outside the queue (it is
-// no git command), then staged in a block of its own.
+// blob's bytes, and reading and writing the working-tree file. The file is read and written outside
+// the queue (that is no git command); a resolved file is then staged in a block of its own.
 #include "core/commands/BlobCommands.h"
 #include "core/commands/FileHistoryCommands.h"
 #include "core/commands/StagingCommands.h"
@@ -39,6 +39,13 @@ QCoro::Task<void> NativeGitService::writeResolvedFile(RepoEntry repo, std::strin
                            StagingCommands::stage(git, repoPath, relative);
                        });
     co_await std::move(task);
+}
+
+QCoro::Task<std::string> NativeGitService::readWorkTreeFile(RepoEntry repo, std::string path,
+                                                            std::stop_token) {
+    qCDebug(lcDiff, "readWorkTreeFile: %s in %s", path.c_str(), repo.path.c_str());
+    return opRunner_->runUnqueued(
+        [file = BlobCommands::workTreeFile(repo.path, path)] { return BlobCommands::readFile(file); });
 }
 
 QCoro::Task<std::vector<CommitEntry>>

@@ -1,5 +1,6 @@
 // The remote operations of the git service: the list of remotes, fetch, pull and push. Adding
-// or removing a remote drops the remote names that the graph keeps.
+// or removing a remote drops the remote names that the graph keeps, in the same block, so that a
+// graph load queued behind it reads the new names.
 #include "core/commands/RemoteCommands.h"
 #include "core/commands/RepositoryCommands.h"
 #include "core/service/NativeGitService.h"
@@ -30,22 +31,22 @@ QCoro::Task<void> NativeGitService::addRemote(RepoEntry repo, std::string name, 
     // Checked before it is queued, as a clone's url is.
     RepositoryCommands::validateCloneUrl(url);
     auto task =
-        queued(repo.path, cancellation, [name, url](GitExecutorProtocol& git, const std::string& repoPath) {
-            RemoteCommands::addRemote(git, repoPath, name, url);
-        });
+        queued(repo.path, cancellation,
+               [name, url, cache = remoteNames_](GitExecutorProtocol& git, const std::string& repoPath) {
+                   RemoteCommands::addRemote(git, repoPath, name, url);
+                   cache->clear();
+               });
     co_await std::move(task);
-    resetCachedRemoteNames();
 }
 
 QCoro::Task<void> NativeGitService::removeRemote(RepoEntry repo, std::string name,
                                                  std::stop_token cancellation) {
     qCDebug(lcRefs, "removeRemote: %s in %s", name.c_str(), repo.path.c_str());
-    auto task =
-        queued(repo.path, cancellation, [name](GitExecutorProtocol& git, const std::string& repoPath) {
-            RemoteCommands::removeRemote(git, repoPath, name);
-        });
-    co_await std::move(task);
-    resetCachedRemoteNames();
+    return queued(repo.path, cancellation,
+                  [name, cache = remoteNames_](GitExecutorProtocol& git, const std::string& repoPath) {
+                      RemoteCommands::removeRemote(git, repoPath, name);
+                      cache->clear();
+                  });
 }
 
 QCoro::Task<void> NativeGitService::fetch(RepoEntry repo, std::string remote, bool prune,

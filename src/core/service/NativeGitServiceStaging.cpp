@@ -1,6 +1,7 @@
 // The staging and commit operations of the git service. A commit asks for the signing setting
 // outside the queue first, then commits and reads the new commit back in one block, so that
 // nothing of the same repository can slip between the two.
+#include "core/commands/SigningSetting.h"
 #include "core/commands/StagingCommands.h"
 #include "core/service/NativeGitService.h"
 #include "core/support/Log.h"
@@ -61,30 +62,32 @@ QCoro::Task<void> NativeGitService::discardChanges(RepoEntry repo, std::string p
                   });
 }
 
+QCoro::Task<bool> NativeGitService::signingSetting(const std::string& repoPath, std::string_view key) {
+    return opRunner_->runUnqueued(
+        [git = executor_, repoPath, key = std::string(key)] { return signingEnabled(*git, repoPath, key); });
+}
+
+QCoro::Task<CommitEntry> NativeGitService::commitWith(CommitCommand command, RepoEntry repo,
+                                                      std::string message, std::stop_token cancellation) {
+    auto signing = signingSetting(repo.path, commitSigningKey);
+    const bool sign = co_await std::move(signing);
+    auto task = queued(repo.path, cancellation,
+                       [command, message, sign](GitExecutorProtocol& git, const std::string& repoPath) {
+                           return command(git, repoPath, message, sign);
+                       });
+    co_return co_await std::move(task);
+}
+
 QCoro::Task<CommitEntry> NativeGitService::commit(RepoEntry repo, std::string message,
                                                   std::stop_token cancellation) {
     qCDebug(lcStaging, "commit: %s in %s", message.c_str(), repo.path.c_str());
-    auto signing = opRunner_->runUnqueued(
-        [git = executor_, repoPath = repo.path] { return StagingCommands::signingEnabled(*git, repoPath); });
-    const bool sign = co_await std::move(signing);
-    auto task = queued(repo.path, cancellation,
-                       [message, sign](GitExecutorProtocol& git, const std::string& repoPath) {
-                           return StagingCommands::commit(git, repoPath, message, sign);
-                       });
-    co_return co_await std::move(task);
+    return commitWith(&StagingCommands::commit, std::move(repo), std::move(message), cancellation);
 }
 
 QCoro::Task<CommitEntry> NativeGitService::amendCommit(RepoEntry repo, std::string message,
                                                        std::stop_token cancellation) {
     qCDebug(lcStaging, "amendCommit: %s in %s", message.c_str(), repo.path.c_str());
-    auto signing = opRunner_->runUnqueued(
-        [git = executor_, repoPath = repo.path] { return StagingCommands::signingEnabled(*git, repoPath); });
-    const bool sign = co_await std::move(signing);
-    auto task = queued(repo.path, cancellation,
-                       [message, sign](GitExecutorProtocol& git, const std::string& repoPath) {
-                           return StagingCommands::amendCommit(git, repoPath, message, sign);
-                       });
-    co_return co_await std::move(task);
+    return commitWith(&StagingCommands::amendCommit, std::move(repo), std::move(message), cancellation);
 }
 
 } // namespace orvel

@@ -1,5 +1,6 @@
 // The tag operations of the git service. Creating a tag asks for the tag-signing setting outside
 // the queue first, as a commit does for its own.
+#include "core/commands/SigningSetting.h"
 #include "core/commands/TagCommands.h"
 #include "core/service/NativeGitService.h"
 #include "core/support/Log.h"
@@ -27,8 +28,7 @@ QCoro::Task<void> NativeGitService::createTag(RepoEntry repo, std::string name,
                                               std::stop_token cancellation) {
     qCDebug(lcRefs, "createTag: %s hash=%s in %s", name.c_str(), hash ? hash->c_str() : "HEAD",
             repo.path.c_str());
-    auto signing = opRunner_->runUnqueued(
-        [git = executor_, repoPath = repo.path] { return TagCommands::signingEnabled(*git, repoPath); });
+    auto signing = signingSetting(repo.path, tagSigningKey);
     const bool sign = co_await std::move(signing);
     auto task = queued(repo.path, cancellation,
                        [name, hash, message, sign](GitExecutorProtocol& git, const std::string& repoPath) {

@@ -1,0 +1,247 @@
+#include "graph/ui/GraphPane.h"
+
+#include "graph/RepoGraphPaneViewModel.h"
+#include "graph/ui/GraphRowDelegate.h"
+#include "graph/ui/GraphSearchBar.h"
+#include "graph/ui/GraphTableModel.h"
+#include "graph/ui/GraphTableView.h"
+#include "settings/LocalizationManager.h"
+#include "settings/ThemeEngine.h"
+
+#include <QAction>
+#include <QEvent>
+#include <QHeaderView>
+#include <QMenu>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include <array>
+
+namespace orvel {
+
+namespace {
+
+// Column widths, with their bounds; 0 means no upper bound. The message column takes the rest.
+struct ColumnBounds {
+    int width, minimum, maximum;
+};
+
+constexpr std::array<ColumnBounds, GraphTableModel::columnCount_> columnBounds{{
+    {180, 40, 600},
+    {140, 60, 300},
+    {300, 150, 0},
+    {100, 60, 0},
+    {75, 50, 0},
+    {90, 60, 0},
+}};
+
+const QString headerStateKey = QStringLiteral("graphTableHeaderState");
+
+} // namespace
+
+GraphPane::GraphPane(RepoGraphPaneViewModel& model, QWidget* parent)
+    : QWidget(parent), model_(model), searchBar_(new GraphSearchBar(model, this)),
+      table_(new GraphTableView(this)), rows_(new GraphTableModel(model, this)),
+      delegate_(new GraphRowDelegate(model, palette(), this)), searchAction_(new QAction(this)),
+      copyHashAction_(new QAction(this)) {
+    setObjectName(QStringLiteral("graph.pane"));
+    table_->setObjectName(QStringLiteral("graph.table"));
+    table_->setModel(rows_);
+    table_->setItemDelegate(delegate_);
+    table_->verticalHeader()->setDefaultSectionSize(GraphRowDelegate::rowHeight);
+    setUpColumns();
+
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    layout->addWidget(searchBar_);
+    layout->addWidget(table_, 1);
+
+    searchAction_->setShortcut(QKeySequence::Find);
+    searchAction_->setShortcutContext(Qt::WidgetWithChildrenShortcut);
+    connect(searchAction_, &QAction::triggered, this, &GraphPane::openSearch);
+    addAction(searchAction_);
+    copyHashAction_->setShortcut(QKeySequence::Copy);
+    copyHashAction_->setShortcutContext(Qt::WidgetShortcut);
+    connect(copyHashAction_, &QAction::triggered, this, [this] {
+        if (const auto& hash = model_.selectedHash())
+            model_.copyHash(*hash);
+    });
+    table_->addAction(copyHashAction_);
+
+    connect(&model_, &RepoGraphPaneViewModel::commitsChanged, this, &GraphPane::showRows);
+    connect(&model_, &RepoGraphPaneViewModel::selectionChanged, this, &GraphPane::showSelection);
+    connect(&model_, &RepoGraphPaneViewModel::searchChanged, rows_, &GraphTableModel::highlightsChanged);
+    connect(&model_, &RepoGraphPaneViewModel::confirmationRequested, this, &GraphPane::ask);
+    connect(table_->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
+            &GraphPane::userSelected);
+    connect(table_, &QWidget::customContextMenuRequested, this, &GraphPane::showContextMenu);
+    connect(&ThemeEngine::shared(), &ThemeEngine::themeChanged, this, &GraphPane::restyle);
+    retranslate();
+    showRows();
+}
+
+GraphPane::~GraphPane() = default;
+
+void GraphPane::setUpColumns() {
+    QHeaderView* header = table_->horizontalHeader();
+    header->setMinimumSectionSize(columnBounds[GraphTableModel::graphColumn].minimum);
+    header->setStretchLastSection(false);
+    for (int column = 0; column < GraphTableModel::columnCount_; ++column)
+        header->resizeSection(column, columnBounds[static_cast<std::size_t>(column)].width);
+    header->restoreState(defaults_.value(headerStateKey).toByteArray());
+    for (int column = 0; column < GraphTableModel::columnCount_; ++column)
+        header->setSectionResizeMode(column, column == GraphTableModel::messageColumn
+                                                 ? QHeaderView::Stretch
+                                                 : QHeaderView::Interactive);
+    connect(header, &QHeaderView::sectionResized, this, &GraphPane::keepColumnInBounds);
+}
+
+void GraphPane::keepColumnInBounds(int column, int, int newWidth) {
+    if (column < 0 || column >= GraphTableModel::columnCount_)
+        return;
+    const ColumnBounds& bounds = columnBounds[static_cast<std::size_t>(column)];
+    const int bounded =
+        std::max(bounds.minimum, bounds.maximum > 0 ? std::min(newWidth, bounds.maximum) : newWidth);
+    if (bounded != newWidth) {
+        table_->horizontalHeader()->resizeSection(column, bounded);
+        return;
+    }
+    defaults_.setValue(headerStateKey, table_->horizontalHeader()->saveState());
+}
+
+void GraphPane::showRows() {
+    rows_->reload();
+    showSelection();
+}
+
+void GraphPane::showSelection() {
+    const auto& hash = model_.selectedHash();
+    const int row = hash ? model_.rowOf(*hash) : -1;
+    if (row == table_->currentIndex().row() && (row < 0 || table_->selectionModel()->isRowSelected(row, {})))
+        return;
+    followingModel_ = true;
+    if (row < 0) {
+        table_->selectionModel()->clear();
+    } else {
+        const QModelIndex index = rows_->index(row, GraphTableModel::messageColumn);
+        table_->selectionModel()->setCurrentIndex(index, QItemSelectionModel::ClearAndSelect |
+                                                             QItemSelectionModel::Rows);
+        table_->scrollTo(index);
+    }
+    followingModel_ = false;
+}
+
+void GraphPane::userSelected() {
+    if (followingModel_)
+        return;
+    const int row = table_->currentIndex().row();
+    if (row < 0 || static_cast<std::size_t>(row) >= model_.commits().size())
+        return;
+    model_.selectCommit(model_.commits()[static_cast<std::size_t>(row)].hash, true);
+}
+
+void GraphPane::openSearch() {
+    if (!model_.isSearchVisible())
+        model_.toggleSearch();
+    searchBar_->focusField();
+}
+
+void GraphPane::showContextMenu(const QPoint& position) {
+    const QModelIndex index = table_->indexAt(position);
+    if (!index.isValid())
+        return;
+    const std::string hash = model_.commits()[static_cast<std::size_t>(index.row())].hash;
+    if (hash == RepoGraphPaneViewModel::workingTreeHash)
+        return;
+    QMenu* menu = contextMenu(hash);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    menu->popup(table_->viewport()->mapToGlobal(position));
+}
+
+QMenu* GraphPane::contextMenu(const std::string& hash) {
+    auto* menu = new QMenu(this);
+    menu->setObjectName(QStringLiteral("graph.context-menu"));
+    const QString shortHash = QString::fromStdString(hash.substr(0, 7));
+    const auto add = [this](QMenu* to, const char* objectName, const QString& text, auto action) {
+        QAction* added = to->addAction(text, this, action);
+        added->setObjectName(QLatin1String(objectName));
+        return added;
+    };
+    add(menu, "graph.menu.copy-hash", localized("Copy Commit Hash"), [this, hash] {
+        model_.copyHash(hash);
+    })->setShortcut(QKeySequence::Copy);
+    add(menu, "graph.menu.copy-message", localized("Copy Commit Message"),
+        [this, hash] { model_.copyMessage(hash); });
+    menu->addSeparator();
+    add(menu, "graph.menu.search", localized("Search Git History…"), [this] {
+        openSearch();
+    })->setShortcut(QKeySequence::Find);
+    menu->addSeparator();
+    add(menu, "graph.menu.create-branch", localized("Create Branch from Here..."),
+        [this, hash] { model_.requestCreateBranch(hash); });
+    add(menu, "graph.menu.create-tag", localized("Create Tag Here..."),
+        [this, hash] { model_.requestCreateTag(hash); });
+    menu->addSeparator();
+    add(menu, "graph.menu.cherry-pick", localized("Cherry-pick %1", shortHash),
+        [this, hash] { model_.requestCherryPick(hash); });
+    add(menu, "graph.menu.revert", localized("Revert %1", shortHash),
+        [this, hash] { model_.requestRevert(hash); });
+    menu->addSeparator();
+    QMenu* reset = menu->addMenu(localized("Reset to %1...", shortHash));
+    reset->setObjectName(QStringLiteral("graph.menu.reset"));
+    add(reset, "graph.menu.reset-soft", localized("Soft: keep all changes staged"),
+        [this, hash] { model_.requestReset(hash, ResetMode::soft); });
+    add(reset, "graph.menu.reset-mixed", localized("Mixed: keep changes unstaged"),
+        [this, hash] { model_.requestReset(hash, ResetMode::mixed); });
+    add(reset, "graph.menu.reset-hard", localized("Hard: discard all changes"),
+        [this, hash] { model_.requestReset(hash, ResetMode::hard); });
+    return menu;
+}
+
+void GraphPane::ask(const GraphConfirmation& confirmation) {
+    auto* box = new QMessageBox(this);
+    box->setObjectName(QStringLiteral("graph.confirmation"));
+    box->setAttribute(Qt::WA_DeleteOnClose);
+    box->setWindowModality(Qt::WindowModal);
+    box->setIcon(QMessageBox::Warning);
+    box->setWindowTitle(confirmation.title());
+    box->setText(confirmation.title());
+    box->setInformativeText(confirmation.text());
+    QPushButton* cancel = box->addButton(localized("Cancel"), QMessageBox::RejectRole);
+    cancel->setObjectName(QStringLiteral("graph.confirmation.cancel"));
+    const bool destructive = confirmation.kind == GraphConfirmation::Kind::hardReset;
+    QPushButton* accept = box->addButton(
+        confirmation.acceptLabel(), destructive ? QMessageBox::DestructiveRole : QMessageBox::AcceptRole);
+    accept->setObjectName(QStringLiteral("graph.confirmation.accept"));
+    box->setDefaultButton(cancel);
+    box->setEscapeButton(cancel);
+    connect(box, &QMessageBox::finished, this, [this, box, accept, confirmation] {
+        if (box->clickedButton() == accept)
+            model_.confirm(confirmation);
+    });
+    box->open();
+}
+
+void GraphPane::restyle() {
+    delegate_->refreshStyle(palette());
+    table_->viewport()->update();
+}
+
+void GraphPane::retranslate() {
+    searchAction_->setText(localized("Search Git History…"));
+    copyHashAction_->setText(localized("Copy Commit Hash"));
+    table_->setAccessibleName(localized("Commit graph"));
+    rows_->headerDataChanged(Qt::Horizontal, 0, GraphTableModel::columnCount_ - 1);
+}
+
+void GraphPane::changeEvent(QEvent* event) {
+    if (event->type() == QEvent::PaletteChange)
+        restyle();
+    else if (event->type() == QEvent::LanguageChange)
+        retranslate();
+    QWidget::changeEvent(event);
+}
+
+} // namespace orvel

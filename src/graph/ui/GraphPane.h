@@ -1,0 +1,61 @@
+// The commit graph of one repository: the search bar above the table of rows, the context menu of
+// a commit, and the questions asked before a reset or a pick. It shows the pane's model and
+// forwards the user's actions to it.
+#pragma once
+
+#include "core/support/UserDefaults.h"
+
+#include <QWidget>
+
+#include <memory>
+
+class QAction;
+class QMenu;
+
+namespace orvel {
+
+class GraphRowDelegate;
+class GraphSearchBar;
+class GraphTableModel;
+class GraphTableView;
+class RepoGraphPaneViewModel;
+struct GraphConfirmation;
+
+class GraphPane final : public QWidget {
+    Q_OBJECT
+
+  public:
+    explicit GraphPane(RepoGraphPaneViewModel& model, QWidget* parent = nullptr);
+    ~GraphPane() override;
+
+    GraphTableView& table() const { return *table_; }
+
+  protected:
+    void changeEvent(QEvent* event) override;
+
+  private:
+    void showRows();
+    void showSelection();
+    void openSearch();
+    void userSelected();
+    void showContextMenu(const QPoint& position);
+    QMenu* contextMenu(const std::string& hash);
+    void ask(const GraphConfirmation& confirmation);
+    void restyle();
+    void retranslate();
+    void setUpColumns();
+    void keepColumnInBounds(int column, int oldWidth, int newWidth);
+
+    RepoGraphPaneViewModel& model_;
+    SettingsUserDefaults defaults_;
+    GraphSearchBar* searchBar_;
+    GraphTableView* table_;
+    GraphTableModel* rows_;
+    GraphRowDelegate* delegate_;
+    QAction* searchAction_;
+    QAction* copyHashAction_;
+    // Set while the selection follows the model, so that it isn't sent back as a user's choice.
+    bool followingModel_ = false;
+};
+
+} // namespace orvel

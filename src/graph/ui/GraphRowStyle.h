@@ -1,0 +1,32 @@
+// The colours and fonts a graph row is painted with, resolved from the theme once and again on
+// every theme or palette change, so that painting a row parses no colour.
+#pragma once
+
+#include <QColor>
+#include <QFont>
+#include <QPalette>
+
+#include <vector>
+
+namespace orvel {
+
+struct GraphRowStyle {
+    std::vector<QColor> lanes; // never empty
+    QColor nodeOutline;
+    QColor localBranch, remoteBranch, tag, currentBranch;
+    // Text on a filled pill, and the texts of the columns.
+    QColor pillTextOnDark, pillTextOnLight;
+    QColor text, secondaryText, tertiaryText, workingTreeCount;
+    QFont textFont, workingTreeFont, hashFont, pillFont;
+
+    // From the current theme, the catalogue's tokens and `palette` for the texts.
+    static GraphRowStyle current(const QPalette& palette);
+
+    const QColor& lane(int colorIndex) const {
+        return lanes[static_cast<std::size_t>(colorIndex) % lanes.size()];
+    }
+    // The text colour that reads on a pill filled with `fill`.
+    const QColor& pillText(const QColor& fill) const;
+};
+
+} // namespace orvel

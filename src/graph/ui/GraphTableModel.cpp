@@ -1,0 +1,98 @@
+#include "graph/ui/GraphTableModel.h"
+
+#include "graph/RepoGraphPaneViewModel.h"
+#include "settings/LocalizationManager.h"
+
+#include <QStringList>
+
+namespace orvel {
+
+namespace {
+
+QString text(const std::string& bytes) {
+    return QString::fromUtf8(bytes.data(), static_cast<qsizetype>(bytes.size()));
+}
+
+} // namespace
+
+GraphTableModel::GraphTableModel(const RepoGraphPaneViewModel& model, QObject* parent)
+    : QAbstractTableModel(parent), model_(model) {}
+
+int GraphTableModel::rowCount(const QModelIndex& parent) const {
+    return parent.isValid() ? 0 : static_cast<int>(model_.commits().size());
+}
+
+int GraphTableModel::columnCount(const QModelIndex& parent) const {
+    return parent.isValid() ? 0 : columnCount_;
+}
+
+QVariant GraphTableModel::data(const QModelIndex& index, int role) const {
+    if (!index.isValid() || index.row() >= rowCount())
+        return {};
+    const CommitRow& row = model_.commits()[static_cast<std::size_t>(index.row())];
+    if (role == Qt::AccessibleTextRole)
+        return accessibleText(index.row());
+    if (role != Qt::DisplayRole && role != Qt::ToolTipRole)
+        return {};
+    switch (index.column()) {
+    case messageColumn:
+        return text(row.message);
+    case authorColumn:
+        return text(row.author);
+    case hashColumn:
+        if (row.hash == RepoGraphPaneViewModel::workingTreeHash)
+            return {};
+        return role == Qt::ToolTipRole ? text(row.hash) : text(row.shortHash);
+    case dateColumn:
+        return text(row.date);
+    default:
+        return {};
+    }
+}
+
+// A row reads as "subject, author, date, refs".
+QString GraphTableModel::accessibleText(int row) const {
+    const CommitRow& commit = model_.commits()[static_cast<std::size_t>(row)];
+    QStringList parts{text(commit.message), text(commit.author), text(commit.date)};
+    QStringList refs;
+    for (const auto& placed : model_.refsByRow()[static_cast<std::size_t>(row)]) {
+        if (placed.opacity >= 1.0)
+            refs << text(placed.ref.name);
+    }
+    if (!refs.isEmpty())
+        parts << refs.join(QLatin1Char(' '));
+    return parts.join(QStringLiteral(", "));
+}
+
+QVariant GraphTableModel::headerData(int section, Qt::Orientation orientation, int role) const {
+    if (orientation != Qt::Horizontal || role != Qt::DisplayRole)
+        return {};
+    switch (section) {
+    case graphColumn:
+        return localized("Graph");
+    case refsColumn:
+        return localized("Branch / Tag");
+    case messageColumn:
+        return localized("Commit Message");
+    case authorColumn:
+        return localized("Author");
+    case hashColumn:
+        return localized("Hash");
+    case dateColumn:
+        return localized("Date");
+    default:
+        return {};
+    }
+}
+
+void GraphTableModel::reload() {
+    beginResetModel();
+    endResetModel();
+}
+
+void GraphTableModel::highlightsChanged() {
+    if (rowCount() > 0)
+        emit dataChanged(index(0, 0), index(rowCount() - 1, columnCount_ - 1));
+}
+
+} // namespace orvel
