@@ -5,7 +5,7 @@ set -euo pipefail
 cd "$(dirname "$0")/.."
 scripts/install-deps.sh
 cmake --preset release >/dev/null
-cmake --build build/release --target orvel-bench
+cmake --build build/release --target orvel-bench orvel
 repos="$PWD/build/bench-repos"
 mkdir -p "$repos"
 scenarios=("$@")

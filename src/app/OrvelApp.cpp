@@ -8,9 +8,11 @@
 #include "core/support/UserDefaults.h"
 #include "settings/LocalizationManager.h"
 #include "settings/ThemeEngine.h"
+#include "widgets/OrvelStyle.h"
 #include "workspace/AppViewModel.h"
 #include "workspace/CredentialManager.h"
 
+#include <QApplication>
 #include <QTimer>
 
 namespace orvel {
@@ -20,7 +22,8 @@ OrvelApp::OrvelApp() : defaults_(std::make_unique<SettingsUserDefaults>()) {
     LocalizationManager::shared().start(*defaults_);
     qCDebug(lcApp, "op=app.launched");
     qCDebug(lcApp, "init: starting OrvelApp");
-    defaults_->setValue(QStringLiteral("NSInitialToolTipDelay"), 500);
+    defaults_->setValue(QStringLiteral("NSInitialToolTipDelay"), OrvelStyle::toolTipDelay);
+    QApplication::setStyle(new OrvelStyle);
     // git's questions for passwords reach the user through the script the manager writes, so
     // the manager starts before the executor that hands the script's path to git.
     credentialManager_ = std::make_unique<CredentialManager>();

@@ -26,6 +26,15 @@ std::string lastPathComponent(const std::string& path) {
     return value.filename().string();
 }
 
+// The repository ORVEL_AUTOTEST_OPEN_REPO names: its value trimmed, when a ".git" exists there.
+std::optional<std::string> autotestRepository(const QByteArray& value) {
+    std::string path = trimmed(value.toStdString());
+    std::error_code error;
+    if (path.empty() || !std::filesystem::exists(std::filesystem::path(path) / ".git", error))
+        return std::nullopt;
+    return path;
+}
+
 } // namespace
 
 const char* toString(AppMode mode) {
@@ -46,9 +55,7 @@ AppViewModel::AppViewModel(std::shared_ptr<GitServiceProtocol> service, UserDefa
 AppViewModel::~AppViewModel() = default;
 
 void AppViewModel::start(std::optional<QByteArray> autotestValue) {
-    const bool opensAtStart =
-        autotestValue && !trimmed(autotestValue->toStdString()).empty() &&
-        std::filesystem::exists(std::filesystem::path(trimmed(autotestValue->toStdString())) / ".git");
+    const bool opensAtStart = autotestValue && autotestRepository(*autotestValue);
     if (autotestValue)
         openFromEnvironment(std::move(autotestValue));
     if (!opensAtStart)
@@ -92,17 +99,15 @@ QCoro::Task<void> AppViewModel::openRepository(std::string path) {
 QCoro::Task<void> AppViewModel::openFromEnvironment(std::optional<QByteArray> value) {
     if (!value)
         co_return;
-    const std::string path = trimmed(value->toStdString());
-    std::error_code error;
-    const std::filesystem::path gitDir = std::filesystem::path(path) / ".git";
-    if (path.empty() || !std::filesystem::exists(gitDir, error)) {
+    const std::optional<std::string> path = autotestRepository(*value);
+    if (!path) {
         qCWarning(lcApp, "ORVEL_AUTOTEST_OPEN_REPO is set but path is invalid or not a git repo");
         co_return;
     }
-    qCDebug(lcApp, "env var present: %s", path.c_str());
-    qCDebug(lcApp, "gitDir=%s exists=true", gitDir.c_str());
+    qCDebug(lcApp, "env var present: %s", path->c_str());
+    qCDebug(lcApp, "gitDir=%s/.git exists=true", path->c_str());
     QPointer<AppViewModel> self(this);
-    co_await openRepository(path);
+    co_await openRepository(*path);
     if (!self)
         co_return;
     qCDebug(lcApp, "openRepository returned; mode=%s activeRepo=%s", toString(self->mode_),

@@ -74,6 +74,8 @@ TEST_F(Window, TwoTabsKeepTheirViewsWhenSwitchedAndClosingTheLastShowsWelcome) {
     QTest::keyClick(&window, Qt::Key_PageDown, Qt::ControlModifier);
     EXPECT_EQ(&currentView(), betaView);
     EXPECT_EQ(alphaTab.graph().selectedHash(), older);
+    WorkspaceTabState& betaTab = *model.openTabs()[1];
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !betaTab.graph().commits().empty(); }, 5000));
     test::saveScreenshot(window, "main-window-two-tabs");
 
     QTest::keyClick(&window, Qt::Key_W, Qt::ControlModifier);

@@ -6,6 +6,7 @@
 #include "settings/LocalizationManager.h"
 #include "workspace/AppViewModel.h"
 #include "workspace/ui/RepositoryTabView.h"
+#include "workspace/ui/ToastOverlay.h"
 
 #include <QActionGroup>
 #include <QApplication>
@@ -92,6 +93,7 @@ MainWindow::MainWindow(AppViewModel& model, UserDefaults& defaults, QWidget* par
     statusBar()->addWidget(activityLabel_, 1);
     statusBar()->addPermanentWidget(busy_);
 
+    new ToastOverlay(model_.toastManager(), this);
     buildMenus();
     retranslate();
 

@@ -3,12 +3,12 @@
 #include "content/ui/CreateBranchSheet.h"
 #include "core/support/UserDefaults.h"
 #include "graph/RepoGraphPaneViewModel.h"
-#include "settings/LocalizationManager.h"
+#include "graph/ui/GraphPane.h"
+#include "graph/ui/GraphTableView.h"
 #include "sidebar/ui/CreateTagSheet.h"
 #include "workspace/WorkspaceTabState.h"
 
 #include <QEvent>
-#include <QLabel>
 #include <QSplitter>
 #include <QVBoxLayout>
 
@@ -23,23 +23,17 @@ QString splitterKey(const QSplitter& splitter) {
 } // namespace
 
 RepositoryTabView::RepositoryTabView(WorkspaceTabState& tab, UserDefaults& defaults, QWidget* parent)
-    : QWidget(parent), tab_(tab), defaults_(defaults), placeholder_(new QLabel(this)) {
+    : QWidget(parent), tab_(tab), defaults_(defaults), graphPane_(new GraphPane(tab.graph(), this)) {
     setObjectName(QStringLiteral("repository-tab"));
-    placeholder_->setObjectName(QStringLiteral("repository-tab.history-placeholder"));
-    placeholder_->setAlignment(Qt::AlignCenter);
-    placeholder_->setWordWrap(true);
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
-    layout->addWidget(placeholder_);
-    placeholder_->installEventFilter(this);
-    connect(&tab_, &WorkspaceTabState::workingTreeCountsChanged, this, &RepositoryTabView::showCounts);
-    connect(&tab_.graph(), &RepoGraphPaneViewModel::commitsChanged, this, &RepositoryTabView::retranslate);
+    layout->addWidget(graphPane_);
+    graphPane_->table().viewport()->installEventFilter(this);
     connect(&tab_.graph(), &RepoGraphPaneViewModel::createBranchRequested, this,
             &RepositoryTabView::showCreateBranch);
     connect(&tab_.graph(), &RepoGraphPaneViewModel::createTagRequested, this,
             &RepositoryTabView::showCreateTag);
     restoreSplitterStates();
-    retranslate();
 }
 
 RepositoryTabView::~RepositoryTabView() {
@@ -73,33 +67,13 @@ void RepositoryTabView::restoreSplitterStates() {
 }
 
 bool RepositoryTabView::eventFilter(QObject* watched, QEvent* event) {
-    if (!graphPainted_ && watched == placeholder_ && event->type() == QEvent::Paint &&
+    if (!graphPainted_ && event->type() == QEvent::Paint && watched == graphPane_->table().viewport() &&
         !tab_.graph().commits().empty()) {
         graphPainted_ = true;
         // Queued, so that it is told once this paint has ended.
         QMetaObject::invokeMethod(this, &RepositoryTabView::graphPainted, Qt::QueuedConnection);
     }
     return QWidget::eventFilter(watched, event);
-}
-
-void RepositoryTabView::changeEvent(QEvent* event) {
-    if (event->type() == QEvent::LanguageChange)
-        retranslate();
-    QWidget::changeEvent(event);
-}
-
-void RepositoryTabView::showCounts(int staged, int unstaged) {
-    staged_ = staged;
-    unstaged_ = unstaged;
-    retranslate();
-}
-
-void RepositoryTabView::retranslate() {
-    placeholder_->setText(localized("%1\n\n%2 commits loaded\nStaged: %3   Unstaged: %4")
-                              .arg(QString::fromStdString(tab_.repo().path))
-                              .arg(tab_.graph().cachedGraphCommits().size())
-                              .arg(staged_)
-                              .arg(unstaged_));
 }
 
 } // namespace orvel

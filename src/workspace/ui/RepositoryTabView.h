@@ -1,16 +1,16 @@
-// What one repository tab shows: its history page for now; the changes page, sidebar and
-// toolbar join it as they come. It is made once per tab and kept while the tab is hidden, so its
-// scroll positions and selections survive a switch. Splitter positions are remembered by name.
+// What one repository tab shows: its history (the commit graph) for now; the changes page,
+// sidebar and toolbar join it as they come. It is made once per tab and kept while the tab is
+// hidden, so its scroll position and selection survive a switch. Splitter positions are
+// remembered by name.
 #pragma once
 
 #include <QWidget>
 
 #include <string>
 
-class QLabel;
-
 namespace orvel {
 
+class GraphPane;
 class UserDefaults;
 class WorkspaceTabState;
 
@@ -22,30 +22,26 @@ class RepositoryTabView final : public QWidget {
     ~RepositoryTabView() override;
 
     WorkspaceTabState& tab() const { return tab_; }
+    GraphPane& graphPane() const { return *graphPane_; }
 
     // Writes the state of every named splitter, so that the next tab opens with the same layout.
     void saveSplitterStates() const;
 
   signals:
-    // The history has been painted with its commits for the first time.
+    // The graph has been painted with its commits for the first time.
     void graphPainted();
 
   protected:
-    void changeEvent(QEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
     void showCreateBranch(const std::string& hash);
     void showCreateTag(const std::string& hash);
     void restoreSplitterStates();
-    void showCounts(int staged, int unstaged);
-    void retranslate();
 
     WorkspaceTabState& tab_;
     UserDefaults& defaults_;
-    QLabel* placeholder_;
-    int staged_ = 0;
-    int unstaged_ = 0;
+    GraphPane* graphPane_;
     bool graphPainted_ = false;
 };
 
