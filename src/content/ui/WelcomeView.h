@@ -24,6 +24,10 @@ class WelcomeView final : public QWidget {
   public:
     explicit WelcomeView(WelcomeViewModel& model, QWidget* parent = nullptr);
 
+    // The two ways in that make a new repository; the window's File menu offers them too.
+    void showCloneSheet();
+    void showInitSheet();
+
   signals:
     void openRepositoryRequested(const QString& path);
 
@@ -41,8 +45,6 @@ class WelcomeView final : public QWidget {
     void selectRow(const QModelIndex& index);
     void showRecentMenu(const QPoint& position);
     void browseForRepository();
-    void showCloneSheet();
-    void showInitSheet();
 
     WelcomeViewModel& model_;
     RecentRepositoriesModel* recentsModel_;

@@ -35,6 +35,8 @@ class RepoHistoryPane final : public QWidget {
     // The number of changed files in the working tree; above 0 the notice shows.
     void setWorkingTreeChangeCount(int count);
 
+    GraphPane& graphPane() const { return *graphPane_; }
+
   signals:
     void goToChangesRequested();
     void showDiffRequested(const orvel::FileChange& file, const std::string& hash, bool isMerge);

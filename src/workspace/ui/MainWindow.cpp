@@ -132,13 +132,10 @@ void MainWindow::buildMenus() {
     openAction_ = fileMenu_->addAction(QString(), this, &MainWindow::browseForRepository);
     openAction_->setObjectName(QStringLiteral("menu.open-repository"));
     openAction_->setShortcut(QKeySequence::Open);
-    // Cloning and creating come with their sheets.
-    cloneAction_ = fileMenu_->addAction(QString());
+    cloneAction_ = fileMenu_->addAction(QString(), welcome_, &WelcomeView::showCloneSheet);
     cloneAction_->setObjectName(QStringLiteral("menu.clone"));
-    cloneAction_->setEnabled(false);
-    initAction_ = fileMenu_->addAction(QString());
+    initAction_ = fileMenu_->addAction(QString(), welcome_, &WelcomeView::showInitSheet);
     initAction_->setObjectName(QStringLiteral("menu.initialize"));
-    initAction_->setEnabled(false);
     fileMenu_->addSeparator();
     closeTabAction_ = fileMenu_->addAction(QString(), this, [this] {
         if (WorkspaceTabState* tab = model_.activeTab())

@@ -5,6 +5,7 @@
 #include "graph/RepoGraphPaneViewModel.h"
 #include "graph/ui/GraphPane.h"
 #include "graph/ui/GraphTableView.h"
+#include "graph/ui/RepoHistoryPane.h"
 #include "sidebar/ui/CreateTagSheet.h"
 #include "workspace/WorkspaceTabState.h"
 
@@ -23,17 +24,23 @@ QString splitterKey(const QSplitter& splitter) {
 } // namespace
 
 RepositoryTabView::RepositoryTabView(WorkspaceTabState& tab, UserDefaults& defaults, QWidget* parent)
-    : QWidget(parent), tab_(tab), defaults_(defaults), graphPane_(new GraphPane(tab.graph(), this)) {
+    : QWidget(parent), tab_(tab), defaults_(defaults), historyPane_(new RepoHistoryPane(tab.graph(), this)) {
     setObjectName(QStringLiteral("repository-tab"));
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
-    layout->addWidget(graphPane_);
-    graphPane_->table().viewport()->installEventFilter(this);
+    layout->addWidget(historyPane_);
+    graphPane().table().viewport()->installEventFilter(this);
+    connect(&tab_, &WorkspaceTabState::workingTreeCountsChanged, historyPane_,
+            [pane = historyPane_](int staged, int unstaged) { pane->setWorkingTreeChangeCount(staged + unstaged); });
     connect(&tab_.graph(), &RepoGraphPaneViewModel::createBranchRequested, this,
             &RepositoryTabView::showCreateBranch);
     connect(&tab_.graph(), &RepoGraphPaneViewModel::createTagRequested, this,
             &RepositoryTabView::showCreateTag);
     restoreSplitterStates();
+}
+
+GraphPane& RepositoryTabView::graphPane() const {
+    return historyPane_->graphPane();
 }
 
 RepositoryTabView::~RepositoryTabView() {
@@ -67,7 +74,7 @@ void RepositoryTabView::restoreSplitterStates() {
 }
 
 bool RepositoryTabView::eventFilter(QObject* watched, QEvent* event) {
-    if (!graphPainted_ && event->type() == QEvent::Paint && watched == graphPane_->table().viewport() &&
+    if (!graphPainted_ && event->type() == QEvent::Paint && watched == graphPane().table().viewport() &&
         !tab_.graph().commits().empty()) {
         graphPainted_ = true;
         // Queued, so that it is told once this paint has ended.

@@ -11,6 +11,7 @@
 namespace orvel {
 
 class GraphPane;
+class RepoHistoryPane;
 class UserDefaults;
 class WorkspaceTabState;
 
@@ -22,7 +23,7 @@ class RepositoryTabView final : public QWidget {
     ~RepositoryTabView() override;
 
     WorkspaceTabState& tab() const { return tab_; }
-    GraphPane& graphPane() const { return *graphPane_; }
+    GraphPane& graphPane() const;
 
     // Writes the state of every named splitter, so that the next tab opens with the same layout.
     void saveSplitterStates() const;
@@ -41,7 +42,7 @@ class RepositoryTabView final : public QWidget {
 
     WorkspaceTabState& tab_;
     UserDefaults& defaults_;
-    GraphPane* graphPane_;
+    RepoHistoryPane* historyPane_;
     bool graphPainted_ = false;
 };
 
