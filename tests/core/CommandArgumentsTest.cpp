@@ -12,6 +12,7 @@
 #include "core/commands/MergeCommands.h"
 #include "core/commands/RemoteCommands.h"
 #include "core/commands/RepositoryCommands.h"
+#include "core/commands/SigningSetting.h"
 #include "core/commands/StagingCommands.h"
 #include "core/commands/StashCommands.h"
 #include "core/commands/StatusCommands.h"
@@ -133,7 +134,7 @@ TEST(CommandArguments, StagingCommands) {
         {call(StagingCommands::discardChanges, "-p", false), {{"restore", "--worktree", "--", "-p"}}},
         {call(StagingCommands::discardChanges, "f", true),
          {{"restore", "--staged", "--worktree", "--", "f"}}},
-        {[](auto& git) { EXPECT_TRUE(StagingCommands::signingEnabled(git, "/r")); },
+        {[](auto& git) { EXPECT_TRUE(signingEnabled(git, "/r", commitSigningKey)); },
          {{"config", "commit.gpgsign"}},
          {" True \n"}},
         {call(StagingCommands::commit, "-m $(x)", false),
@@ -274,7 +275,7 @@ TEST(CommandArguments, TagCommands) {
            "%(refname:short)%00%(objectname)%00%(*objectname)%00%(objecttype)%00%(taggername)%00%("
            "taggeremail)%00"
            "%(taggerdate:iso-strict)%00%(contents:subject)%00%(contents:signature)%00"}}},
-        {[](auto& git) { EXPECT_FALSE(TagCommands::signingEnabled(git, "/r")); },
+        {[](auto& git) { EXPECT_FALSE(signingEnabled(git, "/r", tagSigningKey)); },
          {{"config", "tag.gpgsign"}},
          {fails}},
         {call(TagCommands::createTag, "v1", std::nullopt, "m"s, false),
