@@ -5,6 +5,7 @@
 
 #include "core/process/SubprocessExecutor.h"
 #include "core/queue/GitOpRunner.h"
+#include "support/DrainQueue.h"
 #include "core/service/MockGitService.h"
 #include "core/service/NativeGitService.h"
 #include "core/support/UserDefaults.h"
@@ -27,9 +28,12 @@ QStringList storedRecents(const UserDefaults& defaults) {
 // The model over the real git, as start-up builds it.
 class RealRepositories : public ::testing::Test {
   protected:
+    ~RealRepositories() override { test::drainQueue(*runner); }
+
     InMemoryUserDefaults defaults;
-    std::shared_ptr<NativeGitService> service = std::make_shared<NativeGitService>(
-        std::make_shared<SubprocessExecutor>(std::nullopt, defaults), std::make_shared<GitOpRunner>(2));
+    std::shared_ptr<GitOpRunner> runner = std::make_shared<GitOpRunner>(2);
+    std::shared_ptr<NativeGitService> service =
+        std::make_shared<NativeGitService>(std::make_shared<SubprocessExecutor>(std::nullopt, defaults), runner);
     AppViewModel model{service, defaults};
 };
 
@@ -215,8 +219,8 @@ class GatedExecutor final : public GitExecutorProtocol {
 TEST(AppViewModelOpen, LateAnswerOfASupersededOpenOnlyReachesTheRecents) {
     auto executor = std::make_shared<GatedExecutor>();
     InMemoryUserDefaults defaults;
-    AppViewModel model(std::make_shared<NativeGitService>(executor, std::make_shared<GitOpRunner>(2)),
-                       defaults);
+    auto runner = std::make_shared<GitOpRunner>(2);
+    AppViewModel model(std::make_shared<NativeGitService>(executor, runner), defaults);
     auto slow = model.openRepository("/slow");
     test::await(model.openRepository("/fast"));
     executor->release();
@@ -225,4 +229,5 @@ TEST(AppViewModelOpen, LateAnswerOfASupersededOpenOnlyReachesTheRecents) {
     EXPECT_EQ(model.activeRepository()->path, "/fast");
     EXPECT_EQ(model.openTabs().size(), 1u);
     EXPECT_EQ(storedRecents(defaults), (QStringList{"/slow", "/fast"}));
+    test::drainQueue(*runner);
 }

@@ -6,6 +6,7 @@
 #include "content/ui/WelcomeView.h"
 #include "core/process/SubprocessExecutor.h"
 #include "core/queue/GitOpRunner.h"
+#include "support/DrainQueue.h"
 #include "core/service/NativeGitService.h"
 #include "core/support/UserDefaults.h"
 #include "graph/RepoGraphPaneViewModel.h"
@@ -37,6 +38,7 @@ class Window : public ::testing::Test {
         beta.commitAll("first");
         beta.git({"checkout", "-q", "-b", "topic"});
     }
+    ~Window() override { test::drainQueue(*runner); }
 
     QTabBar& tabBar() { return *window.findChild<QTabBar*>("main-window.tabs"); }
     QWidget& currentView() {
@@ -46,8 +48,9 @@ class Window : public ::testing::Test {
 
     test::TempRepo alpha, beta;
     InMemoryUserDefaults defaults;
-    std::shared_ptr<NativeGitService> service = std::make_shared<NativeGitService>(
-        std::make_shared<SubprocessExecutor>(std::nullopt, defaults), std::make_shared<GitOpRunner>(2));
+    std::shared_ptr<GitOpRunner> runner = std::make_shared<GitOpRunner>(2);
+    std::shared_ptr<NativeGitService> service =
+        std::make_shared<NativeGitService>(std::make_shared<SubprocessExecutor>(std::nullopt, defaults), runner);
     AppViewModel model{service, defaults};
     MainWindow window{model, defaults};
 };
