@@ -2,6 +2,7 @@
 // working tree, and the git operations with their activity, toasts and log lines.
 #include "graph/RepoGraphPaneViewModel.h"
 
+#include "core/commands/HistoryEditCommands.h"
 #include "core/service/GitServiceProtocol.h"
 #include "core/support/Log.h"
 #include "settings/LocalizationManager.h"
@@ -21,22 +22,6 @@ QString shortHash(const std::string& hash) {
 
 QString errorText(const std::exception& error) {
     return QString::fromUtf8(error.what());
-}
-
-const char* modeWord(ResetMode mode) {
-    switch (mode) {
-    case ResetMode::soft:
-        return "soft";
-    case ResetMode::mixed:
-        return "mixed";
-    case ResetMode::hard:
-        return "hard";
-    case ResetMode::merge:
-        return "merge";
-    case ResetMode::keep:
-        return "keep";
-    }
-    return "mixed";
 }
 
 // An operation without a result, as one whose result is a plain success.
@@ -172,8 +157,8 @@ QCoro::Task<void> RepoGraphPaneViewModel::reset(std::string hash, ResetMode mode
                   succeeded(service_->reset(repo_, hash, mode)), "commit.reset", "Reset failed: %1");
     if (!co_await std::move(outcome))
         co_return;
-    qCDebug(lcOps, "op=commit.reset mode=%s", modeWord(mode));
-    toasts.show(localized("Reset %1 to %2", QString::fromLatin1(modeWord(mode)), shortHash(hash)),
+    qCDebug(lcOps, "op=commit.reset mode=%s", HistoryEditCommands::resetModeName(mode));
+    toasts.show(localized("Reset %1 to %2", QString::fromLatin1(HistoryEditCommands::resetModeName(mode)), shortHash(hash)),
                 ToastType::notice);
     if (self)
         self->afterChange();
