@@ -4,6 +4,7 @@
 #include "core/support/Log.h"
 #include "graph/RepoGraphPaneViewModel.h"
 #include "settings/LocalizationManager.h"
+#include "sidebar/SidebarViewModel.h"
 #include "workspace/FileSystemWatcher.h"
 #include "workspace/ToastManager.h"
 
@@ -18,11 +19,18 @@ WorkspaceTabState::WorkspaceTabState(RepoEntry repo, std::shared_ptr<GitServiceP
                                      ToastManager& toasts, Options options, QObject* parent)
     : QObject(parent), repo_(std::move(repo)), service_(std::move(service)), toasts_(toasts),
       options_(options), currentBranchName_(repo_.currentBranch),
-      graph_(std::make_unique<RepoGraphPaneViewModel>(repo_, service_, toasts_)) {
+      graph_(std::make_unique<RepoGraphPaneViewModel>(repo_, service_, toasts_)),
+      sidebar_(std::make_unique<SidebarViewModel>(service_, toasts_)) {
     if (!currentBranchName_)
         detachedHead_ = repo_.headHash;
     // A reset, pick or revert from the graph's menu changed the repository.
     connect(graph_.get(), &RepoGraphPaneViewModel::repositoryChanged, this, &WorkspaceTabState::refresh);
+    connect(sidebar_.get(), &SidebarViewModel::branchesLoaded, this, &WorkspaceTabState::branchesLoaded);
+    connect(sidebar_.get(), &SidebarViewModel::checkoutComplete, this, &WorkspaceTabState::checkoutComplete);
+    connect(sidebar_.get(), &SidebarViewModel::branchSelected, this, [this](const BranchEntry& branch) {
+        graph_->selectCommit(branch.hash);
+        sidebar_->acknowledgeNavigation();
+    });
     qCDebug(lcApp, "op=repo.tab.opened count=1");
 }
 
@@ -44,6 +52,7 @@ void WorkspaceTabState::loadData() {
     loadGraphAndMaintain();
     readWorkingTreeCounts();
     loadCurrentBranch();
+    sidebar_->loadBranches(repo_);
     if (!fileWatcher_)
         startFileWatcher();
 }
@@ -56,7 +65,30 @@ void WorkspaceTabState::refresh() {
     qCDebug(lcApp, "op=sidebar.refreshRequested reason=user");
     readWorkingTreeCounts();
     graph_->load();
+    sidebar_->loadBranches(repo_);
+}
+
+void WorkspaceTabState::branchesLoaded(const std::vector<BranchEntry>& branches) {
+    const auto current = std::find_if(branches.begin(), branches.end(), [](const BranchEntry& branch) {
+        return branch.isCurrent && !branch.isRemote;
+    });
+    // A detached HEAD is named by its commit, which only a fresh read gives.
+    if (current == branches.end()) {
+        loadCurrentBranch();
+        return;
+    }
+    if (currentBranchName_ == current->name && !detachedHead_)
+        return;
+    currentBranchName_ = current->name;
+    detachedHead_.reset();
+    emit titleChanged();
+}
+
+void WorkspaceTabState::checkoutComplete() {
+    qCDebug(lcApp, "op=tab.checkoutComplete");
+    graph_->load();
     loadCurrentBranch();
+    readWorkingTreeCounts();
 }
 
 void WorkspaceTabState::startFileWatcher() {

@@ -3,6 +3,7 @@
 // tab tells the others what to do.
 #pragma once
 
+#include "core/records/BranchEntry.h"
 #include "core/records/RepoEntry.h"
 #include "core/support/LoadGeneration.h"
 
@@ -16,12 +17,14 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace orvel {
 
 class FileSystemWatcher;
 class GitServiceProtocol;
 class RepoGraphPaneViewModel;
+class SidebarViewModel;
 class ToastManager;
 
 class WorkspaceTabState final : public QObject {
@@ -46,6 +49,7 @@ class WorkspaceTabState final : public QObject {
     // What the tab bar shows: the current branch, or the short hash of a detached HEAD.
     QString title() const;
     RepoGraphPaneViewModel& graph() const { return *graph_; }
+    SidebarViewModel& sidebar() const { return *sidebar_; }
     bool isWatching() const { return fileWatcher_ != nullptr; }
     FileSystemWatcher* fileWatcher() const { return fileWatcher_.get(); }
 
@@ -68,6 +72,9 @@ class WorkspaceTabState final : public QObject {
     // The first graph load, then git's commit-graph file when it needs writing.
     QCoro::Task<void> loadGraphAndMaintain();
     void watchLimitReached();
+    // The sidebar read the branches: the tab's name follows the checked-out one.
+    void branchesLoaded(const std::vector<BranchEntry>& branches);
+    void checkoutComplete();
 
     QUuid id_ = QUuid::createUuid();
     RepoEntry repo_;
@@ -77,6 +84,7 @@ class WorkspaceTabState final : public QObject {
     std::optional<std::string> currentBranchName_;
     std::optional<std::string> detachedHead_;
     std::unique_ptr<RepoGraphPaneViewModel> graph_;
+    std::unique_ptr<SidebarViewModel> sidebar_;
     std::unique_ptr<FileSystemWatcher> fileWatcher_;
     bool toldWatchLimit_ = false;
     LoadGeneration branchLoads_;
