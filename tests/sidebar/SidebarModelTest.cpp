@@ -102,11 +102,14 @@ class SidebarModel : public ::testing::Test {
 } // namespace
 
 TEST(BranchTree, FoldersBeforeLeavesSortedWithoutCaseAndRemotesGroupedByTheirName) {
-    const auto tree = buildBranchTree({branch("zeta"), branch("feature/b"), branch("Feature/a"), branch("feature"),
-                                       branch("feature/x/deep"), branch("a//b"), branch("Alpha")},
-                                      "local");
-    EXPECT_EQ(flat(tree), (std::vector<std::string>{"local/a/", "local/a/b", "local/Feature/", "local/Feature/a", "local/feature/", "local/feature/x/",
-                                                    "local/feature/x/deep", "local/feature/b", "local/Alpha", "local/feature", "local/zeta"}));
+    const auto tree =
+        buildBranchTree({branch("zeta"), branch("feature/b"), branch("Feature/a"), branch("feature"),
+                         branch("feature/x/deep"), branch("a//b"), branch("Alpha")},
+                        "local");
+    EXPECT_EQ(flat(tree),
+              (std::vector<std::string>{"local/a/", "local/a/b", "local/Feature/", "local/Feature/a",
+                                        "local/feature/", "local/feature/x/", "local/feature/x/deep",
+                                        "local/feature/b", "local/Alpha", "local/feature", "local/zeta"}));
 
     const auto groups = groupByRemote({branch("origin/main", true), branch("upstream/dev", true),
                                        branch("origin", true), branch("origin/feature/y", true)});
@@ -114,8 +117,8 @@ TEST(BranchTree, FoldersBeforeLeavesSortedWithoutCaseAndRemotesGroupedByTheirNam
     EXPECT_EQ(groups[0].remote, "origin");
     EXPECT_EQ(groups[0].branches.size(), 3u);
     const auto trees = buildRemoteTrees(groups);
-    EXPECT_EQ(flat(trees[0].nodes), (std::vector<std::string>{"origin/feature/", "origin/feature/y", "origin/main",
-                                                               "origin/origin"}));
+    EXPECT_EQ(flat(trees[0].nodes), (std::vector<std::string>{"origin/feature/", "origin/feature/y",
+                                                              "origin/main", "origin/origin"}));
     EXPECT_EQ(flat(trees[1].nodes), (std::vector<std::string>{"upstream/dev"}));
 }
 
@@ -177,8 +180,8 @@ TEST_F(SidebarModel, CatastrophicFilterKeepsWhatItFoundAndSaysSoOnce) {
 
 TEST_F(SidebarModel, RefreshWithTheSameRefsReadsOnlyTheBranches) {
     test::await(model.loadBranches(repo));
-    const std::map<std::string, int> first{{"branches", 1}, {"defaultBranch", 1}, {"listTags", 1},
-                                           {"stashList", 1}, {"mergedBranches", 1}};
+    const std::map<std::string, int> first{
+        {"branches", 1}, {"defaultBranch", 1}, {"listTags", 1}, {"stashList", 1}, {"mergedBranches", 1}};
     EXPECT_EQ(service->calls, first);
     EXPECT_FALSE(model.localTree().empty());
     EXPECT_EQ(model.mainBranchName(), "main");
@@ -207,8 +210,9 @@ TEST_F(SidebarModel, CheckoutChecksTheWorkingTreeAndWhereHeadLanded) {
     service->workingTree.files = {untracked, modified};
     test::await(model.checkoutBranch("feature/search"));
     EXPECT_EQ(service->calls["checkoutBranch"], 0);
-    EXPECT_EQ(toastTexts().back(), QStringLiteral("Cannot checkout: you have uncommitted changes. Commit or stash "
-                                                  "them first."));
+    EXPECT_EQ(toastTexts().back(),
+              QStringLiteral("Cannot checkout: you have uncommitted changes. Commit or stash "
+                             "them first."));
 
     service->workingTree.files = {untracked};
     service->headAfterCheckout = "elsewhere";
@@ -217,6 +221,7 @@ TEST_F(SidebarModel, CheckoutChecksTheWorkingTreeAndWhereHeadLanded) {
     test::await(model.checkoutBranch("feature/search"));
     EXPECT_EQ(service->calls["checkoutBranch"], 1);
     EXPECT_EQ(toastTexts().back(),
-              QStringLiteral("Checkout did not land on 'feature/search' (HEAD is 'elsewhere'). Resolve in terminal."));
+              QStringLiteral(
+                  "Checkout did not land on 'feature/search' (HEAD is 'elsewhere'). Resolve in terminal."));
     EXPECT_EQ(completed, 1);
 }

@@ -31,7 +31,9 @@ class CountingExecutor final : public GitExecutorProtocol {
     }
     std::string resolvedGitPath() override { return git_->resolvedGitPath(); }
     std::string gitVersion() override { return git_->gitVersion(); }
-    void setGitPathOverride(const std::optional<std::string>& path) override { git_->setGitPathOverride(path); }
+    void setGitPathOverride(const std::optional<std::string>& path) override {
+        git_->setGitPathOverride(path);
+    }
 
     std::vector<Arguments> takeCalls() {
         std::lock_guard lock(mutex_);

@@ -1,8 +1,8 @@
 // The sidebar over the real git where the outcome is git's: how many commands a load runs, a
 // remote branch checked out as a new tracking branch, the rules for adding and removing remotes,
 // and applying, popping and dropping stashes.
-#include "sidebar/ManageRemotesViewModel.h"
 #include "sidebar/SidebarOnRealGit.h"
+#include "sidebar/ManageRemotesViewModel.h"
 #include "support/Await.h"
 
 #include <QSignalSpy>
@@ -16,7 +16,8 @@ namespace {
 
 class SidebarGit : public ::testing::Test, public test::SidebarOnRealGit {};
 
-bool ranCommand(const std::vector<GitExecutorProtocol::Arguments>& calls, const std::vector<std::string>& words) {
+bool ranCommand(const std::vector<GitExecutorProtocol::Arguments>& calls,
+                const std::vector<std::string>& words) {
     return std::ranges::any_of(calls, [&](const auto& arguments) {
         return arguments.size() >= words.size() && std::equal(words.begin(), words.end(), arguments.begin());
     });
