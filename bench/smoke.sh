@@ -31,3 +31,9 @@ echo "$line"
 line=$("$tool" --scenario graph-paint --tiny --repo "$work/history" 2>/dev/null)
 echo "$line"
 [[ "$line" =~ ^scenario=graph-paint\ frame_ms=[0-9.]+\ plain_ms=[0-9.]+\ ratio=[0-9.]+\ rows=50\ lanes=2[0-9]\  ]]
+line=$("$tool" --scenario sidebar-5000 --tiny --rounds 2 --repo "$work/sidebar" 2>/dev/null)
+echo "$line"
+[[ "$line" =~ ^scenario=sidebar-tiny\ ours_ms=[0-9.]+\ git_ms=[0-9.]+\ ratio=[0-9.]+\ .*\ rows=62\ tags=10$ ]]
+line=$("$tool" --scenario filter-budget --tiny --rounds 2 --repo "$work/unused")
+echo "$line"
+[[ "$line" =~ ^scenario=filter-budget-tiny\ ours_ms=[0-9.]+\ slowest_ms=[0-9.]+\ budget_ms=100\ ratio=[0-9.]+\ names=500\ timed_out=1\  ]]

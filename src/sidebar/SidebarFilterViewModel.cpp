@@ -120,8 +120,7 @@ void SidebarFilterViewModel::refilter() {
 QCoro::Task<void> SidebarFilterViewModel::runPass(FilterQuery query) {
     auto ticket = passes_.begin(this);
     auto pass = runOnPool(backgroundPool(), [sources = sources_, query, stop = ticket.stopToken()] {
-        const auto deadline = FilterMatcher::Clock::now() + regexBudget - handOffReserve;
-        return filterLists(*sources, query, stop, deadline);
+        return filterLists(*sources, query, stop);
     });
     std::optional<Outcome> outcome = co_await std::move(pass);
     if (!ticket.isCurrent() || !outcome)
@@ -134,9 +133,10 @@ QCoro::Task<void> SidebarFilterViewModel::runPass(FilterQuery query) {
     emit resultsChanged();
 }
 
-std::optional<SidebarFilterViewModel::Outcome>
-SidebarFilterViewModel::filterLists(const SidebarLists& source, const FilterQuery& query,
-                                    std::stop_token stop, FilterMatcher::Clock::time_point deadline) {
+std::optional<SidebarFilterViewModel::Outcome> SidebarFilterViewModel::filterLists(const SidebarLists& source,
+                                                                                   const FilterQuery& query,
+                                                                                   std::stop_token stop) {
+    const auto deadline = FilterMatcher::Clock::now() + regexBudget - handOffReserve;
     FilterMatcher matcher(query);
     Outcome outcome;
     SidebarLists& found = outcome.lists;

@@ -55,11 +55,10 @@ class SidebarFilterViewModel final : public QObject {
     void setSources(SidebarLists lists);
 
     // One pass over `source`, as the background runs it: every item tested in order, the stop
-    // token read before each; a stopped pass answers nothing. A regular expression stops at
-    // `deadline`, and the pass ends with what it found before.
+    // token read before each; a stopped pass answers nothing. A regular expression that runs past
+    // the pass's budget ends the pass with what it found before.
     static std::optional<Outcome> filterLists(const SidebarLists& source, const FilterQuery& query,
-                                              std::stop_token stop,
-                                              FilterMatcher::Clock::time_point deadline);
+                                              std::stop_token stop);
 
   signals:
     void queryChanged();
