@@ -11,9 +11,9 @@ namespace orvel {
 
 namespace {
 
-// The pass stops matching this much before its budget ends, so that handing back its finds fits
-// inside the budget too.
-constexpr std::chrono::milliseconds handOffReserve{5};
+// The pass stops matching this much before its budget ends, so that handing back its finds, and a
+// pool thread that a busy machine schedules late, still fit inside the budget.
+constexpr std::chrono::milliseconds handOffReserve{15};
 
 void combine(std::size_t& seed, std::size_t value) {
     seed ^= value + 0x9e3779b97f4a7c15ULL + (seed << 6) + (seed >> 2);
