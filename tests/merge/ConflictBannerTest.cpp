@@ -110,6 +110,7 @@ TEST_F(ConflictBannerTest, ResolveARebaseConflictLineByLineAndContinue) {
     test::saveScreenshot(*editor, QStringLiteral("merge-editor-light"), QSize(1100, 700));
     const QPalette light = QApplication::palette();
     QApplication::setPalette(tokenPalette(ThemeEngine::shared().tokens(ColorScheme::dark)));
+    QCoreApplication::processEvents();
     test::saveScreenshot(*editor, QStringLiteral("merge-editor-dark"), QSize(1100, 700));
     QApplication::setPalette(light);
 

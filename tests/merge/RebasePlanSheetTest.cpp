@@ -81,7 +81,7 @@ TEST_F(RebasePlanSheetTest, RewordMoveExecAndAutosquashRunThroughGit) {
     QTest::keyClicks(command, QStringLiteral("echo ran > exec-ran.txt"));
     QTest::keyClick(command, Qt::Key_Return);
     QTRY_COMPARE(subjects(plan).back(), std::string("exec echo ran > exec-ran.txt"));
-    test::saveScreenshot(*sheet, QStringLiteral("rebase-sheet"), QSize(760, 520));
+    test::saveScreenshot(*sheet, QStringLiteral("rebase-sheet"), sheet->size());
 
     sheet->findChild<QPushButton*>(QStringLiteral("rebase-sheet.start"))->click();
     QTRY_VERIFY_WITH_TIMEOUT(sheet.isNull(), 20000);

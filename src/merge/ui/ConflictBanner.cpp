@@ -16,7 +16,10 @@
 #include <QPainter>
 #include <QPointer>
 #include <QPushButton>
+#include <QStyle>
 #include <QToolButton>
+
+#include <algorithm>
 
 namespace orvel {
 
@@ -36,8 +39,8 @@ QFont bannerFont(QFont::Weight weight) {
 
 ConflictBanner::ConflictBanner(ConflictBannerViewModel& model, QWidget* parent)
     : QWidget(parent), model_(model), icon_(new QLabel(this)), text_(new QLabel(this)),
-      openMergeEditor_(new QToolButton(this)), skip_(new QPushButton(this)), continue_(new QPushButton(this)),
-      abort_(new QPushButton(this)) {
+      openMergeEditor_(new QToolButton(this)), files_(new QMenu(this)), skip_(new QPushButton(this)),
+      continue_(new QPushButton(this)), abort_(new QPushButton(this)) {
     setObjectName(QStringLiteral("conflict-banner"));
     openMergeEditor_->setObjectName(QStringLiteral("conflict-banner.open-merge-editor"));
     skip_->setObjectName(QStringLiteral("conflict-banner.skip"));
@@ -45,7 +48,7 @@ ConflictBanner::ConflictBanner(ConflictBannerViewModel& model, QWidget* parent)
     abort_->setObjectName(QStringLiteral("conflict-banner.abort"));
     text_->setObjectName(QStringLiteral("conflict-banner.text"));
     openMergeEditor_->setToolButtonStyle(Qt::ToolButtonTextOnly);
-    openMergeEditor_->setMenu(new QMenu(openMergeEditor_));
+    openMergeEditor_->setPopupMode(QToolButton::MenuButtonPopup);
     text_->setTextFormat(Qt::PlainText);
     text_->setFont(bannerFont(QFont::Medium));
 
@@ -91,13 +94,15 @@ void ConflictBanner::showState() {
 
     // With more than one conflicted file, the button's menu offers each of them.
     const auto& conflicts = model_.conflicts();
-    QMenu* files = openMergeEditor_->menu();
-    files->clear();
+    files_->clear();
     for (const ConflictEntry& conflict : conflicts)
-        files->addAction(QString::fromUtf8(conflict.path), this,
-                         [this, conflict] { openMergeEditor(conflict); });
-    openMergeEditor_->setPopupMode(conflicts.size() > 1 ? QToolButton::MenuButtonPopup
-                                                        : QToolButton::DelayedPopup);
+        files_->addAction(QString::fromUtf8(conflict.path), this,
+                          [this, conflict] { openMergeEditor(conflict); });
+    openMergeEditor_->setMenu(conflicts.size() > 1 ? files_ : nullptr);
+    if (openMergeEditor_->property("offersFiles").toBool() != (conflicts.size() > 1)) {
+        openMergeEditor_->setProperty("offersFiles", conflicts.size() > 1);
+        openMergeEditor_->style()->polish(openMergeEditor_);
+    }
 
     const bool idle = !model_.isBusy();
     openMergeEditor_->setEnabled(idle && !conflicts.empty());
@@ -108,16 +113,43 @@ void ConflictBanner::showState() {
     abort_->setEnabled(idle);
 }
 
+namespace {
+
+QString cssColour(QColor colour) {
+    return QStringLiteral("rgba(%1, %2, %3, %4)")
+        .arg(QString::number(colour.red()), QString::number(colour.green()), QString::number(colour.blue()),
+             QString::number(colour.alphaF(), 'f', 2));
+}
+
+QColor withAlpha(QColor colour, double factor) {
+    colour.setAlphaF(std::min(1.0, colour.alphaF() * factor));
+    return colour;
+}
+
+} // namespace
+
+// The buttons are flat and translucent over the banner's colour, which a native button cannot be.
 void ConflictBanner::applyColours() {
     const ConflictColors& colours = ThemeEngine::shared().currentTheme().colors.conflict;
+    const QColor foreground = colours.bannerForeground.color();
+    const QColor button = colours.buttonBackground.color();
     QPalette palette = this->palette();
-    palette.setColor(QPalette::WindowText, colours.bannerForeground.color());
-    palette.setColor(QPalette::ButtonText, colours.bannerForeground.color());
-    palette.setColor(QPalette::Button, colours.buttonBackground.color());
-    for (QWidget* child :
-         {static_cast<QWidget*>(icon_), static_cast<QWidget*>(text_), static_cast<QWidget*>(openMergeEditor_),
-          static_cast<QWidget*>(skip_), static_cast<QWidget*>(continue_), static_cast<QWidget*>(abort_)})
-        child->setPalette(palette);
+    palette.setColor(QPalette::WindowText, foreground);
+    icon_->setPalette(palette);
+    text_->setPalette(palette);
+    const QString sheet =
+        QStringLiteral("QPushButton, QToolButton { background: %1; color: %2; border: 1px solid transparent;"
+                       " border-radius: 4px; padding: 3px 10px; }"
+                       "QToolButton[offersFiles=\"true\"] { padding-right: 20px; }"
+                       "QPushButton:hover, QToolButton:hover { background: %3; }"
+                       "QPushButton:pressed, QToolButton:pressed { background: %4; }"
+                       "QPushButton:focus, QToolButton:focus { border-color: %2; }"
+                       "QPushButton:disabled, QToolButton:disabled { color: %5; }")
+            .arg(cssColour(button), cssColour(foreground), cssColour(withAlpha(button, 1.6)),
+                 cssColour(withAlpha(button, 2.2)), cssColour(withAlpha(foreground, 0.5)));
+    for (QWidget* control : {static_cast<QWidget*>(openMergeEditor_), static_cast<QWidget*>(skip_),
+                             static_cast<QWidget*>(continue_), static_cast<QWidget*>(abort_)})
+        control->setStyleSheet(sheet);
     showState();
     update();
 }

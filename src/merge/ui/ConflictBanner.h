@@ -6,6 +6,7 @@
 #include <QWidget>
 
 class QLabel;
+class QMenu;
 class QPushButton;
 class QToolButton;
 
@@ -36,6 +37,7 @@ class ConflictBanner final : public QWidget {
     QLabel* icon_;
     QLabel* text_;
     QToolButton* openMergeEditor_;
+    QMenu* files_; // each conflicted file, offered when there is more than one
     QPushButton* skip_;
     QPushButton* continue_;
     QPushButton* abort_;

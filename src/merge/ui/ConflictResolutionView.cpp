@@ -146,6 +146,7 @@ ConflictResolutionView::ConflictResolutionView(RepoEntry repo, ConflictEntry con
 
     auto* footer = new QHBoxLayout;
     footer->addWidget(saveError_, 1);
+    footer->addStretch(1);
     footer->addWidget(retrySave_);
     footer->addWidget(cancel_);
     footer->addWidget(save_);
@@ -223,7 +224,7 @@ void ConflictResolutionView::retranslate() {
     retrySave_->setAccessibleName(localized("Try saving again"));
     cancel_->setText(localized("Cancel"));
     cancel_->setAccessibleName(localized("Close the merge editor without saving"));
-    save_->setText(localized("Save & Stage"));
+    save_->setText(localized("Save & Stage").replace(QLatin1Char('&'), QStringLiteral("&&")));
     save_->setAccessibleName(localized("Save the resolution and stage the file"));
     conflictCount_->setAccessibleName(localized("Conflict position"));
     showLoadState();

@@ -13,6 +13,8 @@
 #include <QMouseEvent>
 #include <QPainter>
 
+#include <algorithm>
+
 namespace orvel {
 
 namespace {
@@ -46,6 +48,18 @@ bool isReword(const QModelIndex& index) {
                RebaseAction::reword;
 }
 
+// The action in bold, the hash in the monospaced font, the subject in the view's own.
+QFont cellFont(const QStyleOptionViewItem& option, int column) {
+    QFont font = option.font;
+    if (column == RebasePlanItemModel::ActionColumn) {
+        font.setBold(true);
+    } else if (column == RebasePlanItemModel::CommitColumn) {
+        font = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+        font.setPointSizeF(option.font.pointSizeF());
+    }
+    return font;
+}
+
 QRect pencilRect(const QRect& cell) {
     return {cell.right() - padding - pencilSize, cell.center().y() - pencilSize / 2, pencilSize, pencilSize};
 }
@@ -67,17 +81,14 @@ void RebasePlanDelegate::paint(QPainter* painter, const QStyleOptionViewItem& op
     const auto action = static_cast<RebaseAction>(index.data(RebasePlanItemModel::ActionRole).toInt());
     QRect area = option.rect.adjusted(padding, 0, -padding, 0);
     QString text = index.data(Qt::DisplayRole).toString();
-    QFont font = option.font;
+    QFont font = cellFont(option, index.column());
     QColor colour = selected ? highlighted : tokens.fg;
     painter->save();
     switch (index.column()) {
     case RebasePlanItemModel::ActionColumn:
-        font.setBold(true);
         colour = selected ? highlighted : actionColour(action);
         break;
     case RebasePlanItemModel::CommitColumn:
-        font = QFontDatabase::systemFont(QFontDatabase::FixedFont);
-        font.setPointSizeF(option.font.pointSizeF());
         colour = selected ? highlighted : tokens.fg2;
         break;
     default:
@@ -103,6 +114,18 @@ void RebasePlanDelegate::paint(QPainter* painter, const QStyleOptionViewItem& op
     painter->drawText(area, Qt::AlignLeft | Qt::AlignVCenter,
                       QFontMetrics(font).elidedText(text, Qt::ElideRight, area.width()));
     painter->restore();
+}
+
+QSize RebasePlanDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const {
+    const QFontMetrics metrics(cellFont(option, index.column()));
+    int width = metrics.horizontalAdvance(index.data(Qt::DisplayRole).toString());
+    // Every action fits, so the column keeps its width when another is chosen.
+    if (index.column() == RebasePlanItemModel::ActionColumn)
+        for (RebaseAction action : allRebaseActions)
+            width = std::max(width, metrics.horizontalAdvance(QString::fromLatin1(rawValue(action))));
+    if (index.column() == RebasePlanItemModel::SubjectColumn)
+        width += pencilSize + padding;
+    return {width + 2 * padding, metrics.height() + 6};
 }
 
 QWidget* RebasePlanDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem& option,

@@ -13,6 +13,7 @@
 #include <QPushButton>
 #include <QTreeView>
 
+#include <algorithm>
 #include <array>
 #include <utility>
 
@@ -51,7 +52,6 @@ RebasePlanSheet::RebasePlanSheet(RepoEntry repo, std::string onto,
       autosquash_(toolButton(this, "rebase-sheet.autosquash")) {
     setObjectName(QStringLiteral("rebase-sheet"));
     setAttribute(Qt::WA_DeleteOnClose);
-    resize(760, 520);
     subtitle_->setTextFormat(Qt::PlainText);
     list_->setObjectName(QStringLiteral("rebase-sheet.commit-list"));
     list_->setRootIsDecorated(false);
@@ -109,6 +109,11 @@ void RebasePlanSheet::showPlan() {
     list_->header()->setSectionResizeMode(RebasePlanItemModel::CommitColumn, QHeaderView::ResizeToContents);
     list_->header()->setStretchLastSection(true);
     list_->setCurrentIndex(rows_->index(0, 0));
+    // Room for the plan and a few added rows, within reason; the sheet fits around it.
+    const int rows = std::clamp(rows_->rowCount() + 3, 6, 16);
+    list_->setMinimumHeight(rows * (list_->fontMetrics().height() + 6) +
+                            list_->header()->sizeHint().height());
+    resize(760, sizeHint().height());
     connect(rows_, &RebasePlanItemModel::planChanged, this, &RebasePlanSheet::showState);
     connect(list_->selectionModel(), &QItemSelectionModel::currentChanged, this, &RebasePlanSheet::showState);
     retranslate();
