@@ -3,6 +3,7 @@
 #include "core/service/GitServiceProtocol.h"
 #include "core/support/Log.h"
 #include "graph/RepoGraphPaneViewModel.h"
+#include "merge/ConflictBannerViewModel.h"
 #include "settings/LocalizationManager.h"
 #include "workspace/FileSystemWatcher.h"
 #include "workspace/ToastManager.h"
@@ -18,11 +19,14 @@ WorkspaceTabState::WorkspaceTabState(RepoEntry repo, std::shared_ptr<GitServiceP
                                      ToastManager& toasts, Options options, QObject* parent)
     : QObject(parent), repo_(std::move(repo)), service_(std::move(service)), toasts_(toasts),
       options_(options), currentBranchName_(repo_.currentBranch),
-      graph_(std::make_unique<RepoGraphPaneViewModel>(repo_, service_, toasts_)) {
+      graph_(std::make_unique<RepoGraphPaneViewModel>(repo_, service_, toasts_)),
+      conflictBanner_(std::make_unique<ConflictBannerViewModel>(repo_, service_, toasts_)) {
     if (!currentBranchName_)
         detachedHead_ = repo_.headHash;
     // A reset, pick or revert from the graph's menu changed the repository.
     connect(graph_.get(), &RepoGraphPaneViewModel::repositoryChanged, this, &WorkspaceTabState::refresh);
+    connect(conflictBanner_.get(), &ConflictBannerViewModel::repositoryChanged, this,
+            &WorkspaceTabState::refresh);
     qCDebug(lcApp, "op=repo.tab.opened count=1");
 }
 
@@ -44,6 +48,7 @@ void WorkspaceTabState::loadData() {
     loadGraphAndMaintain();
     readWorkingTreeCounts();
     loadCurrentBranch();
+    conflictBanner_->refresh();
     if (!fileWatcher_)
         startFileWatcher();
 }
@@ -57,6 +62,7 @@ void WorkspaceTabState::refresh() {
     readWorkingTreeCounts();
     graph_->load();
     loadCurrentBranch();
+    conflictBanner_->refresh();
 }
 
 void WorkspaceTabState::startFileWatcher() {

@@ -6,6 +6,8 @@
 #include "graph/ui/GraphPane.h"
 #include "graph/ui/GraphTableView.h"
 #include "graph/ui/RepoHistoryPane.h"
+#include "merge/ui/ConflictBanner.h"
+#include "merge/ui/RebasePlanSheet.h"
 #include "sidebar/ui/CreateTagSheet.h"
 #include "workspace/WorkspaceTabState.h"
 
@@ -28,10 +30,14 @@ RepositoryTabView::RepositoryTabView(WorkspaceTabState& tab, UserDefaults& defau
     setObjectName(QStringLiteral("repository-tab"));
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    layout->addWidget(new ConflictBanner(tab_.conflictBanner(), this));
     layout->addWidget(historyPane_);
     graphPane().table().viewport()->installEventFilter(this);
     connect(&tab_, &WorkspaceTabState::workingTreeCountsChanged, historyPane_,
-            [pane = historyPane_](int staged, int unstaged) { pane->setWorkingTreeChangeCount(staged + unstaged); });
+            [pane = historyPane_](int staged, int unstaged) {
+                pane->setWorkingTreeChangeCount(staged + unstaged);
+            });
     connect(&tab_.graph(), &RepoGraphPaneViewModel::createBranchRequested, this,
             &RepositoryTabView::showCreateBranch);
     connect(&tab_.graph(), &RepoGraphPaneViewModel::createTagRequested, this,
@@ -59,6 +65,12 @@ void RepositoryTabView::showCreateTag(const std::string& hash) {
     sheet->setAttribute(Qt::WA_DeleteOnClose);
     connect(sheet, &CreateTagSheet::created, &tab_, &WorkspaceTabState::refresh);
     sheet->open();
+}
+
+void RepositoryTabView::showInteractiveRebase(const std::string& target) {
+    // The sheet opens itself once the commits are read, or tells in a toast why it does not.
+    auto* sheet = new RebasePlanSheet(tab_.repo(), target, tab_.service(), tab_.toasts(), this);
+    connect(sheet, &RebasePlanSheet::rebaseEnded, &tab_, &WorkspaceTabState::refresh);
 }
 
 void RepositoryTabView::saveSplitterStates() const {

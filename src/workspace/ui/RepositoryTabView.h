@@ -28,6 +28,10 @@ class RepositoryTabView final : public QWidget {
     // Writes the state of every named splitter, so that the next tab opens with the same layout.
     void saveSplitterStates() const;
 
+  public slots:
+    // Reads the commits between `target` and HEAD and opens the plan of an interactive rebase.
+    void showInteractiveRebase(const std::string& target);
+
   signals:
     // The graph has been painted with its commits for the first time.
     void graphPainted();
