@@ -5,11 +5,11 @@
 #include "graph/RepoGraphPaneViewModel.h"
 #include "settings/LocalizationManager.h"
 #include "workspace/FileSystemWatcher.h"
+#include "workspace/RemoteChoice.h"
 #include "workspace/ToastManager.h"
 
 #include <QPointer>
 
-#include <algorithm>
 #include <filesystem>
 
 namespace orvel {
@@ -55,6 +55,11 @@ void WorkspaceTabState::loadCurrentBranch() {
 void WorkspaceTabState::refresh() {
     qCDebug(lcApp, "op=sidebar.refreshRequested reason=user");
     readWorkingTreeCounts();
+    graph_->load();
+    loadCurrentBranch();
+}
+
+void WorkspaceTabState::reloadAfterFetch() {
     graph_->load();
     loadCurrentBranch();
 }
@@ -110,11 +115,12 @@ QCoro::Task<void> WorkspaceTabState::readCurrentBranch() {
         const std::vector<BranchEntry> branches = co_await service->branches(repo);
         if (!ticket.isCurrent())
             co_return;
-        const auto current = std::find_if(branches.begin(), branches.end(), [](const BranchEntry& branch) {
-            return branch.isCurrent && !branch.isRemote;
-        });
+        if (branches != branches_) {
+            branches_ = branches;
+            emit branchesChanged();
+        }
         std::optional<std::string> name;
-        if (current != branches.end())
+        if (const BranchEntry* current = currentLocalBranch(branches))
             name = current->name;
         std::optional<std::string> detachedHead;
         if (!name) {

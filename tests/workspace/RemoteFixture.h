@@ -1,0 +1,91 @@
+// A repository with a local bare repository as its origin and a second clone that pushes to the
+// same origin, so that the local branch can fall behind or diverge; the application model over the
+// real git with the local repository open as its one tab.
+#pragma once
+
+#include "core/process/SubprocessExecutor.h"
+#include "core/queue/GitOpRunner.h"
+#include "core/service/NativeGitService.h"
+#include "core/support/UserDefaults.h"
+#include "support/Await.h"
+#include "support/DrainQueue.h"
+#include "support/GitFixture.h"
+#include "workspace/AppViewModel.h"
+
+#include <QCoreApplication>
+
+#include <chrono>
+
+#include <gtest/gtest.h>
+
+namespace orvel::test {
+
+// Spins the event loop until `condition` holds; false after the time-out.
+template <typename Condition>
+bool eventually(Condition condition, std::chrono::seconds timeout = std::chrono::seconds(20)) {
+    const auto deadline = std::chrono::steady_clock::now() + timeout;
+    while (!condition()) {
+        if (std::chrono::steady_clock::now() > deadline)
+            return false;
+        QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
+    }
+    return true;
+}
+
+class RemoteFixture : public ::testing::Test {
+  protected:
+    RemoteFixture() {
+        local.write("file.txt", "one\n");
+        local.commitAll("first");
+        local.git({"remote", "add", "origin", origin.path()});
+        local.git({"push", "-q", "-u", "origin", "main"});
+        git(clones.path(), {"clone", "-q", origin.path(), "other"});
+        // Every toast raised, in order, also those that the five-toast limit pushed out.
+        QObject::connect(&model.toastManager(), &ToastManager::toastsChanged, [this] {
+            const auto& toasts = model.toastManager().toasts();
+            if (!toasts.empty() && toasts.back().id != lastToastId) {
+                lastToastId = toasts.back().id;
+                shown.append(toasts.back().message);
+            }
+        });
+    }
+    ~RemoteFixture() override { drainQueue(*runner); }
+
+    // Opens the local repository and waits until its tab knows its branches.
+    WorkspaceTabState& openLocal() {
+        await(model.openRepository(local.path()));
+        WorkspaceTabState* tab = model.activeTab();
+        EXPECT_TRUE(eventually([tab] { return !tab->branches().empty(); }));
+        return *tab;
+    }
+
+    // A commit in the other clone, pushed to origin.
+    void commitElsewhere(const std::string& file, const std::string& content) {
+        git(other, {"pull", "-q", "--ff-only"});
+        writeFile(clones / ("other/" + file), content);
+        git(other, {"add", "-A"});
+        git(other, {"commit", "-q", "-m", "elsewhere " + file});
+        git(other, {"push", "-q", "origin", "main"});
+    }
+
+    // The last toast's text, or nothing.
+    QString lastToast() {
+        const auto& toasts = model.toastManager().toasts();
+        return toasts.empty() ? QString() : toasts.back().message;
+    }
+
+
+    TempRepo origin{TempRepo::Kind::bare};
+    TempRepo local;
+    TempDir clones;
+    std::string other = clones / "other";
+    InMemoryUserDefaults defaults;
+    std::shared_ptr<GitOpRunner> runner = std::make_shared<GitOpRunner>(2);
+    std::shared_ptr<NativeGitService> service =
+        std::make_shared<NativeGitService>(std::make_shared<SubprocessExecutor>(std::nullopt, defaults), runner);
+    AppViewModel model{service, defaults};
+    QStringList shown;
+    QUuid lastToastId;
+};
+
+} // namespace orvel::test
