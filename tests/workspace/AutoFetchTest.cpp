@@ -28,6 +28,7 @@ class AutoFetch : public test::RemoteFixture {
         ASSERT_TRUE(wakeUp);
         wakeUp();
         ASSERT_TRUE(test::eventually([this] { return pending || scheduler().isBackedOff(); }));
+        test::drainQueue(*runner);
     }
 
     std::vector<std::chrono::seconds> delays;
@@ -72,14 +73,14 @@ TEST_F(AutoFetch, BrokenRemoteBacksOffAfterThreeFailuresAndAWorkingManualFetchRe
     EXPECT_EQ(shown.count(paused), 1);
 
     WorkspaceCommands commands(model, QStringLiteral("toolbar"));
-    test::await(commands.fetch());
+    run(commands.fetch());
     EXPECT_TRUE(lastToast().startsWith("Fetch failed: ")) << lastToast().toStdString();
     EXPECT_TRUE(scheduler().isBackedOff());
 
     local.git({"remote", "set-url", "origin", origin.path()});
     commitElsewhere("later.txt", "later\n");
     const qsizetype before = shown.size();
-    test::await(commands.fetch());
+    run(commands.fetch());
     EXPECT_EQ(shown.mid(before), (QStringList{"Fetched from origin", "Auto-fetch resumed."}));
     EXPECT_EQ(local.rev("origin/main"), origin.rev("main"));
     EXPECT_FALSE(scheduler().isBackedOff());

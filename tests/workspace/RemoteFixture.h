@@ -51,12 +51,20 @@ class RemoteFixture : public ::testing::Test {
     }
     ~RemoteFixture() override { drainQueue(*runner); }
 
-    // Opens the local repository and waits until its tab knows its branches.
+    // Opens the local repository and waits until its tab knows its branches. The tab's watcher is
+    // stopped: its refreshes would race with the test's own git for the index lock.
     WorkspaceTabState& openLocal() {
         await(model.openRepository(local.path()));
         WorkspaceTabState* tab = model.activeTab();
         EXPECT_TRUE(eventually([tab] { return !tab->branches().empty(); }));
+        tab->cancelAllTasks();
         return *tab;
+    }
+
+    // Runs a command to its end, and the refresh it started too.
+    void run(QCoro::Task<void> command) {
+        await(std::move(command));
+        drainQueue(*runner);
     }
 
     // A commit in the other clone, pushed to origin.

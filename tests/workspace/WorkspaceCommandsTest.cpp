@@ -51,7 +51,7 @@ TEST_F(Commands, PullWithEachStrategy) {
             local.write(pull.history == History::conflicting ? "file.txt" : name + "-local.txt", name + " here\n");
             local.commitAll("local " + name);
         }
-        test::await(commands.pull(pull.strategy));
+        run(commands.pull(pull.strategy));
 
         ASSERT_FALSE(model.toastManager().toasts().empty());
         EXPECT_TRUE(lastToast().startsWith(pull.toast)) << lastToast().toStdString();
@@ -72,7 +72,7 @@ TEST_F(Commands, PushThenForcePushOverARemoteThatMovedOn) {
     openLocal();
     local.write("mine.txt", "mine\n");
     local.commitAll("mine");
-    test::await(commands.push());
+    run(commands.push());
     EXPECT_EQ(lastToast(), "Pushed to origin");
     EXPECT_EQ(origin.rev("main"), local.head());
 
@@ -81,12 +81,12 @@ TEST_F(Commands, PushThenForcePushOverARemoteThatMovedOn) {
     local.write("mine.txt", "mine, rewritten\n");
     local.git({"commit", "-q", "-a", "--amend", "-m", "mine again"});
     test::LogCapture log;
-    test::await(commands.push());
+    run(commands.push());
     EXPECT_TRUE(lastToast().startsWith("Push failed: ")) << lastToast().toStdString();
     EXPECT_TRUE(log.text().contains("op=menu.push reason=")) << log.text().toStdString();
     EXPECT_NE(origin.rev("main"), local.head());
 
-    test::await(commands.forcePush());
+    run(commands.forcePush());
     EXPECT_EQ(lastToast(), "Force pushed to origin");
     EXPECT_EQ(origin.rev("main"), local.head());
     EXPECT_FALSE(model.activityMessage());
@@ -94,17 +94,17 @@ TEST_F(Commands, PushThenForcePushOverARemoteThatMovedOn) {
 
 TEST_F(Commands, StashWithItsNameAndNothingToStashOnACleanTree) {
     openLocal();
-    test::await(commands.stash(QStringLiteral("my work")));
+    run(commands.stash(QStringLiteral("my work")));
     EXPECT_EQ(lastToast(), "Nothing to stash; working tree is clean");
     local.write("file.txt", "changed\n");
     local.write("new.txt", "untracked\n");
-    test::await(commands.stash(WorkspaceCommands::stashPlaceholder("main", QDateTime({2026, 3, 4}, {5, 6, 7}))));
+    run(commands.stash(WorkspaceCommands::stashPlaceholder("main", QDateTime({2026, 3, 4}, {5, 6, 7}))));
     EXPECT_EQ(lastToast(), "Changes stashed");
     EXPECT_TRUE(QString::fromStdString(local.git({"stash", "list"}))
                     .contains(QRegularExpression("On main: WIP_main_04\\.03\\.26\\.05\\.06\\.07_[A-Za-z0-9]{5}\n")));
     EXPECT_EQ(local.read("file.txt"), "one\n");
     EXPECT_FALSE(std::filesystem::exists(local / "new.txt"));
-    test::await(commands.popStash());
+    run(commands.popStash());
     EXPECT_EQ(lastToast(), "Stash popped");
     EXPECT_EQ(local.read("new.txt"), "untracked\n");
 }
@@ -145,7 +145,7 @@ TEST_F(Commands, CreateBranchKeepsStashesOrDiscardsLocalChangesAndNeverLosesThem
         const qsizetype before = shown.size();
         if (branch.dirty)
             local.write("file.txt", "changed\n");
-        test::await(commands.createBranch({branch.name, true, branch.option}));
+        run(commands.createBranch({branch.name, true, branch.option}));
 
         const QStringList raised = shown.mid(before);
         ASSERT_EQ(raised.size(), branch.toasts.size()) << raised.join(" | ").toStdString();
@@ -165,18 +165,18 @@ TEST_F(Commands, DiscardRunsOnlyAfterTheConfirmation) {
     local.write("file.txt", "changed\n");
     local.write("second.txt", "untracked\n");
     QSignalSpy asked(&commands, &WorkspaceCommands::discardConfirmationNeeded);
-    test::await(commands.createBranch({"fresh", false, LocalChangesOption::discard}));
+    run(commands.createBranch({"fresh", false, LocalChangesOption::discard}));
     ASSERT_EQ(asked.size(), 1);
     EXPECT_EQ(asked[0][0].toInt(), 2);
     EXPECT_EQ(local.read("file.txt"), "changed\n");
     EXPECT_FALSE(local.gitAllowingFailure({"rev-parse", "--verify", "-q", "fresh"}).exitCode == 0);
 
     commands.cancelDiscard();
-    test::await(commands.confirmDiscard());
+    run(commands.confirmDiscard());
     EXPECT_EQ(local.read("file.txt"), "changed\n");
 
-    test::await(commands.createBranch({"fresh", false, LocalChangesOption::discard}));
-    test::await(commands.confirmDiscard());
+    run(commands.createBranch({"fresh", false, LocalChangesOption::discard}));
+    run(commands.confirmDiscard());
     EXPECT_EQ(local.read("file.txt"), "one\n");
     EXPECT_EQ(local.rev("fresh"), local.head());
     EXPECT_EQ(lastToast(), "Created branch 'fresh'");
