@@ -3,7 +3,7 @@
 #include "settings/ThemeEngine.h"
 
 #include <QPainter>
-#include <QStyleOptionToolButton>
+#include <QStyle>
 
 namespace orvel {
 
@@ -24,26 +24,24 @@ void GitToolbarButton::paintEvent(QPaintEvent* event) {
     QToolButton::paintEvent(event);
     if (badge_ <= 0)
         return;
-    QStyleOptionToolButton option;
-    initStyleOption(&option);
-    const QRect icon = style()->subControlRect(QStyle::CC_ToolButton, &option, QStyle::SC_ToolButton, this);
     QFont font = this->font();
-    font.setPointSizeF(font.pointSizeF() * 0.75);
+    font.setPixelSize(10);
     font.setBold(true);
     const QString text = badge_ > 99 ? QStringLiteral("99+") : QString::number(badge_);
     const QFontMetrics metrics(font);
-    const int height = metrics.height();
+    const int height = metrics.height() + 2;
     const int width = std::max(height, metrics.horizontalAdvance(text) + height / 2);
-    // On the icon's top-right corner, inside the button.
-    const int left = std::min(icon.left() + iconSize().width() + 2, rect().right() - width);
-    const QRectF pill(left - width / 2.0 + 4, 1, width, height);
+    // Centred on the icon's top-right corner; the icon stands at the left after the frame's margin.
+    const int margin = style()->pixelMetric(QStyle::PM_ButtonMargin, nullptr, this) / 2 + 2;
+    const QRectF pill(margin + iconSize().width() - width / 2.0, 1, width, height);
     const ThemeTokens& tokens = ThemeEngine::shared().currentTokens();
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
     painter.setBrush(tokens.accent);
     painter.drawRoundedRect(pill, height / 2.0, height / 2.0);
-    painter.setPen(tokens.accentText);
+    // The window's colour reads on the accent in both schemes.
+    painter.setPen(tokens.window);
     painter.setFont(font);
     painter.drawText(pill, Qt::AlignCenter, text);
 }
