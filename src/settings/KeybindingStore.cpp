@@ -206,8 +206,9 @@ void KeybindingStore::persist() {
         return;
     QJsonObject object;
     for (const auto& [id, binding] : bindings_)
-        object.insert(rawValue(id), QJsonObject{{QStringLiteral("key"), binding.key},
-                                                {QStringLiteral("modifiers"), static_cast<qint64>(binding.modifiers)}});
+        object.insert(rawValue(id),
+                      QJsonObject{{QStringLiteral("key"), binding.key},
+                                  {QStringLiteral("modifiers"), static_cast<qint64>(binding.modifiers)}});
     defaults_->setValue(storeKey, QJsonDocument(object).toJson(QJsonDocument::Compact));
 }
 

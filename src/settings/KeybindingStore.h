@@ -18,9 +18,10 @@ class UserDefaults;
 
 enum class KeyBindingID { searchHistory, fetch, pull, push, newBranch, newTag, stashChanges, openRepository };
 
-inline constexpr std::array allKeyBindingIDs = {
-    KeyBindingID::searchHistory, KeyBindingID::fetch,   KeyBindingID::pull,         KeyBindingID::push,
-    KeyBindingID::newBranch,     KeyBindingID::newTag,  KeyBindingID::stashChanges, KeyBindingID::openRepository};
+inline constexpr std::array allKeyBindingIDs = {KeyBindingID::searchHistory, KeyBindingID::fetch,
+                                                KeyBindingID::pull,          KeyBindingID::push,
+                                                KeyBindingID::newBranch,     KeyBindingID::newTag,
+                                                KeyBindingID::stashChanges,  KeyBindingID::openRepository};
 
 // The stored name of `id` ("searchHistory", "fetch", ...).
 QString rawValue(KeyBindingID id);

@@ -7,8 +7,9 @@ namespace orvel {
 void bindShortcut(QAction& action, KeyBindingID id) {
     KeybindingStore& store = KeybindingStore::shared();
     action.setShortcut(store.binding(id).keySequence());
-    QObject::connect(&store, &KeybindingStore::bindingsChanged, &action,
-                     [&action, id] { action.setShortcut(KeybindingStore::shared().binding(id).keySequence()); });
+    QObject::connect(&store, &KeybindingStore::bindingsChanged, &action, [&action, id] {
+        action.setShortcut(KeybindingStore::shared().binding(id).keySequence());
+    });
 }
 
 } // namespace orvel

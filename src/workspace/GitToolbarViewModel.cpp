@@ -24,7 +24,8 @@ void GitToolbarViewModel::setSelectedPullStrategy(PullStrategy strategy) {
 void GitToolbarViewModel::followActiveTab() {
     disconnect(branchesConnection_);
     if (WorkspaceTabState* tab = app_.activeTab())
-        branchesConnection_ = connect(tab, &WorkspaceTabState::branchesChanged, this, &GitToolbarViewModel::readCounts);
+        branchesConnection_ =
+            connect(tab, &WorkspaceTabState::branchesChanged, this, &GitToolbarViewModel::readCounts);
     readCounts();
     emit activeTabChanged();
 }

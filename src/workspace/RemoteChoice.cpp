@@ -5,8 +5,9 @@
 namespace orvel {
 
 const BranchEntry* currentLocalBranch(const std::vector<BranchEntry>& branches) {
-    const auto found = std::find_if(branches.begin(), branches.end(),
-                                    [](const BranchEntry& branch) { return branch.isCurrent && !branch.isRemote; });
+    const auto found = std::find_if(branches.begin(), branches.end(), [](const BranchEntry& branch) {
+        return branch.isCurrent && !branch.isRemote;
+    });
     return found == branches.end() ? nullptr : &*found;
 }
 

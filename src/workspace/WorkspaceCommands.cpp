@@ -111,7 +111,8 @@ QCoro::Task<void> WorkspaceCommands::pull(PullStrategy strategy) {
         logFailure("pull", *failure);
         toasts.show(localized("Pull failed: %1", text(*failure)), ToastType::error);
     } else if (const auto* conflict = std::get_if<Conflicted>(&*result)) {
-        toasts.show(localized("Pull conflict in %1 file(s)", count(conflict->files.size())), ToastType::error);
+        toasts.show(localized("Pull conflict in %1 file(s)", count(conflict->files.size())),
+                    ToastType::error);
     } else if (std::holds_alternative<merge::Merged>(*result)) {
         toasts.show(localized("Pulled (merge)"), ToastType::notice);
     } else if (std::holds_alternative<merge::FastForward>(*result)) {
@@ -138,8 +139,8 @@ QCoro::Task<void> WorkspaceCommands::pushTo(bool force) {
     QPointer<WorkspaceCommands> self(this);
     ActivityScope activity(app_, force ? localized("Force pushing…") : localized("Pushing…"));
     auto service = app_.service();
-    auto operation =
-        force ? service->forcePush(target->repo, target->remote) : service->push(target->repo, target->remote);
+    auto operation = force ? service->forcePush(target->repo, target->remote)
+                           : service->push(target->repo, target->remote);
     const std::optional<std::string> failure = co_await failureOf(std::move(operation));
     if (!self)
         co_return;
@@ -286,7 +287,8 @@ QCoro::Task<void> WorkspaceCommands::runBranchCreation(BranchRequest request) {
 
     if (stashes) {
         const std::string message = "Auto-stash before creating branch '" + name + "'";
-        const std::optional<std::string> failure = co_await failureOf(service->stashSave(repo, message, true));
+        const std::optional<std::string> failure =
+            co_await failureOf(service->stashSave(repo, message, true));
         if (!self)
             co_return;
         if (failure) {
@@ -313,9 +315,10 @@ QCoro::Task<void> WorkspaceCommands::runBranchCreation(BranchRequest request) {
         logFailure("createBranch", *failure);
         toasts.show(localized("Create branch failed: %1", text(*failure)), ToastType::error);
         if (stashes)
-            toasts.show(localized("Your changes were auto-stashed before the failed operation. Reapply from the "
-                                  "Stash section to recover them."),
-                        ToastType::warning);
+            toasts.show(
+                localized("Your changes were auto-stashed before the failed operation. Reapply from the "
+                          "Stash section to recover them."),
+                ToastType::warning);
         target->refresh();
         co_return;
     }
@@ -350,10 +353,11 @@ QCoro::Task<void> WorkspaceCommands::runBranchCreation(BranchRequest request) {
             co_return;
         if (failure) {
             logFailure("createBranch.stashPop", *failure);
-            toasts.show(localized("Branch created, but your changes are still on the stash stack. Reapply from "
-                                  "the Stash section. (%1)",
-                                  text(*failure)),
-                        ToastType::warning);
+            toasts.show(
+                localized("Branch created, but your changes are still on the stash stack. Reapply from "
+                          "the Stash section. (%1)",
+                          text(*failure)),
+                ToastType::warning);
         } else if (const auto* conflict = std::get_if<Conflicted>(&*reapplied)) {
             qCDebug(lcApp, "op=%s.createBranch.stashPop result=conflict files=%ld", host_.constData(),
                     static_cast<long>(conflict->files.size()));
@@ -370,8 +374,9 @@ QString WorkspaceCommands::forcePushWarning(int behind) {
         return localized("The remote branch has %1 commit(s) that are not in yours. Force pushing replaces "
                          "the remote branch with yours, and those commits are lost for everyone.",
                          QString::number(behind));
-    return localized("Force pushing replaces the remote branch with yours. Commits on the remote that are not in "
-                     "yours are lost for everyone.");
+    return localized(
+        "Force pushing replaces the remote branch with yours. Commits on the remote that are not in "
+        "yours are lost for everyone.");
 }
 
 QString WorkspaceCommands::stashPlaceholder(const QString& branch, const QDateTime& now) {
@@ -380,7 +385,8 @@ QString WorkspaceCommands::stashPlaceholder(const QString& branch, const QDateTi
     QString suffix;
     for (int index = 0; index < 5; ++index)
         suffix.append(alphabet.at(QRandomGenerator::global()->bounded(alphabet.size())));
-    return QStringLiteral("WIP_%1_%2_%3").arg(branch, now.toString(QStringLiteral("dd.MM.yy.HH.mm.ss")), suffix);
+    return QStringLiteral("WIP_%1_%2_%3")
+        .arg(branch, now.toString(QStringLiteral("dd.MM.yy.HH.mm.ss")), suffix);
 }
 
 } // namespace orvel

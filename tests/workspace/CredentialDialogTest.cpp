@@ -39,7 +39,8 @@ TEST(CredentialDialog, AnswersGitsQuestionsAndHidesThePassword) {
     for (const auto& [asked, answer] : questions) {
         const QString question = QString::fromLatin1(asked);
         ASSERT_TRUE(test::eventually([&] {
-            return dialog.isVisible() && dialog.findChild<QLabel*>("credential.message")->text().startsWith(question);
+            return dialog.isVisible() &&
+                   dialog.findChild<QLabel*>("credential.message")->text().startsWith(question);
         }));
         const bool secret = question.startsWith("Password");
         EXPECT_EQ(input.echoMode(), secret ? QLineEdit::Password : QLineEdit::Normal);

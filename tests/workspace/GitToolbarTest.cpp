@@ -68,13 +68,15 @@ TEST_F(Toolbar, BadgesForceThroughTheWarningAndANamedStash) {
     QMessageBox* warning = openDialog<QMessageBox>();
     ASSERT_TRUE(warning);
     EXPECT_EQ(warning->text(), "Force Push");
-    EXPECT_TRUE(warning->informativeText().contains("1 commit(s)")) << warning->informativeText().toStdString();
+    EXPECT_TRUE(warning->informativeText().contains("1 commit(s)"))
+        << warning->informativeText().toStdString();
     EXPECT_EQ(warning->escapeButton(), warning->defaultButton());
     for (QAbstractButton* button : warning->buttons())
         if (button->text() == "Force Push")
             button->click();
     ASSERT_TRUE(test::eventually([&] { return origin.rev("main") == local.head(); }));
-    ASSERT_TRUE(test::eventually([&] { return !model.activityMessage() && shown.contains("Force pushed to origin"); }));
+    ASSERT_TRUE(test::eventually(
+        [&] { return !model.activityMessage() && shown.contains("Force pushed to origin"); }));
     test::drainQueue(*runner);
 
     local.write("a.txt", "changed");

@@ -33,8 +33,9 @@ TEST(KeyBindings, StoredDataKeepsTheUsersChoicesAndFallsBackToDefaults) {
     const StoredCase cases[] = {
         {"nothing stored", QVariant(), pushDefault, pullDefault},
         {"only push", QByteArray(R"({"push":{"key":"k","modifiers":8}})"), mine, pullDefault},
-        {"an unknown command", QByteArray(R"({"archive":{"key":"a","modifiers":16},"push":{"key":"k","modifiers":8}})"),
-         mine, pullDefault},
+        {"an unknown command",
+         QByteArray(R"({"archive":{"key":"a","modifiers":16},"push":{"key":"k","modifiers":8}})"), mine,
+         pullDefault},
         {"not JSON", QByteArray("\x01garbage"), pushDefault, pullDefault},
         {"a malformed entry", QByteArray(R"({"push":{"key":"k","modifiers":-1}})"), pushDefault, pullDefault},
     };
@@ -51,7 +52,8 @@ TEST(KeyBindings, StoredDataKeepsTheUsersChoicesAndFallsBackToDefaults) {
         // Reading never writes.
         EXPECT_EQ(defaults.value(storeKey), stored.stored);
     }
-    const KeyBinding all{"k", KeyBinding::command | KeyBinding::shift | KeyBinding::option | KeyBinding::control};
+    const KeyBinding all{"k",
+                         KeyBinding::command | KeyBinding::shift | KeyBinding::option | KeyBinding::control};
     EXPECT_EQ(all.displayString(), "⌃⌥⇧⌘K");
     EXPECT_EQ(all.keySequence(), QKeySequence(Qt::META | Qt::CTRL | Qt::ALT | Qt::SHIFT | Qt::Key_K));
 }
@@ -90,8 +92,10 @@ TEST_F(Rebinding, RecordedShortcutReachesTheMenuAndPersists) {
 
     KeybindingStore restarted;
     restarted.start(defaults);
-    EXPECT_EQ(restarted.binding(KeyBindingID::fetch), (KeyBinding{"l", KeyBinding::command | KeyBinding::shift}));
-    EXPECT_EQ(restarted.binding(KeyBindingID::pull), (KeyBinding{"l", KeyBinding::command | KeyBinding::shift}));
+    EXPECT_EQ(restarted.binding(KeyBindingID::fetch),
+              (KeyBinding{"l", KeyBinding::command | KeyBinding::shift}));
+    EXPECT_EQ(restarted.binding(KeyBindingID::pull),
+              (KeyBinding{"l", KeyBinding::command | KeyBinding::shift}));
 
     settings.findChild<QPushButton*>("keybinding.row.fetch.reset")->click();
     EXPECT_EQ(fetch.shortcut().toString(QKeySequence::NativeText), "Ctrl+Shift+F");

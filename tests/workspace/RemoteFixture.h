@@ -82,15 +82,14 @@ class RemoteFixture : public ::testing::Test {
         return toasts.empty() ? QString() : toasts.back().message;
     }
 
-
     TempRepo origin{TempRepo::Kind::bare};
     TempRepo local;
     TempDir clones;
     std::string other = clones / "other";
     InMemoryUserDefaults defaults;
     std::shared_ptr<GitOpRunner> runner = std::make_shared<GitOpRunner>(2);
-    std::shared_ptr<NativeGitService> service =
-        std::make_shared<NativeGitService>(std::make_shared<SubprocessExecutor>(std::nullopt, defaults), runner);
+    std::shared_ptr<NativeGitService> service = std::make_shared<NativeGitService>(
+        std::make_shared<SubprocessExecutor>(std::nullopt, defaults), runner);
     AppViewModel model{service, defaults};
     QStringList shown;
     QUuid lastToastId;

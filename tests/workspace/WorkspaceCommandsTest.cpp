@@ -48,7 +48,8 @@ TEST_F(Commands, PullWithEachStrategy) {
         const std::string name = "r" + std::to_string(++round);
         commitElsewhere(pull.history == History::conflicting ? "file.txt" : name + ".txt", name + " there\n");
         if (pull.history != History::behind) {
-            local.write(pull.history == History::conflicting ? "file.txt" : name + "-local.txt", name + " here\n");
+            local.write(pull.history == History::conflicting ? "file.txt" : name + "-local.txt",
+                        name + " here\n");
             local.commitAll("local " + name);
         }
         run(commands.pull(pull.strategy));
@@ -58,7 +59,8 @@ TEST_F(Commands, PullWithEachStrategy) {
         EXPECT_EQ(model.toastManager().toasts().back().type, pull.type);
         EXPECT_FALSE(model.activityMessage());
         if (pull.type == ToastType::notice)
-            EXPECT_EQ(local.gitAllowingFailure({"merge-base", "--is-ancestor", "origin/main", "HEAD"}).exitCode, 0);
+            EXPECT_EQ(
+                local.gitAllowingFailure({"merge-base", "--is-ancestor", "origin/main", "HEAD"}).exitCode, 0);
         if (pull.strategy == PullStrategy::rebase)
             EXPECT_EQ(local.rev("HEAD~1"), local.rev("origin/main"));
         if (pull.history == History::conflicting) {
@@ -100,8 +102,9 @@ TEST_F(Commands, StashWithItsNameAndNothingToStashOnACleanTree) {
     local.write("new.txt", "untracked\n");
     run(commands.stash(WorkspaceCommands::stashPlaceholder("main", QDateTime({2026, 3, 4}, {5, 6, 7}))));
     EXPECT_EQ(lastToast(), "Changes stashed");
-    EXPECT_TRUE(QString::fromStdString(local.git({"stash", "list"}))
-                    .contains(QRegularExpression("On main: WIP_main_04\\.03\\.26\\.05\\.06\\.07_[A-Za-z0-9]{5}\n")));
+    EXPECT_TRUE(
+        QString::fromStdString(local.git({"stash", "list"}))
+            .contains(QRegularExpression("On main: WIP_main_04\\.03\\.26\\.05\\.06\\.07_[A-Za-z0-9]{5}\n")));
     EXPECT_EQ(local.read("file.txt"), "one\n");
     EXPECT_FALSE(std::filesystem::exists(local / "new.txt"));
     run(commands.popStash());
@@ -125,16 +128,35 @@ struct BranchCase {
 
 TEST_F(Commands, CreateBranchKeepsStashesOrDiscardsLocalChangesAndNeverLosesThemSilently) {
     const BranchCase cases[] = {
-        {"keep", LocalChangesOption::dontChange, "keep", true, {"Created and checked out 'keep'"}, false,
+        {"keep",
+         LocalChangesOption::dontChange,
+         "keep",
+         true,
+         {"Created and checked out 'keep'"},
+         false,
          "changed\n"},
-        {"stash and reapply", LocalChangesOption::stashAndReapply, "carried", true,
-         {"Created and checked out 'carried'"}, false, "changed\n"},
-        {"stash, then creation fails", LocalChangesOption::stashAndReapply, "main", true,
-         {"Create branch failed: ",
-          "Your changes were auto-stashed before the failed operation. Reapply from the Stash section to recover "
-          "them."},
-         true, "one\n"},
-        {"stash on a clean tree", LocalChangesOption::stashAndReapply, "never", false, {"Stash failed: "}, false,
+        {"stash and reapply",
+         LocalChangesOption::stashAndReapply,
+         "carried",
+         true,
+         {"Created and checked out 'carried'"},
+         false,
+         "changed\n"},
+        {"stash, then creation fails",
+         LocalChangesOption::stashAndReapply,
+         "main",
+         true,
+         {"Create branch failed: ", "Your changes were auto-stashed before the failed operation. Reapply "
+                                    "from the Stash section to recover "
+                                    "them."},
+         true,
+         "one\n"},
+        {"stash on a clean tree",
+         LocalChangesOption::stashAndReapply,
+         "never",
+         false,
+         {"Stash failed: "},
+         false,
          "one\n"},
     };
     openLocal();

@@ -5,6 +5,7 @@
 #include "settings/LocalizationManager.h"
 #include "widgets/OInlineMessage.h"
 
+#include <QButtonGroup>
 #include <QCheckBox>
 #include <QFontDatabase>
 #include <QFormLayout>
@@ -14,7 +15,6 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QToolButton>
-#include <QButtonGroup>
 #include <QVBoxLayout>
 
 namespace orvel {
@@ -43,9 +43,9 @@ CreateBranchSheet::CreateBranchSheet(RepoEntry repo, std::string startPoint,
 
 // The model never runs git here: Create hands the name over instead.
 CreateBranchSheet::CreateBranchSheet(const QString& currentBranchName, QWidget* parent)
-    : CreateBranchSheet(new CreateBranchViewModel({}, currentBranchName.toStdString(), nullptr,
-                                                  spaceReplacementSetting()),
-                        true, parent) {}
+    : CreateBranchSheet(
+          new CreateBranchViewModel({}, currentBranchName.toStdString(), nullptr, spaceReplacementSetting()),
+          true, parent) {}
 
 CreateBranchSheet::CreateBranchSheet(CreateBranchViewModel* model, bool handsOver, QWidget* parent)
     : OSheet(parent), model_(model), startPointLabel_(new QLabel(this)),

@@ -31,10 +31,10 @@ GitToolbar::GitToolbar(AppViewModel& app, QWidget* parent)
     connect(pull_, &QToolButton::clicked, model_, [this] { model_->pull(); });
     pull_->setPopupMode(QToolButton::MenuButtonPopup);
     pull_->setMenu(pullMenu_);
-    for (const auto& [strategy, identifier] : {std::pair{PullStrategy::merge, "merge"},
-                                               std::pair{PullStrategy::rebase, "rebase"},
-                                               std::pair{PullStrategy::fastForwardOnly, "ff-only"},
-                                               std::pair{PullStrategy::useConfig, "use-config"}}) {
+    for (const auto& [strategy, identifier] :
+         {std::pair{PullStrategy::merge, "merge"}, std::pair{PullStrategy::rebase, "rebase"},
+          std::pair{PullStrategy::fastForwardOnly, "ff-only"},
+          std::pair{PullStrategy::useConfig, "use-config"}}) {
         QAction* action = pullMenu_->addAction(QString());
         action->setObjectName(QStringLiteral("toolbar.pull.") + QLatin1String(identifier));
         action->setCheckable(true);
@@ -70,7 +70,8 @@ GitToolbar::GitToolbar(AppViewModel& app, QWidget* parent)
     connect(model_, &GitToolbarViewModel::activeTabChanged, this, &GitToolbar::showState);
     connect(&app, &AppViewModel::activityChanged, this, &GitToolbar::showState);
     // Over the welcome page there is no tab to act on.
-    connect(&app, &AppViewModel::modeChanged, this, [this, &app] { setVisible(app.mode() == AppMode::working); });
+    connect(&app, &AppViewModel::modeChanged, this,
+            [this, &app] { setVisible(app.mode() == AppMode::working); });
     setVisible(app.mode() == AppMode::working);
     retranslate();
 }
@@ -86,8 +87,8 @@ GitToolbarButton* GitToolbar::addButton(const char* identifier, const char* icon
 void GitToolbar::retranslate() {
     setWindowTitle(localized("Git Toolbar"));
     const std::pair<GitToolbarButton*, QString> labels[] = {
-        {fetch_, localized("Fetch")},   {pull_, localized("Pull")},       {push_, localized("Push")},
-        {branch_, localized("Branch")}, {tag_, localized("New Tag")},    {stash_, localized("Stash")}};
+        {fetch_, localized("Fetch")},   {pull_, localized("Pull")},   {push_, localized("Push")},
+        {branch_, localized("Branch")}, {tag_, localized("New Tag")}, {stash_, localized("Stash")}};
     for (const auto& [button, text] : labels) {
         button->setText(text);
         button->setAccessibleName(text);

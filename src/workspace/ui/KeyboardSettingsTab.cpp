@@ -11,7 +11,8 @@
 
 namespace orvel {
 
-KeyboardSettingsTab::KeyboardSettingsTab(QWidget* parent) : QWidget(parent), resetAll_(new QPushButton(this)) {
+KeyboardSettingsTab::KeyboardSettingsTab(QWidget* parent)
+    : QWidget(parent), resetAll_(new QPushButton(this)) {
     setObjectName(QStringLiteral("keybinding.tab"));
     // Eight fixed commands: a form, not a list that grows.
     auto* grid = new QGridLayout;
@@ -21,7 +22,8 @@ KeyboardSettingsTab::KeyboardSettingsTab(QWidget* parent) : QWidget(parent), res
         const QString stem = QStringLiteral("keybinding.row.") + rawValue(id);
         Row row{new QLabel(this), new QLabel(this), new QPushButton(this), new QPushButton(this)};
         row.display->setObjectName(stem + QStringLiteral(".display"));
-        row.display->setMinimumWidth(row.display->fontMetrics().horizontalAdvance(QStringLiteral("Ctrl+Shift+Alt+M")));
+        row.display->setMinimumWidth(
+            row.display->fontMetrics().horizontalAdvance(QStringLiteral("Ctrl+Shift+Alt+M")));
         row.record->setObjectName(stem + QStringLiteral(".record"));
         row.reset->setObjectName(stem + QStringLiteral(".reset"));
         row.label->setBuddy(row.record);
@@ -40,7 +42,8 @@ KeyboardSettingsTab::KeyboardSettingsTab(QWidget* parent) : QWidget(parent), res
     layout->addLayout(grid);
     layout->addWidget(resetAll_, 0, Qt::AlignRight);
     layout->addStretch(1);
-    connect(&KeybindingStore::shared(), &KeybindingStore::bindingsChanged, this, &KeyboardSettingsTab::showBindings);
+    connect(&KeybindingStore::shared(), &KeybindingStore::bindingsChanged, this,
+            &KeyboardSettingsTab::showBindings);
     showBindings();
 }
 

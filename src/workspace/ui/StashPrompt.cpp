@@ -10,7 +10,8 @@
 namespace orvel {
 
 StashPrompt::StashPrompt(QString placeholder, QWidget* parent)
-    : OSheet(parent), placeholder_(std::move(placeholder)), prompt_(new QLabel(this)), name_(new QLineEdit(this)) {
+    : OSheet(parent), placeholder_(std::move(placeholder)), prompt_(new QLabel(this)),
+      name_(new QLineEdit(this)) {
     setObjectName(QStringLiteral("menu-stash"));
     setMinimumWidth(460);
     prompt_->setWordWrap(true);

@@ -13,9 +13,11 @@
 
 namespace orvel {
 
-WorkspaceCommandPrompts::WorkspaceCommandPrompts(AppViewModel& app, WorkspaceCommands& commands, QWidget* window)
+WorkspaceCommandPrompts::WorkspaceCommandPrompts(AppViewModel& app, WorkspaceCommands& commands,
+                                                 QWidget* window)
     : QObject(window), app_(app), commands_(commands), window_(window) {
-    connect(&commands_, &WorkspaceCommands::discardConfirmationNeeded, this, &WorkspaceCommandPrompts::askDiscard);
+    connect(&commands_, &WorkspaceCommands::discardConfirmationNeeded, this,
+            &WorkspaceCommandPrompts::askDiscard);
 }
 
 void WorkspaceCommandPrompts::askForcePush() {
@@ -24,8 +26,8 @@ void WorkspaceCommandPrompts::askForcePush() {
         return;
     const int behind = upstreamDistance(tab->branches()).behind;
     QPointer<WorkspaceCommands> commands(&commands_);
-    confirm(window_, localized("Force Push"), WorkspaceCommands::forcePushWarning(behind), localized("Force Push"),
-            true, [commands] {
+    confirm(window_, localized("Force Push"), WorkspaceCommands::forcePushWarning(behind),
+            localized("Force Push"), true, [commands] {
                 if (commands)
                     commands->forcePush();
             });
@@ -36,9 +38,11 @@ void WorkspaceCommandPrompts::askStashName() {
     if (!tab)
         return;
     const QString branch = QString::fromStdString(tab->currentBranchName().value_or("unknown"));
-    auto* prompt = new StashPrompt(WorkspaceCommands::stashPlaceholder(branch, QDateTime::currentDateTime()), window_);
+    auto* prompt =
+        new StashPrompt(WorkspaceCommands::stashPlaceholder(branch, QDateTime::currentDateTime()), window_);
     prompt->setAttribute(Qt::WA_DeleteOnClose);
-    connect(prompt, &StashPrompt::stashRequested, &commands_, [this](const QString& name) { commands_.stash(name); });
+    connect(prompt, &StashPrompt::stashRequested, &commands_,
+            [this](const QString& name) { commands_.stash(name); });
     prompt->open();
 }
 

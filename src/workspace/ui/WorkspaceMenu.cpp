@@ -1,9 +1,9 @@
 #include "workspace/ui/WorkspaceMenu.h"
 
 #include "settings/LocalizationManager.h"
+#include "widgets/BoundShortcut.h"
 #include "workspace/AppViewModel.h"
 #include "workspace/WorkspaceCommands.h"
-#include "widgets/BoundShortcut.h"
 #include "workspace/ui/SettingsDialog.h"
 #include "workspace/ui/WorkspaceCommandPrompts.h"
 
