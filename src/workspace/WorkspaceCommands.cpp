@@ -59,6 +59,24 @@ QString count(std::size_t value) {
     return QString::number(value);
 }
 
+// An operation's value, or its error text with paths taken out.
+template <typename T>
+struct Outcome {
+    std::optional<T> value;
+    std::optional<std::string> failure;
+};
+
+template <typename T>
+QCoro::Task<Outcome<T>> outcomeOf(QCoro::Task<T> operation) {
+    Outcome<T> outcome;
+    try {
+        outcome.value = co_await std::move(operation);
+    } catch (const std::exception& error) {
+        outcome.failure = redactForLog(error.what());
+    }
+    co_return outcome;
+}
+
 } // namespace
 
 WorkspaceCommands::WorkspaceCommands(AppViewModel& app, QString host, QObject* parent)
@@ -96,14 +114,9 @@ QCoro::Task<void> WorkspaceCommands::pull(PullStrategy strategy) {
         co_return;
     QPointer<WorkspaceCommands> self(this);
     ActivityScope activity(app_, localized("Pulling from %1…", text(target->remote)));
-    auto service = app_.service();
-    std::optional<MergeResult> result;
-    std::optional<std::string> failure;
-    try {
-        result = co_await service->pull(target->repo, target->remote, strategy);
-    } catch (const std::exception& error) {
-        failure = redactForLog(error.what());
-    }
+    const Outcome<MergeResult> pulled =
+        co_await outcomeOf(app_.service()->pull(target->repo, target->remote, strategy));
+    const auto& [result, failure] = pulled;
     if (!self)
         co_return;
     ToastManager& toasts = app_.toastManager();
@@ -163,20 +176,16 @@ QCoro::Task<void> WorkspaceCommands::stash(QString name) {
     QPointer<WorkspaceCommands> self(this);
     auto service = app_.service();
     ToastManager& toasts = app_.toastManager();
-    try {
-        const StatusResult status = co_await service->status(target->repo);
-        if (!self)
-            co_return;
-        if (status.files.empty()) {
-            toasts.show(localized("Nothing to stash; working tree is clean"), ToastType::notice);
-            co_return;
-        }
-    } catch (const std::exception& error) {
-        // The stash itself will say what is wrong.
-        qCDebug(lcApp, "op=stash.status reason=%s", redactForLog(error.what()).c_str());
-    }
+    const Outcome<StatusResult> status = co_await outcomeOf(service->status(target->repo));
     if (!self)
         co_return;
+    // When the status can't be read, the stash itself will say what is wrong.
+    if (status.failure) {
+        qCDebug(lcApp, "op=stash.status reason=%s", status.failure->c_str());
+    } else if (status.value->files.empty()) {
+        toasts.show(localized("Nothing to stash; working tree is clean"), ToastType::notice);
+        co_return;
+    }
     ActivityScope activity(app_, localized("Stashing changes…"));
     const std::optional<std::string> failure =
         co_await failureOf(service->stashSave(target->repo, name.toStdString(), true));
@@ -198,14 +207,8 @@ QCoro::Task<void> WorkspaceCommands::popStash() {
         co_return;
     QPointer<WorkspaceCommands> self(this);
     ActivityScope activity(app_, localized("Popping stash…"));
-    auto service = app_.service();
-    std::optional<OperationResult> result;
-    std::optional<std::string> failure;
-    try {
-        result = co_await service->stashPop(target->repo);
-    } catch (const std::exception& error) {
-        failure = redactForLog(error.what());
-    }
+    const Outcome<OperationResult> popped = co_await outcomeOf(app_.service()->stashPop(target->repo));
+    const auto& [result, failure] = popped;
     if (!self)
         co_return;
     ToastManager& toasts = app_.toastManager();
@@ -231,14 +234,8 @@ QCoro::Task<void> WorkspaceCommands::createBranch(BranchRequest request) {
     }
     const bool discards = request.localChanges == LocalChangesOption::discard;
     QPointer<WorkspaceCommands> self(this);
-    auto service = app_.service();
-    std::optional<StatusResult> status;
-    std::optional<std::string> failure;
-    try {
-        status = co_await service->status(target->repo);
-    } catch (const std::exception& error) {
-        failure = redactForLog(error.what());
-    }
+    Outcome<StatusResult> read = co_await outcomeOf(app_.service()->status(target->repo));
+    auto& [status, failure] = read;
     if (!self)
         co_return;
     // git stashes nothing from a clean tree and says so without failing; the pop after the branch
@@ -343,22 +340,17 @@ QCoro::Task<void> WorkspaceCommands::runBranchCreation(BranchRequest request) {
     }
 
     if (stashes) {
-        std::optional<OperationResult> reapplied;
-        try {
-            reapplied = co_await service->stashPop(repo);
-        } catch (const std::exception& error) {
-            failure = redactForLog(error.what());
-        }
+        const Outcome<OperationResult> reapplied = co_await outcomeOf(service->stashPop(repo));
         if (!self)
             co_return;
-        if (failure) {
-            logFailure("createBranch.stashPop", *failure);
+        if (reapplied.failure) {
+            logFailure("createBranch.stashPop", *reapplied.failure);
             toasts.show(
                 localized("Branch created, but your changes are still on the stash stack. Reapply from "
                           "the Stash section. (%1)",
-                          text(*failure)),
+                          text(*reapplied.failure)),
                 ToastType::warning);
-        } else if (const auto* conflict = std::get_if<Conflicted>(&*reapplied)) {
+        } else if (const auto* conflict = std::get_if<Conflicted>(&*reapplied.value)) {
             qCDebug(lcApp, "op=%s.createBranch.stashPop result=conflict files=%ld", host_.constData(),
                     static_cast<long>(conflict->files.size()));
             toasts.show(localized("Stash reapplied with conflicts in %1 file(s). Resolve before continuing.",

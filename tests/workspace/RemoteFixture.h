@@ -9,28 +9,13 @@
 #include "core/support/UserDefaults.h"
 #include "support/Await.h"
 #include "support/DrainQueue.h"
+#include "support/Eventually.h"
 #include "support/GitFixture.h"
 #include "workspace/AppViewModel.h"
-
-#include <QCoreApplication>
-
-#include <chrono>
 
 #include <gtest/gtest.h>
 
 namespace orvel::test {
-
-// Spins the event loop until `condition` holds; false after the time-out.
-template <typename Condition>
-bool eventually(Condition condition, std::chrono::seconds timeout = std::chrono::seconds(20)) {
-    const auto deadline = std::chrono::steady_clock::now() + timeout;
-    while (!condition()) {
-        if (std::chrono::steady_clock::now() > deadline)
-            return false;
-        QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
-    }
-    return true;
-}
 
 class RemoteFixture : public ::testing::Test {
   protected:

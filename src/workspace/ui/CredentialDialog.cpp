@@ -3,50 +3,33 @@
 #include "settings/LocalizationManager.h"
 #include "workspace/CredentialManager.h"
 
-#include <QEvent>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QToolButton>
-#include <QVBoxLayout>
 
 namespace orvel {
 
 CredentialDialog::CredentialDialog(CredentialManager& manager, QWidget* parent)
-    : QDialog(parent), manager_(manager), message_(new QLabel(this)), fieldLabel_(new QLabel(this)),
-      input_(new QLineEdit(this)), reveal_(new QToolButton(this)), cancel_(new QPushButton(this)),
-      submit_(new QPushButton(this)) {
+    : OSheet(parent), manager_(manager), fieldLabel_(new QLabel(this)), input_(new QLineEdit(this)),
+      reveal_(new QToolButton(this)) {
     setObjectName(QStringLiteral("credential-dialog"));
-    setWindowModality(Qt::WindowModal);
     setMinimumWidth(440);
-    message_->setObjectName(QStringLiteral("credential.message"));
-    message_->setWordWrap(true);
-    message_->setTextFormat(Qt::PlainText);
-    QFont bold = message_->font();
-    bold.setBold(true);
-    message_->setFont(bold);
+    caption()->setObjectName(QStringLiteral("credential.message"));
+    caption()->setWordWrap(true);
+    caption()->setTextFormat(Qt::PlainText);
     fieldLabel_->setBuddy(input_);
     input_->setObjectName(QStringLiteral("credential.input"));
     reveal_->setObjectName(QStringLiteral("credential.reveal"));
     reveal_->setCheckable(true);
-    cancel_->setObjectName(QStringLiteral("credential.cancel"));
-    cancel_->setAutoDefault(false);
-    submit_->setObjectName(QStringLiteral("credential.submit"));
-    submit_->setDefault(true);
-
+    cancelButton()->setObjectName(QStringLiteral("credential.cancel"));
+    acceptButton()->setObjectName(QStringLiteral("credential.submit"));
     auto* field = new QHBoxLayout;
     field->addWidget(fieldLabel_);
     field->addWidget(input_, 1);
     field->addWidget(reveal_);
-    auto* buttons = new QHBoxLayout;
-    buttons->addStretch(1);
-    buttons->addWidget(cancel_);
-    buttons->addWidget(submit_);
-    auto* layout = new QVBoxLayout(this);
-    layout->addWidget(message_);
-    layout->addLayout(field);
-    layout->addLayout(buttons);
+    contentLayout()->addLayout(field);
 
     connect(input_, &QLineEdit::textEdited, &manager_, &CredentialManager::setUserInput);
     connect(&manager_, &CredentialManager::userInputChanged, input_, [this](const QString& text) {
@@ -54,8 +37,7 @@ CredentialDialog::CredentialDialog(CredentialManager& manager, QWidget* parent)
             input_->setText(text);
     });
     connect(reveal_, &QToolButton::toggled, this, &CredentialDialog::showQuestion);
-    connect(cancel_, &QPushButton::clicked, this, &QDialog::reject);
-    connect(submit_, &QPushButton::clicked, this, &QDialog::accept);
+    connect(acceptButton(), &QPushButton::clicked, this, &QDialog::accept);
     // A new question never starts revealed.
     connect(&manager_, &CredentialManager::promptMessageChanged, this, [this] {
         reveal_->setChecked(false);
@@ -88,7 +70,7 @@ void CredentialDialog::showShowing(bool showing) {
 
 void CredentialDialog::showQuestion() {
     const bool secret = asksForSecret(manager_.promptMessage());
-    message_->setText(manager_.promptMessage());
+    caption()->setText(manager_.promptMessage());
     fieldLabel_->setVisible(secret);
     reveal_->setVisible(secret);
     input_->setEchoMode(secret && !reveal_->isChecked() ? QLineEdit::Password : QLineEdit::Normal);
@@ -107,24 +89,18 @@ void CredentialDialog::done(int result) {
             manager_.cancelCredential();
     }
     input_->clear();
-    QDialog::done(result);
+    OSheet::done(result);
 }
 
 void CredentialDialog::retranslate() {
     setWindowTitle(localized("Git Credential Request"));
     fieldLabel_->setText(localized("Password"));
     input_->setAccessibleName(localized("Credential input field"));
-    cancel_->setText(localized("Cancel"));
-    cancel_->setAccessibleName(localized("Cancel credential request"));
-    submit_->setText(localized("Submit"));
-    submit_->setAccessibleName(localized("Submit credential"));
+    cancelButton()->setText(localized("Cancel"));
+    cancelButton()->setAccessibleName(localized("Cancel credential request"));
+    acceptButton()->setText(localized("Submit"));
+    acceptButton()->setAccessibleName(localized("Submit credential"));
     showQuestion();
-}
-
-void CredentialDialog::changeEvent(QEvent* event) {
-    if (event->type() == QEvent::LanguageChange)
-        retranslate();
-    QDialog::changeEvent(event);
 }
 
 } // namespace orvel

@@ -4,18 +4,17 @@
 // manager serves the next only after this one is answered. Nothing typed is logged or kept.
 #pragma once
 
-#include <QDialog>
+#include "widgets/OSheet.h"
 
 class QLabel;
 class QLineEdit;
-class QPushButton;
 class QToolButton;
 
 namespace orvel {
 
 class CredentialManager;
 
-class CredentialDialog final : public QDialog {
+class CredentialDialog final : public OSheet {
     Q_OBJECT
 
   public:
@@ -28,20 +27,16 @@ class CredentialDialog final : public QDialog {
     void done(int result) override;
 
   protected:
-    void changeEvent(QEvent* event) override;
+    void retranslate() override;
 
   private:
     void showQuestion();
     void showShowing(bool showing);
-    void retranslate();
 
     CredentialManager& manager_;
-    QLabel* message_;
     QLabel* fieldLabel_;
     QLineEdit* input_;
     QToolButton* reveal_;
-    QPushButton* cancel_;
-    QPushButton* submit_;
 };
 
 } // namespace orvel
