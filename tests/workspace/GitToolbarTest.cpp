@@ -93,3 +93,22 @@ TEST_F(Toolbar, BadgesForceThroughTheWarningAndANamedStash) {
     EXPECT_NE(local.git({"stash", "list"}).find("On main: before lunch"), std::string::npos);
     EXPECT_EQ(local.read("a.txt"), "a");
 }
+
+TEST_F(Toolbar, BranchSheetCarriesLocalChangesOverToTheNewBranch) {
+    window.show();
+    openLocal();
+    local.write("file.txt", "work in progress\n");
+    find<QToolButton>("toolbar.branch").click();
+    QDialog* sheet = openDialog<QDialog>();
+    ASSERT_TRUE(sheet);
+    QTest::keyClicks(sheet->findChild<QLineEdit*>("create-branch.name-field"), "feature x");
+    sheet->findChild<QToolButton*>("create-branch.advanced-toggle")->click();
+    sheet->findChild<QAbstractButton*>("local-changes.stashAndReapply")->click();
+    test::saveScreenshot(*sheet, "create-branch-local-changes", QSize(460, 300));
+    sheet->findChild<QPushButton*>("create-branch.create-button")->click();
+    ASSERT_TRUE(test::eventually([&] { return shown.contains("Created and checked out 'feature-x'"); }));
+    test::drainQueue(*runner);
+    EXPECT_EQ(local.git({"branch", "--show-current"}), "feature-x\n");
+    EXPECT_EQ(local.read("file.txt"), "work in progress\n");
+    EXPECT_EQ(local.git({"stash", "list"}), "");
+}
