@@ -6,11 +6,11 @@
 #include "merge/ConflictBannerViewModel.h"
 #include "settings/LocalizationManager.h"
 #include "workspace/FileSystemWatcher.h"
+#include "workspace/RemoteChoice.h"
 #include "workspace/ToastManager.h"
 
 #include <QPointer>
 
-#include <algorithm>
 #include <filesystem>
 
 namespace orvel {
@@ -65,6 +65,11 @@ void WorkspaceTabState::refresh() {
     conflictBanner_->refresh();
 }
 
+void WorkspaceTabState::reloadAfterFetch() {
+    graph_->load();
+    loadCurrentBranch();
+}
+
 void WorkspaceTabState::startFileWatcher() {
     fileWatcher_.reset();
     QPointer<WorkspaceTabState> self(this);
@@ -116,11 +121,12 @@ QCoro::Task<void> WorkspaceTabState::readCurrentBranch() {
         const std::vector<BranchEntry> branches = co_await service->branches(repo);
         if (!ticket.isCurrent())
             co_return;
-        const auto current = std::find_if(branches.begin(), branches.end(), [](const BranchEntry& branch) {
-            return branch.isCurrent && !branch.isRemote;
-        });
+        if (branches != branches_) {
+            branches_ = branches;
+            emit branchesChanged();
+        }
         std::optional<std::string> name;
-        if (current != branches.end())
+        if (const BranchEntry* current = currentLocalBranch(branches))
             name = current->name;
         std::optional<std::string> detachedHead;
         if (!name) {
