@@ -25,6 +25,7 @@ class ConflictBannerViewModel;
 class FileSystemWatcher;
 class GitServiceProtocol;
 class RepoGraphPaneViewModel;
+class SidebarViewModel;
 class ToastManager;
 
 class WorkspaceTabState final : public QObject {
@@ -53,6 +54,7 @@ class WorkspaceTabState final : public QObject {
     QString title() const;
     RepoGraphPaneViewModel& graph() const { return *graph_; }
     ConflictBannerViewModel& conflictBanner() const { return *conflictBanner_; }
+    SidebarViewModel& sidebar() const { return *sidebar_; }
     bool isWatching() const { return fileWatcher_ != nullptr; }
     FileSystemWatcher* fileWatcher() const { return fileWatcher_.get(); }
 
@@ -78,6 +80,9 @@ class WorkspaceTabState final : public QObject {
     // The first graph load, then git's commit-graph file when it needs writing.
     QCoro::Task<void> loadGraphAndMaintain();
     void watchLimitReached();
+    // The sidebar read the branches: the tab's name follows the checked-out one.
+    void branchesLoaded(const std::vector<BranchEntry>& branches);
+    void checkoutComplete();
 
     QUuid id_ = QUuid::createUuid();
     RepoEntry repo_;
@@ -89,6 +94,7 @@ class WorkspaceTabState final : public QObject {
     std::vector<BranchEntry> branches_;
     std::unique_ptr<RepoGraphPaneViewModel> graph_;
     std::unique_ptr<ConflictBannerViewModel> conflictBanner_;
+    std::unique_ptr<SidebarViewModel> sidebar_;
     std::unique_ptr<FileSystemWatcher> fileWatcher_;
     bool toldWatchLimit_ = false;
     LoadGeneration branchLoads_;

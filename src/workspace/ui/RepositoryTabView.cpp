@@ -9,6 +9,7 @@
 #include "merge/ui/ConflictBanner.h"
 #include "merge/ui/RebasePlanSheet.h"
 #include "sidebar/ui/CreateTagSheet.h"
+#include "sidebar/ui/SidebarView.h"
 #include "workspace/WorkspaceTabState.h"
 
 #include <QEvent>
@@ -26,13 +27,21 @@ QString splitterKey(const QSplitter& splitter) {
 } // namespace
 
 RepositoryTabView::RepositoryTabView(WorkspaceTabState& tab, UserDefaults& defaults, QWidget* parent)
-    : QWidget(parent), tab_(tab), defaults_(defaults), historyPane_(new RepoHistoryPane(tab.graph(), this)) {
+    : QWidget(parent), tab_(tab), defaults_(defaults), sidebar_(new SidebarView(tab.sidebar(), this)),
+      historyPane_(new RepoHistoryPane(tab.graph(), this)) {
     setObjectName(QStringLiteral("repository-tab"));
+    auto* columns = new QSplitter(Qt::Horizontal, this);
+    columns->setObjectName(QStringLiteral("tabSplitter"));
+    columns->setChildrenCollapsible(false);
+    columns->addWidget(sidebar_);
+    columns->addWidget(historyPane_);
+    columns->setStretchFactor(1, 1);
+    columns->setSizes({240, 1000});
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
     layout->addWidget(new ConflictBanner(tab_.conflictBanner(), this));
-    layout->addWidget(historyPane_);
+    layout->addWidget(columns);
     graphPane().table().viewport()->installEventFilter(this);
     connect(&tab_, &WorkspaceTabState::workingTreeCountsChanged, historyPane_,
             [pane = historyPane_](int staged, int unstaged) {

@@ -12,6 +12,7 @@ namespace orvel {
 
 class GraphPane;
 class RepoHistoryPane;
+class SidebarView;
 class UserDefaults;
 class WorkspaceTabState;
 
@@ -46,6 +47,7 @@ class RepositoryTabView final : public QWidget {
 
     WorkspaceTabState& tab_;
     UserDefaults& defaults_;
+    SidebarView* sidebar_;
     RepoHistoryPane* historyPane_;
     bool graphPainted_ = false;
 };
