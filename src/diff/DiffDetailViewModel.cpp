@@ -122,6 +122,11 @@ void DiffDetailViewModel::retry() {
     reload();
 }
 
+void DiffDetailViewModel::reloadWorkingTree() {
+    if (selection_ && !selection_->commitHash)
+        reload();
+}
+
 std::string DiffDetailViewModel::fullPath() const {
     return BlobCommands::workTreeFile(repo_.path, selection_->file.path);
 }

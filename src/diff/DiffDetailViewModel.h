@@ -97,8 +97,10 @@ class DiffDetailViewModel final : public QObject {
     void setRenderMarkdown(bool on);
     void showLargeFileAnyway();
     void retry();
-    // Reads the selection again; a working-tree change calls this.
+    // Reads the selection again.
     QCoro::Task<void> reload();
+    // After a change on disk: reads the selection again when it is of the working tree.
+    void reloadWorkingTree();
 
     QCoro::Task<bool> stageHunk(int hunk);
     QCoro::Task<bool> unstageHunk(int hunk);

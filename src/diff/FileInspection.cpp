@@ -2,8 +2,6 @@
 
 #include "core/support/UserDefaults.h"
 
-#include <QStringDecoder>
-
 #include <algorithm>
 #include <array>
 #include <cctype>
@@ -25,19 +23,51 @@ int clampedSetting(const UserDefaults& defaults, const char* key, int low, int h
     return isInteger ? std::clamp(value, low, high) : fallback;
 }
 
-bool decodes(QStringConverter::Encoding encoding, const std::string& sample) {
-    QStringDecoder decoder(encoding, QStringConverter::Flag::Stateless);
-    (void)decoder.decode(QByteArrayView(sample.data(), qsizetype(sample.size())));
-    return !decoder.hasError();
+// Well-formed UTF-8: every lead byte has its continuation bytes; a sequence cut at the end fails.
+bool isUtf8(std::string_view bytes) {
+    for (std::size_t at = 0; at < bytes.size();) {
+        const auto lead = static_cast<unsigned char>(bytes[at]);
+        const std::size_t length = lead < 0x80 ? 1 : (lead >> 5) == 0x6 ? 2 : (lead >> 4) == 0xE ? 3 : (lead >> 3) == 0x1E ? 4 : 0;
+        if (length == 0 || at + length > bytes.size())
+            return false;
+        for (std::size_t k = 1; k < length; ++k)
+            if ((static_cast<unsigned char>(bytes[at + k]) >> 6) != 0x2)
+                return false;
+        at += length;
+    }
+    return true;
+}
+
+// Whole UTF-16 code units, little-endian unless a big-endian byte-order mark leads, with every
+// surrogate paired.
+bool isUtf16(std::string_view bytes) {
+    if (bytes.size() % 2 != 0)
+        return false;
+    const bool bigEndian = bytes.size() >= 2 && static_cast<unsigned char>(bytes[0]) == 0xFE &&
+                           static_cast<unsigned char>(bytes[1]) == 0xFF;
+    auto unit = [&](std::size_t at) {
+        const auto first = static_cast<unsigned char>(bytes[at]), second = static_cast<unsigned char>(bytes[at + 1]);
+        return bigEndian ? (first << 8 | second) : (second << 8 | first);
+    };
+    for (std::size_t at = 0; at < bytes.size(); at += 2) {
+        const int code = unit(at);
+        if (code >= 0xD800 && code < 0xDC00) {
+            if (at + 2 >= bytes.size() || unit(at + 2) < 0xDC00 || unit(at + 2) >= 0xE000)
+                return false;
+            at += 2;
+        } else if (code >= 0xDC00 && code < 0xE000) {
+            return false;
+        }
+    }
+    return true;
 }
 
 std::optional<TextEncoding> encodingOf(const std::string& sample) {
-    if (decodes(QStringConverter::Utf8, sample))
+    if (isUtf8(sample))
         return TextEncoding::utf8;
-    // UTF-16 needs whole code units; ISO Latin 1 reads every byte.
-    if (sample.size() % 2 == 0 && decodes(QStringConverter::Utf16, sample))
+    if (isUtf16(sample))
         return TextEncoding::utf16;
-    return TextEncoding::latin1;
+    return TextEncoding::latin1; // ISO Latin 1 reads every byte
 }
 
 long countLines(const std::string& fullPath) {

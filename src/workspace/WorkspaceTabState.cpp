@@ -2,6 +2,7 @@
 
 #include "core/service/GitServiceProtocol.h"
 #include "core/support/Log.h"
+#include "diff/DiffDetailViewModel.h"
 #include "graph/RepoGraphPaneViewModel.h"
 #include "settings/LocalizationManager.h"
 #include "workspace/FileSystemWatcher.h"
@@ -18,11 +19,14 @@ WorkspaceTabState::WorkspaceTabState(RepoEntry repo, std::shared_ptr<GitServiceP
                                      ToastManager& toasts, Options options, QObject* parent)
     : QObject(parent), repo_(std::move(repo)), service_(std::move(service)), toasts_(toasts),
       options_(options), currentBranchName_(repo_.currentBranch),
-      graph_(std::make_unique<RepoGraphPaneViewModel>(repo_, service_, toasts_)) {
+      graph_(std::make_unique<RepoGraphPaneViewModel>(repo_, service_, toasts_)),
+      diff_(std::make_unique<DiffDetailViewModel>(repo_, service_)) {
     if (!currentBranchName_)
         detachedHead_ = repo_.headHash;
     // A reset, pick or revert from the graph's menu changed the repository.
     connect(graph_.get(), &RepoGraphPaneViewModel::repositoryChanged, this, &WorkspaceTabState::refresh);
+    // A hunk staged, unstaged or discarded from the diff pane.
+    connect(diff_.get(), &DiffDetailViewModel::needsStatusRefresh, this, &WorkspaceTabState::refresh);
     qCDebug(lcApp, "op=repo.tab.opened count=1");
 }
 
@@ -57,6 +61,7 @@ void WorkspaceTabState::refresh() {
     readWorkingTreeCounts();
     graph_->load();
     loadCurrentBranch();
+    diff_->reloadWorkingTree();
 }
 
 void WorkspaceTabState::startFileWatcher() {

@@ -19,6 +19,7 @@
 
 namespace orvel {
 
+class DiffDetailViewModel;
 class FileSystemWatcher;
 class GitServiceProtocol;
 class RepoGraphPaneViewModel;
@@ -46,6 +47,7 @@ class WorkspaceTabState final : public QObject {
     // What the tab bar shows: the current branch, or the short hash of a detached HEAD.
     QString title() const;
     RepoGraphPaneViewModel& graph() const { return *graph_; }
+    DiffDetailViewModel& diff() const { return *diff_; }
     bool isWatching() const { return fileWatcher_ != nullptr; }
     FileSystemWatcher* fileWatcher() const { return fileWatcher_.get(); }
 
@@ -77,6 +79,7 @@ class WorkspaceTabState final : public QObject {
     std::optional<std::string> currentBranchName_;
     std::optional<std::string> detachedHead_;
     std::unique_ptr<RepoGraphPaneViewModel> graph_;
+    std::unique_ptr<DiffDetailViewModel> diff_;
     std::unique_ptr<FileSystemWatcher> fileWatcher_;
     bool toldWatchLimit_ = false;
     LoadGeneration branchLoads_;

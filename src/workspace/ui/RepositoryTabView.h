@@ -10,6 +10,7 @@
 
 namespace orvel {
 
+class DiffPane;
 class GraphPane;
 class RepoHistoryPane;
 class UserDefaults;
@@ -24,6 +25,7 @@ class RepositoryTabView final : public QWidget {
 
     WorkspaceTabState& tab() const { return tab_; }
     GraphPane& graphPane() const;
+    DiffPane& diffPane() const { return *diffPane_; }
 
     // Writes the state of every named splitter, so that the next tab opens with the same layout.
     void saveSplitterStates() const;
@@ -43,6 +45,7 @@ class RepositoryTabView final : public QWidget {
     WorkspaceTabState& tab_;
     UserDefaults& defaults_;
     RepoHistoryPane* historyPane_;
+    DiffPane* diffPane_;
     bool graphPainted_ = false;
 };
 
