@@ -2,6 +2,7 @@
 
 #include "core/service/GitServiceProtocol.h"
 #include "core/support/Log.h"
+#include "diff/DiffDetailViewModel.h"
 #include "graph/RepoGraphPaneViewModel.h"
 #include "merge/ConflictBannerViewModel.h"
 #include "settings/LocalizationManager.h"
@@ -22,7 +23,8 @@ WorkspaceTabState::WorkspaceTabState(RepoEntry repo, std::shared_ptr<GitServiceP
       options_(options), currentBranchName_(repo_.currentBranch),
       graph_(std::make_unique<RepoGraphPaneViewModel>(repo_, service_, toasts_)),
       conflictBanner_(std::make_unique<ConflictBannerViewModel>(repo_, service_, toasts_)),
-      sidebar_(std::make_unique<SidebarViewModel>(service_, toasts_)) {
+      sidebar_(std::make_unique<SidebarViewModel>(service_, toasts_)),
+      diff_(std::make_unique<DiffDetailViewModel>(repo_, service_)) {
     if (!currentBranchName_)
         detachedHead_ = repo_.headHash;
     // A reset, pick or revert from the graph's menu changed the repository.
@@ -35,6 +37,8 @@ WorkspaceTabState::WorkspaceTabState(RepoEntry repo, std::shared_ptr<GitServiceP
         graph_->selectCommit(branch.hash);
         sidebar_->acknowledgeNavigation();
     });
+    // A hunk staged, unstaged or discarded from the diff pane.
+    connect(diff_.get(), &DiffDetailViewModel::needsStatusRefresh, this, &WorkspaceTabState::refresh);
     qCDebug(lcApp, "op=repo.tab.opened count=1");
 }
 
@@ -72,6 +76,7 @@ void WorkspaceTabState::refresh() {
     graph_->load();
     sidebar_->loadBranches(repo_);
     conflictBanner_->refresh();
+    diff_->reloadWorkingTree();
 }
 
 void WorkspaceTabState::branchesLoaded(const std::vector<BranchEntry>& branches) {

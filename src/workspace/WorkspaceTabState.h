@@ -22,6 +22,7 @@
 namespace orvel {
 
 class ConflictBannerViewModel;
+class DiffDetailViewModel;
 class FileSystemWatcher;
 class GitServiceProtocol;
 class RepoGraphPaneViewModel;
@@ -55,6 +56,7 @@ class WorkspaceTabState final : public QObject {
     RepoGraphPaneViewModel& graph() const { return *graph_; }
     ConflictBannerViewModel& conflictBanner() const { return *conflictBanner_; }
     SidebarViewModel& sidebar() const { return *sidebar_; }
+    DiffDetailViewModel& diff() const { return *diff_; }
     bool isWatching() const { return fileWatcher_ != nullptr; }
     FileSystemWatcher* fileWatcher() const { return fileWatcher_.get(); }
 
@@ -95,6 +97,7 @@ class WorkspaceTabState final : public QObject {
     std::unique_ptr<RepoGraphPaneViewModel> graph_;
     std::unique_ptr<ConflictBannerViewModel> conflictBanner_;
     std::unique_ptr<SidebarViewModel> sidebar_;
+    std::unique_ptr<DiffDetailViewModel> diff_;
     std::unique_ptr<FileSystemWatcher> fileWatcher_;
     bool toldWatchLimit_ = false;
     LoadGeneration branchLoads_;

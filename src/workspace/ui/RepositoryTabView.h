@@ -10,6 +10,7 @@
 
 namespace orvel {
 
+class DiffPane;
 class GraphPane;
 class RepoHistoryPane;
 class SidebarView;
@@ -25,6 +26,7 @@ class RepositoryTabView final : public QWidget {
 
     WorkspaceTabState& tab() const { return tab_; }
     GraphPane& graphPane() const;
+    DiffPane& diffPane() const { return *diffPane_; }
 
     // Writes the state of every named splitter, so that the next tab opens with the same layout.
     void saveSplitterStates() const;
@@ -49,6 +51,7 @@ class RepositoryTabView final : public QWidget {
     UserDefaults& defaults_;
     SidebarView* sidebar_;
     RepoHistoryPane* historyPane_;
+    DiffPane* diffPane_;
     bool graphPainted_ = false;
 };
 
