@@ -37,7 +37,8 @@ void sortLevel(std::vector<BranchTreeNode>& nodes, const QCollator& collator) {
     std::vector<std::pair<QString, std::size_t>> keys;
     keys.reserve(nodes.size());
     for (std::size_t i = 0; i < nodes.size(); ++i)
-        keys.emplace_back(QString::fromUtf8(nodes[i].name.data(), static_cast<qsizetype>(nodes[i].name.size())), i);
+        keys.emplace_back(
+            QString::fromUtf8(nodes[i].name.data(), static_cast<qsizetype>(nodes[i].name.size())), i);
     std::sort(keys.begin(), keys.end(), [&](const auto& a, const auto& b) {
         const BranchTreeNode& first = nodes[a.second];
         const BranchTreeNode& second = nodes[b.second];

@@ -213,8 +213,8 @@ void SidebarViewModel::cancelPending() {
     emit pendingChanged();
 }
 
-void SidebarViewModel::clearInteractiveRebaseContext() {
-    interactiveRebaseContext_.reset();
+void SidebarViewModel::requestInteractiveRebase(const BranchEntry& branch) {
+    emit interactiveRebaseRequested(branch.name);
 }
 
 } // namespace orvel

@@ -4,7 +4,6 @@
 // git call: the trees and the details (default branch, tags, stashes, merged branches) are kept.
 #pragma once
 
-#include "core/records/RebasePlan.h"
 #include "core/records/RepoEntry.h"
 #include "core/support/LoadGeneration.h"
 #include "sidebar/BranchTree.h"
@@ -13,7 +12,6 @@
 #include <QObject>
 #include <QString>
 #include <QTimer>
-#include <QUuid>
 
 #include <QCoro/QCoroTask>
 
@@ -28,13 +26,6 @@ namespace orvel {
 
 class GitServiceProtocol;
 class ToastManager;
-
-// The plan an interactive rebase onto a branch starts from.
-struct InteractiveRebaseContext {
-    QUuid id;
-    std::string ontoBranch;
-    std::vector<RebaseTodoEntry> entries;
-};
 
 // Lives on the GUI thread; git runs only through the service. Every action tells its outcome in a
 // toast and, where it changed what the tab shows, reloads and raises checkoutComplete().
@@ -68,9 +59,6 @@ class SidebarViewModel final : public QObject {
     const std::vector<TagEntry>& localTags() const { return localTags_; }
     const std::set<std::string>& remoteTagNames() const { return remoteTagNames_; }
     const std::vector<StashEntry>& stashEntries() const { return stashEntries_; }
-    const std::optional<InteractiveRebaseContext>& interactiveRebaseContext() const {
-        return interactiveRebaseContext_;
-    }
     const std::optional<BranchEntry>& pendingForceDeleteBranch() const { return pendingForceDeleteBranch_; }
     const std::optional<BranchEntry>& pendingRemoteDeleteBranch() const { return pendingRemoteDeleteBranch_; }
     const std::optional<TagEntry>& pendingDeleteTag() const { return pendingDeleteTag_; }
@@ -100,11 +88,8 @@ class SidebarViewModel final : public QObject {
     QCoro::Task<void> pushBranch(BranchEntry branch);
     QCoro::Task<void> mergeBranch(BranchEntry branch);
     QCoro::Task<void> rebaseOnto(BranchEntry branch);
-    // Reads the plan of an interactive rebase onto `branch` into interactiveRebaseContext and
-    // raises interactiveRebaseRequested; the plan editor runs it with runInteractiveRebase.
-    QCoro::Task<void> loadRebaseTodo(BranchEntry branch);
-    QCoro::Task<void> runInteractiveRebase(BranchEntry branch, std::vector<RebaseTodoEntry> entries);
-    void clearInteractiveRebaseContext();
+    // The plan editor reads the commits and runs the rebase; the sidebar only names the target.
+    void requestInteractiveRebase(const BranchEntry& branch);
     // Reloads the branches and tells the tab that HEAD, the working tree or the refs changed, as
     // after a sheet created a branch and perhaps checked it out.
     void reloadAfterCheckout();
@@ -146,8 +131,8 @@ class SidebarViewModel final : public QObject {
     void checkoutComplete();
     // The user clicked a branch (or a tag): the graph shows its commit.
     void branchSelected(const orvel::BranchEntry& branch);
-    // The plan of an interactive rebase onto `target` is in interactiveRebaseContext.
-    void interactiveRebaseRequested(const QString& target);
+    // The user asked to rebase HEAD interactively onto the branch `target`.
+    void interactiveRebaseRequested(const std::string& target);
 
   private:
     bool checkRepository();
@@ -163,7 +148,6 @@ class SidebarViewModel final : public QObject {
     bool isLoadingDetails_ = false;
     std::optional<QString> loadError_;
     std::optional<RepoEntry> repo_;
-    std::optional<InteractiveRebaseContext> interactiveRebaseContext_;
     std::optional<BranchEntry> pendingForceDeleteBranch_;
     std::optional<BranchEntry> pendingRemoteDeleteBranch_;
     std::optional<TagEntry> pendingDeleteTag_;

@@ -10,6 +10,7 @@
 #include "graph/ui/RepoHistoryPane.h"
 #include "merge/ui/ConflictBanner.h"
 #include "merge/ui/RebasePlanSheet.h"
+#include "sidebar/SidebarViewModel.h"
 #include "sidebar/ui/CreateTagSheet.h"
 #include "sidebar/ui/SidebarView.h"
 #include "workspace/WorkspaceTabState.h"
@@ -65,6 +66,8 @@ RepositoryTabView::RepositoryTabView(WorkspaceTabState& tab, UserDefaults& defau
             &RepositoryTabView::showCreateBranch);
     connect(&tab_.graph(), &RepoGraphPaneViewModel::createTagRequested, this,
             &RepositoryTabView::showCreateTag);
+    connect(&tab_.sidebar(), &SidebarViewModel::interactiveRebaseRequested, this,
+            &RepositoryTabView::showInteractiveRebase);
     restoreSplitterStates();
 }
 
