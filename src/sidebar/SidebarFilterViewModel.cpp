@@ -110,6 +110,7 @@ void SidebarFilterViewModel::refilter() {
     lastKey_ = key;
     if (!isActive()) {
         passes_.cancel();
+        isFiltering_ = false;
         filtered_ = {};
         emit resultsChanged();
         return;
@@ -119,12 +120,14 @@ void SidebarFilterViewModel::refilter() {
 
 QCoro::Task<void> SidebarFilterViewModel::runPass(FilterQuery query) {
     auto ticket = passes_.begin(this);
+    isFiltering_ = true;
     auto pass = runOnPool(backgroundPool(), [sources = sources_, query, stop = ticket.stopToken()] {
         return filterLists(*sources, query, stop);
     });
     std::optional<Outcome> outcome = co_await std::move(pass);
     if (!ticket.isCurrent() || !outcome)
         co_return;
+    isFiltering_ = false;
     filtered_ = std::move(outcome->lists);
     if (outcome->timedOut) {
         qCDebug(lcUi, "op=sidebar.filter result=timedOut");
