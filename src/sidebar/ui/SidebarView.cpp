@@ -140,6 +140,8 @@ void SidebarView::retranslate() {
     remotesButton_->setToolTip(localized("Manage Remotes…"));
     remotesButton_->setAccessibleName(localized("Manage Remotes…"));
     tree_->setAccessibleName(localized("Branches, tags and stashes"));
+    // Section titles and placeholders are looked up as they are painted.
+    tree_->viewport()->update();
     showState();
 }
 
