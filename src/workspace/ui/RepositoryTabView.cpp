@@ -2,6 +2,8 @@
 
 #include "content/ui/CreateBranchSheet.h"
 #include "core/support/UserDefaults.h"
+#include "diff/DiffDetailViewModel.h"
+#include "diff/ui/DiffPane.h"
 #include "graph/RepoGraphPaneViewModel.h"
 #include "graph/ui/GraphPane.h"
 #include "graph/ui/GraphTableView.h"
@@ -9,6 +11,7 @@
 #include "merge/ui/ConflictBanner.h"
 #include "merge/ui/RebasePlanSheet.h"
 #include "sidebar/ui/CreateTagSheet.h"
+#include "sidebar/ui/SidebarView.h"
 #include "workspace/WorkspaceTabState.h"
 
 #include <QEvent>
@@ -26,13 +29,33 @@ QString splitterKey(const QSplitter& splitter) {
 } // namespace
 
 RepositoryTabView::RepositoryTabView(WorkspaceTabState& tab, UserDefaults& defaults, QWidget* parent)
-    : QWidget(parent), tab_(tab), defaults_(defaults), historyPane_(new RepoHistoryPane(tab.graph(), this)) {
+    : QWidget(parent), tab_(tab), defaults_(defaults), sidebar_(new SidebarView(tab.sidebar(), this)),
+      historyPane_(new RepoHistoryPane(tab.graph(), this)), diffPane_(new DiffPane(tab.diff(), this)) {
     setObjectName(QStringLiteral("repository-tab"));
+    auto* columns = new QSplitter(Qt::Horizontal, this);
+    columns->setObjectName(QStringLiteral("tabSplitter"));
+    columns->setChildrenCollapsible(false);
+    // Until the changes page holds the diff pane, a commit's file opens below the history.
+    auto* historyAndDiff = new QSplitter(Qt::Vertical, this);
+    historyAndDiff->setObjectName(QStringLiteral("repository-tab.history-diff"));
+    historyAndDiff->addWidget(historyPane_);
+    historyAndDiff->addWidget(diffPane_);
+    diffPane_->hide();
+    columns->addWidget(sidebar_);
+    columns->addWidget(historyAndDiff);
+    columns->setStretchFactor(1, 1);
+    columns->setSizes({240, 1000});
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
     layout->addWidget(new ConflictBanner(tab_.conflictBanner(), this));
-    layout->addWidget(historyPane_);
+    layout->addWidget(columns);
+    connect(historyPane_, &RepoHistoryPane::showDiffRequested, this,
+            [this](const FileChange& file, const std::string& hash, bool isMerge) {
+                tab_.diff().showDiff(file, hash, isMerge, false);
+                diffPane_->show();
+            });
+    connect(diffPane_, &DiffPane::closeRequested, diffPane_, &QWidget::hide);
     graphPane().table().viewport()->installEventFilter(this);
     connect(&tab_, &WorkspaceTabState::workingTreeCountsChanged, historyPane_,
             [pane = historyPane_](int staged, int unstaged) {
