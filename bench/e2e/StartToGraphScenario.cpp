@@ -174,7 +174,7 @@ int runStartToGraph(const ScenarioOptions& options) {
     // Three tabs: the repository and two linked worktrees of it, which share its objects.
     std::vector<std::string> repos{options.repo};
     for (const char* name : {"bench-tab-2", "bench-tab-3"}) {
-        const fs::path worktree = fs::path(options.repo).parent_path() / name;
+        const fs::path worktree = fs::absolute(options.repo).parent_path() / name;
         if (!fs::exists(worktree))
             runGit(options.repo, {"worktree", "add", "-q", "--detach", worktree.string()});
         repos.push_back(worktree.string());

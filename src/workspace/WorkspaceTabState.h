@@ -21,9 +21,12 @@
 
 namespace orvel {
 
+class ConflictBannerViewModel;
+class DiffDetailViewModel;
 class FileSystemWatcher;
 class GitServiceProtocol;
 class RepoGraphPaneViewModel;
+class SidebarViewModel;
 class ToastManager;
 
 class WorkspaceTabState final : public QObject {
@@ -51,6 +54,9 @@ class WorkspaceTabState final : public QObject {
     // What the tab bar shows: the current branch, or the short hash of a detached HEAD.
     QString title() const;
     RepoGraphPaneViewModel& graph() const { return *graph_; }
+    ConflictBannerViewModel& conflictBanner() const { return *conflictBanner_; }
+    SidebarViewModel& sidebar() const { return *sidebar_; }
+    DiffDetailViewModel& diff() const { return *diff_; }
     bool isWatching() const { return fileWatcher_ != nullptr; }
     FileSystemWatcher* fileWatcher() const { return fileWatcher_.get(); }
 
@@ -76,6 +82,9 @@ class WorkspaceTabState final : public QObject {
     // The first graph load, then git's commit-graph file when it needs writing.
     QCoro::Task<void> loadGraphAndMaintain();
     void watchLimitReached();
+    // The sidebar read the branches: the tab's name follows the checked-out one.
+    void branchesLoaded(const std::vector<BranchEntry>& branches);
+    void checkoutComplete();
 
     QUuid id_ = QUuid::createUuid();
     RepoEntry repo_;
@@ -86,6 +95,9 @@ class WorkspaceTabState final : public QObject {
     std::optional<std::string> detachedHead_;
     std::vector<BranchEntry> branches_;
     std::unique_ptr<RepoGraphPaneViewModel> graph_;
+    std::unique_ptr<ConflictBannerViewModel> conflictBanner_;
+    std::unique_ptr<SidebarViewModel> sidebar_;
+    std::unique_ptr<DiffDetailViewModel> diff_;
     std::unique_ptr<FileSystemWatcher> fileWatcher_;
     bool toldWatchLimit_ = false;
     LoadGeneration branchLoads_;

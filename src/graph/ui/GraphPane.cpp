@@ -235,6 +235,7 @@ void GraphPane::retranslate() {
     copyHashAction_->setText(localized("Copy Commit Hash"));
     table_->setAccessibleName(localized("Commit graph"));
     rows_->headerDataChanged(Qt::Horizontal, 0, GraphTableModel::columnCount_ - 1);
+    restyle(); // the painted cells hold texts of the previous language
 }
 
 void GraphPane::changeEvent(QEvent* event) {

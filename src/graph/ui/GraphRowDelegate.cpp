@@ -18,10 +18,14 @@ constexpr int textPadding = 6;
 
 GraphRowDelegate::GraphRowDelegate(const RepoGraphPaneViewModel& model, const QPalette& palette,
                                    QObject* parent)
-    : QStyledItemDelegate(parent), model_(model), style_(GraphRowStyle::current(palette)) {}
+    : QStyledItemDelegate(parent), model_(model), style_(GraphRowStyle::current(palette)),
+      cells_(cellCacheBytes) {
+    connect(&model_, &RepoGraphPaneViewModel::commitsChanged, this, [this] { cells_.clear(); });
+}
 
 void GraphRowDelegate::refreshStyle(const QPalette& palette) {
     style_ = GraphRowStyle::current(palette);
+    cells_.clear();
 }
 
 QSize GraphRowDelegate::sizeHint(const QStyleOptionViewItem&, const QModelIndex&) const {
@@ -44,27 +48,46 @@ void GraphRowDelegate::paint(QPainter* painter, const QStyleOptionViewItem& opti
     const bool faded =
         highlighting && !isSelected && !isWorkingTree && !model_.matchingHashes().contains(commit.hash);
 
+    const qreal ratio = painter->device()->devicePixelRatioF();
+    const GraphCellCache::Key key{row, index.column(), option.rect.width(), option.rect.height(), isSelected, ratio};
+    const QPixmap* cell = cells_.find(key);
+    if (!cell) {
+        QPixmap painted(option.rect.size() * ratio);
+        painted.setDevicePixelRatio(ratio);
+        painted.fill(Qt::transparent);
+        QPainter cellPainter(&painted);
+        cellPainter.setRenderHint(QPainter::Antialiasing, true);
+        paintCell(cellPainter, QRect(QPoint(0, 0), option.rect.size()), option.palette, index, isSelected,
+                  isWorkingTree);
+        cellPainter.end();
+        cells_.insert(key, std::move(painted));
+        cell = cells_.find(key);
+    }
     painter->save();
-    painter->setClipRect(option.rect);
-    painter->setRenderHint(QPainter::Antialiasing, true);
     if (faded)
         painter->setOpacity(fadedRowOpacity);
-    switch (index.column()) {
-    case GraphTableModel::graphColumn:
-        paintLanes(*painter, option.rect, commit, isWorkingTree, style_);
-        break;
-    case GraphTableModel::refsColumn:
-        paintRefPills(*painter, option.rect, model_.refsByRow()[static_cast<std::size_t>(row)], style_);
-        break;
-    default:
-        paintText(*painter, option, index, isWorkingTree);
-        break;
-    }
+    painter->drawPixmap(option.rect.topLeft(), *cell);
     painter->restore();
 }
 
-void GraphRowDelegate::paintText(QPainter& painter, const QStyleOptionViewItem& option,
-                                 const QModelIndex& index, bool isWorkingTree) const {
+void GraphRowDelegate::paintCell(QPainter& painter, const QRect& cell, const QPalette& palette,
+                                 const QModelIndex& index, bool isSelected, bool isWorkingTree) const {
+    const auto row = static_cast<std::size_t>(index.row());
+    switch (index.column()) {
+    case GraphTableModel::graphColumn:
+        paintLanes(painter, cell, model_.commits()[row], isWorkingTree, style_);
+        break;
+    case GraphTableModel::refsColumn:
+        paintRefPills(painter, cell, model_.refsByRow()[row], style_);
+        break;
+    default:
+        paintText(painter, cell, palette, index, isSelected, isWorkingTree);
+        break;
+    }
+}
+
+void GraphRowDelegate::paintText(QPainter& painter, const QRect& cell, const QPalette& palette,
+                                 const QModelIndex& index, bool isSelected, bool isWorkingTree) const {
     const int column = index.column();
     const QFont* font = &style_.textFont;
     const QColor* colour = &style_.text;
@@ -79,10 +102,9 @@ void GraphRowDelegate::paintText(QPainter& painter, const QStyleOptionViewItem& 
         font = &style_.workingTreeFont;
         colour = &style_.secondaryText;
     }
-    const bool isSelected = option.state & QStyle::State_Selected;
     painter.setFont(*font);
-    painter.setPen(isSelected ? option.palette.color(QPalette::HighlightedText) : *colour);
-    const QRect area = option.rect.adjusted(textPadding, 0, -textPadding, 0);
+    painter.setPen(isSelected ? palette.color(QPalette::HighlightedText) : *colour);
+    const QRect area = cell.adjusted(textPadding, 0, -textPadding, 0);
     const QString text = painter.fontMetrics().elidedText(index.data(Qt::DisplayRole).toString(),
                                                           Qt::ElideRight, area.width());
     painter.drawText(area, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, text);

@@ -1,7 +1,9 @@
 // Paints every cell of the graph table from the pane's model: the lanes of the row, its ref pills
-// and its texts, with the rows outside a search's matches faded.
+// and its texts, with the rows outside a search's matches faded. Painted cells are kept, so a
+// repaint of rows already seen copies pixels.
 #pragma once
 
+#include "graph/ui/GraphCellCache.h"
 #include "graph/ui/GraphRowStyle.h"
 
 #include <QStyledItemDelegate>
@@ -28,11 +30,17 @@ class GraphRowDelegate final : public QStyledItemDelegate {
     QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override;
 
   private:
-    void paintText(QPainter& painter, const QStyleOptionViewItem& option, const QModelIndex& index,
-                   bool isWorkingTree) const;
+    // A full screen of a wide table at twice the pixel density, several at normal density.
+    static constexpr std::size_t cellCacheBytes = 32u << 20;
+
+    void paintCell(QPainter& painter, const QRect& cell, const QPalette& palette, const QModelIndex& index,
+                   bool isSelected, bool isWorkingTree) const;
+    void paintText(QPainter& painter, const QRect& cell, const QPalette& palette, const QModelIndex& index,
+                   bool isSelected, bool isWorkingTree) const;
 
     const RepoGraphPaneViewModel& model_;
     GraphRowStyle style_;
+    mutable GraphCellCache cells_;
 };
 
 } // namespace orvel
