@@ -213,8 +213,8 @@ void SidebarViewModel::cancelPending() {
     emit pendingChanged();
 }
 
-void SidebarViewModel::requestInteractiveRebase(const BranchEntry& branch) {
-    emit interactiveRebaseRequested(branch.name);
+void SidebarViewModel::clearInteractiveRebaseContext() {
+    interactiveRebaseContext_.reset();
 }
 
 } // namespace orvel

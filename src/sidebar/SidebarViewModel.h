@@ -4,6 +4,7 @@
 // git call: the trees and the details (default branch, tags, stashes, merged branches) are kept.
 #pragma once
 
+#include "core/records/RebasePlan.h"
 #include "core/records/RepoEntry.h"
 #include "core/support/LoadGeneration.h"
 #include "sidebar/BranchTree.h"
@@ -12,6 +13,7 @@
 #include <QObject>
 #include <QString>
 #include <QTimer>
+#include <QUuid>
 
 #include <QCoro/QCoroTask>
 
@@ -26,6 +28,13 @@ namespace orvel {
 
 class GitServiceProtocol;
 class ToastManager;
+
+// The plan an interactive rebase onto a branch starts from, read when the user asked for it.
+struct InteractiveRebaseContext {
+    QUuid id;
+    std::string ontoBranch;
+    std::vector<RebaseTodoEntry> entries;
+};
 
 // Lives on the GUI thread; git runs only through the service. Every action tells its outcome in a
 // toast and, where it changed what the tab shows, reloads and raises checkoutComplete().
@@ -59,6 +68,9 @@ class SidebarViewModel final : public QObject {
     const std::vector<TagEntry>& localTags() const { return localTags_; }
     const std::set<std::string>& remoteTagNames() const { return remoteTagNames_; }
     const std::vector<StashEntry>& stashEntries() const { return stashEntries_; }
+    const std::optional<InteractiveRebaseContext>& interactiveRebaseContext() const {
+        return interactiveRebaseContext_;
+    }
     const std::optional<BranchEntry>& pendingForceDeleteBranch() const { return pendingForceDeleteBranch_; }
     const std::optional<BranchEntry>& pendingRemoteDeleteBranch() const { return pendingRemoteDeleteBranch_; }
     const std::optional<TagEntry>& pendingDeleteTag() const { return pendingDeleteTag_; }
@@ -88,8 +100,11 @@ class SidebarViewModel final : public QObject {
     QCoro::Task<void> pushBranch(BranchEntry branch);
     QCoro::Task<void> mergeBranch(BranchEntry branch);
     QCoro::Task<void> rebaseOnto(BranchEntry branch);
-    // The plan editor reads the commits and runs the rebase; the sidebar only names the target.
-    void requestInteractiveRebase(const BranchEntry& branch);
+    // Reads the commits an interactive rebase onto `branch` would replay into
+    // interactiveRebaseContext and raises interactiveRebaseRequested; the plan editor takes them
+    // from there and runs the rebase.
+    QCoro::Task<void> loadRebaseTodo(BranchEntry branch);
+    void clearInteractiveRebaseContext();
     // Reloads the branches and tells the tab that HEAD, the working tree or the refs changed, as
     // after a sheet created a branch and perhaps checked it out.
     void reloadAfterCheckout();
@@ -131,7 +146,7 @@ class SidebarViewModel final : public QObject {
     void checkoutComplete();
     // The user clicked a branch (or a tag): the graph shows its commit.
     void branchSelected(const orvel::BranchEntry& branch);
-    // The user asked to rebase HEAD interactively onto the branch `target`.
+    // The plan of an interactive rebase onto the branch `target` is in interactiveRebaseContext.
     void interactiveRebaseRequested(const std::string& target);
 
   private:
@@ -148,6 +163,7 @@ class SidebarViewModel final : public QObject {
     bool isLoadingDetails_ = false;
     std::optional<QString> loadError_;
     std::optional<RepoEntry> repo_;
+    std::optional<InteractiveRebaseContext> interactiveRebaseContext_;
     std::optional<BranchEntry> pendingForceDeleteBranch_;
     std::optional<BranchEntry> pendingRemoteDeleteBranch_;
     std::optional<TagEntry> pendingDeleteTag_;

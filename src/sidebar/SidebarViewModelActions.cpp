@@ -351,6 +351,20 @@ QCoro::Task<void> SidebarViewModel::rebaseOnto(BranchEntry branch) {
         self->reloadAfterCheckout();
 }
 
+QCoro::Task<void> SidebarViewModel::loadRebaseTodo(BranchEntry branch) {
+    if (!checkRepository())
+        co_return;
+    QPointer<SidebarViewModel> self(this);
+    auto read = attempt(service_->rebaseTodoList(*repo_, branch.name), toasts_, "op=rebase.loadTodo",
+                        "Load rebase todo failed: %1");
+    std::optional<std::vector<RebaseTodoEntry>> entries = co_await std::move(read);
+    if (!entries || !self)
+        co_return;
+    self->interactiveRebaseContext_ =
+        InteractiveRebaseContext{QUuid::createUuid(), branch.name, std::move(*entries)};
+    emit self->interactiveRebaseRequested(branch.name);
+}
+
 QCoro::Task<void> SidebarViewModel::reloadTags() {
     if (!repo_)
         co_return;

@@ -78,7 +78,7 @@ void SidebarView::addBranchActions(QMenu& menu, const BranchEntry& branch) {
         menu.addAction(localized("Rebase '%1' onto '%2'", head, name), this,
                        [this, branch] { sidebar_.rebaseOnto(branch); });
         menu.addAction(localized("Interactive Rebase '%1' onto '%2'…", head, name), this,
-                       [this, branch] { sidebar_.requestInteractiveRebase(branch); });
+                       [this, branch] { sidebar_.loadRebaseTodo(branch); });
     }
     if (isCurrent && branch.upstream)
         menu.addAction(localized("Pull"), this, [this, branch] { sidebar_.pullBranch(branch); });

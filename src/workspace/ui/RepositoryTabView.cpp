@@ -8,6 +8,7 @@
 #include "graph/ui/GraphPane.h"
 #include "graph/ui/GraphTableView.h"
 #include "graph/ui/RepoHistoryPane.h"
+#include "merge/InteractiveRebaseViewModel.h"
 #include "merge/ui/ConflictBanner.h"
 #include "merge/ui/RebasePlanSheet.h"
 #include "sidebar/SidebarViewModel.h"
@@ -94,9 +95,17 @@ void RepositoryTabView::showCreateTag(const std::string& hash) {
 }
 
 void RepositoryTabView::showInteractiveRebase(const std::string& target) {
-    // The sheet opens itself once the commits are read, or tells in a toast why it does not.
+    // The sheet opens itself once it has the commits, or tells in a toast why it does not.
     auto* sheet = new RebasePlanSheet(tab_.repo(), target, tab_.service(), tab_.toasts(), this);
     connect(sheet, &RebasePlanSheet::rebaseEnded, &tab_, &WorkspaceTabState::refresh);
+    // When the sidebar asks, it has read the commits already.
+    const auto& context = tab_.sidebar().interactiveRebaseContext();
+    if (context && context->ontoBranch == target) {
+        sheet->model().setEntries(context->entries);
+        tab_.sidebar().clearInteractiveRebaseContext();
+    } else {
+        sheet->model().load();
+    }
 }
 
 void RepositoryTabView::saveSplitterStates() const {
