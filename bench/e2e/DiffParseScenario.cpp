@@ -120,12 +120,14 @@ int runDiffParse(const ScenarioOptions& options) {
     std::size_t serviceFiles = 0;
     std::vector<double> service, serviceGit;
     alternate(
-        options.rounds, [&] { serviceGit.push_back(milliseconds([&] { gitOutput(options.repo, arguments); })); },
+        options.rounds,
+        [&] { serviceGit.push_back(milliseconds([&] { gitOutput(options.repo, arguments); })); },
         [&] {
             service.push_back(milliseconds([&] {
-                serviceFiles = QCoro::waitFor(bench.service.diff(bench.repo, DiffContext::commitRange("HEAD~1", "HEAD"),
-                                                                 std::nullopt))
-                                   .files.size();
+                serviceFiles =
+                    QCoro::waitFor(bench.service.diff(bench.repo, DiffContext::commitRange("HEAD~1", "HEAD"),
+                                                      std::nullopt))
+                        .files.size();
             }));
         });
     const double serviceMs = median(service);

@@ -38,8 +38,8 @@ int runDiffView(const ScenarioOptions& options) {
         runGit(options.repo, {"init", "-q"});
         writeLines(file, lines, "before");
         runGit(options.repo, {"add", "changed.cpp"});
-        runGit(options.repo, {"-c", "user.name=Bench", "-c", "user.email=bench@example.invalid", "commit", "-q",
-                              "-m", "base"});
+        runGit(options.repo, {"-c", "user.name=Bench", "-c", "user.email=bench@example.invalid", "commit",
+                              "-q", "-m", "base"});
         writeLines(file, lines, "after");
     }
 

@@ -46,7 +46,9 @@ RepositoryTabView::RepositoryTabView(WorkspaceTabState& tab, UserDefaults& defau
     connect(diffPane_, &DiffPane::closeRequested, diffPane_, &QWidget::hide);
     graphPane().table().viewport()->installEventFilter(this);
     connect(&tab_, &WorkspaceTabState::workingTreeCountsChanged, historyPane_,
-            [pane = historyPane_](int staged, int unstaged) { pane->setWorkingTreeChangeCount(staged + unstaged); });
+            [pane = historyPane_](int staged, int unstaged) {
+                pane->setWorkingTreeChangeCount(staged + unstaged);
+            });
     connect(&tab_.graph(), &RepoGraphPaneViewModel::createBranchRequested, this,
             &RepositoryTabView::showCreateBranch);
     connect(&tab_.graph(), &RepoGraphPaneViewModel::createTagRequested, this,
