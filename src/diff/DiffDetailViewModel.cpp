@@ -20,7 +20,7 @@ bool isUntracked(const DiffDetailViewModel::Selection& selection) {
 }
 
 // The file of `result` that `path` names: by its new path, or its old one when it was deleted.
-std::optional<FileDiff> pickFile(DiffResult result, const std::string& path) {
+std::optional<FileDiff> pickFile(DiffResult& result, const std::string& path) {
     for (auto& file : result.files)
         if (file.newPath == path || (file.newPath.empty() && file.oldPath == path))
             return std::move(file);
@@ -227,7 +227,10 @@ QCoro::Task<void> DiffDetailViewModel::reload() {
             DiffResult result = co_await std::move(read);
             if (!ticket.isCurrent())
                 co_return;
-            fileDiff_ = pickFile(std::move(result), path);
+            fileDiff_ = pickFile(result, path);
+            // The other files of a large diff are many small records: they are let go off this thread.
+            backgroundPool().post(
+                [rest = std::make_shared<DiffResult>(std::move(result))]() mutable { rest.reset(); });
         }
         if (!fileDiff_ && !(wantsFile && fileText_))
             setContent(Content::noChanges);
