@@ -2,6 +2,7 @@
 #include "app/Appearance.h"
 #include "app/OrvelApp.h"
 #include "workspace/AppViewModel.h"
+#include "workspace/ui/CredentialDialog.h"
 #include "workspace/ui/MainWindow.h"
 
 #include <QApplication>
@@ -37,6 +38,7 @@ int main(int argc, char** argv) {
 
     orvel::OrvelApp app;
     orvel::MainWindow window(app.appViewModel(), app.defaults());
+    orvel::CredentialDialog credentialDialog(app.credentialManager(), &window);
     QObject::connect(&window, &orvel::MainWindow::appearanceChosen, &orvel::applyAppearance);
     reportPaintedGraphs(window, app.appViewModel());
     window.show();

@@ -9,9 +9,10 @@ namespace orvel {
 
 namespace {
 
-// The building form of the tree: a file, or a directory of named entries in key order.
+// The building form of the tree: a file of the input, or a directory of named entries in key
+// order. Files are copied once, into the finished nodes.
 struct TreeEntry {
-    std::optional<FileChange> file;
+    const FileChange* file = nullptr;
     std::map<std::string, std::unique_ptr<TreeEntry>> children;
 };
 
@@ -44,7 +45,7 @@ std::vector<FileTreeNode> toNodes(const std::map<std::string, std::unique_ptr<Tr
         node.id = parentID.empty() ? name : parentID + "/" + name;
         node.name = name;
         if (entry->file)
-            node.file = entry->file;
+            node.file = *entry->file;
         else
             node.children = toNodes(entry->children, node.id);
         nodes.push_back(std::move(node));
@@ -69,7 +70,7 @@ std::vector<FileTreeNode> buildFileTree(const std::vector<FileChange>& files) {
         }
         auto& leaf = directory->children[std::string(components.back())];
         leaf = std::make_unique<TreeEntry>();
-        leaf->file = file;
+        leaf->file = &file;
     }
     return toNodes(root.children, {});
 }

@@ -32,8 +32,8 @@ OEmptyState::OEmptyState(const QString& iconName, const QString& title, const QS
     message_->setForegroundRole(QPalette::PlaceholderText);
     message_->setVisible(!message.isEmpty());
 
-    // The column is at most messageWidth wide and centred; its labels fill it, so that wrapped text
-    // gets the height it needs.
+    // The column takes the whole width up to messageWidth and is centred; its labels fill it, so
+    // that text wraps only where the space ends and gets the height it needs.
     auto* column = new QWidget(this);
     column->setMaximumWidth(messageWidth);
     auto* columnLayout = new QVBoxLayout(column);
@@ -43,7 +43,7 @@ OEmptyState::OEmptyState(const QString& iconName, const QString& title, const QS
     columnLayout->addWidget(message_);
     auto* row = new QHBoxLayout;
     row->addStretch(1);
-    row->addWidget(column, 2);
+    row->addWidget(column, 100);
     row->addStretch(1);
     auto* layout = new QVBoxLayout(this);
     layout->addStretch(1);

@@ -4,13 +4,15 @@
 #include "core/support/Log.h"
 #include "diff/DiffDetailViewModel.h"
 #include "graph/RepoGraphPaneViewModel.h"
+#include "merge/ConflictBannerViewModel.h"
 #include "settings/LocalizationManager.h"
+#include "sidebar/SidebarViewModel.h"
 #include "workspace/FileSystemWatcher.h"
+#include "workspace/RemoteChoice.h"
 #include "workspace/ToastManager.h"
 
 #include <QPointer>
 
-#include <algorithm>
 #include <filesystem>
 
 namespace orvel {
@@ -20,11 +22,21 @@ WorkspaceTabState::WorkspaceTabState(RepoEntry repo, std::shared_ptr<GitServiceP
     : QObject(parent), repo_(std::move(repo)), service_(std::move(service)), toasts_(toasts),
       options_(options), currentBranchName_(repo_.currentBranch),
       graph_(std::make_unique<RepoGraphPaneViewModel>(repo_, service_, toasts_)),
+      conflictBanner_(std::make_unique<ConflictBannerViewModel>(repo_, service_, toasts_)),
+      sidebar_(std::make_unique<SidebarViewModel>(service_, toasts_)),
       diff_(std::make_unique<DiffDetailViewModel>(repo_, service_)) {
     if (!currentBranchName_)
         detachedHead_ = repo_.headHash;
     // A reset, pick or revert from the graph's menu changed the repository.
     connect(graph_.get(), &RepoGraphPaneViewModel::repositoryChanged, this, &WorkspaceTabState::refresh);
+    connect(conflictBanner_.get(), &ConflictBannerViewModel::repositoryChanged, this,
+            &WorkspaceTabState::refresh);
+    connect(sidebar_.get(), &SidebarViewModel::branchesLoaded, this, &WorkspaceTabState::branchesLoaded);
+    connect(sidebar_.get(), &SidebarViewModel::checkoutComplete, this, &WorkspaceTabState::checkoutComplete);
+    connect(sidebar_.get(), &SidebarViewModel::branchSelected, this, [this](const BranchEntry& branch) {
+        graph_->selectCommit(branch.hash);
+        sidebar_->acknowledgeNavigation();
+    });
     // A hunk staged, unstaged or discarded from the diff pane.
     connect(diff_.get(), &DiffDetailViewModel::needsStatusRefresh, this, &WorkspaceTabState::refresh);
     qCDebug(lcApp, "op=repo.tab.opened count=1");
@@ -48,6 +60,8 @@ void WorkspaceTabState::loadData() {
     loadGraphAndMaintain();
     readWorkingTreeCounts();
     loadCurrentBranch();
+    conflictBanner_->refresh();
+    sidebar_->loadBranches(repo_);
     if (!fileWatcher_)
         startFileWatcher();
 }
@@ -60,8 +74,42 @@ void WorkspaceTabState::refresh() {
     qCDebug(lcApp, "op=sidebar.refreshRequested reason=user");
     readWorkingTreeCounts();
     graph_->load();
-    loadCurrentBranch();
+    sidebar_->loadBranches(repo_);
+    conflictBanner_->refresh();
     diff_->reloadWorkingTree();
+}
+
+void WorkspaceTabState::branchesLoaded(const std::vector<BranchEntry>& branches) {
+    if (branches != branches_) {
+        branches_ = branches;
+        emit branchesChanged();
+    }
+    const auto current = std::find_if(branches.begin(), branches.end(), [](const BranchEntry& branch) {
+        return branch.isCurrent && !branch.isRemote;
+    });
+    // A detached HEAD is named by its commit, which only a fresh read gives.
+    if (current == branches.end()) {
+        loadCurrentBranch();
+        return;
+    }
+    if (currentBranchName_ == current->name && !detachedHead_)
+        return;
+    currentBranchName_ = current->name;
+    detachedHead_.reset();
+    emit titleChanged();
+}
+
+void WorkspaceTabState::checkoutComplete() {
+    qCDebug(lcApp, "op=tab.checkoutComplete");
+    graph_->load();
+    loadCurrentBranch();
+    readWorkingTreeCounts();
+    conflictBanner_->refresh();
+}
+
+void WorkspaceTabState::reloadAfterFetch() {
+    graph_->load();
+    sidebar_->loadBranches(repo_);
 }
 
 void WorkspaceTabState::startFileWatcher() {
@@ -115,11 +163,12 @@ QCoro::Task<void> WorkspaceTabState::readCurrentBranch() {
         const std::vector<BranchEntry> branches = co_await service->branches(repo);
         if (!ticket.isCurrent())
             co_return;
-        const auto current = std::find_if(branches.begin(), branches.end(), [](const BranchEntry& branch) {
-            return branch.isCurrent && !branch.isRemote;
-        });
+        if (branches != branches_) {
+            branches_ = branches;
+            emit branchesChanged();
+        }
         std::optional<std::string> name;
-        if (current != branches.end())
+        if (const BranchEntry* current = currentLocalBranch(branches))
             name = current->name;
         std::optional<std::string> detachedHead;
         if (!name) {

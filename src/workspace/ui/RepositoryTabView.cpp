@@ -8,7 +8,10 @@
 #include "graph/ui/GraphPane.h"
 #include "graph/ui/GraphTableView.h"
 #include "graph/ui/RepoHistoryPane.h"
+#include "merge/ui/ConflictBanner.h"
+#include "merge/ui/RebasePlanSheet.h"
 #include "sidebar/ui/CreateTagSheet.h"
+#include "sidebar/ui/SidebarView.h"
 #include "workspace/WorkspaceTabState.h"
 
 #include <QEvent>
@@ -26,18 +29,27 @@ QString splitterKey(const QSplitter& splitter) {
 } // namespace
 
 RepositoryTabView::RepositoryTabView(WorkspaceTabState& tab, UserDefaults& defaults, QWidget* parent)
-    : QWidget(parent), tab_(tab), defaults_(defaults), historyPane_(new RepoHistoryPane(tab.graph(), this)),
-      diffPane_(new DiffPane(tab.diff(), this)) {
+    : QWidget(parent), tab_(tab), defaults_(defaults), sidebar_(new SidebarView(tab.sidebar(), this)),
+      historyPane_(new RepoHistoryPane(tab.graph(), this)), diffPane_(new DiffPane(tab.diff(), this)) {
     setObjectName(QStringLiteral("repository-tab"));
-    auto* layout = new QVBoxLayout(this);
-    layout->setContentsMargins(0, 0, 0, 0);
+    auto* columns = new QSplitter(Qt::Horizontal, this);
+    columns->setObjectName(QStringLiteral("tabSplitter"));
+    columns->setChildrenCollapsible(false);
     // Until the changes page holds the diff pane, a commit's file opens below the history.
     auto* historyAndDiff = new QSplitter(Qt::Vertical, this);
     historyAndDiff->setObjectName(QStringLiteral("repository-tab.history-diff"));
     historyAndDiff->addWidget(historyPane_);
     historyAndDiff->addWidget(diffPane_);
     diffPane_->hide();
-    layout->addWidget(historyAndDiff);
+    columns->addWidget(sidebar_);
+    columns->addWidget(historyAndDiff);
+    columns->setStretchFactor(1, 1);
+    columns->setSizes({240, 1000});
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    layout->addWidget(new ConflictBanner(tab_.conflictBanner(), this));
+    layout->addWidget(columns);
     connect(historyPane_, &RepoHistoryPane::showDiffRequested, this,
             [this](const FileChange& file, const std::string& hash, bool isMerge) {
                 tab_.diff().showDiff(file, hash, isMerge, false);
@@ -76,6 +88,12 @@ void RepositoryTabView::showCreateTag(const std::string& hash) {
     sheet->setAttribute(Qt::WA_DeleteOnClose);
     connect(sheet, &CreateTagSheet::created, &tab_, &WorkspaceTabState::refresh);
     sheet->open();
+}
+
+void RepositoryTabView::showInteractiveRebase(const std::string& target) {
+    // The sheet opens itself once the commits are read, or tells in a toast why it does not.
+    auto* sheet = new RebasePlanSheet(tab_.repo(), target, tab_.service(), tab_.toasts(), this);
+    connect(sheet, &RebasePlanSheet::rebaseEnded, &tab_, &WorkspaceTabState::refresh);
 }
 
 void RepositoryTabView::saveSplitterStates() const {

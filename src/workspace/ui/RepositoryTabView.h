@@ -13,6 +13,7 @@ namespace orvel {
 class DiffPane;
 class GraphPane;
 class RepoHistoryPane;
+class SidebarView;
 class UserDefaults;
 class WorkspaceTabState;
 
@@ -30,6 +31,10 @@ class RepositoryTabView final : public QWidget {
     // Writes the state of every named splitter, so that the next tab opens with the same layout.
     void saveSplitterStates() const;
 
+  public slots:
+    // Reads the commits between `target` and HEAD and opens the plan of an interactive rebase.
+    void showInteractiveRebase(const std::string& target);
+
   signals:
     // The graph has been painted with its commits for the first time.
     void graphPainted();
@@ -44,6 +49,7 @@ class RepositoryTabView final : public QWidget {
 
     WorkspaceTabState& tab_;
     UserDefaults& defaults_;
+    SidebarView* sidebar_;
     RepoHistoryPane* historyPane_;
     DiffPane* diffPane_;
     bool graphPainted_ = false;
