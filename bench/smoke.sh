@@ -37,3 +37,9 @@ echo "$line"
 line=$("$tool" --scenario filter-budget --tiny --rounds 2 --repo "$work/unused")
 echo "$line"
 [[ "$line" =~ ^scenario=filter-budget-tiny\ ours_ms=[0-9.]+\ slowest_ms=[0-9.]+\ budget_ms=100\ ratio=[0-9.]+\ names=500\ timed_out=1\  ]]
+line=$("$tool" --scenario highlight-10k --tiny --rounds 2 --repo "$work/none" 2>/dev/null)
+echo "$line"
+[[ "$line" =~ ^scenario=highlight-10k-tiny\ ours_ms=[0-9.]+\ mb=[0-9.]+\ mb_per_s=[0-9.]+\ tokens=[0-9]+$ ]]
+line=$("$tool" --scenario diff-view-10k --tiny --rounds 2 --repo "$work/diff-view" 2>/dev/null)
+echo "$line"
+[[ "$line" =~ ^scenario=diff-view-10k-tiny\ ours_ms=[0-9.]+\ git_ms=[0-9.]+\ ratio=[0-9.]+\ .*\ rows=1001\ painted=yes$ ]]

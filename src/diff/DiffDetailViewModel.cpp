@@ -20,7 +20,7 @@ bool isUntracked(const DiffDetailViewModel::Selection& selection) {
 }
 
 // The file of `result` that `path` names: by its new path, or its old one when it was deleted.
-std::optional<FileDiff> pickFile(DiffResult result, const std::string& path) {
+std::optional<FileDiff> pickFile(DiffResult& result, const std::string& path) {
     for (auto& file : result.files)
         if (file.newPath == path || (file.newPath.empty() && file.oldPath == path))
             return std::move(file);
@@ -29,7 +29,8 @@ std::optional<FileDiff> pickFile(DiffResult result, const std::string& path) {
 
 // The revisions of the two sides of the selection's file, for `git cat-file blob`: none for a side
 // that doesn't exist, an empty one for the working tree's file.
-std::pair<std::optional<std::string>, std::string> revisionsOf(const DiffDetailViewModel::Selection& selection) {
+std::pair<std::optional<std::string>, std::string>
+revisionsOf(const DiffDetailViewModel::Selection& selection) {
     const std::string& path = selection.file.path;
     if (selection.commitHash)
         return {*selection.commitHash + "^:" + path, *selection.commitHash + ":" + path};
@@ -161,28 +162,37 @@ QCoro::Task<void> DiffDetailViewModel::reload() {
     const std::string file = fullPath();
     const InspectionLimits limits = defaults_ ? InspectionLimits::read(*defaults_) : InspectionLimits{};
     const bool wantsFile = mode_ == CodeDiffMode::file;
-    const std::optional<int> contextLines = fullContext_ ? std::optional<int>(fullContextLines) : std::nullopt;
+    const std::optional<int> contextLines =
+        fullContext_ ? std::optional<int>(fullContextLines) : std::nullopt;
     language_ = detectLanguage(path);
     diffLoadError_.clear();
     setContent(Content::loading);
     try {
-        auto inspection = co_await runOnPool(backgroundPool(), [file, limits] { return inspectFile(file, limits); });
+        auto inspection =
+            co_await runOnPool(backgroundPool(), [file, limits] { return inspectFile(file, limits); });
         if (!ticket.isCurrent())
             co_return;
         inspection_ = inspection;
         fileDiff_.reset();
         fileText_.reset();
         switch (inspection.policy) {
-        case FileOpenPolicy::directory: setContent(Content::untrackedFolder); co_return;
-        case FileOpenPolicy::image: co_await loadImages(selection, ticket); co_return;
-        case FileOpenPolicy::unsupported: setContent(Content::unsupported); co_return;
+        case FileOpenPolicy::directory:
+            setContent(Content::untrackedFolder);
+            co_return;
+        case FileOpenPolicy::image:
+            co_await loadImages(selection, ticket);
+            co_return;
+        case FileOpenPolicy::unsupported:
+            setContent(Content::unsupported);
+            co_return;
         case FileOpenPolicy::largeText:
             if (!forceLargeFile_) {
                 setContent(Content::largeFile);
                 co_return;
             }
             break;
-        case FileOpenPolicy::text: break;
+        case FileOpenPolicy::text:
+            break;
         }
 
         // The whole file, for file mode and for a file git doesn't track yet.
@@ -208,14 +218,19 @@ QCoro::Task<void> DiffDetailViewModel::reload() {
         if (isUntracked(selection)) {
             fileDiff_ = untrackedFileDiff(path, fileText_);
         } else {
-            auto read = selection.commitHash
-                            ? service_->commitDiff(repo, *selection.commitHash, contextLines, ticket.stopToken())
-                            : service_->diff(repo, selection.isStaged ? DiffContext::staged() : DiffContext::unstaged(),
-                                             contextLines, ticket.stopToken());
+            auto read =
+                selection.commitHash
+                    ? service_->commitDiff(repo, *selection.commitHash, contextLines, ticket.stopToken())
+                    : service_->diff(repo,
+                                     selection.isStaged ? DiffContext::staged() : DiffContext::unstaged(),
+                                     contextLines, ticket.stopToken());
             DiffResult result = co_await std::move(read);
             if (!ticket.isCurrent())
                 co_return;
-            fileDiff_ = pickFile(std::move(result), path);
+            fileDiff_ = pickFile(result, path);
+            // The other files of a large diff are many small records: they are let go off this thread.
+            backgroundPool().post(
+                [rest = std::make_shared<DiffResult>(std::move(result))]() mutable { rest.reset(); });
         }
         if (!fileDiff_ && !(wantsFile && fileText_))
             setContent(Content::noChanges);
@@ -240,7 +255,8 @@ QCoro::Task<void> DiffDetailViewModel::loadImages(const Selection& selection, Lo
     const std::string path = selection.file.path;
     auto service = service_;
     // Either side may be missing (an added or deleted image): that side stays empty.
-    auto readSide = [service, repo, path, stop = ticket.stopToken()](std::string revision) -> QCoro::Task<QImage> {
+    auto readSide = [service, repo, path,
+                     stop = ticket.stopToken()](std::string revision) -> QCoro::Task<QImage> {
         std::string bytes;
         try {
             bytes = revision.empty() ? co_await service->readWorkTreeFile(repo, path, stop)
@@ -314,9 +330,15 @@ QCoro::Task<bool> DiffDetailViewModel::runHunkAction(HunkAction action, int hunk
                                                        : "discardHunk";
     try {
         switch (action) {
-        case HunkAction::stage: co_await service_->stageHunk(repo_, path, target); break;
-        case HunkAction::unstage: co_await service_->unstageHunk(repo_, path, target); break;
-        case HunkAction::discard: co_await service_->discardHunk(repo_, path, target); break;
+        case HunkAction::stage:
+            co_await service_->stageHunk(repo_, path, target);
+            break;
+        case HunkAction::unstage:
+            co_await service_->unstageHunk(repo_, path, target);
+            break;
+        case HunkAction::discard:
+            co_await service_->discardHunk(repo_, path, target);
+            break;
         }
     } catch (const std::exception& error) {
         qCWarning(lcDiff, "op=diff.%s err=%s", name, redactForLog(error.what()).c_str());

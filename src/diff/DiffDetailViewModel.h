@@ -43,7 +43,7 @@ class DiffDetailViewModel final : public QObject {
     };
 
     enum class Content : char {
-        none,            // nothing selected
+        none, // nothing selected
         loading,
         diff,            // rows() hold the diff, or the file in file mode
         noChanges,       // the diff has no hunks for the file

@@ -8,20 +8,28 @@ namespace {
 
 RowTone toneOf(DiffLineType type) {
     switch (type) {
-    case DiffLineType::addition: return RowTone::addition;
-    case DiffLineType::deletion: return RowTone::deletion;
-    case DiffLineType::noNewlineAtEnd: return RowTone::noNewline;
-    case DiffLineType::context: break;
+    case DiffLineType::addition:
+        return RowTone::addition;
+    case DiffLineType::deletion:
+        return RowTone::deletion;
+    case DiffLineType::noNewlineAtEnd:
+        return RowTone::noNewline;
+    case DiffLineType::context:
+        break;
     }
     return RowTone::context;
 }
 
 RowTone toneOf(SplitCellType type) {
     switch (type) {
-    case SplitCellType::addition: return RowTone::addition;
-    case SplitCellType::deletion: return RowTone::deletion;
-    case SplitCellType::empty: return RowTone::empty;
-    case SplitCellType::context: break;
+    case SplitCellType::addition:
+        return RowTone::addition;
+    case SplitCellType::deletion:
+        return RowTone::deletion;
+    case SplitCellType::empty:
+        return RowTone::empty;
+    case SplitCellType::context:
+        break;
     }
     return RowTone::context;
 }

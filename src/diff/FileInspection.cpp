@@ -27,7 +27,11 @@ int clampedSetting(const UserDefaults& defaults, const char* key, int low, int h
 bool isUtf8(std::string_view bytes) {
     for (std::size_t at = 0; at < bytes.size();) {
         const auto lead = static_cast<unsigned char>(bytes[at]);
-        const std::size_t length = lead < 0x80 ? 1 : (lead >> 5) == 0x6 ? 2 : (lead >> 4) == 0xE ? 3 : (lead >> 3) == 0x1E ? 4 : 0;
+        const std::size_t length = lead < 0x80           ? 1
+                                   : (lead >> 5) == 0x6  ? 2
+                                   : (lead >> 4) == 0xE  ? 3
+                                   : (lead >> 3) == 0x1E ? 4
+                                                         : 0;
         if (length == 0 || at + length > bytes.size())
             return false;
         for (std::size_t k = 1; k < length; ++k)
@@ -46,7 +50,8 @@ bool isUtf16(std::string_view bytes) {
     const bool bigEndian = bytes.size() >= 2 && static_cast<unsigned char>(bytes[0]) == 0xFE &&
                            static_cast<unsigned char>(bytes[1]) == 0xFF;
     auto unit = [&](std::size_t at) {
-        const auto first = static_cast<unsigned char>(bytes[at]), second = static_cast<unsigned char>(bytes[at + 1]);
+        const auto first = static_cast<unsigned char>(bytes[at]),
+                   second = static_cast<unsigned char>(bytes[at + 1]);
         return bigEndian ? (first << 8 | second) : (second << 8 | first);
     };
     for (std::size_t at = 0; at < bytes.size(); at += 2) {
@@ -155,9 +160,11 @@ FileInspection inspectFile(const std::string& fullPath, const InspectionLimits& 
         metadata.lineCount = 1; // an unreadable file counts as empty text
 
     if (metadata.isBinary)
-        inspection.policy = metadata.mimeType && metadata.mimeType->starts_with("image/") ? FileOpenPolicy::image
-                                                                                          : FileOpenPolicy::unsupported;
-    else if (metadata.size > limits.sizeBytes || (metadata.lineCount && *metadata.lineCount > limits.lineCount))
+        inspection.policy = metadata.mimeType && metadata.mimeType->starts_with("image/")
+                                ? FileOpenPolicy::image
+                                : FileOpenPolicy::unsupported;
+    else if (metadata.size > limits.sizeBytes ||
+             (metadata.lineCount && *metadata.lineCount > limits.lineCount))
         inspection.policy = FileOpenPolicy::largeText;
     return inspection;
 }

@@ -8,7 +8,8 @@ namespace orvel {
 
 FileSheetViewModel::FileSheetViewModel(Kind kind, RepoEntry repo, std::string path,
                                        std::shared_ptr<GitServiceProtocol> service, QObject* parent)
-    : QObject(parent), kind_(kind), repo_(std::move(repo)), path_(std::move(path)), service_(std::move(service)) {}
+    : QObject(parent), kind_(kind), repo_(std::move(repo)), path_(std::move(path)),
+      service_(std::move(service)) {}
 
 QCoro::Task<void> FileSheetViewModel::load() {
     auto ticket = loads_.begin(this);

@@ -28,8 +28,8 @@ class FileSheetViewModel final : public QObject {
     // The history sheet shows at most this many commits.
     static constexpr long historyLimit = 100;
 
-    FileSheetViewModel(Kind kind, RepoEntry repo, std::string path, std::shared_ptr<GitServiceProtocol> service,
-                       QObject* parent = nullptr);
+    FileSheetViewModel(Kind kind, RepoEntry repo, std::string path,
+                       std::shared_ptr<GitServiceProtocol> service, QObject* parent = nullptr);
 
     Kind kind() const { return kind_; }
     const std::string& path() const { return path_; }

@@ -58,7 +58,8 @@ const QString shellKeywords = QStringLiteral(
     "if then else elif fi case esac for while do done in function return exit echo export local readonly "
     "shift set unset true false");
 const QString sqlKeywords = QStringLiteral(
-    "SELECT FROM WHERE INSERT UPDATE DELETE CREATE ALTER DROP TABLE INDEX VIEW JOIN LEFT RIGHT INNER OUTER ON "
+    "SELECT FROM WHERE INSERT UPDATE DELETE CREATE ALTER DROP TABLE INDEX VIEW JOIN LEFT RIGHT INNER OUTER "
+    "ON "
     "AND OR NOT NULL IN BETWEEN LIKE ORDER BY GROUP HAVING LIMIT OFFSET AS DISTINCT COUNT SUM AVG MAX MIN "
     "INTO VALUES SET BEGIN COMMIT ROLLBACK TRANSACTION PRIMARY KEY FOREIGN REFERENCES CASCADE EXISTS UNION "
     "ALL");
@@ -66,20 +67,31 @@ const QString sqlKeywords = QStringLiteral(
 QString keywordsOf(SourceLanguage language) {
     using L = SourceLanguage;
     switch (language) {
-    case L::swift: return swiftKeywords;
-    case L::python: return pythonKeywords;
+    case L::swift:
+        return swiftKeywords;
+    case L::python:
+        return pythonKeywords;
     case L::javascript:
-    case L::typescript: return scriptKeywords;
-    case L::go: return goKeywords;
-    case L::rust: return rustKeywords;
+    case L::typescript:
+        return scriptKeywords;
+    case L::go:
+        return goKeywords;
+    case L::rust:
+        return rustKeywords;
     case L::c:
-    case L::cpp: return cKeywords;
+    case L::cpp:
+        return cKeywords;
     case L::java:
-    case L::kotlin: return jvmKeywords;
-    case L::ruby: return rubyKeywords;
-    case L::shell: return shellKeywords;
-    case L::sql: return sqlKeywords;
-    default: return {};
+    case L::kotlin:
+        return jvmKeywords;
+    case L::ruby:
+        return rubyKeywords;
+    case L::shell:
+        return shellKeywords;
+    case L::sql:
+        return sqlKeywords;
+    default:
+        return {};
     }
 }
 
@@ -91,28 +103,36 @@ QString lineCommentOf(SourceLanguage language) {
     case L::shell:
     case L::yaml:
     case L::toml:
-    case L::dockerfile: return QStringLiteral("#");
-    case L::sql: return QStringLiteral("--");
+    case L::dockerfile:
+        return QStringLiteral("#");
+    case L::sql:
+        return QStringLiteral("--");
     case L::html:
     case L::css:
     case L::json:
-    case L::markdown: return {};
-    default: return QStringLiteral("//");
+    case L::markdown:
+        return {};
+    default:
+        return QStringLiteral("//");
     }
 }
 
 std::pair<QString, QString> blockCommentOf(SourceLanguage language) {
     using L = SourceLanguage;
     switch (language) {
-    case L::html: return {QStringLiteral("<!--"), QStringLiteral("-->")};
-    case L::ruby: return {QStringLiteral("=begin"), QStringLiteral("=end")};
+    case L::html:
+        return {QStringLiteral("<!--"), QStringLiteral("-->")};
+    case L::ruby:
+        return {QStringLiteral("=begin"), QStringLiteral("=end")};
     case L::python:
     case L::shell:
     case L::yaml:
     case L::json:
     case L::toml:
-    case L::dockerfile: return {};
-    default: return {QStringLiteral("/*"), QStringLiteral("*/")};
+    case L::dockerfile:
+        return {};
+    default:
+        return {QStringLiteral("/*"), QStringLiteral("*/")};
     }
 }
 
@@ -127,23 +147,30 @@ bool hasSingleQuotes(SourceLanguage language) {
     case L::ruby:
     case L::dart:
     case L::php:
-    case L::shell: return true;
-    default: return false;
+    case L::shell:
+        return true;
+    default:
+        return false;
     }
 }
 
 QStringList directivesOf(SourceLanguage language) {
     using L = SourceLanguage;
     switch (language) {
-    case L::swift: return {QStringLiteral("#\\w+"), QStringLiteral("@\\w+")};
+    case L::swift:
+        return {QStringLiteral("#\\w+"), QStringLiteral("@\\w+")};
     case L::python:
     case L::typescript:
     case L::java:
-    case L::kotlin: return {QStringLiteral("@\\w+")};
-    case L::rust: return {QStringLiteral("#\\[.*?\\]"), QStringLiteral("#!\\[.*?\\]")};
+    case L::kotlin:
+        return {QStringLiteral("@\\w+")};
+    case L::rust:
+        return {QStringLiteral("#\\[.*?\\]"), QStringLiteral("#!\\[.*?\\]")};
     case L::c:
-    case L::cpp: return {QStringLiteral("#\\w+")};
-    default: return {};
+    case L::cpp:
+        return {QStringLiteral("#\\w+")};
+    default:
+        return {};
     }
 }
 
@@ -167,15 +194,18 @@ std::vector<Rule> rulesOf(SourceLanguage language) {
         rules.push_back({quoted(u'\''), T::string});
     if (language == SourceLanguage::javascript || language == SourceLanguage::typescript)
         rules.push_back({quoted(u'`'), T::string});
-    rules.push_back({QStringLiteral("\\b(?:0[xX][0-9a-fA-F_]+|0[bB][01_]+|[0-9][0-9_]*\\.?[0-9_]*(?:[eE][+-]?[0-9_]+)?)\\b"),
-                     T::number});
+    rules.push_back(
+        {QStringLiteral(
+             "\\b(?:0[xX][0-9a-fA-F_]+|0[bB][01_]+|[0-9][0-9_]*\\.?[0-9_]*(?:[eE][+-]?[0-9_]+)?)\\b"),
+         T::number});
     for (const QString& directive : directivesOf(language))
         rules.push_back({directive, T::directive});
     if (const QString words = keywordsOf(language); !words.isEmpty())
-        rules.push_back({QStringLiteral("\\b(?:") + QString(words).replace(u' ', u'|') + QStringLiteral(")\\b"),
-                         T::keyword,
-                         language == SourceLanguage::sql ? QRegularExpression::CaseInsensitiveOption
-                                                         : QRegularExpression::NoPatternOption});
+        rules.push_back(
+            {QStringLiteral("\\b(?:") + QString(words).replace(u' ', u'|') + QStringLiteral(")\\b"),
+             T::keyword,
+             language == SourceLanguage::sql ? QRegularExpression::CaseInsensitiveOption
+                                             : QRegularExpression::NoPatternOption});
     rules.push_back({QStringLiteral("\\b[A-Z][a-zA-Z0-9_]*\\b"), T::type});
     return rules;
 }
@@ -258,15 +288,24 @@ std::vector<SyntaxToken> highlightTokens(const QString& text, SourceLanguage lan
 QColor syntaxColor(const SyntaxColors& colors, SyntaxTokenType type) {
     using T = SyntaxTokenType;
     switch (type) {
-    case T::keyword: return colors.keyword.color();
-    case T::type: return colors.type.color();
-    case T::string: return colors.string.color();
-    case T::comment: return colors.comment.color();
-    case T::number: return colors.number.color();
-    case T::property: return colors.property.color();
-    case T::function: return colors.function.color();
-    case T::directive: return colors.directive.color();
-    case T::plain: break;
+    case T::keyword:
+        return colors.keyword.color();
+    case T::type:
+        return colors.type.color();
+    case T::string:
+        return colors.string.color();
+    case T::comment:
+        return colors.comment.color();
+    case T::number:
+        return colors.number.color();
+    case T::property:
+        return colors.property.color();
+    case T::function:
+        return colors.function.color();
+    case T::directive:
+        return colors.directive.color();
+    case T::plain:
+        break;
     }
     return colors.plain.color();
 }

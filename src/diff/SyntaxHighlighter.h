@@ -14,10 +14,20 @@ namespace orvel {
 
 struct SyntaxColors;
 
-enum class SyntaxTokenType : char { keyword, type, string, comment, number, property, function, directive, plain };
+enum class SyntaxTokenType : char {
+    keyword,
+    type,
+    string,
+    comment,
+    number,
+    property,
+    function,
+    directive,
+    plain
+};
 
 struct SyntaxToken {
-    int start = 0;  // in UTF-16 units of the text
+    int start = 0; // in UTF-16 units of the text
     int length = 0;
     SyntaxTokenType type = SyntaxTokenType::plain;
 

@@ -222,6 +222,34 @@ TEST(DiffParser, EdgeCases) {
     EXPECT_EQ(odd.lines.at(0).content, "line\r");
 }
 
+// The records without their ids, which every parse mints afresh.
+DiffResult withoutIds(DiffResult diff) {
+    diff.id = {};
+    for (auto& file : diff.files) {
+        file.id = {};
+        for (auto& hunk : file.hunks) {
+            hunk.id = {};
+            for (auto& line : hunk.lines)
+                line.id = {};
+        }
+    }
+    return diff;
+}
+
+// Fed in pieces of every size, lines cut anywhere, the stream reads what the whole text reads,
+// with and without a final newline.
+TEST(DiffParser, StreamInPiecesReadsAsTheWholeText) {
+    for (const std::string& text : {shownCommit, shownCommit.substr(0, shownCommit.size() - 1)}) {
+        const DiffResult whole = withoutIds(parseDiff(text));
+        for (std::size_t piece = 1; piece <= text.size(); piece += piece < 40 ? 1 : 97) {
+            GitOutputParser::DiffStreamParser stream;
+            for (std::size_t at = 0; at < text.size(); at += piece)
+                stream.append(std::string_view(text).substr(at, piece));
+            EXPECT_EQ(withoutIds(stream.finish()), whole) << piece;
+        }
+    }
+}
+
 TEST(DiffStatusCodes, OneLetterPerStatusInDeclaredOrder) {
     std::string letters;
     for (int i = 0; i <= static_cast<int>(DiffStatus::unmerged); ++i) {

@@ -21,10 +21,19 @@ using L = SourceLanguage;
 
 TEST(SourceLanguageTest, ExtensionFirstThenExactName) {
     const std::pair<const char*, L> cases[] = {
-        {"a/b.SWIFT", L::swift},       {"x.h", L::c},          {"x.mm", L::cpp},        {"x.tsx", L::typescript},
-        {"Dockerfile", L::dockerfile}, {"Dockerfile.dev", L::unknown}, {"Makefile", L::shell},
-        {"dir/.gitignore", L::shell},  {".env", L::shell},     {"README.md", L::markdown}, {"noext", L::unknown},
-        {"q.Sql", L::sql},             {"c.less", L::css},
+        {"a/b.SWIFT", L::swift},
+        {"x.h", L::c},
+        {"x.mm", L::cpp},
+        {"x.tsx", L::typescript},
+        {"Dockerfile", L::dockerfile},
+        {"Dockerfile.dev", L::unknown},
+        {"Makefile", L::shell},
+        {"dir/.gitignore", L::shell},
+        {".env", L::shell},
+        {"README.md", L::markdown},
+        {"noext", L::unknown},
+        {"q.Sql", L::sql},
+        {"c.less", L::css},
     };
     for (const auto& [path, language] : cases)
         EXPECT_EQ(detectLanguage(path), language) << path;
@@ -38,8 +47,9 @@ struct HighlightCase {
 
 TEST(SyntaxHighlighterTest, RulesClaimTextInPriorityOrder) {
     const HighlightCase cases[] = {
-        {L::swift, "@available #if import String", {{"@available", T::directive}, {"#if", T::directive},
-                                                    {"import", T::keyword}, {"String", T::type}}},
+        {L::swift,
+         "@available #if import String",
+         {{"@available", T::directive}, {"#if", T::directive}, {"import", T::keyword}, {"String", T::type}}},
         {L::sql, "select SELECT", {{"select", T::keyword}, {"SELECT", T::keyword}}},
         {L::python, "TRUE True", {{"TRUE", T::type}, {"True", T::keyword}}},
         {L::c, "// \"x\" int", {{"// \"x\" int", T::comment}}},
@@ -48,8 +58,9 @@ TEST(SyntaxHighlighterTest, RulesClaimTextInPriorityOrder) {
         {L::cpp, "1_000 0xFF 1e5", {{"1_000", T::number}, {"0xFF", T::number}, {"1e5", T::number}}},
         {L::ruby, "=begin x", {{"begin", T::keyword}}},
         {L::ruby, "=begin\nx\n=end", {{"=begin\nx\n=end", T::comment}}},
-        {L::markdown, "/* a */ \"s\" 42 Name", {{"/* a */", T::comment}, {"\"s\"", T::string}, {"42", T::number},
-                                               {"Name", T::type}}},
+        {L::markdown,
+         "/* a */ \"s\" 42 Name",
+         {{"/* a */", T::comment}, {"\"s\"", T::string}, {"42", T::number}, {"Name", T::type}}},
         {L::unknown, "int x = 1; // c", {}},
         {L::javascript, "`a${b}` // c", {{"`a${b}`", T::string}, {"// c", T::comment}}},
         {L::typescript, "@Input() x", {{"@Input", T::directive}}},
@@ -82,8 +93,12 @@ TEST(SyntaxHighlighterTest, RulesClaimTextInPriorityOrder) {
 // the rows as left/right cell kinds (D, A, C, and . for an empty cell).
 TEST(SplitRowsTest, PairsRunsByPosition) {
     const std::pair<const char*, std::vector<const char*>> cases[] = {
-        {"ddda", {"DA", "D.", "D."}}, {"daaa", {"DA", ".A", ".A"}}, {"dca", {"D.", "CC", ".A"}},
-        {"aa", {".A", ".A"}},         {"d\\a", {"DA"}},             {"c\\", {"CC"}},
+        {"ddda", {"DA", "D.", "D."}},
+        {"daaa", {"DA", ".A", ".A"}},
+        {"dca", {"D.", "CC", ".A"}},
+        {"aa", {".A", ".A"}},
+        {"d\\a", {"DA"}},
+        {"c\\", {"CC"}},
         {"", {}},
     };
     for (const auto& [kinds, expected] : cases) {
@@ -91,7 +106,7 @@ TEST(SplitRowsTest, PairsRunsByPosition) {
         int oldNumber = 1, newNumber = 1;
         for (const char kind : std::string(kinds)) {
             DiffLine line;
-            line.type = kind == 'd' ? DiffLineType::deletion
+            line.type = kind == 'd'   ? DiffLineType::deletion
                         : kind == 'a' ? DiffLineType::addition
                         : kind == 'c' ? DiffLineType::context
                                       : DiffLineType::noNewlineAtEnd;
@@ -103,10 +118,10 @@ TEST(SplitRowsTest, PairsRunsByPosition) {
             hunk.lines.push_back(line);
         }
         auto letter = [](SplitCellType type) {
-            return type == SplitCellType::deletion ? 'D'
+            return type == SplitCellType::deletion   ? 'D'
                    : type == SplitCellType::addition ? 'A'
-                   : type == SplitCellType::context ? 'C'
-                                                    : '.';
+                   : type == SplitCellType::context  ? 'C'
+                                                     : '.';
         };
         std::vector<std::string> actual;
         for (const SplitDiffRow& row : splitRows(hunk)) {
@@ -138,13 +153,18 @@ TEST(FileInspectionTest, PolicyFollowsSizeLinesAndBytes) {
         {"empty.txt", "", FileOpenPolicy::text, false, 1, TextEncoding::utf8},
         {"lines.txt", lines15000, FileOpenPolicy::text, false, 15000, TextEncoding::utf8},
         {"more.txt", lines15000 + "x\n", FileOpenPolicy::largeText, false, 15001, TextEncoding::utf8},
-        {"huge.txt", std::string(10'000'001, 'a'), FileOpenPolicy::largeText, false, std::nullopt, TextEncoding::utf8},
+        {"huge.txt", std::string(10'000'001, 'a'), FileOpenPolicy::largeText, false, std::nullopt,
+         TextEncoding::utf8},
         {"picture.png", png, FileOpenPolicy::image, true, std::nullopt, std::nullopt},
-        {"archive.zip", std::string("PK\3\4\0\0", 6), FileOpenPolicy::unsupported, true, std::nullopt, std::nullopt},
+        {"archive.zip", std::string("PK\3\4\0\0", 6), FileOpenPolicy::unsupported, true, std::nullopt,
+         std::nullopt},
         {"blob", std::string("\0\1", 2), FileOpenPolicy::unsupported, true, std::nullopt, std::nullopt},
         {"late.txt", zeroAfterSample, FileOpenPolicy::text, false, 1, TextEncoding::utf8},
-        {"wide.txt", std::string("\xff\xfe" "a\0b\0", 6), FileOpenPolicy::unsupported, true, std::nullopt,
-         std::nullopt},
+        {"wide.txt",
+         std::string("\xff\xfe"
+                     "a\0b\0",
+                     6),
+         FileOpenPolicy::unsupported, true, std::nullopt, std::nullopt},
         {"latin.txt", "caf\xe9!", FileOpenPolicy::text, false, 1, TextEncoding::latin1},
         {"icon.svg", "<svg/>", FileOpenPolicy::text, false, 1, TextEncoding::utf8},
     };
@@ -174,8 +194,10 @@ TEST(FileInspectionTest, PolicyFollowsSizeLinesAndBytes) {
 
 TEST(FileInspectionTest, LimitsAreClampedSettings) {
     const std::tuple<QVariant, QVariant, std::uint64_t, long> cases[] = {
-        {{}, {}, 10'000'000, 15'000},          {0, 5, 1'000'000, 10'000},
-        {500, 50, 100'000'000, 30'000},        {QStringLiteral("x"), 20, 10'000'000, 20'000},
+        {{}, {}, 10'000'000, 15'000},
+        {0, 5, 1'000'000, 10'000},
+        {500, 50, 100'000'000, 30'000},
+        {QStringLiteral("x"), 20, 10'000'000, 20'000},
     };
     for (const auto& [sizeMB, linesK, sizeBytes, lineCount] : cases) {
         InMemoryUserDefaults defaults;

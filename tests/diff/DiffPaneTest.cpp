@@ -3,9 +3,9 @@
 // whole-file context, a sparse 2 GB file stops at the gate having read only its first bytes, an
 // image change shows both images, a commit that doesn't exist fails with Retry, and the blame
 // sheet lists the file's lines. Screenshots of each.
+#include "diff/ui/DiffPane.h"
 #include "diff/DiffDetailViewModel.h"
 #include "diff/ui/BlameSheet.h"
-#include "diff/ui/DiffPane.h"
 #include "diff/ui/DiffTextView.h"
 
 #include "core/process/SubprocessExecutor.h"
@@ -38,8 +38,8 @@ using Content = DiffDetailViewModel::Content;
 std::string numberedLines(int count, int changedA = 0, int changedB = 0) {
     std::string text;
     for (int i = 1; i <= count; ++i)
-        text += (i == changedA || i == changedB ? "    int changed = " : "    int value = ") + std::to_string(i) +
-                "; // line\n";
+        text += (i == changedA || i == changedB ? "    int changed = " : "    int value = ") +
+                std::to_string(i) + "; // line\n";
     return "int main() {\n" + text + "    return 0;\n}\n";
 }
 

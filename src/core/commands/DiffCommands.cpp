@@ -22,7 +22,10 @@ DiffResult run(GitExecutorProtocol& git, const std::string& repoPath, Arguments 
                std::optional<int> contextLines) {
     if (contextLines)
         arguments.push_back("-U" + std::to_string(*contextLines));
-    return GitOutputParser::parseDiff(git.execute(arguments, repoPath));
+    // The lines are read while git still writes them.
+    GitOutputParser::DiffStreamParser parser;
+    git.executeStreaming(arguments, repoPath, [&parser](std::string_view piece) { parser.append(piece); });
+    return parser.finish();
 }
 
 // The parent `index` of `hash`, or "<hash>^" when the commit has no such parent.

@@ -86,9 +86,14 @@ int raised(int number) {
     return number < INT_MAX ? number + 1 : number;
 }
 
+} // namespace
+
+namespace detail {
+
 class DiffReader {
   public:
-    explicit DiffReader(std::shared_ptr<const std::string> text) : text_(std::move(text)) {}
+    // The text that the lines read next lie in.
+    void setText(std::shared_ptr<const std::string> text) { text_ = std::move(text); }
 
     DiffResult finish() {
         closeFile();
@@ -300,12 +305,13 @@ class DiffReader {
     std::vector<FileDiff> files_;
 };
 
-} // namespace
+} // namespace detail
 
 DiffResult parseDiff(std::string output) {
     qCDebug(lcParser, "parseDiff: %ld chars", static_cast<long>(output.size()));
     const auto text = std::make_shared<const std::string>(std::move(output));
-    DiffReader reader(text);
+    detail::DiffReader reader;
+    reader.setText(text);
     const char* cursor = text->data();
     const char* const end = cursor + text->size();
     while (cursor < end) {
@@ -314,6 +320,64 @@ DiffResult parseDiff(std::string output) {
         cursor = lineEnd + 1;
     }
     DiffResult result = reader.finish();
+    qCDebug(lcParser, "parseDiff: %ld files", static_cast<long>(result.files.size()));
+    return result;
+}
+
+namespace {
+
+// Blocks start small, since most diffs are, and double up to this size.
+constexpr std::size_t firstBlock = 64 * 1024;
+constexpr std::size_t largestBlock = 8 * 1024 * 1024;
+
+} // namespace
+
+DiffStreamParser::DiffStreamParser()
+    : reader_(std::make_unique<detail::DiffReader>()), nextCapacity_(firstBlock) {}
+
+DiffStreamParser::~DiffStreamParser() = default;
+
+void DiffStreamParser::append(std::string_view bytes) {
+    if (!block_ || block_->capacity() - block_->size() < bytes.size())
+        startBlock(bytes.size());
+    block_->append(bytes); // within the capacity: earlier lines keep their place
+    readLines(false);
+}
+
+void DiffStreamParser::startBlock(std::size_t incoming) {
+    const std::string_view unread = block_ ? std::string_view(*block_).substr(read_) : std::string_view();
+    auto block = std::make_shared<std::string>();
+    block->reserve(std::max(nextCapacity_, 2 * (unread.size() + incoming)));
+    block->append(unread);
+    nextCapacity_ = std::min(nextCapacity_ * 2, largestBlock);
+    scanned_ -= read_;
+    read_ = 0;
+    block_ = std::move(block);
+    reader_->setText(block_);
+}
+
+void DiffStreamParser::readLines(bool atEnd) {
+    const char* const data = block_->data();
+    const char* const end = data + block_->size();
+    const char* cursor = data + read_;
+    const char* from = data + std::max(read_, scanned_);
+    while (cursor < end) {
+        const char* lineEnd = findNewline(from, end);
+        if (lineEnd == end && !atEnd) {
+            scanned_ = block_->size();
+            break;
+        }
+        reader_->read(std::string_view(cursor, static_cast<std::size_t>(lineEnd - cursor)));
+        cursor = from = lineEnd + 1;
+    }
+    read_ = std::min(static_cast<std::size_t>(cursor - data), block_->size());
+    scanned_ = std::max(scanned_, read_);
+}
+
+DiffResult DiffStreamParser::finish() {
+    if (block_)
+        readLines(true);
+    DiffResult result = reader_->finish();
     qCDebug(lcParser, "parseDiff: %ld files", static_cast<long>(result.files.size()));
     return result;
 }

@@ -118,6 +118,8 @@ int reap(pid_t pid) {
 struct Collector {
     Pipe pipe;
     std::string* sink = nullptr;
+    const std::function<void(std::string_view)>* consume = nullptr; // instead of the sink
+    std::size_t received = 0;
     std::size_t limit = 0;
     const char* name = "";
     bool open = false;
@@ -139,8 +141,14 @@ bool drain(Collector& collector) {
         collector.pipe.read.reset();
         return true;
     }
-    collector.sink->append(buffer, static_cast<std::size_t>(got));
-    return collector.sink->size() <= collector.limit;
+    collector.received += static_cast<std::size_t>(got);
+    if (collector.received > collector.limit)
+        return false;
+    if (collector.consume && *collector.consume)
+        (*collector.consume)(std::string_view(buffer, static_cast<std::size_t>(got)));
+    else
+        collector.sink->append(buffer, static_cast<std::size_t>(got));
+    return true;
 }
 
 // Reads both streams until they end; stops early, and answers why, when a stream goes over its
@@ -169,8 +177,13 @@ std::exception_ptr collect(Collector (&collectors)[2], int wake) {
         for (nfds_t i = 0; i < streams; ++i) {
             if (!(fds[i].revents & (POLLIN | POLLHUP | POLLERR)))
                 continue;
-            if (!drain(*owners[i]))
-                return std::make_exception_ptr(OutputLimitExceeded(owners[i]->name, owners[i]->limit));
+            // A reader that fails (out of memory) ends the run like an overrun: the child is killed.
+            try {
+                if (!drain(*owners[i]))
+                    return std::make_exception_ptr(OutputLimitExceeded(owners[i]->name, owners[i]->limit));
+            } catch (...) {
+                return std::current_exception();
+            }
         }
     }
     return nullptr;
@@ -200,10 +213,12 @@ ChildOutcome runChild(const ChildRequest& request) {
     ChildOutcome outcome;
     Collector collectors[2];
     collectors[0].sink = &outcome.out;
+    collectors[0].consume = &request.stdoutCapture.consume;
     collectors[0].limit = request.stdoutCapture.limit;
     collectors[0].name = "stdout";
     collectors[0].open = !request.stdoutCapture.discard;
     collectors[1].sink = &outcome.err;
+    collectors[1].consume = &request.stderrCapture.consume;
     collectors[1].limit = request.stderrCapture.limit;
     collectors[1].name = "stderr";
     collectors[1].open = !request.stderrCapture.discard;

@@ -3,10 +3,12 @@
 #pragma once
 
 #include <cstddef>
+#include <functional>
 #include <optional>
 #include <stdexcept>
 #include <stop_token>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace orvel {
@@ -16,8 +18,14 @@ struct StreamCapture {
     bool discard = false;
     std::size_t limit = 0;
 
-    static StreamCapture capture(std::size_t limit) { return {false, limit}; }
-    static StreamCapture discarded() { return {true, 0}; }
+    // When set, the bytes go here as they come instead of into the outcome; the limit still counts.
+    std::function<void(std::string_view)> consume;
+
+    static StreamCapture capture(std::size_t limit) { return {false, limit, {}}; }
+    static StreamCapture streamed(std::size_t limit, std::function<void(std::string_view)> consume) {
+        return {false, limit, std::move(consume)};
+    }
+    static StreamCapture discarded() { return {true, 0, {}}; }
 };
 
 struct ChildRequest {

@@ -14,7 +14,9 @@ namespace {
 constexpr std::string_view pathPrefix = "/opt/homebrew/bin:/opt/homebrew/sbin:/usr/local/bin:";
 constexpr std::string_view pathDefault = "/usr/bin:/bin";
 
-std::string_view keyOf(std::string_view entry) { return entry.substr(0, entry.find('=')); }
+std::string_view keyOf(std::string_view entry) {
+    return entry.substr(0, entry.find('='));
+}
 
 void setEntry(std::vector<std::string>& environment, std::string_view key, std::string_view value) {
     std::string entry = std::string(key) + "=" + std::string(value);
@@ -107,7 +109,8 @@ std::string discoverGitPath(const std::function<bool(const std::string&)>& isExe
     return "/usr/bin/git";
 }
 
-SubprocessExecutor::SubprocessExecutor(std::optional<std::string> askpassScriptPath, const UserDefaults& defaults) {
+SubprocessExecutor::SubprocessExecutor(std::optional<std::string> askpassScriptPath,
+                                       const UserDefaults& defaults) {
     const std::string configured = defaults.string("gitBinaryPath").toStdString();
     if (!configured.empty())
         userOverride_ = configured;
@@ -129,11 +132,23 @@ std::string SubprocessExecutor::resolvedGitPath() {
 }
 
 std::string SubprocessExecutor::execute(const Arguments& arguments, const std::string& repoPath) {
-    return executeWithEnvironment(arguments, repoPath, {});
+    return run(arguments, repoPath, {}, nullptr);
 }
 
-std::string SubprocessExecutor::executeWithEnvironment(const Arguments& arguments, const std::string& repoPath,
+std::string SubprocessExecutor::executeWithEnvironment(const Arguments& arguments,
+                                                       const std::string& repoPath,
                                                        const Environment& environment) {
+    return run(arguments, repoPath, environment, nullptr);
+}
+
+void SubprocessExecutor::executeStreaming(const Arguments& arguments, const std::string& repoPath,
+                                          const std::function<void(std::string_view)>& consume) {
+    run(arguments, repoPath, {}, &consume);
+}
+
+std::string SubprocessExecutor::run(const Arguments& arguments, const std::string& repoPath,
+                                    const Environment& environment,
+                                    const std::function<void(std::string_view)>* consume) {
     ChildRequest request;
     request.executable = resolvedGitPath();
     request.arguments.reserve(arguments.size() + 2);
@@ -147,14 +162,16 @@ std::string SubprocessExecutor::executeWithEnvironment(const Arguments& argument
         askpass = askpassScriptPath_;
     }
     request.environment = gitEnvironment(inheritedEnvironment(), askpass, environment);
-    request.stdoutCapture = StreamCapture::capture(stdoutLimit);
+    request.stdoutCapture =
+        consume ? StreamCapture::streamed(stdoutLimit, *consume) : StreamCapture::capture(stdoutLimit);
     request.stderrCapture = StreamCapture::capture(stderrLimit);
 
     ChildOutcome outcome;
     try {
         outcome = runChild(request);
     } catch (const OutputLimitExceeded& overrun) {
-        throw GitServiceError::commandFailed(word, std::string("output exceeded 100 MB limit: ") + overrun.what());
+        throw GitServiceError::commandFailed(word,
+                                             std::string("output exceeded 100 MB limit: ") + overrun.what());
     }
     if (!outcome.succeeded())
         throw GitServiceError::commandFailed(word, std::move(outcome.err));

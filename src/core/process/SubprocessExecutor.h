@@ -17,7 +17,7 @@ namespace orvel {
 class UserDefaults;
 
 class SubprocessExecutor final : public GitExecutorProtocol {
-public:
+  public:
     static constexpr std::size_t stdoutLimit = 104'857'600;
     static constexpr std::size_t stderrLimit = 52'428'800;
     static constexpr std::size_t probeLimit = 1024;
@@ -28,11 +28,17 @@ public:
     std::string execute(const Arguments& arguments, const std::string& repoPath) override;
     std::string executeWithEnvironment(const Arguments& arguments, const std::string& repoPath,
                                        const Environment& environment) override;
+    void executeStreaming(const Arguments& arguments, const std::string& repoPath,
+                          const std::function<void(std::string_view)>& consume) override;
     std::string resolvedGitPath() override;
     std::string gitVersion() override;
     void setGitPathOverride(const std::optional<std::string>& path) override;
 
-private:
+  private:
+    // One run of git; stdout goes to `consume` when it is given, into the answer otherwise.
+    std::string run(const Arguments& arguments, const std::string& repoPath, const Environment& environment,
+                    const std::function<void(std::string_view)>* consume);
+
     std::optional<std::string> userOverride_;
     std::shared_future<std::string> discovery_;
     std::optional<std::string> askpassScriptPath_;

@@ -11,13 +11,15 @@ namespace orvel {
 
 BlameSheet::BlameSheet(RepoEntry repo, std::string path, std::shared_ptr<GitServiceProtocol> service,
                        QWidget* parent)
-    : FileSheet(FileSheetViewModel::Kind::blame, std::move(repo), std::move(path), std::move(service), parent) {
+    : FileSheet(FileSheetViewModel::Kind::blame, std::move(repo), std::move(path), std::move(service),
+                parent) {
     setObjectName(QStringLiteral("blame-sheet"));
     start();
 }
 
 QStringList BlameSheet::columns() const {
-    return {localized("Commit"), localized("Author"), localized("Date"), localized("Line"), localized("Text")};
+    return {localized("Commit"), localized("Author"), localized("Date"), localized("Line"),
+            localized("Text")};
 }
 
 QString BlameSheet::caption() const {
@@ -38,7 +40,8 @@ void BlameSheet::fill(QStandardItemModel& table) const {
         const QString hash = QString::fromUtf8(entry.hash.substr(0, 7));
         const QString author = QString::fromUtf8(entry.authorName);
         const QString date = QLocale().toString(
-            QDateTime::fromSecsSinceEpoch(entry.authorDate.time_since_epoch().count()).date(), QLocale::ShortFormat);
+            QDateTime::fromSecsSinceEpoch(entry.authorDate.time_since_epoch().count()).date(),
+            QLocale::ShortFormat);
         for (std::size_t i = 0; i < entry.lines.size(); ++i) {
             QList<QStandardItem*> row{new QStandardItem(i == 0 ? hash : QString()),
                                       new QStandardItem(i == 0 ? author : QString()),

@@ -53,8 +53,9 @@ DiffPane::DiffPane(DiffDetailViewModel& model, QWidget* parent)
       splitMode_(toolButton("diff-pane.mode.split", this, true)),
       fileMode_(toolButton("diff-pane.mode.file", this, true)),
       fullContext_(toolButton("diff-pane.full-context", this, true)),
-      markdown_(toolButton("diff-pane.render-markdown", this, true)), close_(toolButton("diff-pane.close", this, false)),
-      stack_(new QStackedWidget(this)), text_(new DiffTextView(this)), messagePage_(new QWidget(this)),
+      markdown_(toolButton("diff-pane.render-markdown", this, true)),
+      close_(toolButton("diff-pane.close", this, false)), stack_(new QStackedWidget(this)),
+      text_(new DiffTextView(this)), messagePage_(new QWidget(this)),
       message_(new OEmptyState(QStringLiteral("dialog-information"), {}, {}, messagePage_)),
       messageAction_(new QPushButton(messagePage_)), image_(new ImagePairView(this)),
       markdownView_(new MarkdownView(this)) {
@@ -113,7 +114,8 @@ DiffPane::DiffPane(DiffDetailViewModel& model, QWidget* parent)
     });
     connect(text_, &DiffTextView::stageHunkRequested, this, [this](int hunk) { model_.stageHunk(hunk); });
     connect(text_, &DiffTextView::unstageHunkRequested, this, [this](int hunk) { model_.unstageHunk(hunk); });
-    connect(text_, &DiffTextView::discardHunkRequested, this, [this](int hunk) { model_.requestDiscardHunk(hunk); });
+    connect(text_, &DiffTextView::discardHunkRequested, this,
+            [this](int hunk) { model_.requestDiscardHunk(hunk); });
     connect(&model_, &DiffDetailViewModel::contentChanged, this, &DiffPane::showContent);
     connect(&model_, &DiffDetailViewModel::modeChanged, this, &DiffPane::showMode);
     connect(&model_, &DiffDetailViewModel::hunkActionErrorChanged, this, &DiffPane::showHunkActionError);
@@ -128,7 +130,8 @@ void DiffPane::retranslate() {
     splitMode_->setText(localized("Split"));
     splitMode_->setToolTip(localized("Side-by-side diff"));
     fileMode_->setText(localized("File"));
-    fullContext_->setText(model_.fullContext() ? localized("Show changes only") : localized("Show full file"));
+    fullContext_->setText(model_.fullContext() ? localized("Show changes only")
+                                               : localized("Show full file"));
     markdown_->setText(localized("Rendered"));
     markdown_->setToolTip(localized("Show the Markdown rendered"));
     close_->setToolTip(localized("Close diff"));
@@ -171,7 +174,8 @@ void DiffPane::showContent() {
     markdown_->setVisible(fileMode && isMarkdown);
     const auto& metadata = model_.inspection() ? model_.inspection()->metadata : FileMetadata{};
     switch (model_.content()) {
-    case Content::loading: return; // the previous state stays until the answer, without a flash
+    case Content::loading:
+        return; // the previous state stays until the answer, without a flash
     case Content::none:
         showMessage(QStringLiteral("document-open"), localized("No file selected"),
                     localized("Select a file to see its changes."));
@@ -197,7 +201,8 @@ void DiffPane::showContent() {
     case Content::largeFile: {
         QString size = QLocale().formattedDataSize(qint64(metadata.size));
         if (metadata.lineCount)
-            size += QStringLiteral(", ") + QLocale().toString(qlonglong(*metadata.lineCount)) + localized(" lines");
+            size += QStringLiteral(", ") + QLocale().toString(qlonglong(*metadata.lineCount)) +
+                    localized(" lines");
         showMessage(QStringLiteral("dialog-warning"), localized("File too large to display"), size,
                     localized("Show Anyway"), localized("Load and display this large file"));
         return;
@@ -216,18 +221,19 @@ void DiffPane::showContent() {
         image_->setImages(model_.oldImage(), model_.newImage());
         stack_->setCurrentWidget(image_);
         return;
-    case Content::diff: break;
+    case Content::diff:
+        break;
     }
     if (fileMode && isMarkdown && model_.renderMarkdown() && model_.fileText()) {
         markdownView_->setMarkdown(QString::fromUtf8(*model_.fileText()));
         stack_->setCurrentWidget(markdownView_);
         return;
     }
-    const auto layout = fileMode                                ? DiffTextView::Layout::file
+    const auto layout = fileMode                               ? DiffTextView::Layout::file
                         : model_.mode() == CodeDiffMode::split ? DiffTextView::Layout::sideBySide
-                                                                : DiffTextView::Layout::unified;
-    text_->setRows(model_.rows(), layout, model_.language(), fileMode ? DiffDetailViewModel::HunkActions{}
-                                                                      : model_.hunkActions());
+                                                               : DiffTextView::Layout::unified;
+    text_->setRows(model_.rows(), layout, model_.language(),
+                   fileMode ? DiffDetailViewModel::HunkActions{} : model_.hunkActions());
     stack_->setCurrentWidget(text_);
 }
 

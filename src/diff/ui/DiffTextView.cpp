@@ -125,10 +125,10 @@ void DiffTextView::refreshStyle() {
     style.hunkHeader = over(theme.colors.diff.hunkHeader.color(), style.gutter);
     style.emptyCell = style.gutter;
     for (int type = 0; type <= int(SyntaxTokenType::plain); ++type)
-        style.tokens.push_back(type == int(SyntaxTokenType::plain)
-                                   ? style.text
-                                   : readableOn(syntaxColor(theme.colors.syntax, SyntaxTokenType(type)),
-                                                style.background));
+        style.tokens.push_back(
+            type == int(SyntaxTokenType::plain)
+                ? style.text
+                : readableOn(syntaxColor(theme.colors.syntax, SyntaxTokenType(type)), style.background));
     const QFontMetricsF metrics(style.font);
     style.charWidth = metrics.horizontalAdvance(QLatin1Char('0'));
     style.lineHeight = int(std::ceil(metrics.height())) + 3;
@@ -184,20 +184,27 @@ const DiffTextView::ColouredLine& DiffTextView::colouredLine(int row, bool right
 
 QColor DiffTextView::toneColor(RowTone tone) const {
     switch (tone) {
-    case RowTone::addition: return style_.addition;
-    case RowTone::deletion: return style_.deletion;
-    case RowTone::empty: return style_.emptyCell;
+    case RowTone::addition:
+        return style_.addition;
+    case RowTone::deletion:
+        return style_.deletion;
+    case RowTone::empty:
+        return style_.emptyCell;
     case RowTone::context:
-    case RowTone::noNewline: break;
+    case RowTone::noNewline:
+        break;
     }
     return style_.background;
 }
 
 QString DiffTextView::buttonTitle(int action) const {
     switch (action) {
-    case 0: return localized("Stage Hunk");
-    case 1: return localized("Unstage Hunk");
-    default: return localized("Discard Hunk");
+    case 0:
+        return localized("Stage Hunk");
+    case 1:
+        return localized("Unstage Hunk");
+    default:
+        return localized("Discard Hunk");
     }
 }
 
@@ -270,8 +277,8 @@ void DiffTextView::paintRow(QPainter& painter, int row, int y) {
                   std::nullopt, RowTone::context);
         break;
     case Layout::sideBySide:
-        paintCell(painter, row, false, QRect(0, y, width / 2, style_.lineHeight), numberWidth, line.leftNumber,
-                  std::nullopt, line.leftTone);
+        paintCell(painter, row, false, QRect(0, y, width / 2, style_.lineHeight), numberWidth,
+                  line.leftNumber, std::nullopt, line.leftTone);
         paintCell(painter, row, true, QRect(width / 2 + 1, y, width - width / 2 - 1, style_.lineHeight),
                   numberWidth, line.rightNumber, std::nullopt, line.rightTone);
         break;
@@ -285,7 +292,8 @@ void DiffTextView::paintCell(QPainter& painter, int row, bool right, const QRect
     const QColor fill = toneColor(tone);
     painter.fillRect(area, fill);
     painter.fillRect(QRect(area.left(), area.top(), gutterWidth, area.height()),
-                     tone == RowTone::addition || tone == RowTone::deletion ? fill.darker(104) : style_.gutter);
+                     tone == RowTone::addition || tone == RowTone::deletion ? fill.darker(104)
+                                                                            : style_.gutter);
     if (tone == RowTone::empty)
         return;
     const int baseline = area.top() + style_.ascent;
@@ -294,8 +302,8 @@ void DiffTextView::paintCell(QPainter& painter, int row, bool right, const QRect
         if (!number)
             return;
         const QString text = QString::number(*number);
-        painter.drawText(QPointF(left + numberWidth - cellPadding / 2.0 - text.size() * style_.charWidth, baseline),
-                         text);
+        painter.drawText(
+            QPointF(left + numberWidth - cellPadding / 2.0 - text.size() * style_.charWidth, baseline), text);
     };
     drawNumber(first, area.left());
     if (twoNumbers)
@@ -414,16 +422,35 @@ void DiffTextView::keyPressEvent(QKeyEvent* event) {
             scrollToHunk(std::clamp(hunk + step, 0, count - 1));
     };
     switch (event->key()) {
-    case Qt::Key_S: requestAction(0, hunk); return;
-    case Qt::Key_U: requestAction(1, hunk); return;
-    case Qt::Key_D: requestAction(2, hunk); return;
-    case Qt::Key_N: moveHunk(1); return;
-    case Qt::Key_P: moveHunk(-1); return;
-    case Qt::Key_Up: verticalScrollBar()->setValue(verticalScrollBar()->value() - style_.lineHeight); return;
-    case Qt::Key_Down: verticalScrollBar()->setValue(verticalScrollBar()->value() + style_.lineHeight); return;
-    case Qt::Key_Home: verticalScrollBar()->setValue(0); return;
-    case Qt::Key_End: verticalScrollBar()->setValue(verticalScrollBar()->maximum()); return;
-    default: QAbstractScrollArea::keyPressEvent(event);
+    case Qt::Key_S:
+        requestAction(0, hunk);
+        return;
+    case Qt::Key_U:
+        requestAction(1, hunk);
+        return;
+    case Qt::Key_D:
+        requestAction(2, hunk);
+        return;
+    case Qt::Key_N:
+        moveHunk(1);
+        return;
+    case Qt::Key_P:
+        moveHunk(-1);
+        return;
+    case Qt::Key_Up:
+        verticalScrollBar()->setValue(verticalScrollBar()->value() - style_.lineHeight);
+        return;
+    case Qt::Key_Down:
+        verticalScrollBar()->setValue(verticalScrollBar()->value() + style_.lineHeight);
+        return;
+    case Qt::Key_Home:
+        verticalScrollBar()->setValue(0);
+        return;
+    case Qt::Key_End:
+        verticalScrollBar()->setValue(verticalScrollBar()->maximum());
+        return;
+    default:
+        QAbstractScrollArea::keyPressEvent(event);
     }
 }
 
@@ -433,11 +460,13 @@ void DiffTextView::contextMenuEvent(QContextMenuEvent* event) {
     if (hunk < 0 || !(actions_.stage || actions_.unstage || actions_.discard))
         return;
     QMenu menu(this);
-    const std::pair<bool, const char*> offers[] = {{actions_.stage, "S"}, {actions_.unstage, "U"}, {actions_.discard, "D"}};
+    const std::pair<bool, const char*> offers[] = {
+        {actions_.stage, "S"}, {actions_.unstage, "U"}, {actions_.discard, "D"}};
     for (int action = 0; action < 3; ++action) {
         if (!offers[action].first)
             continue;
-        QAction* item = menu.addAction(buttonTitle(action), this, [this, action, hunk] { requestAction(action, hunk); });
+        QAction* item =
+            menu.addAction(buttonTitle(action), this, [this, action, hunk] { requestAction(action, hunk); });
         item->setShortcut(QKeySequence(QString::fromLatin1(offers[action].second)));
     }
     menu.exec(event->globalPos());

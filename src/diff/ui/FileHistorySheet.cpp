@@ -9,9 +9,10 @@
 
 namespace orvel {
 
-FileHistorySheet::FileHistorySheet(RepoEntry repo, std::string path, std::shared_ptr<GitServiceProtocol> service,
-                                   QWidget* parent)
-    : FileSheet(FileSheetViewModel::Kind::history, std::move(repo), std::move(path), std::move(service), parent) {
+FileHistorySheet::FileHistorySheet(RepoEntry repo, std::string path,
+                                   std::shared_ptr<GitServiceProtocol> service, QWidget* parent)
+    : FileSheet(FileSheetViewModel::Kind::history, std::move(repo), std::move(path), std::move(service),
+                parent) {
     setObjectName(QStringLiteral("history-sheet"));
     start();
 }
@@ -25,8 +26,7 @@ QString FileHistorySheet::caption() const {
 }
 
 QString FileHistorySheet::countLine() const {
-    return localized("%1 commits",
-                     QString::number(model().historyEntries().size()));
+    return localized("%1 commits", QString::number(model().historyEntries().size()));
 }
 
 QString FileHistorySheet::emptyText() const {
@@ -38,9 +38,11 @@ void FileHistorySheet::fill(QStandardItemModel& table) const {
     for (const CommitEntry& entry : model().historyEntries()) {
         QList<QStandardItem*> row{
             new QStandardItem(QString::fromUtf8(entry.abbreviatedHash)),
-            new QStandardItem(QString::fromUtf8(entry.subject)), new QStandardItem(QString::fromUtf8(entry.authorName)),
-            new QStandardItem(QLocale().toString(
-                QDateTime::fromSecsSinceEpoch(entry.authorDate.time_since_epoch().count()), QLocale::ShortFormat))};
+            new QStandardItem(QString::fromUtf8(entry.subject)),
+            new QStandardItem(QString::fromUtf8(entry.authorName)),
+            new QStandardItem(
+                QLocale().toString(QDateTime::fromSecsSinceEpoch(entry.authorDate.time_since_epoch().count()),
+                                   QLocale::ShortFormat))};
         row[0]->setFont(mono);
         table.appendRow(row);
     }

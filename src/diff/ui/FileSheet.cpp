@@ -64,7 +64,9 @@ void FileSheet::show() {
     count_->setVisible(!model_.isLoading() && !failed && !empty);
     count_->setText(countLine());
     placeholder_->setVisible(empty);
-    placeholder_->setText(model_.isLoading() ? localized("Loading...") : failed ? model_.error() : emptyText());
+    placeholder_->setText(model_.isLoading() ? localized("Loading...")
+                          : failed           ? model_.error()
+                                             : emptyText());
     view_->setVisible(!empty);
     view_->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
     view_->header()->setStretchLastSection(true);
