@@ -19,10 +19,13 @@
 
 namespace orvel {
 
+class ChangesPaneViewModel;
+class ContentViewModel;
 class FileSystemWatcher;
 class GitServiceProtocol;
 class RepoGraphPaneViewModel;
 class ToastManager;
+class WorkspaceViewModel;
 
 class WorkspaceTabState final : public QObject {
     Q_OBJECT
@@ -32,6 +35,8 @@ class WorkspaceTabState final : public QObject {
         // Keep git's commit-graph file current after the first graph load ("maintainCommitGraph").
         bool maintainCommitGraph = true;
         std::chrono::milliseconds watcherDebounce{500};
+        // Whether the fetch after a commit and push prunes ("autoPrune").
+        bool autoPrune = true;
     };
 
     WorkspaceTabState(RepoEntry repo, std::shared_ptr<GitServiceProtocol> service, ToastManager& toasts,
@@ -46,6 +51,9 @@ class WorkspaceTabState final : public QObject {
     // What the tab bar shows: the current branch, or the short hash of a detached HEAD.
     QString title() const;
     RepoGraphPaneViewModel& graph() const { return *graph_; }
+    ChangesPaneViewModel& changes() const { return *changes_; }
+    WorkspaceViewModel& workspace() const { return *workspace_; }
+    ContentViewModel& content() const { return *content_; }
     bool isWatching() const { return fileWatcher_ != nullptr; }
     FileSystemWatcher* fileWatcher() const { return fileWatcher_.get(); }
 
@@ -64,7 +72,10 @@ class WorkspaceTabState final : public QObject {
 
   private:
     QCoro::Task<void> readCurrentBranch();
-    QCoro::Task<void> readWorkingTreeCounts();
+    // Both status reads side by side; the graph's working-tree row follows the changes' lists.
+    QCoro::Task<void> refreshWorkingTree();
+    // A commit from the changes page: the graph and the branch name follow.
+    void commitSucceeded();
     // The first graph load, then git's commit-graph file when it needs writing.
     QCoro::Task<void> loadGraphAndMaintain();
     void watchLimitReached();
@@ -77,10 +88,12 @@ class WorkspaceTabState final : public QObject {
     std::optional<std::string> currentBranchName_;
     std::optional<std::string> detachedHead_;
     std::unique_ptr<RepoGraphPaneViewModel> graph_;
+    std::unique_ptr<WorkspaceViewModel> workspace_;
+    std::unique_ptr<ChangesPaneViewModel> changes_;
+    std::unique_ptr<ContentViewModel> content_;
     std::unique_ptr<FileSystemWatcher> fileWatcher_;
     bool toldWatchLimit_ = false;
     LoadGeneration branchLoads_;
-    LoadGeneration refreshLoads_;
     LoadGeneration maintenance_;
 };
 

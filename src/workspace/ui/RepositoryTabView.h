@@ -1,5 +1,5 @@
-// What one repository tab shows: its history (the commit graph) for now; the changes page,
-// sidebar and toolbar join it as they come. It is made once per tab and kept while the tab is
+// What one repository tab shows: the changes page (the default) or the history page, switched by
+// the tab's workspace model. It is made once per tab and kept while the tab is
 // hidden, so its scroll position and selection survive a switch. Splitter positions are
 // remembered by name.
 #pragma once
@@ -8,8 +8,12 @@
 
 #include <string>
 
+class QStackedWidget;
+class QTabBar;
+
 namespace orvel {
 
+class ChangesPage;
 class GraphPane;
 class RepoHistoryPane;
 class UserDefaults;
@@ -24,6 +28,7 @@ class RepositoryTabView final : public QWidget {
 
     WorkspaceTabState& tab() const { return tab_; }
     GraphPane& graphPane() const;
+    ChangesPage& changesPage() const { return *changesPage_; }
 
     // Writes the state of every named splitter, so that the next tab opens with the same layout.
     void saveSplitterStates() const;
@@ -34,15 +39,23 @@ class RepositoryTabView final : public QWidget {
 
   protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
+    void changeEvent(QEvent* event) override;
 
   private:
     void showCreateBranch(const std::string& hash);
     void showCreateTag(const std::string& hash);
     void restoreSplitterStates();
+    // The changes and history pages, one shown at a time as the workspace model says.
+    void buildPages();
+    void showActivePage();
+    void retranslate();
 
     WorkspaceTabState& tab_;
     UserDefaults& defaults_;
     RepoHistoryPane* historyPane_;
+    ChangesPage* changesPage_;
+    QTabBar* pageSwitch_;
+    QStackedWidget* pages_;
     bool graphPainted_ = false;
 };
 
