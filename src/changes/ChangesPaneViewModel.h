@@ -162,7 +162,8 @@ class ChangesPaneViewModel final : public QObject {
     QCoro::Task<void> refreshRepoState(LoadTicket ticket);
     // The amend question: answers whether to push.
     QCoro::Task<bool> askAmendPush(std::stop_token cancellation);
-    QCoro::Task<void> push(bool wasAmend, std::stop_token cancellation);
+    // Pushes after a commit; asks first when the amend rewrote a commit the upstream has.
+    QCoro::Task<void> push(bool wasAmend, bool rewritesPushedCommit, std::stop_token cancellation);
 
     RepoEntry repo_;
     std::shared_ptr<GitServiceProtocol> service_;

@@ -64,6 +64,23 @@ QCoro::Task<void> ChangesPaneViewModel::commit() {
     if (activity)
         activity(wasAmend ? localized("Amending commit…") : localized("Committing…"));
     auto service = service_;
+    // Whether the amend rewrites a commit the upstream already has: nothing of the branch was
+    // unpushed before it. Read first, since afterwards git counts the new commit as ahead.
+    bool rewritesPushedCommit = false;
+    if (wasAmend && wantsPush) {
+        try {
+            const std::vector<BranchEntry> branches = co_await service->branches(repo_);
+            const BranchEntry* current = currentLocalBranch(branches);
+            rewritesPushedCommit =
+                current && current->upstream && !current->upstream->isGone && current->upstream->ahead == 0;
+        } catch (const std::exception&) {
+            rewritesPushedCommit = false;
+        }
+        if (!self) {
+            end();
+            co_return;
+        }
+    }
     auto operation = wasAmend ? service->amendCommit(repo_, *message) : service->commit(repo_, *message);
     try {
         co_await std::move(operation);
@@ -93,44 +110,32 @@ QCoro::Task<void> ChangesPaneViewModel::commit() {
         end();
         co_return;
     }
-    co_await push(wasAmend, cancellation);
+    co_await push(wasAmend, rewritesPushedCommit, cancellation);
     end();
 }
 
-QCoro::Task<void> ChangesPaneViewModel::push(bool wasAmend, std::stop_token cancellation) {
+QCoro::Task<void> ChangesPaneViewModel::push(bool wasAmend, bool rewritesPushedCommit,
+                                             std::stop_token cancellation) {
     QPointer<ChangesPaneViewModel> self(this);
     auto service = service_;
     const RepoEntry repo = repo_;
     const bool prune = autoPrune_;
-    std::vector<BranchEntry> branches;
-    if (wasAmend) {
-        try {
-            branches = co_await service->branches(repo);
-        } catch (const std::exception&) {
-            branches.clear();
-        }
-        if (!self || cancellation.stop_requested())
+    if (cancellation.stop_requested())
+        co_return;
+    if (rewritesPushedCommit) {
+        const bool proceed = co_await askAmendPush(cancellation);
+        if (!self || !proceed)
             co_return;
-        const BranchEntry* current = currentLocalBranch(branches);
-        // Pushed before, with nothing new since: the amend rewrote a published commit.
-        if (current && current->upstream && !current->upstream->isGone && current->upstream->ahead == 0) {
-            const bool proceed = co_await askAmendPush(cancellation);
-            if (!self || !proceed)
-                co_return;
-            showActivity(localized("Pushing…"));
-            try {
-                branches = co_await service->branches(repo);
-            } catch (const std::exception&) {
-                branches.clear();
-            }
-            if (!self)
-                co_return;
-        } else {
-            showActivity(localized("Pushing…"));
-        }
-    } else {
-        showActivity(localized("Pushing…"));
     }
+    showActivity(localized("Pushing…"));
+    std::vector<BranchEntry> branches;
+    try {
+        branches = co_await service->branches(repo);
+    } catch (const std::exception&) {
+        branches.clear();
+    }
+    if (!self)
+        co_return;
     const BranchEntry* current = currentLocalBranch(branches);
     const std::string remote = current && current->upstream ? current->upstream->remoteName : "origin";
     try {

@@ -10,6 +10,7 @@ namespace orvel {
 
 class ChangesFileSection;
 class ChangesPaneViewModel;
+class OEmptyState;
 
 class ChangesPage final : public QWidget {
     Q_OBJECT
@@ -17,15 +18,23 @@ class ChangesPage final : public QWidget {
   public:
     explicit ChangesPage(ChangesPaneViewModel& model, QWidget* parent = nullptr);
 
-    // The empty right side ("changes.diff-slot"), laid out to take one widget.
+    // The right side ("changes.diff-slot"), a vertical layout that holds the placeholder until the
+    // diff pane is added.
     QWidget& diffSlot() const { return *diffSlot_; }
 
   signals:
     // A file of a list was selected: its diff is wanted, on the staged or unstaged side.
     void fileSelected(const orvel::FileChange& file, bool staged);
 
+  protected:
+    void changeEvent(QEvent* event) override;
+
   private:
+    void retranslate();
+
     QWidget* diffSlot_;
+    // Shown in the slot until the diff pane takes its place ("changes.diff-placeholder").
+    OEmptyState* placeholder_;
 };
 
 } // namespace orvel
