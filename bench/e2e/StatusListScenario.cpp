@@ -12,8 +12,6 @@
 #include <QCoro/QCoroTask>
 
 #include <cstdio>
-#include <filesystem>
-#include <iostream>
 
 namespace orvel::bench {
 
@@ -22,12 +20,8 @@ namespace {
 int runStatusList(const ScenarioOptions& options) {
     const WorkingTreeShape shape =
         options.tiny ? WorkingTreeShape{200, 20, 20} : WorkingTreeShape{20000, 5000, 5000};
-    if (!std::filesystem::exists(std::filesystem::path(options.repo) / ".git")) {
-        std::cerr << "generating " << shape.trackedFiles << " files in " << options.repo << "\n";
-        makeWorkingTreeRepository(options.repo, shape);
-    }
-    const std::vector<std::string> arguments{"status",       "--porcelain=v2", "--branch",
-                                             "--show-stash", "-uall",          "-z"};
+    ensureWorkingTreeRepository(options.repo, shape);
+    const std::vector<std::string>& arguments = statusArguments();
 
     BenchService bench(options.repo);
     // The bench owns the service; the model only borrows it.

@@ -8,6 +8,7 @@
 #include "core/records/ConflictEntry.h"
 #include "core/records/FileChange.h"
 #include "core/records/RepoEntry.h"
+#include "core/service/OperationResults.h"
 #include "core/support/LoadGeneration.h"
 
 #include <QObject>
@@ -115,6 +116,13 @@ class ChangesPaneViewModel final : public QObject {
     QCoro::Task<void> stashFile(FileChange file);
     QCoro::Task<void> resolveConflictOurs(FileChange file);
     QCoro::Task<void> resolveConflictTheirs(FileChange file);
+    // The ways out of an operation that stopped on a conflict, for the conflict banner.
+    QCoro::Task<void> abortMerge();
+    QCoro::Task<void> abortRebase();
+    QCoro::Task<void> abortCherryPick();
+    QCoro::Task<void> abortRevert();
+    QCoro::Task<void> continueRebase();
+    QCoro::Task<void> skipRebase();
     // Blame and history are shown by sheets of the diff's views; the tab connects these.
     void requestBlame(const FileChange& file) { emit blameRequested(file.path); }
     void requestFileHistory(const FileChange& file) { emit fileHistoryRequested(file.path); }
@@ -152,12 +160,18 @@ class ChangesPaneViewModel final : public QObject {
     void updateFilteredLists();
     // Moves the rows for which `take` holds from one list to the end of the other.
     void moveRows(bool fromStaged, const std::function<bool(const FileChange&)>& take);
+    // Moves the selected rows of one list to the other; answers their paths.
+    std::vector<std::string> moveSelected(bool fromStaged);
     void removeRows(bool fromStaged, const std::function<bool(const FileChange&)>& take);
     void showActivity(std::optional<QString> message) const;
     // Awaits `operation`; a failure is logged as "op=<logName> reason=..." and told with
     // `failureFormat`. Then refreshes. Answers whether the operation succeeded.
     QCoro::Task<bool> runAndRefresh(QCoro::Task<void> operation, const char* logName,
                                     const char* failureFormat);
+    // Runs an abort with its notice or error toast, then refreshes.
+    QCoro::Task<void> abortOperation(QCoro::Task<void> operation, const char* successText,
+                                     const char* logName, const char* failureFormat);
+    QCoro::Task<void> rebaseStep(QCoro::Task<InteractiveRebaseResult> step, bool isContinue);
     QCoro::Task<void> refreshStagedDiffStat(LoadTicket ticket);
     QCoro::Task<void> refreshRepoState(LoadTicket ticket);
     // The amend question: answers whether to push.

@@ -118,23 +118,24 @@ QCoro::Task<void> ChangesPaneViewModel::unstageFile(FileChange file) {
 }
 
 QCoro::Task<void> ChangesPaneViewModel::stageSelected() {
-    std::vector<std::string> paths;
-    for (const FileChange& file : selectedFiles(false))
-        paths.push_back(file.path);
     qCDebug(lcStaging, "op=stage.selected count=%ld", static_cast<long>(selectedIDs_.size()));
-    const std::set<std::string> moving(paths.begin(), paths.end());
-    moveRows(false, [&moving](const FileChange& row) { return moving.contains(row.path); });
-    co_await runAndRefresh(service_->stageFiles(repo_, paths), "stage.selected", "Stage failed: %1");
+    co_await runAndRefresh(service_->stageFiles(repo_, moveSelected(false)), "stage.selected",
+                           "Stage failed: %1");
 }
 
 QCoro::Task<void> ChangesPaneViewModel::unstageSelected() {
-    std::vector<std::string> paths;
-    for (const FileChange& file : selectedFiles(true))
-        paths.push_back(file.path);
     qCDebug(lcStaging, "op=unstage.selected count=%ld", static_cast<long>(selectedIDs_.size()));
+    co_await runAndRefresh(service_->unstageFiles(repo_, moveSelected(true)), "unstage.selected",
+                           "Unstage failed: %1");
+}
+
+std::vector<std::string> ChangesPaneViewModel::moveSelected(bool fromStaged) {
+    std::vector<std::string> paths;
+    for (const FileChange& file : selectedFiles(fromStaged))
+        paths.push_back(file.path);
     const std::set<std::string> moving(paths.begin(), paths.end());
-    moveRows(true, [&moving](const FileChange& row) { return moving.contains(row.path); });
-    co_await runAndRefresh(service_->unstageFiles(repo_, paths), "unstage.selected", "Unstage failed: %1");
+    moveRows(fromStaged, [&moving](const FileChange& row) { return moving.contains(row.path); });
+    return paths;
 }
 
 QCoro::Task<void> ChangesPaneViewModel::stageAll() {
