@@ -6,6 +6,7 @@
 #include "core/service/NativeGitService.h"
 #include "core/support/Log.h"
 #include "core/support/UserDefaults.h"
+#include "settings/KeybindingStore.h"
 #include "settings/LocalizationManager.h"
 #include "settings/ThemeEngine.h"
 #include "widgets/OrvelStyle.h"
@@ -20,6 +21,7 @@ namespace orvel {
 OrvelApp::OrvelApp() : defaults_(std::make_unique<SettingsUserDefaults>()) {
     ThemeEngine::shared().start(*defaults_);
     LocalizationManager::shared().start(*defaults_);
+    KeybindingStore::shared().start(*defaults_);
     qCDebug(lcApp, "op=app.launched");
     qCDebug(lcApp, "init: starting OrvelApp");
     defaults_->setValue(QStringLiteral("NSInitialToolTipDelay"), OrvelStyle::toolTipDelay);

@@ -4,6 +4,7 @@
 #include "workspace/AppViewModel.h"
 #include "workspace/WorkspaceTabState.h"
 #include "workspace/WorkspaceViewModel.h"
+#include "workspace/ui/CredentialDialog.h"
 #include "workspace/ui/MainWindow.h"
 
 #include <QApplication>
@@ -42,6 +43,7 @@ int main(int argc, char** argv) {
 
     orvel::OrvelApp app;
     orvel::MainWindow window(app.appViewModel(), app.defaults());
+    orvel::CredentialDialog credentialDialog(app.credentialManager(), &window);
     QObject::connect(&window, &orvel::MainWindow::appearanceChosen, &orvel::applyAppearance);
     reportPaintedGraphs(window, app.appViewModel());
     window.show();

@@ -20,10 +20,16 @@ std::optional<QString> CreateBranchViewModel::validationMessage() const {
 }
 
 bool CreateBranchViewModel::canCreate() const {
+    return nameToHandOver().has_value();
+}
+
+std::optional<QString> CreateBranchViewModel::nameToHandOver() const {
     if (isCreating_)
-        return false;
-    const QString handedOver = normalizedBranchName(name_, spaceReplacement_);
-    return !handedOver.isEmpty() && BranchNameValidator::validate(handedOver).empty();
+        return std::nullopt;
+    QString handedOver = normalizedBranchName(name_, spaceReplacement_);
+    if (handedOver.isEmpty() || !BranchNameValidator::validate(handedOver).empty())
+        return std::nullopt;
+    return handedOver;
 }
 
 void CreateBranchViewModel::setName(const QString& typed) {
@@ -41,10 +47,18 @@ void CreateBranchViewModel::setCheckoutAfterCreate(bool checkout) {
     emit stateChanged();
 }
 
+void CreateBranchViewModel::setLocalChanges(LocalChangesOption option) {
+    if (option == localChanges_)
+        return;
+    localChanges_ = option;
+    emit stateChanged();
+}
+
 QCoro::Task<bool> CreateBranchViewModel::create() {
-    if (!canCreate())
+    const std::optional<QString> handedOver = nameToHandOver();
+    if (!handedOver)
         co_return false;
-    const QString name = normalizedBranchName(name_, spaceReplacement_);
+    const QString name = *handedOver;
     auto ticket = creations_.begin(this);
     isCreating_ = true;
     createError_.reset();

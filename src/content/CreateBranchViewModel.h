@@ -3,6 +3,7 @@
 #pragma once
 
 #include "content/BranchNameValidator.h"
+#include "content/LocalChangesOption.h"
 #include "core/records/RepoEntry.h"
 #include "core/support/LoadGeneration.h"
 
@@ -36,15 +37,20 @@ class CreateBranchViewModel final : public QObject {
     // The first error's message, when the field has text and that error has a message.
     std::optional<QString> validationMessage() const;
     bool checkoutAfterCreate() const { return checkoutAfterCreate_; }
+    LocalChangesOption localChanges() const { return localChanges_; }
     bool isCreating() const { return isCreating_; }
     const std::optional<QString>& createError() const { return createError_; }
     // The name Create would hand over is valid and nothing is under way.
     bool canCreate() const;
+    // The cleaned name Create hands over, when it is valid.
+    std::optional<QString> nameToHandOver() const;
 
     // Cleans `typed` and validates the result; nameChanged gives the field the cleaned text when
     // cleaning changed what was typed.
     void setName(const QString& typed);
     void setCheckoutAfterCreate(bool checkout);
+    // Only a sheet that hands its answer to the toolbar's or menu's commands offers this choice.
+    void setLocalChanges(LocalChangesOption option);
 
     // Creates the branch at the start point (and checks it out when asked). Answers whether it was
     // created; a failure keeps the sheet's state and sets createError.
@@ -64,6 +70,7 @@ class CreateBranchViewModel final : public QObject {
     QString name_;
     std::vector<BranchNameValidator::ValidationError> validationErrors_ = BranchNameValidator::validate({});
     bool checkoutAfterCreate_ = true;
+    LocalChangesOption localChanges_ = LocalChangesOption::dontChange;
     bool isCreating_ = false;
     std::optional<QString> createError_;
     LoadGeneration creations_;

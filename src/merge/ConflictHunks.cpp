@@ -94,6 +94,17 @@ ConflictDecisions defaultDecisions(const std::vector<ConflictHunk>& hunks) {
     return decisions;
 }
 
+const LineSelection* selectionOf(const ConflictDecisions& decisions, int hunkId) {
+    const auto found = decisions.find(hunkId);
+    return found != decisions.end() ? &found->second : nullptr;
+}
+
+bool isLineIncluded(const LineSelection* selection, bool ours, std::size_t index) {
+    const std::vector<bool>* flags =
+        selection ? (ours ? &selection->oursIncluded : &selection->theirsIncluded) : nullptr;
+    return flags && index < flags->size() ? (*flags)[index] : ours;
+}
+
 std::string composeResolved(const std::vector<ConflictHunk>& hunks, const ConflictDecisions& decisions) {
     std::string text;
     bool first = true;
@@ -103,15 +114,6 @@ std::string composeResolved(const std::vector<ConflictHunk>& hunks, const Confli
         text += line;
         first = false;
     };
-    const auto appendChosen = [&](const std::vector<std::string>& lines, const std::vector<bool>* flags,
-                                  bool fallback) {
-        for (std::size_t i = 0; i < lines.size(); ++i) {
-            const bool included = flags && i < flags->size() ? (*flags)[i] : fallback;
-            if (included)
-                append(lines[i]);
-        }
-    };
-
     for (const ConflictHunk& hunk : hunks) {
         if (const auto* clean = std::get_if<CleanLines>(&hunk.kind)) {
             for (const std::string& line : clean->lines)
@@ -119,10 +121,13 @@ std::string composeResolved(const std::vector<ConflictHunk>& hunks, const Confli
             continue;
         }
         const auto& sides = std::get<ConflictSides>(hunk.kind);
-        const auto decision = decisions.find(hunk.id);
-        const LineSelection* selection = decision == decisions.end() ? nullptr : &decision->second;
-        appendChosen(sides.ours, selection ? &selection->oursIncluded : nullptr, true);
-        appendChosen(sides.theirs, selection ? &selection->theirsIncluded : nullptr, false);
+        const LineSelection* selection = selectionOf(decisions, hunk.id);
+        for (std::size_t i = 0; i < sides.ours.size(); ++i)
+            if (isLineIncluded(selection, true, i))
+                append(sides.ours[i]);
+        for (std::size_t i = 0; i < sides.theirs.size(); ++i)
+            if (isLineIncluded(selection, false, i))
+                append(sides.theirs[i]);
     }
     return text;
 }

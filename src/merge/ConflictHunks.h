@@ -2,6 +2,7 @@
 // lines the user keeps of each conflict.
 #pragma once
 
+#include <cstddef>
 #include <map>
 #include <optional>
 #include <string>
@@ -55,6 +56,11 @@ std::vector<ConflictHunk> parseConflictHunks(std::string_view text);
 // The starting choice of every conflict hunk: all of ours, none of theirs.
 LineSelection defaultSelection(const ConflictSides& sides);
 ConflictDecisions defaultDecisions(const std::vector<ConflictHunk>& hunks);
+
+// The choice of the conflict `hunkId`, or null when it has none.
+const LineSelection* selectionOf(const ConflictDecisions& decisions, int hunkId);
+// Whether a line of one side is kept; a missing choice or flag takes the default.
+bool isLineIncluded(const LineSelection* selection, bool ours, std::size_t index);
 
 // The hunks' lines joined with "\n", nothing added at the end: a clean run's lines, and of each
 // conflict the chosen lines of ours, then the chosen lines of theirs. A conflict without a decision,

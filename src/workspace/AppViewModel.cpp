@@ -7,6 +7,7 @@
 #include "core/support/UserDefaults.h"
 #include "graph/RepoGraphPaneViewModel.h"
 #include "settings/LocalizationManager.h"
+#include "workspace/AutoFetchScheduler.h"
 
 #include <QPointer>
 #include <QStringList>
@@ -44,7 +45,8 @@ const char* toString(AppMode mode) {
 
 AppViewModel::AppViewModel(std::shared_ptr<GitServiceProtocol> service, UserDefaults& defaults,
                            QObject* parent)
-    : QObject(parent), service_(std::move(service)), defaults_(defaults) {
+    : QObject(parent), service_(std::move(service)), defaults_(defaults),
+      autoFetch_(std::make_unique<AutoFetchScheduler>(*this, defaults)) {
     for (const QString& path : defaults_.value(recentsKey).toStringList()) {
         RepoEntry entry;
         entry.path = path.toStdString();
@@ -167,6 +169,7 @@ void AppViewModel::openTab(const RepoEntry& entry) {
     activeTabID_ = opened->id();
     emit tabOpened(opened);
     emit activeTabChanged();
+    autoFetch_->start();
 }
 
 void AppViewModel::closeTab(const QUuid& id) {
@@ -189,6 +192,7 @@ void AppViewModel::closeTab(const QUuid& id) {
     setActiveRepository(active ? std::optional(active->repo()) : std::nullopt);
     if (openTabs_.empty()) {
         qCDebug(lcApp, "op=tab.close allClosed=true");
+        autoFetch_->stop();
         setMode(AppMode::welcome);
     }
     // Coroutines of the tab may still be suspended; their tickets see it gone.

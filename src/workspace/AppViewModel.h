@@ -21,6 +21,7 @@
 
 namespace orvel {
 
+class AutoFetchScheduler;
 class GitServiceProtocol;
 class UserDefaults;
 
@@ -53,6 +54,9 @@ class AppViewModel final : public QObject {
     const std::optional<QUuid>& activeTabID() const { return activeTabID_; }
     WorkspaceTabState* activeTab() const;
     const std::shared_ptr<GitServiceProtocol>& service() const { return service_; }
+    UserDefaults& defaults() const { return defaults_; }
+    // Started by every new tab, stopped when the last one closes.
+    AutoFetchScheduler& autoFetch() const { return *autoFetch_; }
 
     // Opens `path` as a tab, or switches to its tab when it is open already. A newer open
     // supersedes this one; a failure leaves everything but the recents as it was.
@@ -100,6 +104,7 @@ class AppViewModel final : public QObject {
     LoadGeneration opens_;
     std::vector<std::unique_ptr<WorkspaceTabState>> openTabs_;
     std::optional<QUuid> activeTabID_;
+    std::unique_ptr<AutoFetchScheduler> autoFetch_;
 };
 
 } // namespace orvel

@@ -3,16 +3,19 @@
 #include "changes/ChangesPaneViewModel.h"
 #include "core/service/GitServiceProtocol.h"
 #include "core/support/Log.h"
+#include "diff/DiffDetailViewModel.h"
 #include "graph/RepoGraphPaneViewModel.h"
+#include "merge/ConflictBannerViewModel.h"
 #include "settings/LocalizationManager.h"
+#include "sidebar/SidebarViewModel.h"
 #include "workspace/ContentViewModel.h"
 #include "workspace/FileSystemWatcher.h"
+#include "workspace/RemoteChoice.h"
 #include "workspace/ToastManager.h"
 #include "workspace/WorkspaceViewModel.h"
 
 #include <QPointer>
 
-#include <algorithm>
 #include <filesystem>
 
 namespace orvel {
@@ -24,14 +27,19 @@ WorkspaceTabState::WorkspaceTabState(RepoEntry repo, std::shared_ptr<GitServiceP
       graph_(std::make_unique<RepoGraphPaneViewModel>(repo_, service_, toasts_)),
       workspace_(std::make_unique<WorkspaceViewModel>()),
       changes_(std::make_unique<ChangesPaneViewModel>(repo_, service_, toasts_)),
-      content_(std::make_unique<ContentViewModel>(service_)) {
+      content_(std::make_unique<ContentViewModel>(service_)),
+      conflictBanner_(std::make_unique<ConflictBannerViewModel>(repo_, service_, toasts_)),
+      sidebar_(std::make_unique<SidebarViewModel>(service_, toasts_)),
+      diff_(std::make_unique<DiffDetailViewModel>(repo_, service_)) {
     if (!currentBranchName_)
         detachedHead_ = repo_.headHash;
     changes_->setAutoPrune(options_.autoPrune);
     connect(changes_.get(), &ChangesPaneViewModel::commitSucceeded, this,
             &WorkspaceTabState::commitSucceeded);
-    connect(changes_.get(), &ChangesPaneViewModel::stashCompleted, this,
-            [] { qCDebug(lcApp, "op=tab.stashComplete"); });
+    connect(changes_.get(), &ChangesPaneViewModel::stashCompleted, this, [this] {
+        qCDebug(lcApp, "op=tab.stashComplete");
+        sidebar_->loadBranches(repo_);
+    });
     // The graph's working-tree row counts the changes page's rows, moved optimistically or read.
     connect(changes_.get(), &ChangesPaneViewModel::listsChanged, this, [this] {
         const int staged = static_cast<int>(changes_->stagedFiles().size());
@@ -41,6 +49,16 @@ WorkspaceTabState::WorkspaceTabState(RepoEntry repo, std::shared_ptr<GitServiceP
     });
     // A reset, pick or revert from the graph's menu changed the repository.
     connect(graph_.get(), &RepoGraphPaneViewModel::repositoryChanged, this, &WorkspaceTabState::refresh);
+    connect(conflictBanner_.get(), &ConflictBannerViewModel::repositoryChanged, this,
+            &WorkspaceTabState::refresh);
+    connect(sidebar_.get(), &SidebarViewModel::branchesLoaded, this, &WorkspaceTabState::branchesLoaded);
+    connect(sidebar_.get(), &SidebarViewModel::checkoutComplete, this, &WorkspaceTabState::checkoutComplete);
+    connect(sidebar_.get(), &SidebarViewModel::branchSelected, this, [this](const BranchEntry& branch) {
+        graph_->selectCommit(branch.hash);
+        sidebar_->acknowledgeNavigation();
+    });
+    // A hunk staged, unstaged or discarded from the diff pane.
+    connect(diff_.get(), &DiffDetailViewModel::needsStatusRefresh, this, &WorkspaceTabState::refresh);
     qCDebug(lcApp, "op=repo.tab.opened count=1");
 }
 
@@ -62,6 +80,8 @@ void WorkspaceTabState::loadData() {
     loadGraphAndMaintain();
     refreshWorkingTree();
     loadCurrentBranch();
+    conflictBanner_->refresh();
+    sidebar_->loadBranches(repo_);
     if (!fileWatcher_)
         startFileWatcher();
 }
@@ -74,7 +94,42 @@ void WorkspaceTabState::refresh() {
     qCDebug(lcApp, "op=sidebar.refreshRequested reason=user");
     refreshWorkingTree();
     graph_->load();
+    sidebar_->loadBranches(repo_);
+    conflictBanner_->refresh();
+    diff_->reloadWorkingTree();
+}
+
+void WorkspaceTabState::branchesLoaded(const std::vector<BranchEntry>& branches) {
+    if (branches != branches_) {
+        branches_ = branches;
+        emit branchesChanged();
+    }
+    const auto current = std::find_if(branches.begin(), branches.end(), [](const BranchEntry& branch) {
+        return branch.isCurrent && !branch.isRemote;
+    });
+    // A detached HEAD is named by its commit, which only a fresh read gives.
+    if (current == branches.end()) {
+        loadCurrentBranch();
+        return;
+    }
+    if (currentBranchName_ == current->name && !detachedHead_)
+        return;
+    currentBranchName_ = current->name;
+    detachedHead_.reset();
+    emit titleChanged();
+}
+
+void WorkspaceTabState::checkoutComplete() {
+    qCDebug(lcApp, "op=tab.checkoutComplete");
+    graph_->load();
     loadCurrentBranch();
+    refreshWorkingTree();
+    conflictBanner_->refresh();
+}
+
+void WorkspaceTabState::reloadAfterFetch() {
+    graph_->load();
+    sidebar_->loadBranches(repo_);
 }
 
 void WorkspaceTabState::startFileWatcher() {
@@ -113,6 +168,7 @@ void WorkspaceTabState::cancelAllTasks() {
 void WorkspaceTabState::commitSucceeded() {
     graph_->load();
     loadCurrentBranch();
+    sidebar_->loadBranches(repo_);
 }
 
 void WorkspaceTabState::watchLimitReached() {
@@ -133,11 +189,12 @@ QCoro::Task<void> WorkspaceTabState::readCurrentBranch() {
         const std::vector<BranchEntry> branches = co_await service->branches(repo);
         if (!ticket.isCurrent())
             co_return;
-        const auto current = std::find_if(branches.begin(), branches.end(), [](const BranchEntry& branch) {
-            return branch.isCurrent && !branch.isRemote;
-        });
+        if (branches != branches_) {
+            branches_ = branches;
+            emit branchesChanged();
+        }
         std::optional<std::string> name;
-        if (current != branches.end())
+        if (const BranchEntry* current = currentLocalBranch(branches))
             name = current->name;
         std::optional<std::string> detachedHead;
         if (!name) {

@@ -3,6 +3,7 @@
 // tab tells the others what to do.
 #pragma once
 
+#include "core/records/BranchEntry.h"
 #include "core/records/RepoEntry.h"
 #include "core/support/LoadGeneration.h"
 
@@ -16,14 +17,18 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace orvel {
 
 class ChangesPaneViewModel;
 class ContentViewModel;
+class ConflictBannerViewModel;
+class DiffDetailViewModel;
 class FileSystemWatcher;
 class GitServiceProtocol;
 class RepoGraphPaneViewModel;
+class SidebarViewModel;
 class ToastManager;
 class WorkspaceViewModel;
 
@@ -48,12 +53,18 @@ class WorkspaceTabState final : public QObject {
     const std::shared_ptr<GitServiceProtocol>& service() const { return service_; }
     ToastManager& toasts() const { return toasts_; }
     const std::optional<std::string>& currentBranchName() const { return currentBranchName_; }
+    // The local and remote branches of the last branch read: the remote of a fetch and the
+    // ahead and behind counts come from it.
+    const std::vector<BranchEntry>& branches() const { return branches_; }
     // What the tab bar shows: the current branch, or the short hash of a detached HEAD.
     QString title() const;
     RepoGraphPaneViewModel& graph() const { return *graph_; }
     ChangesPaneViewModel& changes() const { return *changes_; }
     WorkspaceViewModel& workspace() const { return *workspace_; }
     ContentViewModel& content() const { return *content_; }
+    ConflictBannerViewModel& conflictBanner() const { return *conflictBanner_; }
+    SidebarViewModel& sidebar() const { return *sidebar_; }
+    DiffDetailViewModel& diff() const { return *diff_; }
     bool isWatching() const { return fileWatcher_ != nullptr; }
     FileSystemWatcher* fileWatcher() const { return fileWatcher_.get(); }
 
@@ -62,12 +73,15 @@ class WorkspaceTabState final : public QObject {
     void loadCurrentBranch();
     // The light reload after something changed; a later refresh supersedes an earlier one.
     void refresh();
+    // After a fetch or pull: the branches (with their ahead and behind counts) and the graph.
+    void reloadAfterFetch();
     void startFileWatcher();
     // Stops the watcher and makes every running load stale, as closing the tab does.
     void cancelAllTasks();
 
   signals:
     void titleChanged();
+    void branchesChanged();
     void workingTreeCountsChanged(int staged, int unstaged);
 
   private:
@@ -79,6 +93,9 @@ class WorkspaceTabState final : public QObject {
     // The first graph load, then git's commit-graph file when it needs writing.
     QCoro::Task<void> loadGraphAndMaintain();
     void watchLimitReached();
+    // The sidebar read the branches: the tab's name follows the checked-out one.
+    void branchesLoaded(const std::vector<BranchEntry>& branches);
+    void checkoutComplete();
 
     QUuid id_ = QUuid::createUuid();
     RepoEntry repo_;
@@ -87,10 +104,14 @@ class WorkspaceTabState final : public QObject {
     Options options_;
     std::optional<std::string> currentBranchName_;
     std::optional<std::string> detachedHead_;
+    std::vector<BranchEntry> branches_;
     std::unique_ptr<RepoGraphPaneViewModel> graph_;
     std::unique_ptr<WorkspaceViewModel> workspace_;
     std::unique_ptr<ChangesPaneViewModel> changes_;
     std::unique_ptr<ContentViewModel> content_;
+    std::unique_ptr<ConflictBannerViewModel> conflictBanner_;
+    std::unique_ptr<SidebarViewModel> sidebar_;
+    std::unique_ptr<DiffDetailViewModel> diff_;
     std::unique_ptr<FileSystemWatcher> fileWatcher_;
     bool toldWatchLimit_ = false;
     LoadGeneration branchLoads_;

@@ -5,6 +5,7 @@
 #include "core/process/SubprocessExecutor.h"
 #include "core/support/UserDefaults.h"
 #include "support/Await.h"
+#include "support/Eventually.h"
 #include "support/GitFixture.h"
 #include "support/LogCapture.h"
 
@@ -22,20 +23,9 @@
 
 using namespace orvel;
 using namespace std::chrono_literals;
+using test::eventually;
 
 namespace {
-
-// Spins the event loop until `condition` holds; false after the time-out.
-template <typename Condition>
-bool eventually(Condition condition, std::chrono::seconds timeout = 20s) {
-    const auto deadline = std::chrono::steady_clock::now() + timeout;
-    while (!condition()) {
-        if (std::chrono::steady_clock::now() > deadline)
-            return false;
-        QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
-    }
-    return true;
-}
 
 mode_t permissionsOf(const QString& path) {
     struct stat info {};

@@ -5,6 +5,7 @@
 #include "settings/LocalizationManager.h"
 #include "widgets/OInlineMessage.h"
 
+#include <QButtonGroup>
 #include <QCheckBox>
 #include <QFontDatabase>
 #include <QFormLayout>
@@ -12,6 +13,8 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QRadioButton>
+#include <QToolButton>
 #include <QVBoxLayout>
 
 namespace orvel {
@@ -34,12 +37,22 @@ QString spaceReplacementSetting() {
 
 CreateBranchSheet::CreateBranchSheet(RepoEntry repo, std::string startPoint,
                                      std::shared_ptr<GitServiceProtocol> service, QWidget* parent)
-    : OSheet(parent), model_(new CreateBranchViewModel(std::move(repo), std::move(startPoint),
-                                                       std::move(service), spaceReplacementSetting(), this)),
-      startPointLabel_(new QLabel(this)),
+    : CreateBranchSheet(new CreateBranchViewModel(std::move(repo), std::move(startPoint), std::move(service),
+                                                  spaceReplacementSetting()),
+                        false, parent) {}
+
+// The model never runs git here: Create hands the name over instead.
+CreateBranchSheet::CreateBranchSheet(const QString& currentBranchName, QWidget* parent)
+    : CreateBranchSheet(
+          new CreateBranchViewModel({}, currentBranchName.toStdString(), nullptr, spaceReplacementSetting()),
+          true, parent) {}
+
+CreateBranchSheet::CreateBranchSheet(CreateBranchViewModel* model, bool handsOver, QWidget* parent)
+    : OSheet(parent), model_(model), startPointLabel_(new QLabel(this)),
       startPoint_(new QLabel(displayedStartPoint(model_->startPoint()), this)), nameLabel_(new QLabel(this)),
       nameField_(new QLineEdit(this)), counter_(new QLabel(this)), validation_(new OInlineMessage(this)),
-      checkoutToggle_(new QCheckBox(this)) {
+      checkoutToggle_(new QCheckBox(this)), handsOver_(handsOver) {
+    model_->setParent(this);
     setObjectName(QStringLiteral("create-branch-sheet"));
     setMinimumWidth(420);
     startPoint_->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
@@ -64,6 +77,8 @@ CreateBranchSheet::CreateBranchSheet(RepoEntry repo, std::string startPoint,
     form->addRow(QString(), validation_);
     form->addRow(QString(), checkoutToggle_);
     contentLayout()->addLayout(form);
+    if (handsOver_)
+        addLocalChangesChoice();
 
     connect(nameField_, &QLineEdit::textEdited, model_, &CreateBranchViewModel::setName);
     connect(model_, &CreateBranchViewModel::nameChanged, nameField_, [this](const QString& name) {
@@ -73,7 +88,7 @@ CreateBranchSheet::CreateBranchSheet(RepoEntry repo, std::string startPoint,
     connect(checkoutToggle_, &QCheckBox::toggled, model_, &CreateBranchViewModel::setCheckoutAfterCreate);
     connect(model_, &CreateBranchViewModel::stateChanged, this, &CreateBranchSheet::showState);
     // Return in the field reaches the default button, which creates.
-    connect(acceptButton(), &QPushButton::clicked, model_, [this] { model_->create(); });
+    connect(acceptButton(), &QPushButton::clicked, this, &CreateBranchSheet::confirm);
     connect(model_, &CreateBranchViewModel::created, this, [this] {
         emit created();
         accept();
@@ -81,6 +96,55 @@ CreateBranchSheet::CreateBranchSheet(RepoEntry repo, std::string startPoint,
 
     retranslate();
     nameField_->setFocus();
+}
+
+void CreateBranchSheet::addLocalChangesChoice() {
+    advancedToggle_ = new QToolButton(this);
+    advancedToggle_->setObjectName(QStringLiteral("create-branch.advanced-toggle"));
+    advancedToggle_->setCheckable(true);
+    advancedToggle_->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+    advancedToggle_->setArrowType(Qt::RightArrow);
+    advancedToggle_->setAutoRaise(true);
+    advanced_ = new QWidget(this);
+    advanced_->setVisible(false);
+    localChangesLabel_ = new QLabel(advanced_);
+    localChanges_ = new QButtonGroup(this);
+    auto* choices = new QVBoxLayout;
+    const std::pair<LocalChangesOption, const char*> options[] = {
+        {LocalChangesOption::dontChange, "local-changes.keep"},
+        {LocalChangesOption::stashAndReapply, "local-changes.stashAndReapply"},
+        {LocalChangesOption::discard, "local-changes.discard"}};
+    for (const auto& [option, identifier] : options) {
+        auto* choice = new QRadioButton(advanced_);
+        choice->setObjectName(QString::fromLatin1(identifier));
+        choice->setChecked(option == model_->localChanges());
+        localChanges_->addButton(choice, static_cast<int>(option));
+        choices->addWidget(choice);
+    }
+    auto* row = new QHBoxLayout(advanced_);
+    row->setContentsMargins(0, 0, 0, 0);
+    row->addWidget(localChangesLabel_, 0, Qt::AlignTop);
+    row->addLayout(choices, 1);
+    contentLayout()->addWidget(advancedToggle_, 0, Qt::AlignLeft);
+    contentLayout()->addWidget(advanced_);
+    connect(advancedToggle_, &QToolButton::toggled, this, [this](bool open) {
+        advancedToggle_->setArrowType(open ? Qt::DownArrow : Qt::RightArrow);
+        advanced_->setVisible(open);
+        adjustSize();
+    });
+    connect(localChanges_, &QButtonGroup::idClicked, model_,
+            [this](int option) { model_->setLocalChanges(static_cast<LocalChangesOption>(option)); });
+}
+
+void CreateBranchSheet::confirm() {
+    if (!handsOver_) {
+        model_->create();
+        return;
+    }
+    if (const std::optional<QString> name = model_->nameToHandOver()) {
+        emit createRequested(*name, model_->checkoutAfterCreate(), model_->localChanges());
+        accept();
+    }
 }
 
 void CreateBranchSheet::retranslate() {
@@ -92,6 +156,12 @@ void CreateBranchSheet::retranslate() {
     checkoutToggle_->setText(localized("Check out after create"));
     cancelButton()->setText(localized("Cancel"));
     cancelButton()->setAccessibleName(localized("Cancel creating branch"));
+    if (handsOver_) {
+        advancedToggle_->setText(localized("Advanced Settings"));
+        localChangesLabel_->setText(localized("Local changes:"));
+        for (QAbstractButton* choice : localChanges_->buttons())
+            choice->setText(displayText(static_cast<LocalChangesOption>(localChanges_->id(choice))));
+    }
     showState();
 }
 

@@ -216,6 +216,10 @@ ChildOutcome runChild(const ChildRequest& request) {
     posix_spawn_file_actions_addopen(actions.get(), STDIN_FILENO, request.stdinPath.c_str(), O_RDONLY, 0);
     actions.connect(request.stdoutCapture, collectors[0].pipe, STDOUT_FILENO);
     actions.connect(request.stderrCapture, collectors[1].pipe, STDERR_FILENO);
+    // git gets its three standard streams and nothing else: a descriptor another thread opened
+    // without close-on-exec (a file being written, a pipe of another child) must not live on in git
+    // and in what git starts, where a held write end makes an exec fail with "Text file busy".
+    posix_spawn_file_actions_addclosefrom_np(actions.get(), STDERR_FILENO + 1);
 
     std::vector<char*> argv;
     argv.push_back(const_cast<char*>(request.executable.c_str()));

@@ -7,6 +7,7 @@
 #include "graph/ui/GraphTableView.h"
 #include "settings/LocalizationManager.h"
 #include "settings/ThemeEngine.h"
+#include "widgets/BoundShortcut.h"
 
 #include <QAction>
 #include <QEvent>
@@ -58,7 +59,7 @@ GraphPane::GraphPane(RepoGraphPaneViewModel& model, QWidget* parent)
     layout->addWidget(searchBar_);
     layout->addWidget(table_, 1);
 
-    searchAction_->setShortcut(QKeySequence::Find);
+    bindShortcut(*searchAction_, KeyBindingID::searchHistory);
     searchAction_->setShortcutContext(Qt::WidgetWithChildrenShortcut);
     connect(searchAction_, &QAction::triggered, this, &GraphPane::openSearch);
     addAction(searchAction_);

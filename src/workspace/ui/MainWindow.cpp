@@ -4,9 +4,12 @@
 #include "content/ui/WelcomeView.h"
 #include "core/support/UserDefaults.h"
 #include "settings/LocalizationManager.h"
+#include "widgets/BoundShortcut.h"
 #include "workspace/AppViewModel.h"
+#include "workspace/ui/GitToolbar.h"
 #include "workspace/ui/RepositoryTabView.h"
 #include "workspace/ui/ToastOverlay.h"
+#include "workspace/ui/WorkspaceMenu.h"
 
 #include <QActionGroup>
 #include <QApplication>
@@ -94,6 +97,7 @@ MainWindow::MainWindow(AppViewModel& model, UserDefaults& defaults, QWidget* par
     statusBar()->addPermanentWidget(busy_);
 
     new ToastOverlay(model_.toastManager(), this);
+    addToolBar(new GitToolbar(model_, this));
     buildMenus();
     retranslate();
 
@@ -131,7 +135,7 @@ void MainWindow::buildMenus() {
     fileMenu_ = menuBar()->addMenu(QString());
     openAction_ = fileMenu_->addAction(QString(), this, &MainWindow::browseForRepository);
     openAction_->setObjectName(QStringLiteral("menu.open-repository"));
-    openAction_->setShortcut(QKeySequence::Open);
+    bindShortcut(*openAction_, KeyBindingID::openRepository);
     cloneAction_ = fileMenu_->addAction(QString(), welcome_, &WelcomeView::showCloneSheet);
     cloneAction_->setObjectName(QStringLiteral("menu.clone"));
     initAction_ = fileMenu_->addAction(QString(), welcome_, &WelcomeView::showInitSheet);
@@ -186,6 +190,7 @@ void MainWindow::buildMenus() {
     });
     refreshAction_->setObjectName(QStringLiteral("menu.refresh"));
     refreshAction_->setShortcuts({QKeySequence::Refresh, QKeySequence(Qt::CTRL | Qt::Key_R)});
+    new WorkspaceMenu(model_, *workspaceMenu_, this);
 
     windowMenu_ = menuBar()->addMenu(QString());
     nextTabAction_ = windowMenu_->addAction(QString(), this, [this] { stepTab(1); });

@@ -4,12 +4,17 @@
 #include "changes/ui/ChangesPage.h"
 #include "content/ui/CreateBranchSheet.h"
 #include "core/support/UserDefaults.h"
+#include "diff/DiffDetailViewModel.h"
+#include "diff/ui/DiffPane.h"
 #include "graph/RepoGraphPaneViewModel.h"
 #include "graph/ui/GraphPane.h"
 #include "graph/ui/GraphTableView.h"
 #include "graph/ui/RepoHistoryPane.h"
+#include "merge/ui/ConflictBanner.h"
+#include "merge/ui/RebasePlanSheet.h"
 #include "settings/LocalizationManager.h"
 #include "sidebar/ui/CreateTagSheet.h"
+#include "sidebar/ui/SidebarView.h"
 #include "workspace/ContentViewModel.h"
 #include "workspace/WorkspaceTabState.h"
 #include "workspace/WorkspaceViewModel.h"
@@ -32,9 +37,10 @@ QString splitterKey(const QSplitter& splitter) {
 } // namespace
 
 RepositoryTabView::RepositoryTabView(WorkspaceTabState& tab, UserDefaults& defaults, QWidget* parent)
-    : QWidget(parent), tab_(tab), defaults_(defaults), historyPane_(new RepoHistoryPane(tab.graph(), this)),
+    : QWidget(parent), tab_(tab), defaults_(defaults), sidebar_(new SidebarView(tab.sidebar(), this)),
+      historyPane_(new RepoHistoryPane(tab.graph(), this)), diffPane_(new DiffPane(tab.diff(), this)),
       changesPage_(new ChangesPage(tab.changes(), this)), pageSwitch_(new QTabBar(this)),
-      pages_(new QStackedWidget(this)) {
+      pages_(new QStackedWidget(this)), historyAndDiff_(new QSplitter(Qt::Vertical, this)) {
     setObjectName(QStringLiteral("repository-tab"));
     buildPages();
     graphPane().table().viewport()->installEventFilter(this);
@@ -55,13 +61,30 @@ void RepositoryTabView::buildPages() {
     pageSwitch_->setExpanding(false);
     pageSwitch_->addTab(QString());
     pageSwitch_->addTab(QString());
+    // A commit's file opens below the history; the working tree's beside the changes lists.
+    historyAndDiff_->setObjectName(QStringLiteral("repository-tab.history-diff"));
+    historyAndDiff_->addWidget(historyPane_);
+    diffPane_->hide();
     pages_->addWidget(changesPage_);
-    pages_->addWidget(historyPane_);
+    pages_->addWidget(historyAndDiff_);
+    auto* pageColumn = new QWidget(this);
+    auto* pageLayout = new QVBoxLayout(pageColumn);
+    pageLayout->setContentsMargins(0, 0, 0, 0);
+    pageLayout->setSpacing(0);
+    pageLayout->addWidget(pageSwitch_);
+    pageLayout->addWidget(pages_, 1);
+    auto* columns = new QSplitter(Qt::Horizontal, this);
+    columns->setObjectName(QStringLiteral("tabSplitter"));
+    columns->setChildrenCollapsible(false);
+    columns->addWidget(sidebar_);
+    columns->addWidget(pageColumn);
+    columns->setStretchFactor(1, 1);
+    columns->setSizes({240, 1000});
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
-    layout->addWidget(pageSwitch_);
-    layout->addWidget(pages_, 1);
+    layout->addWidget(new ConflictBanner(tab_.conflictBanner(), this));
+    layout->addWidget(columns, 1);
 
     WorkspaceViewModel& workspace = tab_.workspace();
     // Alt+1 and Alt+2 switch pages from anywhere in the tab.
@@ -93,6 +116,17 @@ void RepositoryTabView::buildPages() {
             [&workspace](const FileChange& file, bool staged) {
                 workspace.showDiff(file, std::nullopt, false, staged);
             });
+    connect(
+        &workspace, &WorkspaceViewModel::diffRequested, this,
+        [this](const FileChange& file, const std::optional<std::string>& hash, bool isMerge, bool isStaged) {
+            tab_.diff().showDiff(file, hash, isMerge, isStaged);
+            showDiffPane(hash.has_value());
+        });
+    connect(diffPane_, &DiffPane::closeRequested, &workspace, &WorkspaceViewModel::closeDiff);
+    connect(&workspace, &WorkspaceViewModel::diffChanged, this, [this] {
+        if (!tab_.workspace().isDiffPaneVisible())
+            showDiffPane(std::nullopt);
+    });
     connect(&tab_.content(), &ContentViewModel::fileChangesChanged, historyPane_,
             [this] { historyPane_->setWorkingTreeFiles(tab_.content().fileChanges()); });
     retranslate();
@@ -109,6 +143,19 @@ void RepositoryTabView::changeEvent(QEvent* event) {
     QWidget::changeEvent(event);
     if (event->type() == QEvent::LanguageChange)
         retranslate();
+}
+
+void RepositoryTabView::showDiffPane(std::optional<bool> belowHistory) {
+    QWidget* slot = &changesPage_->diffSlot();
+    if (belowHistory == true && diffPane_->parentWidget() != historyAndDiff_)
+        historyAndDiff_->addWidget(diffPane_);
+    else if (belowHistory == false && diffPane_->parentWidget() != slot)
+        slot->layout()->addWidget(diffPane_);
+    // The placeholder gives way while a working-tree diff fills the slot.
+    const bool besideLists = belowHistory == false;
+    if (QWidget* placeholder = slot->findChild<QWidget*>(QStringLiteral("changes.diff-placeholder")))
+        placeholder->setVisible(!besideLists);
+    diffPane_->setVisible(belowHistory.has_value());
 }
 
 void RepositoryTabView::showActivePage() {
@@ -137,6 +184,12 @@ void RepositoryTabView::showCreateTag(const std::string& hash) {
     sheet->setAttribute(Qt::WA_DeleteOnClose);
     connect(sheet, &CreateTagSheet::created, &tab_, &WorkspaceTabState::refresh);
     sheet->open();
+}
+
+void RepositoryTabView::showInteractiveRebase(const std::string& target) {
+    // The sheet opens itself once the commits are read, or tells in a toast why it does not.
+    auto* sheet = new RebasePlanSheet(tab_.repo(), target, tab_.service(), tab_.toasts(), this);
+    connect(sheet, &RebasePlanSheet::rebaseEnded, &tab_, &WorkspaceTabState::refresh);
 }
 
 void RepositoryTabView::saveSplitterStates() const {

@@ -6,16 +6,20 @@
 
 #include <QWidget>
 
+#include <optional>
 #include <string>
 
+class QSplitter;
 class QStackedWidget;
 class QTabBar;
 
 namespace orvel {
 
 class ChangesPage;
+class DiffPane;
 class GraphPane;
 class RepoHistoryPane;
+class SidebarView;
 class UserDefaults;
 class WorkspaceTabState;
 
@@ -29,9 +33,14 @@ class RepositoryTabView final : public QWidget {
     WorkspaceTabState& tab() const { return tab_; }
     GraphPane& graphPane() const;
     ChangesPage& changesPage() const { return *changesPage_; }
+    DiffPane& diffPane() const { return *diffPane_; }
 
     // Writes the state of every named splitter, so that the next tab opens with the same layout.
     void saveSplitterStates() const;
+
+  public slots:
+    // Reads the commits between `target` and HEAD and opens the plan of an interactive rebase.
+    void showInteractiveRebase(const std::string& target);
 
   signals:
     // The graph has been painted with its commits for the first time.
@@ -48,14 +57,20 @@ class RepositoryTabView final : public QWidget {
     // The changes and history pages, one shown at a time as the workspace model says.
     void buildPages();
     void showActivePage();
+    // Puts the diff pane below the history (a commit's file) or beside the changes lists, or
+    // hides it (nothing).
+    void showDiffPane(std::optional<bool> belowHistory);
     void retranslate();
 
     WorkspaceTabState& tab_;
     UserDefaults& defaults_;
+    SidebarView* sidebar_;
     RepoHistoryPane* historyPane_;
+    DiffPane* diffPane_;
     ChangesPage* changesPage_;
     QTabBar* pageSwitch_;
     QStackedWidget* pages_;
+    QSplitter* historyAndDiff_;
     bool graphPainted_ = false;
 };
 

@@ -1,0 +1,336 @@
+#include "diff/DiffDetailViewModel.h"
+
+#include "core/commands/BlobCommands.h"
+#include "core/queue/BackgroundWork.h"
+#include "core/service/GitServiceProtocol.h"
+#include "core/support/Log.h"
+#include "core/support/UserDefaults.h"
+
+#include <QPointer>
+
+namespace orvel {
+
+namespace {
+
+// The whole file as one hunk: git's context reaches every line of any file a person reads.
+constexpr int fullContextLines = 99999;
+
+bool isUntracked(const DiffDetailViewModel::Selection& selection) {
+    return !selection.commitHash && selection.file.status.kind == FileStatusKind::Case::untracked;
+}
+
+// The file of `result` that `path` names: by its new path, or its old one when it was deleted.
+std::optional<FileDiff> pickFile(DiffResult result, const std::string& path) {
+    for (auto& file : result.files)
+        if (file.newPath == path || (file.newPath.empty() && file.oldPath == path))
+            return std::move(file);
+    return std::nullopt;
+}
+
+// The revisions of the two sides of the selection's file, for `git cat-file blob`: none for a side
+// that doesn't exist, an empty one for the working tree's file.
+std::pair<std::optional<std::string>, std::string> revisionsOf(const DiffDetailViewModel::Selection& selection) {
+    const std::string& path = selection.file.path;
+    if (selection.commitHash)
+        return {*selection.commitHash + "^:" + path, *selection.commitHash + ":" + path};
+    if (selection.isStaged)
+        return {"HEAD:" + path, ":" + path};
+    if (isUntracked(selection))
+        return {std::nullopt, {}};
+    return {":" + path, {}};
+}
+
+} // namespace
+
+DiffDetailViewModel::DiffDetailViewModel(RepoEntry repo, std::shared_ptr<GitServiceProtocol> service,
+                                         const UserDefaults* defaults, QObject* parent)
+    : QObject(parent), repo_(std::move(repo)), service_(std::move(service)), defaults_(defaults) {}
+
+DiffDetailViewModel::HunkActions DiffDetailViewModel::hunkActions() const {
+    // With the whole file as context the shown hunk is not one git would cut, so none is offered.
+    if (!selection_ || selection_->commitHash || isUntracked(*selection_) || fullContext_)
+        return {};
+    if (selection_->isStaged)
+        return {false, true, false};
+    return {true, false, true};
+}
+
+void DiffDetailViewModel::showDiff(FileChange file, std::optional<std::string> commitHash, bool isMerge,
+                                   bool isStaged) {
+    Selection selection{std::move(file), std::move(commitHash), isMerge, isStaged};
+    qCDebug(lcDiff, "Showing diff for %s%s", selection.file.path.c_str(),
+            selection.commitHash ? (" at " + selection.commitHash->substr(0, 7)).c_str() : "");
+    const bool sameFile = selection_ == selection;
+    selection_ = std::move(selection);
+    if (!sameFile) {
+        forceLargeFile_ = false;
+        pendingDiscardHunk_.reset();
+        emit selectionChanged();
+    }
+    reload();
+}
+
+void DiffDetailViewModel::closeDiff() {
+    qCDebug(lcDiff, "Closing diff pane");
+    loads_.cancel();
+    selection_.reset();
+    fileDiff_.reset();
+    inspection_.reset();
+    fileText_.reset();
+    pendingDiscardHunk_.reset();
+    emit selectionChanged();
+    setContent(Content::none);
+}
+
+void DiffDetailViewModel::setMode(CodeDiffMode mode) {
+    if (mode == mode_)
+        return;
+    const bool needsFile = mode == CodeDiffMode::file && !fileText_;
+    mode_ = mode;
+    emit modeChanged();
+    if (needsFile && selection_) {
+        reload();
+        return;
+    }
+    rebuildRows();
+    emit contentChanged();
+}
+
+void DiffDetailViewModel::setFullContext(bool on) {
+    if (on == fullContext_)
+        return;
+    fullContext_ = on;
+    emit modeChanged();
+    if (selection_)
+        reload();
+}
+
+void DiffDetailViewModel::setRenderMarkdown(bool on) {
+    if (on == renderMarkdown_)
+        return;
+    renderMarkdown_ = on;
+    emit modeChanged();
+}
+
+void DiffDetailViewModel::showLargeFileAnyway() {
+    forceLargeFile_ = true;
+    reload();
+}
+
+void DiffDetailViewModel::retry() {
+    ++diffRetryToken_;
+    reload();
+}
+
+void DiffDetailViewModel::reloadWorkingTree() {
+    if (selection_ && !selection_->commitHash)
+        reload();
+}
+
+std::string DiffDetailViewModel::fullPath() const {
+    return BlobCommands::workTreeFile(repo_.path, selection_->file.path);
+}
+
+void DiffDetailViewModel::setContent(Content content) {
+    content_ = content;
+    rebuildRows();
+    emit contentChanged();
+}
+
+void DiffDetailViewModel::rebuildRows() {
+    rows_.clear();
+    if (content_ != Content::diff)
+        return;
+    if (mode_ == CodeDiffMode::file && fileText_)
+        rows_ = fileRows(fileText_);
+    else if (mode_ == CodeDiffMode::split && fileDiff_)
+        rows_ = sideBySideRows(*fileDiff_);
+    else if (fileDiff_)
+        rows_ = unifiedRows(*fileDiff_);
+}
+
+QCoro::Task<void> DiffDetailViewModel::reload() {
+    auto ticket = loads_.begin(this);
+    if (!selection_) {
+        setContent(Content::none);
+        co_return;
+    }
+    const Selection selection = *selection_;
+    const RepoEntry repo = repo_;
+    const std::string path = selection.file.path;
+    const std::string file = fullPath();
+    const InspectionLimits limits = defaults_ ? InspectionLimits::read(*defaults_) : InspectionLimits{};
+    const bool wantsFile = mode_ == CodeDiffMode::file;
+    const std::optional<int> contextLines = fullContext_ ? std::optional<int>(fullContextLines) : std::nullopt;
+    language_ = detectLanguage(path);
+    diffLoadError_.clear();
+    setContent(Content::loading);
+    try {
+        auto inspection = co_await runOnPool(backgroundPool(), [file, limits] { return inspectFile(file, limits); });
+        if (!ticket.isCurrent())
+            co_return;
+        inspection_ = inspection;
+        fileDiff_.reset();
+        fileText_.reset();
+        switch (inspection.policy) {
+        case FileOpenPolicy::directory: setContent(Content::untrackedFolder); co_return;
+        case FileOpenPolicy::image: co_await loadImages(selection, ticket); co_return;
+        case FileOpenPolicy::unsupported: setContent(Content::unsupported); co_return;
+        case FileOpenPolicy::largeText:
+            if (!forceLargeFile_) {
+                setContent(Content::largeFile);
+                co_return;
+            }
+            break;
+        case FileOpenPolicy::text: break;
+        }
+
+        // The whole file, for file mode and for a file git doesn't track yet.
+        if (wantsFile || isUntracked(selection)) {
+            auto read = selection.commitHash
+                            ? service_->readBlob(repo, *selection.commitHash + ":" + path, ticket.stopToken())
+                            : service_->readWorkTreeFile(repo, path, ticket.stopToken());
+            std::optional<std::string> text;
+            try {
+                text = co_await std::move(read);
+            } catch (const std::exception& error) {
+                qCDebug(lcDiff, "op=diff.readFile reason=%s", redactForLog(error.what()).c_str());
+            }
+            if (!ticket.isCurrent())
+                co_return;
+            if (!text || text->find('\0') != std::string::npos) {
+                setContent(Content::unreadable);
+                co_return;
+            }
+            fileText_ = std::make_shared<const std::string>(std::move(*text));
+        }
+
+        if (isUntracked(selection)) {
+            fileDiff_ = untrackedFileDiff(path, fileText_);
+        } else {
+            auto read = selection.commitHash
+                            ? service_->commitDiff(repo, *selection.commitHash, contextLines, ticket.stopToken())
+                            : service_->diff(repo, selection.isStaged ? DiffContext::staged() : DiffContext::unstaged(),
+                                             contextLines, ticket.stopToken());
+            DiffResult result = co_await std::move(read);
+            if (!ticket.isCurrent())
+                co_return;
+            fileDiff_ = pickFile(std::move(result), path);
+        }
+        if (!fileDiff_ && !(wantsFile && fileText_))
+            setContent(Content::noChanges);
+        else if (fileDiff_ && fileDiff_->isBinary && !wantsFile)
+            setContent(Content::binary);
+        else if (fileDiff_ && fileDiff_->hunks.empty() && !wantsFile)
+            setContent(Content::noChanges);
+        else
+            setContent(Content::diff);
+    } catch (const std::exception& error) {
+        if (!ticket.isCurrent())
+            co_return;
+        qCWarning(lcDiff, "op=diff.load reason=%s", redactForLog(error.what()).c_str());
+        diffLoadError_ = QString::fromUtf8(error.what());
+        setContent(Content::failed);
+    }
+}
+
+QCoro::Task<void> DiffDetailViewModel::loadImages(const Selection& selection, LoadTicket ticket) {
+    const auto [oldRevision, newRevision] = revisionsOf(selection);
+    const RepoEntry repo = repo_;
+    const std::string path = selection.file.path;
+    auto service = service_;
+    // Either side may be missing (an added or deleted image): that side stays empty.
+    auto readSide = [service, repo, path, stop = ticket.stopToken()](std::string revision) -> QCoro::Task<QImage> {
+        std::string bytes;
+        try {
+            bytes = revision.empty() ? co_await service->readWorkTreeFile(repo, path, stop)
+                                     : co_await service->readBlob(repo, revision, stop);
+        } catch (const std::exception&) {
+            co_return QImage();
+        }
+        co_return co_await runOnPool(backgroundPool(), [bytes = std::move(bytes)] {
+            return QImage::fromData(QByteArrayView(bytes.data(), qsizetype(bytes.size())));
+        });
+    };
+    QImage before = oldRevision ? co_await readSide(*oldRevision) : QImage();
+    if (!ticket.isCurrent())
+        co_return;
+    QImage after = co_await readSide(newRevision);
+    if (!ticket.isCurrent())
+        co_return;
+    oldImage_ = std::move(before);
+    newImage_ = std::move(after);
+    setContent(Content::image);
+}
+
+QCoro::Task<bool> DiffDetailViewModel::stageHunk(int hunk) {
+    return runHunkAction(HunkAction::stage, hunk);
+}
+
+QCoro::Task<bool> DiffDetailViewModel::unstageHunk(int hunk) {
+    return runHunkAction(HunkAction::unstage, hunk);
+}
+
+void DiffDetailViewModel::requestDiscardHunk(int hunk) {
+    if (!fileDiff_ || hunk < 0 || std::size_t(hunk) >= fileDiff_->hunks.size())
+        return;
+    pendingDiscardHunk_ = fileDiff_->hunks[std::size_t(hunk)];
+    emit discardConfirmationRequested();
+}
+
+QCoro::Task<bool> DiffDetailViewModel::confirmDiscardHunk() {
+    if (!pendingDiscardHunk_ || !fileDiff_)
+        co_return false;
+    // The hunk is found again by its four numbers.
+    const DiffHunk pending = *pendingDiscardHunk_;
+    pendingDiscardHunk_.reset();
+    int index = -1;
+    for (std::size_t h = 0; h < fileDiff_->hunks.size(); ++h) {
+        const DiffHunk& hunk = fileDiff_->hunks[h];
+        if (hunk.oldStart == pending.oldStart && hunk.oldCount == pending.oldCount &&
+            hunk.newStart == pending.newStart && hunk.newCount == pending.newCount)
+            index = int(h);
+    }
+    co_return co_await runHunkAction(HunkAction::discard, index);
+}
+
+void DiffDetailViewModel::cancelDiscardHunk() {
+    pendingDiscardHunk_.reset();
+}
+
+void DiffDetailViewModel::clearHunkActionError() {
+    hunkActionError_.reset();
+    emit hunkActionErrorChanged();
+}
+
+QCoro::Task<bool> DiffDetailViewModel::runHunkAction(HunkAction action, int hunk) {
+    if (!selection_ || !fileDiff_ || hunk < 0 || std::size_t(hunk) >= fileDiff_->hunks.size())
+        co_return false;
+    QPointer<DiffDetailViewModel> self(this);
+    const DiffHunk target = fileDiff_->hunks[std::size_t(hunk)];
+    const std::string path = selection_->file.path;
+    const char* name = action == HunkAction::stage     ? "stageHunk"
+                       : action == HunkAction::unstage ? "unstageHunk"
+                                                       : "discardHunk";
+    try {
+        switch (action) {
+        case HunkAction::stage: co_await service_->stageHunk(repo_, path, target); break;
+        case HunkAction::unstage: co_await service_->unstageHunk(repo_, path, target); break;
+        case HunkAction::discard: co_await service_->discardHunk(repo_, path, target); break;
+        }
+    } catch (const std::exception& error) {
+        qCWarning(lcDiff, "op=diff.%s err=%s", name, redactForLog(error.what()).c_str());
+        if (!self)
+            co_return false;
+        hunkActionError_ = QString::fromUtf8(error.what());
+        emit hunkActionErrorChanged();
+        co_return false;
+    }
+    if (!self)
+        co_return false;
+    emit needsStatusRefresh();
+    reload();
+    co_return true;
+}
+
+} // namespace orvel

@@ -1,0 +1,154 @@
+// The state of the diff pane: which file of which diff is shown, how (unified, side by side or
+// whole), and what its inspection decided (a large text behind a gate, an image, a type that can't
+// be shown, a folder). It reads the diff through the service and applies one hunk at a time; each
+// hunk action re-reads the diff in git at that moment, so a hunk that moved fails instead of
+// landing in the wrong place.
+#pragma once
+
+#include "core/records/DiffResult.h"
+#include "core/records/FileChange.h"
+#include "core/records/RepoEntry.h"
+#include "core/support/LoadGeneration.h"
+#include "diff/DiffDisplayRows.h"
+#include "diff/FileInspection.h"
+#include "diff/SourceLanguage.h"
+
+#include <QImage>
+#include <QObject>
+#include <QString>
+
+#include <QCoro/QCoroTask>
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace orvel {
+
+class GitServiceProtocol;
+class UserDefaults;
+
+class DiffDetailViewModel final : public QObject {
+    Q_OBJECT
+
+  public:
+    struct Selection {
+        FileChange file;
+        std::optional<std::string> commitHash; // none: the working tree
+        bool isMerge = false;
+        bool isStaged = false;
+
+        bool operator==(const Selection&) const = default;
+    };
+
+    enum class Content : char {
+        none,            // nothing selected
+        loading,
+        diff,            // rows() hold the diff, or the file in file mode
+        noChanges,       // the diff has no hunks for the file
+        binary,          // git calls the change binary
+        unreadable,      // the text could not be read
+        untrackedFolder, // inspection().metadata.directoryEntries lists it
+        largeFile,       // the gate: showLargeFileAnyway() opens it
+        unsupported,
+        image,
+        failed // diffLoadError()
+    };
+
+    // The hunk buttons the selection offers: stage and discard for the working tree, unstage for
+    // the index, none for a commit or an untracked file.
+    struct HunkActions {
+        bool stage = false;
+        bool unstage = false;
+        bool discard = false;
+    };
+
+    // `defaults`, when given, supplies the large-file thresholds at each inspection.
+    DiffDetailViewModel(RepoEntry repo, std::shared_ptr<GitServiceProtocol> service,
+                        const UserDefaults* defaults = nullptr, QObject* parent = nullptr);
+
+    const std::optional<Selection>& selection() const { return selection_; }
+    Content content() const { return content_; }
+    const std::optional<FileDiff>& fileDiff() const { return fileDiff_; }
+    const std::optional<FileInspection>& inspection() const { return inspection_; }
+    const std::vector<DiffDisplayRow>& rows() const { return rows_; }
+    SourceLanguage language() const { return language_; }
+    const QString& diffLoadError() const { return diffLoadError_; }
+    const std::optional<QString>& hunkActionError() const { return hunkActionError_; }
+    const std::optional<DiffHunk>& pendingDiscardHunk() const { return pendingDiscardHunk_; }
+    // The whole file's text in file mode (Markdown is rendered from it).
+    const std::shared_ptr<const std::string>& fileText() const { return fileText_; }
+    const QImage& oldImage() const { return oldImage_; }
+    const QImage& newImage() const { return newImage_; }
+    CodeDiffMode mode() const { return mode_; }
+    bool fullContext() const { return fullContext_; }
+    bool renderMarkdown() const { return renderMarkdown_; }
+    bool forceLargeFile() const { return forceLargeFile_; }
+    int diffRetryToken() const { return diffRetryToken_; }
+    HunkActions hunkActions() const;
+
+    // What the tab asks for: a file of the working tree (staged or not) or of a commit.
+    void showDiff(FileChange file, std::optional<std::string> commitHash, bool isMerge, bool isStaged);
+    void closeDiff();
+    void setMode(CodeDiffMode mode);
+    // Shows the whole file as one hunk of context ("Show full file"), or the changes only.
+    void setFullContext(bool on);
+    void setRenderMarkdown(bool on);
+    void showLargeFileAnyway();
+    void retry();
+    // Reads the selection again.
+    QCoro::Task<void> reload();
+    // After a change on disk: reads the selection again when it is of the working tree.
+    void reloadWorkingTree();
+
+    QCoro::Task<bool> stageHunk(int hunk);
+    QCoro::Task<bool> unstageHunk(int hunk);
+    // Holds the hunk until the person confirms; confirmDiscardHunk() then discards it.
+    void requestDiscardHunk(int hunk);
+    QCoro::Task<bool> confirmDiscardHunk();
+    void cancelDiscardHunk();
+    void clearHunkActionError();
+
+  signals:
+    void selectionChanged();
+    void contentChanged();
+    void modeChanged();
+    void hunkActionErrorChanged();
+    void discardConfirmationRequested();
+    // A hunk action changed the index or the working tree: the lists should read the status.
+    void needsStatusRefresh();
+
+  private:
+    enum class HunkAction : char { stage, unstage, discard };
+
+    QCoro::Task<bool> runHunkAction(HunkAction action, int hunk);
+    QCoro::Task<void> loadImages(const Selection& selection, LoadTicket ticket);
+    void setContent(Content content);
+    void rebuildRows();
+    std::string fullPath() const;
+
+    RepoEntry repo_;
+    std::shared_ptr<GitServiceProtocol> service_;
+    const UserDefaults* defaults_;
+    std::optional<Selection> selection_;
+    Content content_ = Content::none;
+    std::optional<FileDiff> fileDiff_;
+    std::optional<FileInspection> inspection_;
+    std::shared_ptr<const std::string> fileText_;
+    std::vector<DiffDisplayRow> rows_;
+    SourceLanguage language_ = SourceLanguage::unknown;
+    QImage oldImage_;
+    QImage newImage_;
+    QString diffLoadError_;
+    std::optional<QString> hunkActionError_;
+    std::optional<DiffHunk> pendingDiscardHunk_;
+    CodeDiffMode mode_ = CodeDiffMode::diff;
+    bool fullContext_ = false;
+    bool renderMarkdown_ = true;
+    bool forceLargeFile_ = false;
+    int diffRetryToken_ = 0;
+    LoadGeneration loads_;
+};
+
+} // namespace orvel

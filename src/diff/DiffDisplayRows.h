@@ -1,0 +1,43 @@
+// The rows a diff view paints, for each way of showing a file: unified (a header row a hunk, then
+// its lines), side by side (a header row a hunk, then its paired rows) and the whole file (its
+// lines, numbered). Texts are slices of the text git printed or of the file read, never copies.
+#pragma once
+
+#include "core/records/DiffResult.h"
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace orvel {
+
+enum class CodeDiffMode : char { diff, split, file };
+
+// The background and marker of one side of a row.
+enum class RowTone : char { context, addition, deletion, empty, noNewline };
+
+struct DiffDisplayRow {
+    bool isHunkHeader = false;
+    int hunk = -1; // the hunk the row belongs to; -1 in the whole-file view
+    // Unified: the old and new numbers. Side by side: the left and right numbers. File: `right`.
+    std::optional<int> leftNumber;
+    std::optional<int> rightNumber;
+    TextSlice left; // unified, file and header rows use this side only
+    RowTone leftTone = RowTone::context;
+    TextSlice right;
+    RowTone rightTone = RowTone::empty;
+};
+
+// "@@ -1,2 +1,3 @@ section"
+std::string hunkHeaderText(const DiffHunk& hunk);
+
+std::vector<DiffDisplayRow> unifiedRows(const FileDiff& file);
+std::vector<DiffDisplayRow> sideBySideRows(const FileDiff& file);
+// One row a line of `text`; a final newline does not open another line.
+std::vector<DiffDisplayRow> fileRows(const std::shared_ptr<const std::string>& text);
+
+// A file that git doesn't track yet, shown whole as one hunk of additions.
+FileDiff untrackedFileDiff(const std::string& path, const std::shared_ptr<const std::string>& text);
+
+} // namespace orvel

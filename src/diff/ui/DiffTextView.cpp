@@ -1,0 +1,462 @@
+#include "diff/ui/DiffTextView.h"
+
+#include "settings/LocalizationManager.h"
+#include "settings/ThemeEngine.h"
+
+#include <QApplication>
+#include <QContextMenuEvent>
+#include <QMenu>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QPainterPath>
+#include <QScrollBar>
+
+#include <algorithm>
+#include <cmath>
+
+namespace orvel {
+
+namespace {
+
+constexpr int tabWidth = 4;
+constexpr int cellPadding = 6;
+
+// Tabs become spaces up to the next stop, so that columns line up as in an editor; a carriage
+// return of a CRLF file is not drawn.
+QString displayText(std::string_view bytes) {
+    if (!bytes.empty() && bytes.back() == '\r')
+        bytes.remove_suffix(1);
+    QString text = QString::fromUtf8(bytes.data(), qsizetype(bytes.size()));
+    if (!text.contains(u'\t'))
+        return text;
+    QString expanded;
+    expanded.reserve(text.size() + 16);
+    for (const QChar c : text) {
+        if (c == u'\t')
+            expanded.append(QString(tabWidth - expanded.size() % tabWidth, u' '));
+        else
+            expanded.append(c);
+    }
+    return expanded;
+}
+
+// A token colour that still reads on the background: a theme made for dark windows keeps its
+// light colours from vanishing on a light one, and the other way round.
+QColor readableOn(QColor color, const QColor& background) {
+    const bool darkBackground = background.lightnessF() < 0.5;
+    if (!darkBackground && color.lightnessF() > 0.62)
+        return color.darker(175);
+    if (darkBackground && color.lightnessF() < 0.38)
+        return color.lighter(220);
+    return color;
+}
+
+// An overlay colour from the theme (often translucent) laid over the background, so rows paint
+// in one fill.
+QColor over(const QColor& overlay, const QColor& background) {
+    const qreal a = overlay.alphaF();
+    return QColor::fromRgbF(overlay.redF() * a + background.redF() * (1 - a),
+                            overlay.greenF() * a + background.greenF() * (1 - a),
+                            overlay.blueF() * a + background.blueF() * (1 - a));
+}
+
+} // namespace
+
+DiffTextView::DiffTextView(QWidget* parent) : QAbstractScrollArea(parent) {
+    setObjectName(QStringLiteral("diff-pane.text"));
+    setFocusPolicy(Qt::StrongFocus);
+    setFrameShape(QFrame::NoFrame);
+    viewport()->setMouseTracking(true);
+    viewport()->setAttribute(Qt::WA_Hover);
+    refreshStyle();
+    connect(&ThemeEngine::shared(), &ThemeEngine::themeChanged, this, [this] {
+        refreshStyle();
+        viewport()->update();
+    });
+}
+
+void DiffTextView::setRows(std::vector<DiffDisplayRow> rows, Layout layout, SourceLanguage language,
+                           DiffDetailViewModel::HunkActions actions) {
+    const bool sameShape = layout == layout_ && rows.size() == rows_.size();
+    rows_ = std::move(rows);
+    layout_ = layout;
+    language_ = language;
+    actions_ = actions;
+    coloured_.assign(rows_.size() * 2, std::nullopt);
+    headerRows_.clear();
+    int largestNumber = 1;
+    longestLine_ = 0;
+    for (std::size_t row = 0; row < rows_.size(); ++row) {
+        const DiffDisplayRow& line = rows_[row];
+        if (line.isHunkHeader)
+            headerRows_.push_back(int(row));
+        largestNumber = std::max({largestNumber, line.leftNumber.value_or(0), line.rightNumber.value_or(0)});
+        longestLine_ = std::max(longestLine_, int(std::max(line.left.size(), line.right.size())));
+    }
+    numberDigits_ = int(std::to_string(largestNumber).size());
+    setAccessibleName(layout == Layout::sideBySide ? localized("Side-by-side diff")
+                      : layout == Layout::file     ? localized("File")
+                                                   : localized("Diff"));
+    updateScrollBars();
+    if (!sameShape) {
+        verticalScrollBar()->setValue(0);
+        horizontalScrollBar()->setValue(0);
+    }
+    viewport()->update();
+}
+
+void DiffTextView::refreshStyle() {
+    const ThemeEngine& engine = ThemeEngine::shared();
+    const Theme& theme = engine.currentTheme();
+    const ThemeTokens& tokens = engine.currentTokens();
+    Style style;
+    style.font = engine.font(theme.fonts ? theme.fonts->monospaced : ThemeFont{}, true);
+    style.background = tokens.window;
+    style.gutter = tokens.panel;
+    style.gutterText = tokens.fg3;
+    style.text = tokens.fg;
+    style.headerText = tokens.fg2;
+    style.divider = tokens.strokeSoft;
+    style.buttonFill = tokens.raised;
+    style.buttonText = tokens.fg;
+    style.hover = tokens.accent;
+    style.addition = over(theme.colors.diff.addition.color(), style.background);
+    style.deletion = over(theme.colors.diff.deletion.color(), style.background);
+    style.hunkHeader = over(theme.colors.diff.hunkHeader.color(), style.gutter);
+    style.emptyCell = style.gutter;
+    for (int type = 0; type <= int(SyntaxTokenType::plain); ++type)
+        style.tokens.push_back(type == int(SyntaxTokenType::plain)
+                                   ? style.text
+                                   : readableOn(syntaxColor(theme.colors.syntax, SyntaxTokenType(type)),
+                                                style.background));
+    const QFontMetricsF metrics(style.font);
+    style.charWidth = metrics.horizontalAdvance(QLatin1Char('0'));
+    style.lineHeight = int(std::ceil(metrics.height())) + 3;
+    style.ascent = int(std::ceil(metrics.ascent())) + 1;
+    style_ = std::move(style);
+    updateScrollBars();
+}
+
+void DiffTextView::updateScrollBars() {
+    const int height = viewport()->height();
+    verticalScrollBar()->setRange(0, std::max(0, int(rows_.size()) * style_.lineHeight - height));
+    verticalScrollBar()->setPageStep(height);
+    verticalScrollBar()->setSingleStep(style_.lineHeight * 3);
+    const int numberWidth = int((numberDigits_ + 1) * style_.charWidth) + cellPadding;
+    const int gutter = layout_ == Layout::unified ? 2 * numberWidth : numberWidth;
+    const int textWidth = int((longestLine_ + 4) * style_.charWidth) + gutter;
+    const int visible = layout_ == Layout::sideBySide ? viewport()->width() / 2 : viewport()->width();
+    horizontalScrollBar()->setRange(0, std::max(0, textWidth - visible));
+    horizontalScrollBar()->setPageStep(visible);
+    horizontalScrollBar()->setSingleStep(int(style_.charWidth * 4));
+}
+
+int DiffTextView::rowAt(int y) const {
+    const int row = (y + verticalScrollBar()->value()) / style_.lineHeight;
+    return row >= 0 && row < int(rows_.size()) ? row : -1;
+}
+
+int DiffTextView::currentHunk() const {
+    const int row = rowAt(0);
+    if (row < 0)
+        return headerRows_.empty() ? -1 : rows_[std::size_t(headerRows_.front())].hunk;
+    return rows_[std::size_t(row)].hunk;
+}
+
+void DiffTextView::scrollToHunk(int hunk) {
+    for (const int row : headerRows_)
+        if (rows_[std::size_t(row)].hunk == hunk)
+            verticalScrollBar()->setValue(row * style_.lineHeight);
+}
+
+const DiffTextView::ColouredLine& DiffTextView::colouredLine(int row, bool right) {
+    auto& slot = coloured_[std::size_t(row) * 2 + (right ? 1 : 0)];
+    if (!slot) {
+        const DiffDisplayRow& line = rows_[std::size_t(row)];
+        ColouredLine coloured{displayText(right ? line.right.view() : line.left.view()), {}};
+        const RowTone tone = right ? line.rightTone : line.leftTone;
+        if (!line.isHunkHeader && tone != RowTone::noNewline)
+            coloured.tokens = highlightTokens(coloured.text, language_);
+        slot = std::move(coloured);
+    }
+    return *slot;
+}
+
+QColor DiffTextView::toneColor(RowTone tone) const {
+    switch (tone) {
+    case RowTone::addition: return style_.addition;
+    case RowTone::deletion: return style_.deletion;
+    case RowTone::empty: return style_.emptyCell;
+    case RowTone::context:
+    case RowTone::noNewline: break;
+    }
+    return style_.background;
+}
+
+QString DiffTextView::buttonTitle(int action) const {
+    switch (action) {
+    case 0: return localized("Stage Hunk");
+    case 1: return localized("Unstage Hunk");
+    default: return localized("Discard Hunk");
+    }
+}
+
+std::vector<DiffTextView::Button> DiffTextView::buttonsOf(int row, int y) const {
+    std::vector<Button> buttons;
+    if (row < 0 || !rows_[std::size_t(row)].isHunkHeader)
+        return buttons;
+    const QFontMetrics metrics(font());
+    int right = viewport()->width() - cellPadding;
+    const int height = style_.lineHeight - 4;
+    for (const int action : {2, 1, 0}) {
+        const bool offered = action == 0 ? actions_.stage : action == 1 ? actions_.unstage : actions_.discard;
+        if (!offered)
+            continue;
+        const int width = metrics.horizontalAdvance(buttonTitle(action)) + 2 * cellPadding;
+        buttons.push_back({action, QRect(right - width, y + 2, width, height)});
+        right -= width + cellPadding;
+    }
+    return buttons;
+}
+
+QRect DiffTextView::hunkButtonRect(int hunk, int action) const {
+    const int top = verticalScrollBar()->value();
+    for (const int row : headerRows_) {
+        if (rows_[std::size_t(row)].hunk != hunk)
+            continue;
+        const int y = row * style_.lineHeight - top;
+        if (y < 0 || y >= viewport()->height())
+            return {};
+        for (const Button& button : buttonsOf(row, y))
+            if (button.action == action)
+                return button.rect;
+    }
+    return {};
+}
+
+void DiffTextView::paintEvent(QPaintEvent* event) {
+    QPainter painter(viewport());
+    painter.fillRect(event->rect(), style_.background);
+    if (rows_.empty())
+        return;
+    const int top = verticalScrollBar()->value();
+    const int first = std::max(0, (top + event->rect().top()) / style_.lineHeight);
+    const int last = std::min(int(rows_.size()) - 1, (top + event->rect().bottom()) / style_.lineHeight);
+    painter.setFont(style_.font);
+    for (int row = first; row <= last; ++row)
+        paintRow(painter, row, row * style_.lineHeight - top);
+    if (layout_ == Layout::sideBySide) {
+        painter.setPen(style_.divider);
+        const int middle = viewport()->width() / 2;
+        painter.drawLine(middle, event->rect().top(), middle, event->rect().bottom());
+    }
+}
+
+void DiffTextView::paintRow(QPainter& painter, int row, int y) {
+    const DiffDisplayRow& line = rows_[std::size_t(row)];
+    if (line.isHunkHeader) {
+        paintHeader(painter, row, y);
+        return;
+    }
+    const int numberWidth = int((numberDigits_ + 1) * style_.charWidth) + cellPadding;
+    const int width = viewport()->width();
+    switch (layout_) {
+    case Layout::unified:
+        paintCell(painter, row, false, QRect(0, y, width, style_.lineHeight), numberWidth, line.leftNumber,
+                  line.rightNumber, line.leftTone);
+        break;
+    case Layout::file:
+        paintCell(painter, row, false, QRect(0, y, width, style_.lineHeight), numberWidth, line.rightNumber,
+                  std::nullopt, RowTone::context);
+        break;
+    case Layout::sideBySide:
+        paintCell(painter, row, false, QRect(0, y, width / 2, style_.lineHeight), numberWidth, line.leftNumber,
+                  std::nullopt, line.leftTone);
+        paintCell(painter, row, true, QRect(width / 2 + 1, y, width - width / 2 - 1, style_.lineHeight),
+                  numberWidth, line.rightNumber, std::nullopt, line.rightTone);
+        break;
+    }
+}
+
+void DiffTextView::paintCell(QPainter& painter, int row, bool right, const QRect& area, int numberWidth,
+                             std::optional<int> first, std::optional<int> second, RowTone tone) {
+    const bool twoNumbers = layout_ == Layout::unified;
+    const int gutterWidth = twoNumbers ? 2 * numberWidth : numberWidth;
+    const QColor fill = toneColor(tone);
+    painter.fillRect(area, fill);
+    painter.fillRect(QRect(area.left(), area.top(), gutterWidth, area.height()),
+                     tone == RowTone::addition || tone == RowTone::deletion ? fill.darker(104) : style_.gutter);
+    if (tone == RowTone::empty)
+        return;
+    const int baseline = area.top() + style_.ascent;
+    painter.setPen(style_.gutterText);
+    auto drawNumber = [&](std::optional<int> number, int left) {
+        if (!number)
+            return;
+        const QString text = QString::number(*number);
+        painter.drawText(QPointF(left + numberWidth - cellPadding / 2.0 - text.size() * style_.charWidth, baseline),
+                         text);
+    };
+    drawNumber(first, area.left());
+    if (twoNumbers)
+        drawNumber(second, area.left() + numberWidth);
+
+    const qreal markerLeft = area.left() + gutterWidth + 2;
+    const QChar marker = tone == RowTone::addition ? u'+' : tone == RowTone::deletion ? u'-' : u' ';
+    if (layout_ != Layout::file && marker != u' ')
+        painter.drawText(QPointF(markerLeft, baseline), QString(marker));
+
+    const qreal textLeft = markerLeft + (layout_ == Layout::file ? 4 : 2 * style_.charWidth);
+    const QRect textArea(int(textLeft), area.top(), area.right() - int(textLeft) + 1, area.height());
+    painter.save();
+    painter.setClipRect(textArea);
+    const ColouredLine& line = colouredLine(row, right);
+    const QFontMetricsF metrics(style_.font);
+    qreal x = textLeft - horizontalScrollBar()->value();
+    const qreal limit = area.right();
+    int at = 0;
+    auto drawRun = [&](int start, int length, const QColor& color) {
+        if (length <= 0 || x > limit)
+            return;
+        const QString run = line.text.mid(start, length);
+        painter.setPen(color);
+        painter.drawText(QPointF(x, baseline), run);
+        x += metrics.horizontalAdvance(run);
+    };
+    const QColor& plain = tone == RowTone::noNewline ? style_.gutterText : style_.text;
+    for (const SyntaxToken& token : line.tokens) {
+        drawRun(at, token.start - at, plain);
+        drawRun(token.start, token.length, style_.tokens[std::size_t(token.type)]);
+        at = token.start + token.length;
+    }
+    drawRun(at, int(line.text.size()) - at, plain);
+    painter.restore();
+}
+
+void DiffTextView::paintHeader(QPainter& painter, int row, int y) {
+    const QRect area(0, y, viewport()->width(), style_.lineHeight);
+    painter.fillRect(area, style_.hunkHeader);
+    painter.setPen(style_.headerText);
+    painter.drawText(QPointF(cellPadding, y + style_.ascent), colouredLine(row, false).text);
+    const QPoint hover = hoverPoint_;
+    painter.save();
+    painter.setFont(font());
+    painter.setRenderHint(QPainter::Antialiasing);
+    for (const Button& button : buttonsOf(row, y)) {
+        const bool hovered = button.rect.contains(hover);
+        painter.setPen(hovered ? style_.hover : style_.divider);
+        painter.setBrush(style_.buttonFill);
+        painter.drawRoundedRect(QRectF(button.rect).adjusted(0.5, 0.5, -0.5, -0.5), 4, 4);
+        painter.setPen(hovered ? style_.hover : style_.buttonText);
+        painter.drawText(button.rect, Qt::AlignCenter, buttonTitle(button.action));
+    }
+    painter.restore();
+}
+
+void DiffTextView::requestAction(int action, int hunk) {
+    if (hunk < 0)
+        return;
+    switch (action) {
+    case 0:
+        if (actions_.stage)
+            emit stageHunkRequested(hunk);
+        break;
+    case 1:
+        if (actions_.unstage)
+            emit unstageHunkRequested(hunk);
+        break;
+    default:
+        if (actions_.discard)
+            emit discardHunkRequested(hunk);
+        break;
+    }
+}
+
+void DiffTextView::resizeEvent(QResizeEvent* event) {
+    QAbstractScrollArea::resizeEvent(event);
+    updateScrollBars();
+}
+
+void DiffTextView::mouseMoveEvent(QMouseEvent* event) {
+    hoverPoint_ = event->position().toPoint();
+    const int row = rowAt(hoverPoint_.y());
+    bool overButton = false;
+    if (row >= 0)
+        for (const Button& button : buttonsOf(row, row * style_.lineHeight - verticalScrollBar()->value()))
+            overButton = overButton || button.rect.contains(hoverPoint_);
+    viewport()->setCursor(overButton ? Qt::PointingHandCursor : Qt::IBeamCursor);
+    viewport()->update();
+}
+
+void DiffTextView::leaveEvent(QEvent* event) {
+    hoverPoint_ = {-1, -1};
+    viewport()->update();
+    QAbstractScrollArea::leaveEvent(event);
+}
+
+void DiffTextView::mousePressEvent(QMouseEvent* event) {
+    const QPoint point = event->position().toPoint();
+    const int row = rowAt(point.y());
+    if (event->button() == Qt::LeftButton && row >= 0)
+        for (const Button& button : buttonsOf(row, row * style_.lineHeight - verticalScrollBar()->value()))
+            if (button.rect.contains(point)) {
+                requestAction(button.action, rows_[std::size_t(row)].hunk);
+                return;
+            }
+    QAbstractScrollArea::mousePressEvent(event);
+}
+
+void DiffTextView::keyPressEvent(QKeyEvent* event) {
+    const int hunk = currentHunk();
+    auto moveHunk = [&](int step) {
+        const int count = int(headerRows_.size());
+        if (count > 0)
+            scrollToHunk(std::clamp(hunk + step, 0, count - 1));
+    };
+    switch (event->key()) {
+    case Qt::Key_S: requestAction(0, hunk); return;
+    case Qt::Key_U: requestAction(1, hunk); return;
+    case Qt::Key_D: requestAction(2, hunk); return;
+    case Qt::Key_N: moveHunk(1); return;
+    case Qt::Key_P: moveHunk(-1); return;
+    case Qt::Key_Up: verticalScrollBar()->setValue(verticalScrollBar()->value() - style_.lineHeight); return;
+    case Qt::Key_Down: verticalScrollBar()->setValue(verticalScrollBar()->value() + style_.lineHeight); return;
+    case Qt::Key_Home: verticalScrollBar()->setValue(0); return;
+    case Qt::Key_End: verticalScrollBar()->setValue(verticalScrollBar()->maximum()); return;
+    default: QAbstractScrollArea::keyPressEvent(event);
+    }
+}
+
+void DiffTextView::contextMenuEvent(QContextMenuEvent* event) {
+    const int row = rowAt(event->pos().y());
+    const int hunk = row >= 0 ? rows_[std::size_t(row)].hunk : currentHunk();
+    if (hunk < 0 || !(actions_.stage || actions_.unstage || actions_.discard))
+        return;
+    QMenu menu(this);
+    const std::pair<bool, const char*> offers[] = {{actions_.stage, "S"}, {actions_.unstage, "U"}, {actions_.discard, "D"}};
+    for (int action = 0; action < 3; ++action) {
+        if (!offers[action].first)
+            continue;
+        QAction* item = menu.addAction(buttonTitle(action), this, [this, action, hunk] { requestAction(action, hunk); });
+        item->setShortcut(QKeySequence(QString::fromLatin1(offers[action].second)));
+    }
+    menu.exec(event->globalPos());
+}
+
+void DiffTextView::changeEvent(QEvent* event) {
+    if (event->type() == QEvent::PaletteChange || event->type() == QEvent::FontChange) {
+        refreshStyle();
+        viewport()->update();
+    }
+    QAbstractScrollArea::changeEvent(event);
+}
+
+bool DiffTextView::viewportEvent(QEvent* event) {
+    if (event->type() == QEvent::ContextMenu) {
+        contextMenuEvent(static_cast<QContextMenuEvent*>(event));
+        return true;
+    }
+    return QAbstractScrollArea::viewportEvent(event);
+}
+
+} // namespace orvel

@@ -1,0 +1,99 @@
+// The painted lines of a diff or a file: line numbers, a marker column, and the text coloured by
+// the highlighter on the background of its change. It paints only the rows in sight and colours a
+// row the first time it is seen, so a change of 10,000 lines scrolls as smoothly as a short one.
+// A hunk's header row carries its buttons (stage, unstage, discard); the keyboard reaches them
+// through the hunk in sight: S stages, U unstages, D discards, N and P move between hunks.
+#pragma once
+
+#include "diff/DiffDetailViewModel.h"
+#include "diff/SyntaxHighlighter.h"
+
+#include <QAbstractScrollArea>
+#include <QColor>
+#include <QFont>
+
+#include <optional>
+#include <vector>
+
+namespace orvel {
+
+class DiffTextView final : public QAbstractScrollArea {
+    Q_OBJECT
+
+  public:
+    enum class Layout : char { unified, sideBySide, file };
+
+    explicit DiffTextView(QWidget* parent = nullptr);
+
+    void setRows(std::vector<DiffDisplayRow> rows, Layout layout, SourceLanguage language,
+                 DiffDetailViewModel::HunkActions actions);
+    int rowCount() const { return int(rows_.size()); }
+    // The hunk of the first row in sight, or -1.
+    int currentHunk() const;
+    void scrollToHunk(int hunk);
+    // Where the header row of `hunk` shows the button of `action` (0 stage, 1 unstage, 2 discard),
+    // in viewport coordinates; empty when it isn't offered or not in sight.
+    QRect hunkButtonRect(int hunk, int action) const;
+
+  signals:
+    void stageHunkRequested(int hunk);
+    void unstageHunkRequested(int hunk);
+    void discardHunkRequested(int hunk);
+
+  protected:
+    void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void leaveEvent(QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
+    void changeEvent(QEvent* event) override;
+    bool viewportEvent(QEvent* event) override;
+
+  private:
+    struct Style {
+        QFont font;
+        QColor background, gutter, gutterText, text, headerText, hover, buttonFill, buttonText, divider;
+        QColor addition, deletion, hunkHeader, emptyCell;
+        std::vector<QColor> tokens; // by SyntaxTokenType
+        qreal charWidth = 7;
+        int lineHeight = 16;
+        int ascent = 12;
+    };
+    struct ColouredLine {
+        QString text;
+        std::vector<SyntaxToken> tokens;
+    };
+    struct Button {
+        int action; // 0 stage, 1 unstage, 2 discard
+        QRect rect;
+    };
+
+    void refreshStyle();
+    void updateScrollBars();
+    const ColouredLine& colouredLine(int row, bool right);
+    void paintRow(QPainter& painter, int row, int y);
+    void paintCell(QPainter& painter, int row, bool right, const QRect& area, int numberWidth,
+                   std::optional<int> first, std::optional<int> second, RowTone tone);
+    void paintHeader(QPainter& painter, int row, int y);
+    std::vector<Button> buttonsOf(int row, int y) const;
+    int rowAt(int y) const;
+    void requestAction(int action, int hunk);
+    QString buttonTitle(int action) const;
+    QColor toneColor(RowTone tone) const;
+
+    std::vector<DiffDisplayRow> rows_;
+    std::vector<int> headerRows_;
+    Layout layout_ = Layout::unified;
+    SourceLanguage language_ = SourceLanguage::unknown;
+    DiffDetailViewModel::HunkActions actions_;
+    // Rows coloured so far: two a row, for the left and the right side.
+    std::vector<std::optional<ColouredLine>> coloured_;
+    int numberDigits_ = 1;
+    int longestLine_ = 0;
+    Style style_;
+    QPoint hoverPoint_{-1, -1};
+};
+
+} // namespace orvel

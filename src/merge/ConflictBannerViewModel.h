@@ -1,0 +1,73 @@
+// The state behind the conflict banner: which operation the repository is in the middle of, its
+// conflicted files, and the ways out (abort, and for a rebase skip and continue). The tab asks it
+// to refresh after each of its own refreshes; an action that changed the repository says so, and
+// the tab refreshes everything.
+#pragma once
+
+#include "core/records/ConflictEntry.h"
+#include "core/records/RepoEntry.h"
+#include "core/service/OperationResults.h"
+#include "core/support/LoadGeneration.h"
+
+#include <QObject>
+#include <QPointer>
+
+#include <QCoro/QCoroTask>
+
+#include <map>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace orvel {
+
+class GitServiceProtocol;
+class ToastManager;
+
+class ConflictBannerViewModel final : public QObject {
+    Q_OBJECT
+
+  public:
+    ConflictBannerViewModel(RepoEntry repo, std::shared_ptr<GitServiceProtocol> service, ToastManager& toasts,
+                            QObject* parent = nullptr);
+
+    // The repository as the last refresh opened it.
+    const RepoEntry& repo() const { return repo_; }
+    const std::shared_ptr<GitServiceProtocol>& service() const { return service_; }
+    RepositoryState repoState() const { return repo_.state; }
+    // The unmerged files in git's order; an entry keeps its id while its path stays unmerged.
+    const std::vector<ConflictEntry>& conflicts() const { return conflicts_; }
+    std::optional<ConflictEntry> firstConflict() const;
+    // An abort, skip or continue is under way.
+    bool isBusy() const { return isBusy_; }
+
+    // Reads the state from the marker files and the unmerged files from the status, side by side.
+    QCoro::Task<void> refresh();
+    // The abort that fits the state; in a state without one it does nothing.
+    QCoro::Task<void> abort();
+    QCoro::Task<void> continueRebase();
+    QCoro::Task<void> skipRebase();
+    // The merge editor wrote and staged a file: the panes show it, the banner's list follows.
+    void resolutionSaved() { emit repositoryChanged(); }
+
+  signals:
+    void stateChanged();
+    void busyChanged();
+    // An action changed the repository: the tab refreshes its panes, and this model with them.
+    void repositoryChanged();
+
+  private:
+    QCoro::Task<void> carryOnRebase(bool skip);
+    void setBusy(bool busy);
+
+    RepoEntry repo_;
+    std::shared_ptr<GitServiceProtocol> service_;
+    QPointer<ToastManager> toasts_;
+    std::vector<ConflictEntry> conflicts_;
+    std::map<std::string, QUuid> conflictIDs_;
+    bool isBusy_ = false;
+    LoadGeneration loads_;
+};
+
+} // namespace orvel

@@ -1,0 +1,60 @@
+// An interactive rebase from its plan to its end: reads the commits to rebase, holds the plan while
+// the user edits it, runs it and tells the outcome. A stop (a conflict or an edit step) leaves the
+// repository rebasing, and the conflict banner takes over from there.
+#pragma once
+
+#include "core/records/RepoEntry.h"
+#include "core/support/LoadGeneration.h"
+#include "merge/RebasePlanModel.h"
+
+#include <QObject>
+#include <QPointer>
+
+#include <QCoro/QCoroTask>
+
+#include <memory>
+#include <optional>
+#include <string>
+
+namespace orvel {
+
+class GitServiceProtocol;
+class ToastManager;
+
+class InteractiveRebaseViewModel final : public QObject {
+    Q_OBJECT
+
+  public:
+    InteractiveRebaseViewModel(RepoEntry repo, std::string onto, std::shared_ptr<GitServiceProtocol> service,
+                               ToastManager& toasts, QObject* parent = nullptr);
+
+    const std::string& onto() const { return onto_; }
+    // Present once the commits to rebase have been read and there are some.
+    RebasePlanModel* plan() { return plan_ ? &*plan_ : nullptr; }
+    bool isRunning() const { return isRunning_; }
+
+    // Reads the commits between onto and HEAD, oldest first. With none, or on a failure, it says
+    // so in a toast and emits closed(); otherwise planReady().
+    QCoro::Task<void> load();
+    // Runs the plan as it stands; the outcome is a toast, then finished().
+    QCoro::Task<void> start();
+
+  signals:
+    void planReady();
+    void runningChanged();
+    // The rebase ran, whatever its outcome: the repository may have changed.
+    void finished();
+    // Nothing to edit: the sheet is not to be shown.
+    void closed();
+
+  private:
+    RepoEntry repo_;
+    std::string onto_;
+    std::shared_ptr<GitServiceProtocol> service_;
+    QPointer<ToastManager> toasts_;
+    std::optional<RebasePlanModel> plan_;
+    bool isRunning_ = false;
+    LoadGeneration loads_;
+};
+
+} // namespace orvel

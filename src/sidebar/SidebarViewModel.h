@@ -1,0 +1,190 @@
+// The state of a tab's left column: local and remote branches (as folder trees), tags, stashes,
+// and every action on them with the checks before a checkout, the force question after a refused
+// delete and the result of a merge, rebase or pull. A refresh that finds the same refs costs one
+// git call: the trees and the details (default branch, tags, stashes, merged branches) are kept.
+#pragma once
+
+#include "core/records/RebasePlan.h"
+#include "core/records/RepoEntry.h"
+#include "core/support/LoadGeneration.h"
+#include "sidebar/BranchTree.h"
+#include "sidebar/SidebarFilterViewModel.h"
+
+#include <QObject>
+#include <QString>
+#include <QTimer>
+#include <QUuid>
+
+#include <QCoro/QCoroTask>
+
+#include <chrono>
+#include <memory>
+#include <optional>
+#include <set>
+#include <string>
+#include <vector>
+
+namespace orvel {
+
+class GitServiceProtocol;
+class ToastManager;
+
+// The plan an interactive rebase onto a branch starts from.
+struct InteractiveRebaseContext {
+    QUuid id;
+    std::string ontoBranch;
+    std::vector<RebaseTodoEntry> entries;
+};
+
+// Lives on the GUI thread; git runs only through the service. Every action tells its outcome in a
+// toast and, where it changed what the tab shows, reloads and raises checkoutComplete().
+class SidebarViewModel final : public QObject {
+    Q_OBJECT
+
+  public:
+    // Above this many local branches the costly merged-branch query is not asked.
+    static constexpr std::size_t mergedQueryLimit = 200;
+    // How long a click on a branch waits for the graph to acknowledge it.
+    static constexpr std::chrono::milliseconds navigationFallback{2000};
+
+    SidebarViewModel(std::shared_ptr<GitServiceProtocol> service, ToastManager& toasts,
+                     QObject* parent = nullptr);
+
+    const std::shared_ptr<GitServiceProtocol>& service() const { return service_; }
+    ToastManager& toasts() const { return toasts_; }
+    const std::optional<RepoEntry>& repo() const { return repo_; }
+    // The checked-out local branch, or null on a detached HEAD.
+    const BranchEntry* currentBranch() const;
+    const std::vector<BranchEntry>& localBranches() const { return localBranches_; }
+    const std::vector<BranchEntry>& remoteBranches() const { return remoteBranches_; }
+    bool isLoading() const { return isLoading_; }
+    bool isLoadingDetails() const { return isLoadingDetails_; }
+    const std::optional<QString>& loadError() const { return loadError_; }
+    const std::vector<BranchTreeNode>& localTree() const { return localTree_; }
+    const std::vector<RemoteGroup>& remoteGroupedTree() const { return remoteGroupedTree_; }
+    const std::vector<RemoteTreeGroup>& remoteGroupedTreeNodes() const { return remoteGroupedTreeNodes_; }
+    const std::optional<std::string>& mainBranchName() const { return mainBranchName_; }
+    const std::set<std::string>& mergedBranchNames() const { return mergedBranchNames_; }
+    const std::vector<TagEntry>& localTags() const { return localTags_; }
+    const std::set<std::string>& remoteTagNames() const { return remoteTagNames_; }
+    const std::vector<StashEntry>& stashEntries() const { return stashEntries_; }
+    const std::optional<InteractiveRebaseContext>& interactiveRebaseContext() const {
+        return interactiveRebaseContext_;
+    }
+    const std::optional<BranchEntry>& pendingForceDeleteBranch() const { return pendingForceDeleteBranch_; }
+    const std::optional<BranchEntry>& pendingRemoteDeleteBranch() const { return pendingRemoteDeleteBranch_; }
+    const std::optional<TagEntry>& pendingDeleteTag() const { return pendingDeleteTag_; }
+    const std::optional<StashEntry>& pendingDropStash() const { return pendingDropStash_; }
+    const std::optional<std::string>& selectedBranchHash() const { return selectedBranchHash_; }
+    const std::optional<std::string>& selectedBranchName() const { return selectedBranchName_; }
+    bool isNavigatingToCommit() const { return isNavigatingToCommit_; }
+    SidebarFilterViewModel& filter() { return filter_; }
+    const SidebarFilterViewModel& filter() const { return filter_; }
+
+    // Loads. A load overtaken by a newer one changes nothing.
+    QCoro::Task<void> loadBranches(RepoEntry repo);
+    QCoro::Task<void> loadStashes(RepoEntry repo);
+    // Loads the last repository again, as the Retry of a failed load does.
+    void retry();
+
+    // A click on a branch: the graph is asked to show its commit (branchSelected), and the
+    // navigation counts as under way until the graph acknowledges it or the fall-back passes.
+    void selectBranch(const BranchEntry& branch);
+    void acknowledgeNavigation();
+
+    QCoro::Task<void> checkoutBranch(std::string name);
+    QCoro::Task<void> checkoutRemoteBranch(BranchEntry branch);
+    QCoro::Task<void> checkoutTag(TagEntry tag);
+    QCoro::Task<void> pushTag(TagEntry tag, std::string remote);
+    QCoro::Task<void> fastForward(BranchEntry branch);
+    QCoro::Task<void> pushBranch(BranchEntry branch);
+    QCoro::Task<void> mergeBranch(BranchEntry branch);
+    QCoro::Task<void> rebaseOnto(BranchEntry branch);
+    // Reads the plan of an interactive rebase onto `branch` into interactiveRebaseContext and
+    // raises interactiveRebaseRequested; the plan editor runs it with runInteractiveRebase.
+    QCoro::Task<void> loadRebaseTodo(BranchEntry branch);
+    QCoro::Task<void> runInteractiveRebase(BranchEntry branch, std::vector<RebaseTodoEntry> entries);
+    void clearInteractiveRebaseContext();
+    // Reloads the branches and tells the tab that HEAD, the working tree or the refs changed, as
+    // after a sheet created a branch and perhaps checked it out.
+    void reloadAfterCheckout();
+    // Reads the tags again, as after a sheet created one.
+    QCoro::Task<void> reloadTags();
+    // The new name is checked by the branch-name rules before git sees it.
+    QCoro::Task<void> renameBranch(BranchEntry branch, QString newName);
+    // A delete git refuses as not fully merged sets pendingForceDeleteBranch and shows nothing.
+    QCoro::Task<void> deleteBranch(BranchEntry branch);
+    QCoro::Task<void> pullBranch(BranchEntry branch);
+    // Answers the text for the detail sheet; empty after a failure.
+    QCoro::Task<QString> tagDetail(TagEntry tag);
+    QCoro::Task<void> applyStash(StashEntry stash);
+    QCoro::Task<void> applyAndDropStash(StashEntry stash);
+
+    // The confirmations: a request sets its pending field, which the view shows as a question;
+    // confirming runs the action on the pending value and clears it, cancelling only clears it.
+    void requestRemoteDelete(const BranchEntry& branch);
+    void requestDeleteTag(const TagEntry& tag);
+    void requestDropStash(const StashEntry& stash);
+    void cancelPending();
+    QCoro::Task<void> forceDeleteBranch();
+    QCoro::Task<void> deleteRemoteBranch();
+    QCoro::Task<void> deleteTag();
+    QCoro::Task<void> dropStash();
+
+  signals:
+    // The lists, the trees, isLoading or loadError changed.
+    void branchesChanged();
+    // Tags, stashes, the default branch, the merged branches or isLoadingDetails changed.
+    void detailsChanged();
+    // A pending field was set or cleared.
+    void pendingChanged();
+    void selectionChanged();
+    // Every successful branch load, with the whole list as git gave it.
+    void branchesLoaded(const std::vector<orvel::BranchEntry>& branches);
+    // HEAD, the working tree or the refs changed under an action: the tab reloads the graph, the
+    // branch name and the working-tree status.
+    void checkoutComplete();
+    // The user clicked a branch (or a tag): the graph shows its commit.
+    void branchSelected(const orvel::BranchEntry& branch);
+    // The plan of an interactive rebase onto `target` is in interactiveRebaseContext.
+    void interactiveRebaseRequested(const QString& target);
+
+  private:
+    bool checkRepository();
+    QCoro::Task<void> loadDetails(LoadTicket ticket, RepoEntry repo);
+    void reload();
+    void updateFilterSources();
+
+    std::shared_ptr<GitServiceProtocol> service_;
+    ToastManager& toasts_;
+    std::vector<BranchEntry> localBranches_;
+    std::vector<BranchEntry> remoteBranches_;
+    bool isLoading_ = false;
+    bool isLoadingDetails_ = false;
+    std::optional<QString> loadError_;
+    std::optional<RepoEntry> repo_;
+    std::optional<InteractiveRebaseContext> interactiveRebaseContext_;
+    std::optional<BranchEntry> pendingForceDeleteBranch_;
+    std::optional<BranchEntry> pendingRemoteDeleteBranch_;
+    std::optional<TagEntry> pendingDeleteTag_;
+    std::optional<StashEntry> pendingDropStash_;
+    std::optional<std::string> selectedBranchHash_;
+    std::optional<std::string> selectedBranchName_;
+    bool isNavigatingToCommit_ = false;
+    std::optional<std::string> mainBranchName_;
+    std::set<std::string> mergedBranchNames_;
+    std::vector<TagEntry> localTags_;
+    std::set<std::string> remoteTagNames_;
+    std::vector<StashEntry> stashEntries_;
+    std::vector<BranchTreeNode> localTree_;
+    std::vector<RemoteGroup> remoteGroupedTree_;
+    std::vector<RemoteTreeGroup> remoteGroupedTreeNodes_;
+    std::set<std::string> cachedRefFingerprint_;
+    QTimer navigationAck_;
+    LoadGeneration branchLoads_;
+    LoadGeneration stashLoads_;
+    LoadGeneration tagLoads_;
+    SidebarFilterViewModel filter_;
+};
+
+} // namespace orvel

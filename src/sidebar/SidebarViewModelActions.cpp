@@ -1,0 +1,614 @@
+// The sidebar's actions on branches, tags and stashes: each runs one service operation, tells its
+// outcome in a toast and reloads what it changed. An action awaits git and may outlive the model;
+// after every wait it touches the model only while the model exists.
+#include "sidebar/SidebarViewModel.h"
+
+#include "content/BranchNameValidator.h"
+#include "core/service/GitServiceProtocol.h"
+#include "core/support/Log.h"
+#include "settings/LocalizationManager.h"
+#include "workspace/ToastManager.h"
+
+#include <QPointer>
+
+#include <algorithm>
+
+namespace orvel {
+
+namespace {
+
+template <typename... Visitors>
+struct overloaded : Visitors... {
+    using Visitors::operator()...;
+};
+template <typename... Visitors>
+overloaded(Visitors...) -> overloaded<Visitors...>;
+
+QString errorText(const std::exception& error) {
+    return QString::fromUtf8(error.what());
+}
+
+QCoro::Task<bool> succeeded(QCoro::Task<void> operation) {
+    co_await std::move(operation);
+    co_return true;
+}
+
+// Awaits `operation`; a failure is logged as "<logOp> reason=..." and shown as the error toast
+// `failureFormat` filled with the error's description. Answers the value, or nothing after a failure.
+template <typename T>
+QCoro::Task<std::optional<T>> attempt(QCoro::Task<T> operation, ToastManager& toasts, const char* logOp,
+                                      const char* failureFormat) {
+    try {
+        co_return std::optional<T>(co_await std::move(operation));
+    } catch (const std::exception& error) {
+        qCDebug(lcRefs, "%s reason=%s", logOp, redactForLog(error.what()).c_str());
+        toasts.show(localized(failureFormat, errorText(error)), ToastType::error);
+        co_return std::nullopt;
+    }
+}
+
+QCoro::Task<std::optional<bool>> attempt(QCoro::Task<void> operation, ToastManager& toasts, const char* logOp,
+                                         const char* failureFormat) {
+    return attempt(succeeded(std::move(operation)), toasts, logOp, failureFormat);
+}
+
+// A checkout goes ahead only over a working tree whose changes are all untracked or ignored; a
+// failed status read stops it too. Both refusals are told here.
+QCoro::Task<bool> workingTreeAllowsCheckout(std::shared_ptr<GitServiceProtocol> service, RepoEntry repo,
+                                            ToastManager& toasts, const char* logOp) {
+    auto read = attempt(service->status(std::move(repo)), toasts, logOp, "Failed to check status: %1");
+    const std::optional<StatusResult> status = co_await std::move(read);
+    if (!status)
+        co_return false;
+    const bool dirty = std::ranges::any_of(status->files, [](const FileChange& file) {
+        return file.status.kind != FileStatusKind::Case::untracked &&
+               file.status.kind != FileStatusKind::Case::ignored;
+    });
+    if (!dirty)
+        co_return true;
+    qCDebug(lcRefs, "%s blocked=true reason=uncommittedChanges", logOp);
+    toasts.show(localized("Cannot checkout: you have uncommitted changes. Commit or stash them first."),
+                ToastType::error);
+    co_return false;
+}
+
+// The words of the actions whose outcome is a MergeResult.
+struct MergeTexts {
+    const char* logOp;
+    const char* upToDate;
+    const char* conflict;
+    const char* merged;
+    const char* fastForward;
+    bool reloadWhenUpToDate;
+};
+
+constexpr MergeTexts fastForwardTexts{"op=branch.fastforward", "Already up to date with '%1'", nullptr,
+                                      "Merged '%1'",           "Fast-forwarded to '%1'",       false};
+constexpr MergeTexts mergeTexts{"op=merge",    "Already up to date",       "Merge conflict in %1 file(s)",
+                                "Merged '%1'", "Fast-forward merged '%1'", false};
+constexpr MergeTexts pullTexts{"op=branch.pull", "Already up to date",         "Pull conflict in %1 file(s)",
+                               "Pulled '%1'",    "Pulled '%1' (fast-forward)", true};
+
+// Tells the outcome and answers whether the repository changed so that the tab must reload.
+bool tellMergeResult(const MergeResult& result, const MergeTexts& texts, const std::string& name,
+                     ToastManager& toasts) {
+    return std::visit(overloaded{
+                          [&](const merge::AlreadyUpToDate&) {
+                              qCDebug(lcRefs, "%s result=alreadyUpToDate", texts.logOp);
+                              toasts.show(localized(texts.upToDate, name), ToastType::notice);
+                              return texts.reloadWhenUpToDate;
+                          },
+                          [&](const merge::Merged&) {
+                              qCDebug(lcRefs, "%s result=merged", texts.logOp);
+                              toasts.show(localized(texts.merged, name), ToastType::notice);
+                              return true;
+                          },
+                          [&](const merge::FastForward&) {
+                              qCDebug(lcRefs, "%s result=fastForward", texts.logOp);
+                              toasts.show(localized(texts.fastForward, name), ToastType::notice);
+                              return true;
+                          },
+                          [&](const Conflicted& conflict) {
+                              const auto count = static_cast<long>(conflict.files.size());
+                              qCDebug(lcRefs, "%s result=conflict conflictCount=%ld", texts.logOp, count);
+                              toasts.show(
+                                  localized(texts.conflict ? texts.conflict : mergeTexts.conflict, count),
+                                  ToastType::error);
+                              return true;
+                          },
+                      },
+                      result);
+}
+
+// "origin/feature/x" as remote "origin" and branch "feature/x"; without a slash the remote is
+// "origin" and the whole text the branch.
+std::pair<std::string, std::string> splitRemoteName(std::string_view name) {
+    const auto slash = name.find('/');
+    if (slash == std::string_view::npos)
+        return {"origin", std::string(name)};
+    return {std::string(name.substr(0, slash)), std::string(name.substr(slash + 1))};
+}
+
+constexpr std::string_view remoteRefPrefix = "refs/remotes/";
+
+} // namespace
+
+QCoro::Task<void> SidebarViewModel::checkoutBranch(std::string name) {
+    if (!checkRepository())
+        co_return;
+    qCDebug(lcRefs, "op=branch.checkout");
+    QPointer<SidebarViewModel> self(this);
+    auto service = service_;
+    const RepoEntry repo = *repo_;
+    ToastManager& toasts = toasts_;
+
+    std::optional<std::string> current;
+    try {
+        current = co_await service->currentBranch(repo);
+    } catch (const std::exception&) {
+        // An unknown current branch does not stop the checkout.
+    }
+    if (!self)
+        co_return;
+    if (current == name) {
+        qCDebug(lcRefs, "op=branch.checkout result=alreadyOn verified=head");
+        toasts.show(localized("Already on branch '%1'", name), ToastType::notice);
+        self->reload();
+        co_return;
+    }
+    if (!co_await workingTreeAllowsCheckout(service, repo, toasts, "op=branch.checkout"))
+        co_return;
+    if (!co_await attempt(service->checkoutBranch(repo, name), toasts, "op=branch.checkout",
+                          "Checkout failed: %1"))
+        co_return;
+
+    // Another program may move HEAD between the checkout and now: what counts is where HEAD is.
+    std::optional<std::string> landed;
+    try {
+        landed = co_await service->currentBranch(repo);
+    } catch (const std::exception&) {
+        landed.reset();
+    }
+    if (landed == name) {
+        qCDebug(lcRefs, "op=branch.checkout");
+        toasts.show(localized("Switched to branch '%1'", name), ToastType::notice);
+    } else {
+        toasts.show(localized("Checkout did not land on '%1' (HEAD is '%2'). Resolve in terminal.", name,
+                              landed.value_or("detached")),
+                    ToastType::warning);
+    }
+    if (self)
+        self->reloadAfterCheckout();
+}
+
+QCoro::Task<void> SidebarViewModel::checkoutRemoteBranch(BranchEntry branch) {
+    if (!checkRepository())
+        co_return;
+    qCDebug(lcRefs, "op=branch.checkout scope=remote");
+    QPointer<SidebarViewModel> self(this);
+    auto service = service_;
+    const RepoEntry repo = *repo_;
+    ToastManager& toasts = toasts_;
+    if (!co_await workingTreeAllowsCheckout(service, repo, toasts, "op=branch.checkout scope=remote"))
+        co_return;
+    if (!self)
+        co_return;
+    if (!branch.fullRefName.starts_with(remoteRefPrefix)) {
+        toasts.show(localized("Not a remote branch: %1", branch.name), ToastType::error);
+        co_return;
+    }
+    const std::string remoteRef = branch.fullRefName.substr(remoteRefPrefix.size());
+    const auto slash = remoteRef.find('/');
+    if (slash == std::string::npos || slash == 0 || slash + 1 == remoteRef.size()) {
+        toasts.show(localized("Invalid remote branch ref: %1", branch.name), ToastType::error);
+        co_return;
+    }
+    const std::string shortName = remoteRef.substr(slash + 1);
+    const bool localExists =
+        std::ranges::find(localBranches_, shortName, &BranchEntry::name) != localBranches_.end();
+    if (localExists) {
+        if (!co_await attempt(service->checkoutBranch(repo, shortName), toasts,
+                              "op=branch.checkout scope=remote", "Checkout failed: %1"))
+            co_return;
+        qCDebug(lcRefs, "op=branch.checkout scope=remote localExists=true");
+        toasts.show(localized("Switched to local branch '%1'", shortName), ToastType::notice);
+    } else {
+        if (!co_await attempt(service->checkoutNewBranch(repo, shortName, remoteRef), toasts,
+                              "op=branch.checkout scope=remote", "Checkout failed: %1"))
+            co_return;
+        qCDebug(lcRefs, "op=branch.checkout scope=remote localExists=false");
+        toasts.show(localized("Created and switched to '%1' tracking '%2'", shortName, remoteRef),
+                    ToastType::notice);
+    }
+    if (self)
+        self->reloadAfterCheckout();
+}
+
+QCoro::Task<void> SidebarViewModel::checkoutTag(TagEntry tag) {
+    if (!checkRepository())
+        co_return;
+    QPointer<SidebarViewModel> self(this);
+    auto service = service_;
+    const RepoEntry repo = *repo_;
+    ToastManager& toasts = toasts_;
+    if (!co_await workingTreeAllowsCheckout(service, repo, toasts, "op=tag.checkout"))
+        co_return;
+    if (!co_await attempt(service->checkoutTag(repo, tag.name), toasts, "op=tag.checkout",
+                          "Checkout failed: %1"))
+        co_return;
+    qCDebug(lcRefs, "op=tag.checkout");
+    toasts.show(localized("Checked out tag '%1' (detached HEAD)", tag.name), ToastType::notice);
+    if (self)
+        self->reloadAfterCheckout();
+}
+
+QCoro::Task<void> SidebarViewModel::pushTag(TagEntry tag, std::string remote) {
+    if (!checkRepository())
+        co_return;
+    QPointer<SidebarViewModel> self(this);
+    ToastManager& toasts = toasts_;
+    if (!co_await attempt(service_->pushTag(*repo_, tag.name, remote), toasts, "op=tag.push",
+                          "Push tag failed: %1"))
+        co_return;
+    qCDebug(lcRefs, "op=tag.push");
+    toasts.show(localized("Pushed tag '%1' to %2", tag.name, remote), ToastType::notice);
+    if (!self)
+        co_return;
+    self->remoteTagNames_.insert(tag.name);
+    emit self->detailsChanged();
+}
+
+QCoro::Task<void> SidebarViewModel::fastForward(BranchEntry branch) {
+    if (!checkRepository())
+        co_return;
+    QPointer<SidebarViewModel> self(this);
+    ToastManager& toasts = toasts_;
+    // Whatever git's reason, a refused fast-forward means the two lines have parted.
+    std::optional<MergeResult> result;
+    try {
+        result = co_await service_->fastForwardMerge(*repo_, branch.name);
+    } catch (const std::exception& error) {
+        qCDebug(lcRefs, "op=branch.fastforward reason=%s", redactForLog(error.what()).c_str());
+        toasts.show(localized("Cannot fast-forward; branches have diverged"), ToastType::error);
+        co_return;
+    }
+    if (tellMergeResult(*result, fastForwardTexts, branch.name, toasts) && self)
+        self->reloadAfterCheckout();
+}
+
+QCoro::Task<void> SidebarViewModel::pushBranch(BranchEntry branch) {
+    if (!checkRepository())
+        co_return;
+    QPointer<SidebarViewModel> self(this);
+    ToastManager& toasts = toasts_;
+    const std::string remote = branch.upstream && !branch.upstream->remoteName.empty()
+                                   ? branch.upstream->remoteName
+                                   : std::string("origin");
+    if (!co_await attempt(service_->pushBranch(*repo_, branch.name, remote), toasts, "op=branch.push",
+                          "Push failed: %1"))
+        co_return;
+    qCDebug(lcRefs, "op=branch.push");
+    toasts.show(localized("Pushed '%1' to %2", branch.name, remote), ToastType::notice);
+    if (self)
+        self->reloadAfterCheckout();
+}
+
+QCoro::Task<void> SidebarViewModel::mergeBranch(BranchEntry branch) {
+    if (!checkRepository())
+        co_return;
+    QPointer<SidebarViewModel> self(this);
+    ToastManager& toasts = toasts_;
+    auto merged = attempt(service_->merge(*repo_, branch.name), toasts, "op=merge", "Merge failed: %1");
+    const std::optional<MergeResult> result = co_await std::move(merged);
+    if (result && tellMergeResult(*result, mergeTexts, branch.name, toasts) && self)
+        self->reloadAfterCheckout();
+}
+
+QCoro::Task<void> SidebarViewModel::pullBranch(BranchEntry branch) {
+    if (!checkRepository())
+        co_return;
+    QPointer<SidebarViewModel> self(this);
+    ToastManager& toasts = toasts_;
+    const std::string remote = branch.upstream ? splitRemoteName(branch.upstream->name).first : "origin";
+    auto pulled = attempt(service_->pull(*repo_, remote, PullStrategy::merge), toasts, "op=branch.pull",
+                          "Pull failed: %1");
+    const std::optional<MergeResult> result = co_await std::move(pulled);
+    if (result && tellMergeResult(*result, pullTexts, branch.name, toasts) && self)
+        self->reloadAfterCheckout();
+}
+
+QCoro::Task<void> SidebarViewModel::rebaseOnto(BranchEntry branch) {
+    if (!checkRepository())
+        co_return;
+    QPointer<SidebarViewModel> self(this);
+    ToastManager& toasts = toasts_;
+    auto rebased = attempt(service_->rebase(*repo_, branch.name), toasts, "op=rebase", "Rebase failed: %1");
+    const std::optional<RebaseResult> result = co_await std::move(rebased);
+    if (!result)
+        co_return;
+    const bool changed = std::visit(
+        overloaded{
+            [&](const rebase::AlreadyUpToDate&) {
+                qCDebug(lcRefs, "op=rebase result=alreadyUpToDate");
+                toasts.show(localized("Already up to date"), ToastType::notice);
+                return false;
+            },
+            [&](const rebase::Success&) {
+                qCDebug(lcRefs, "op=rebase result=success");
+                toasts.show(localized("Rebased onto '%1'", branch.name), ToastType::notice);
+                return true;
+            },
+            [&](const RebaseStop& stop) {
+                const auto count = static_cast<long>(stop.files.size());
+                qCDebug(lcRefs, "op=rebase result=conflict conflictCount=%ld", count);
+                toasts.show(localized("Rebase conflict in %1 file(s) — resolve and continue", count),
+                            ToastType::error);
+                return true;
+            },
+        },
+        *result);
+    if (changed && self)
+        self->reloadAfterCheckout();
+}
+
+QCoro::Task<void> SidebarViewModel::loadRebaseTodo(BranchEntry branch) {
+    if (!checkRepository())
+        co_return;
+    QPointer<SidebarViewModel> self(this);
+    auto read = attempt(service_->rebaseTodoList(*repo_, branch.name), toasts_, "op=rebase.loadTodo",
+                        "Load rebase todo failed: %1");
+    std::optional<std::vector<RebaseTodoEntry>> entries = co_await std::move(read);
+    if (!entries || !self)
+        co_return;
+    self->interactiveRebaseContext_ =
+        InteractiveRebaseContext{QUuid::createUuid(), branch.name, std::move(*entries)};
+    emit self->interactiveRebaseRequested(QString::fromStdString(branch.name));
+}
+
+QCoro::Task<void> SidebarViewModel::runInteractiveRebase(BranchEntry branch,
+                                                         std::vector<RebaseTodoEntry> entries) {
+    if (!checkRepository())
+        co_return;
+    QPointer<SidebarViewModel> self(this);
+    ToastManager& toasts = toasts_;
+    auto rebased = attempt(service_->interactiveRebase(*repo_, RebasePlan{branch.name, std::move(entries)}),
+                           toasts, "op=rebase.interactive", "Interactive rebase failed: %1");
+    const std::optional<InteractiveRebaseResult> result = co_await std::move(rebased);
+    if (!result)
+        co_return;
+    std::visit(
+        overloaded{
+            [&](const rebase::Success&) {
+                qCDebug(lcRefs, "op=rebase.interactive result=success");
+                toasts.show(localized("Interactive rebase completed"), ToastType::notice);
+            },
+            [&](const rebase::EditStop& stop) {
+                qCDebug(lcRefs, "op=rebase.interactive result=editStop step=%ld total=%ld",
+                        static_cast<long>(stop.currentStep), static_cast<long>(stop.totalSteps));
+                toasts.show(localized("Rebase paused at step %1/%2 — amend and continue", stop.currentStep,
+                                      stop.totalSteps),
+                            ToastType::notice);
+            },
+            [&](const RebaseStop& stop) {
+                const auto count = static_cast<long>(stop.files.size());
+                qCDebug(lcRefs, "op=rebase.interactive result=conflict step=%ld total=%ld conflictCount=%ld",
+                        static_cast<long>(stop.currentStep), static_cast<long>(stop.totalSteps), count);
+                toasts.show(localized("Rebase conflict at step %1/%2 in %3 file(s) — resolve and continue",
+                                      stop.currentStep, stop.totalSteps, count),
+                            ToastType::error);
+            },
+        },
+        *result);
+    if (!self)
+        co_return;
+    self->interactiveRebaseContext_.reset();
+    self->reloadAfterCheckout();
+}
+
+QCoro::Task<void> SidebarViewModel::reloadTags() {
+    if (!repo_)
+        co_return;
+    auto ticket = tagLoads_.begin(this);
+    try {
+        auto read = service_->listTags(*repo_, ticket.stopToken());
+        std::vector<TagEntry> tags = co_await std::move(read);
+        if (!ticket.isCurrent())
+            co_return;
+        localTags_ = std::move(tags);
+        emit detailsChanged();
+        updateFilterSources();
+    } catch (const std::exception& error) {
+        if (ticket.isCurrent())
+            qCDebug(lcRefs, "op=tag.list reason=%s", redactForLog(error.what()).c_str());
+    }
+}
+
+QCoro::Task<void> SidebarViewModel::renameBranch(BranchEntry branch, QString newName) {
+    if (!checkRepository())
+        co_return;
+    if (const auto errors = BranchNameValidator::validate(newName); !errors.empty()) {
+        toasts_.show(localized("Rename failed: %1", BranchNameValidator::reason(errors.front())),
+                     ToastType::error);
+        co_return;
+    }
+    QPointer<SidebarViewModel> self(this);
+    ToastManager& toasts = toasts_;
+    const std::string target = newName.toStdString();
+    if (!co_await attempt(service_->renameBranch(*repo_, branch.name, target), toasts, "op=branch.rename",
+                          "Rename failed: %1"))
+        co_return;
+    qCDebug(lcRefs, "op=branch.renamed");
+    toasts.show(localized("Renamed '%1' to '%2'", branch.name, target), ToastType::notice);
+    if (self)
+        self->reload();
+}
+
+QCoro::Task<void> SidebarViewModel::deleteBranch(BranchEntry branch) {
+    if (!checkRepository())
+        co_return;
+    QPointer<SidebarViewModel> self(this);
+    ToastManager& toasts = toasts_;
+    try {
+        co_await service_->deleteBranch(*repo_, branch.name, false);
+    } catch (const std::exception& error) {
+        qCDebug(lcRefs, "op=branch.delete reason=%s", redactForLog(error.what()).c_str());
+        // git refuses to lose commits: the user is asked whether to force it, and nothing else is said.
+        if (std::string_view(error.what()).find("not fully merged") != std::string_view::npos) {
+            if (self) {
+                self->pendingForceDeleteBranch_ = branch;
+                emit self->pendingChanged();
+            }
+        } else {
+            toasts.show(localized("Delete failed: %1", errorText(error)), ToastType::error);
+        }
+        co_return;
+    }
+    qCDebug(lcRefs, "op=branch.deleted scope=local force=false");
+    toasts.show(localized("Deleted branch '%1'", branch.name), ToastType::notice);
+    if (self)
+        self->reload();
+}
+
+QCoro::Task<void> SidebarViewModel::forceDeleteBranch() {
+    if (!pendingForceDeleteBranch_ || !checkRepository())
+        co_return;
+    const BranchEntry branch = *std::exchange(pendingForceDeleteBranch_, std::nullopt);
+    emit pendingChanged();
+    QPointer<SidebarViewModel> self(this);
+    ToastManager& toasts = toasts_;
+    if (!co_await attempt(service_->deleteBranch(*repo_, branch.name, true), toasts, "op=branch.delete",
+                          "Force delete failed: %1"))
+        co_return;
+    qCDebug(lcRefs, "op=branch.deleted scope=local force=true confirmed=true");
+    toasts.show(localized("Force deleted branch '%1'", branch.name), ToastType::notice);
+    if (self)
+        self->reload();
+}
+
+QCoro::Task<void> SidebarViewModel::deleteRemoteBranch() {
+    if (!pendingRemoteDeleteBranch_ || !checkRepository())
+        co_return;
+    const BranchEntry branch = *std::exchange(pendingRemoteDeleteBranch_, std::nullopt);
+    emit pendingChanged();
+    QPointer<SidebarViewModel> self(this);
+    ToastManager& toasts = toasts_;
+    std::string_view rest = branch.fullRefName;
+    if (rest.starts_with(remoteRefPrefix))
+        rest.remove_prefix(remoteRefPrefix.size());
+    const auto [remote, name] = splitRemoteName(rest);
+    if (!co_await attempt(service_->deleteRemoteBranch(*repo_, remote, name), toasts,
+                          "op=branch.deleted scope=remote", "Delete remote branch failed: %1"))
+        co_return;
+    qCDebug(lcRefs, "op=branch.deleted scope=remote confirmed=true");
+    toasts.show(localized("Deleted remote branch '%1'", name), ToastType::notice);
+    if (self)
+        self->reload();
+}
+
+QCoro::Task<void> SidebarViewModel::deleteTag() {
+    if (!pendingDeleteTag_ || !checkRepository())
+        co_return;
+    const TagEntry tag = *std::exchange(pendingDeleteTag_, std::nullopt);
+    emit pendingChanged();
+    QPointer<SidebarViewModel> self(this);
+    ToastManager& toasts = toasts_;
+    if (!co_await attempt(service_->deleteTag(*repo_, tag.name), toasts, "op=tag.delete",
+                          "Delete tag failed: %1"))
+        co_return;
+    qCDebug(lcRefs, "op=tag.deleted");
+    toasts.show(localized("Deleted tag '%1'", tag.name), ToastType::notice);
+    if (!self)
+        co_return;
+    std::erase(self->localTags_, tag);
+    emit self->detailsChanged();
+    self->updateFilterSources();
+}
+
+QCoro::Task<QString> SidebarViewModel::tagDetail(TagEntry tag) {
+    if (!checkRepository())
+        co_return QString();
+    auto read = attempt(service_->tagDetail(*repo_, tag.name), toasts_, "op=tag.detail",
+                        "Failed to get tag detail: %1");
+    const std::optional<std::string> detail = co_await std::move(read);
+    co_return detail ? QString::fromUtf8(detail->data(), static_cast<qsizetype>(detail->size())) : QString();
+}
+
+QCoro::Task<void> SidebarViewModel::applyStash(StashEntry stash) {
+    if (!checkRepository())
+        co_return;
+    QPointer<SidebarViewModel> self(this);
+    ToastManager& toasts = toasts_;
+    auto applied = attempt(service_->stashApply(*repo_, stash.index), toasts, "op=stash.apply",
+                           "Apply stash failed: %1");
+    const std::optional<OperationResult> result = co_await std::move(applied);
+    if (!result)
+        co_return;
+    if (const auto* conflict = std::get_if<Conflicted>(&*result)) {
+        const auto count = static_cast<long>(conflict->files.size());
+        qCDebug(lcRefs, "op=stash.apply result=conflict conflictCount=%ld", count);
+        toasts.show(localized("Stash apply conflict in %1 file(s)", count), ToastType::error);
+    } else {
+        qCDebug(lcRefs, "op=stash.apply result=success");
+        toasts.show(localized("Applied stash: %1", stash.message), ToastType::notice);
+    }
+    if (self)
+        emit self->checkoutComplete();
+}
+
+QCoro::Task<void> SidebarViewModel::applyAndDropStash(StashEntry stash) {
+    if (!checkRepository())
+        co_return;
+    QPointer<SidebarViewModel> self(this);
+    auto service = service_;
+    const RepoEntry repo = *repo_;
+    ToastManager& toasts = toasts_;
+    auto applied = attempt(service->stashApply(repo, stash.index), toasts, "op=stash.applyAndDrop",
+                           "Apply stash failed: %1");
+    const std::optional<OperationResult> result = co_await std::move(applied);
+    if (!result)
+        co_return;
+    if (const auto* conflict = std::get_if<Conflicted>(&*result)) {
+        // git keeps a stash that applied with conflicts, and so does this: the user may need it.
+        const auto count = static_cast<long>(conflict->files.size());
+        qCDebug(lcRefs, "op=stash.applyAndDrop applyResult=conflict conflictCount=%ld", count);
+        toasts.show(localized("Stash apply conflict in %1 file(s) — stash kept", count), ToastType::error);
+        if (self)
+            emit self->checkoutComplete();
+        co_return;
+    }
+    qCDebug(lcRefs, "op=stash.applyAndDrop applyResult=success");
+    toasts.show(localized("Applied stash: %1", stash.message), ToastType::notice);
+    if (self)
+        emit self->checkoutComplete();
+    try {
+        co_await service->stashDrop(repo, stash.index);
+    } catch (const std::exception& error) {
+        qCDebug(lcRefs, "op=stash.applyAndDrop dropResult=failed reason=%s",
+                redactForLog(error.what()).c_str());
+        toasts.show(localized("Applied OK but drop failed: %1", errorText(error)), ToastType::error);
+        co_return;
+    }
+    qCDebug(lcRefs, "op=stash.applyAndDrop dropResult=success");
+    toasts.show(localized("Dropped stash: %1", stash.message), ToastType::notice);
+    if (self)
+        self->loadStashes(repo);
+}
+
+QCoro::Task<void> SidebarViewModel::dropStash() {
+    if (!pendingDropStash_ || !checkRepository())
+        co_return;
+    const StashEntry stash = *std::exchange(pendingDropStash_, std::nullopt);
+    emit pendingChanged();
+    QPointer<SidebarViewModel> self(this);
+    const RepoEntry repo = *repo_;
+    ToastManager& toasts = toasts_;
+    if (!co_await attempt(service_->stashDrop(repo, stash.index), toasts, "op=stash.drop",
+                          "Drop stash failed: %1"))
+        co_return;
+    qCDebug(lcRefs, "op=stash.drop");
+    toasts.show(localized("Dropped stash: %1", stash.message), ToastType::notice);
+    if (self)
+        self->loadStashes(repo);
+}
+
+} // namespace orvel

@@ -1,0 +1,158 @@
+#include "sidebar/ui/SidebarRowDelegate.h"
+
+#include "settings/LocalizationManager.h"
+#include "settings/ThemeEngine.h"
+#include "sidebar/SidebarTreeModel.h"
+#include "widgets/Icons.h"
+
+#include <QApplication>
+#include <QPainter>
+
+namespace orvel {
+
+namespace {
+
+constexpr int padding = 6;
+constexpr int badgeRadius = 3;
+
+using Kind = SidebarTreeModel::Kind;
+
+QString iconName(Kind kind) {
+    switch (kind) {
+    case Kind::remote:
+        return QStringLiteral("vcs-remote");
+    case Kind::folder:
+        return QStringLiteral("folder");
+    case Kind::branch:
+        return QStringLiteral("vcs-branch");
+    case Kind::tag:
+        return QStringLiteral("vcs-tag");
+    case Kind::stash:
+        return QStringLiteral("vcs-stash");
+    case Kind::section:
+    case Kind::placeholder:
+        break;
+    }
+    return {};
+}
+
+// Paints `text` right-aligned at the end of `area` and takes its width (and a gap) off the area.
+void paintTrailing(QPainter* painter, QRect& area, const QString& text, const QFont& font,
+                   const QColor& colour) {
+    const QFontMetrics metrics(font);
+    const int width = metrics.horizontalAdvance(text);
+    painter->setFont(font);
+    painter->setPen(colour);
+    painter->drawText(QRect(area.right() - width, area.top(), width, area.height()),
+                      Qt::AlignRight | Qt::AlignVCenter, text);
+    area.setRight(area.right() - width - padding);
+}
+
+void paintBadge(QPainter* painter, QRect& area, const QString& text, const QFont& font,
+                const ThemeTokens& tokens) {
+    const QFontMetrics metrics(font);
+    const int width = metrics.horizontalAdvance(text) + 2 * padding;
+    const int height = metrics.height() + 2;
+    const QRect badge(area.right() - width, area.center().y() - height / 2, width, height);
+    painter->setPen(Qt::NoPen);
+    painter->setBrush(tokens.accent);
+    painter->drawRoundedRect(badge, badgeRadius, badgeRadius);
+    painter->setFont(font);
+    painter->setPen(tokens.accentText);
+    painter->drawText(badge, Qt::AlignCenter, text);
+    area.setRight(badge.left() - padding);
+}
+
+} // namespace
+
+void SidebarRowDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
+                               const QModelIndex& index) const {
+    const auto kind = static_cast<Kind>(index.data(SidebarTreeModel::KindRole).toInt());
+    QStyleOptionViewItem background = option;
+    initStyleOption(&background, index);
+    background.text.clear();
+    background.icon = {};
+    const QWidget* widget = option.widget;
+    QStyle* style = widget ? widget->style() : QApplication::style();
+    style->drawControl(QStyle::CE_ItemViewItem, &background, painter, widget);
+
+    const Theme& theme = ThemeEngine::shared().currentTheme();
+    const ThemeTokens& tokens = ThemeEngine::shared().currentTokens();
+    const bool selected = option.state & QStyle::State_Selected;
+    const QColor primary = selected ? option.palette.color(QPalette::HighlightedText) : tokens.fg;
+    const QColor secondary = selected ? primary : tokens.fg2;
+    QRect area = option.rect.adjusted(padding / 2, 0, -padding, 0);
+    painter->save();
+    painter->setRenderHint(QPainter::Antialiasing);
+
+    QFont font = option.font;
+    QFont small = option.font;
+    small.setPointSizeF(option.font.pointSizeF() * 0.85);
+    QColor textColour = primary;
+
+    if (kind == Kind::section) {
+        small.setBold(true);
+        small.setLetterSpacing(QFont::PercentageSpacing, 108);
+        painter->setFont(small);
+        painter->setPen(secondary);
+        painter->drawText(area, Qt::AlignLeft | Qt::AlignVCenter, index.data().toString());
+        painter->restore();
+        return;
+    }
+    if (kind == Kind::placeholder) {
+        painter->setFont(small);
+        painter->setPen(tokens.fg3);
+        painter->drawText(
+            area, Qt::AlignLeft | Qt::AlignVCenter,
+            option.fontMetrics.elidedText(index.data().toString(), Qt::ElideRight, area.width()));
+        painter->restore();
+        return;
+    }
+
+    const int iconSize = option.decorationSize.height();
+    const QRect iconRect(area.left(), area.center().y() - iconSize / 2, iconSize, iconSize);
+    const QIcon icon = themedIcon(iconName(kind));
+    const bool isCurrent = index.data(SidebarTreeModel::IsCurrentRole).toBool();
+    const bool isMain = index.data(SidebarTreeModel::IsMainRole).toBool();
+    if (kind == Kind::branch && (isCurrent || isMain) && !selected) {
+        const QColor tint = isCurrent ? theme.colors.sidebar.currentBranchIcon.color()
+                                      : theme.colors.sidebar.mainBranchIcon.color();
+        painter->drawPixmap(iconRect,
+                            tintedPixmap(icon, iconSize, tint, painter->device()->devicePixelRatioF()));
+    } else {
+        icon.paint(painter, iconRect);
+    }
+    area.setLeft(iconRect.right() + padding);
+
+    if (kind == Kind::branch) {
+        if (isCurrent) {
+            QFont badgeFont = small;
+            badgeFont.setBold(true);
+            paintBadge(painter, area, localized("CURRENT"), badgeFont, tokens);
+            font.setBold(true);
+        }
+        // A branch already merged into the default branch is shown quieter: it can go.
+        if (index.data(SidebarTreeModel::IsMergedRole).toBool() && !isCurrent && !isMain)
+            textColour = secondary;
+    }
+    if (kind == Kind::remote)
+        font.setBold(true);
+    if (kind == Kind::tag && index.data(SidebarTreeModel::IsOnRemoteRole).toBool())
+        paintTrailing(painter, area, QStringLiteral("☁"), small, secondary);
+    if (const QString detail = index.data(SidebarTreeModel::DetailRole).toString(); !detail.isEmpty())
+        paintTrailing(painter, area, detail, small, secondary);
+
+    painter->setFont(font);
+    painter->setPen(textColour);
+    painter->drawText(area, Qt::AlignLeft | Qt::AlignVCenter,
+                      QFontMetrics(font).elidedText(index.data().toString(), Qt::ElideMiddle, area.width()));
+    painter->restore();
+}
+
+QSize SidebarRowDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const {
+    QSize size = QStyledItemDelegate::sizeHint(option, index);
+    size.setHeight(std::max(size.height(), option.fontMetrics.height() + 8));
+    return size;
+}
+
+} // namespace orvel

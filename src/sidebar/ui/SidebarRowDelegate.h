@@ -1,0 +1,22 @@
+// Paints one row of the sidebar's tree: a section title in small capitals, a remote or folder with
+// its icon, a branch with its icon (coloured for the current and the default branch), its name,
+// the "CURRENT" badge and its distance from its upstream, a tag (with a mark once pushed) or a
+// stash with its index. Colours come from the theme at every paint.
+#pragma once
+
+#include <QStyledItemDelegate>
+
+namespace orvel {
+
+class SidebarRowDelegate final : public QStyledItemDelegate {
+    Q_OBJECT
+
+  public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    void paint(QPainter* painter, const QStyleOptionViewItem& option,
+               const QModelIndex& index) const override;
+    QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override;
+};
+
+} // namespace orvel

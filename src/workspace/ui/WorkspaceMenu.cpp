@@ -1,0 +1,87 @@
+#include "workspace/ui/WorkspaceMenu.h"
+
+#include "settings/LocalizationManager.h"
+#include "widgets/BoundShortcut.h"
+#include "workspace/AppViewModel.h"
+#include "workspace/WorkspaceCommands.h"
+#include "workspace/ui/SettingsDialog.h"
+#include "workspace/ui/WorkspaceCommandPrompts.h"
+
+#include <QEvent>
+#include <QMenu>
+
+namespace orvel {
+
+WorkspaceMenu::WorkspaceMenu(AppViewModel& app, QMenu& menu, QWidget* window)
+    : QObject(&menu), app_(app), menu_(menu), window_(window),
+      commands_(new WorkspaceCommands(app, QStringLiteral("menu"), this)),
+      prompts_(new WorkspaceCommandPrompts(app, *commands_, window)) {
+    menu_.addSeparator();
+    fetch_ = menu_.addAction(QString(), commands_, [this] { commands_->fetch(); });
+    pull_ = menu_.addAction(QString(), commands_, [this] { commands_->pull(PullStrategy::merge); });
+    push_ = menu_.addAction(QString(), commands_, [this] { commands_->push(); });
+    forcePush_ = menu_.addAction(QString(), prompts_, &WorkspaceCommandPrompts::askForcePush);
+    menu_.addSeparator();
+    newBranch_ = menu_.addAction(QString(), prompts_, &WorkspaceCommandPrompts::askNewBranch);
+    newTag_ = menu_.addAction(QString(), prompts_, &WorkspaceCommandPrompts::askNewTag);
+    stash_ = menu_.addAction(QString(), prompts_, &WorkspaceCommandPrompts::askStashName);
+    popStash_ = menu_.addAction(QString(), commands_, [this] { commands_->popStash(); });
+    menu_.addSeparator();
+    settingsAction_ = menu_.addAction(QString(), this, &WorkspaceMenu::openSettings);
+    settingsAction_->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Comma));
+    settingsAction_->setMenuRole(QAction::PreferencesRole);
+
+    const std::tuple<QAction*, const char*, std::optional<KeyBindingID>> identities[] = {
+        {fetch_, "menu.fetch", KeyBindingID::fetch},
+        {pull_, "menu.pull", KeyBindingID::pull},
+        {push_, "menu.push", KeyBindingID::push},
+        {forcePush_, "menu.force-push", std::nullopt},
+        {newBranch_, "menu.new-branch", KeyBindingID::newBranch},
+        {newTag_, "menu.new-tag", KeyBindingID::newTag},
+        {stash_, "menu.stash", KeyBindingID::stashChanges},
+        {popStash_, "menu.pop-stash", std::nullopt},
+        {settingsAction_, "menu.settings", std::nullopt}};
+    for (const auto& [action, identifier, binding] : identities) {
+        action->setObjectName(QString::fromLatin1(identifier));
+        if (binding)
+            bindShortcut(*action, *binding);
+    }
+    menu_.installEventFilter(this);
+    connect(&app_, &AppViewModel::activeTabChanged, this, &WorkspaceMenu::showActiveTab);
+    retranslate();
+    showActiveTab();
+}
+
+bool WorkspaceMenu::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == &menu_ && event->type() == QEvent::LanguageChange)
+        retranslate();
+    return QObject::eventFilter(watched, event);
+}
+
+void WorkspaceMenu::retranslate() {
+    fetch_->setText(localized("Fetch"));
+    pull_->setText(localized("Pull"));
+    push_->setText(localized("Push"));
+    forcePush_->setText(localized("Force Push..."));
+    newBranch_->setText(localized("New Branch…"));
+    newTag_->setText(localized("New Tag…"));
+    stash_->setText(localized("Stash Changes…"));
+    popStash_->setText(localized("Pop Stash"));
+    settingsAction_->setText(localized("Settings…"));
+}
+
+void WorkspaceMenu::showActiveTab() {
+    const bool enabled = app_.activeTab() != nullptr;
+    for (QAction* action : {fetch_, pull_, push_, forcePush_, newBranch_, newTag_, stash_, popStash_})
+        action->setEnabled(enabled);
+}
+
+void WorkspaceMenu::openSettings() {
+    if (!settings_)
+        settings_ = new SettingsDialog(window_);
+    settings_->show();
+    settings_->raise();
+    settings_->activateWindow();
+}
+
+} // namespace orvel

@@ -1,0 +1,49 @@
+// The commands of the "Workspace" menu: fetch, pull (always merging), push, force push, a new
+// branch or tag, stash and pop, each on the active tab with the shortcut the user bound to it,
+// and the settings window. The menu's commands log as "menu".
+#pragma once
+
+#include <QObject>
+
+class QAction;
+class QMenu;
+
+namespace orvel {
+
+class AppViewModel;
+class SettingsDialog;
+class WorkspaceCommandPrompts;
+class WorkspaceCommands;
+
+class WorkspaceMenu final : public QObject {
+    Q_OBJECT
+
+  public:
+    // Adds the commands to `menu`; their prompts open over `window`.
+    WorkspaceMenu(AppViewModel& app, QMenu& menu, QWidget* window);
+
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+  private:
+    void retranslate();
+    void showActiveTab();
+    void openSettings();
+
+    AppViewModel& app_;
+    QMenu& menu_;
+    QWidget* window_;
+    WorkspaceCommands* commands_;
+    WorkspaceCommandPrompts* prompts_;
+    SettingsDialog* settings_ = nullptr;
+    QAction* fetch_;
+    QAction* pull_;
+    QAction* push_;
+    QAction* forcePush_;
+    QAction* newBranch_;
+    QAction* newTag_;
+    QAction* stash_;
+    QAction* popStash_;
+    QAction* settingsAction_;
+};
+
+} // namespace orvel

@@ -1,0 +1,242 @@
+// The diff pane on real repositories: a hunk staged from its button reaches the index, a hunk
+// discarded after its confirmation leaves the other changes' bytes on disk, the modes and the
+// whole-file context, a sparse 2 GB file stops at the gate having read only its first bytes, an
+// image change shows both images, a commit that doesn't exist fails with Retry, and the blame
+// sheet lists the file's lines. Screenshots of each.
+#include "diff/DiffDetailViewModel.h"
+#include "diff/ui/BlameSheet.h"
+#include "diff/ui/DiffPane.h"
+#include "diff/ui/DiffTextView.h"
+
+#include "core/process/SubprocessExecutor.h"
+#include "core/queue/GitOpRunner.h"
+#include "core/service/NativeGitService.h"
+#include "core/support/UserDefaults.h"
+#include "support/DrainQueue.h"
+#include "support/GitFixture.h"
+#include "support/Screenshot.h"
+
+#include <QApplication>
+#include <QImage>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTest>
+#include <QToolButton>
+#include <QTreeView>
+
+#include <filesystem>
+#include <fstream>
+
+#include <gtest/gtest.h>
+
+using namespace orvel;
+
+namespace {
+
+using Content = DiffDetailViewModel::Content;
+
+std::string numberedLines(int count, int changedA = 0, int changedB = 0) {
+    std::string text;
+    for (int i = 1; i <= count; ++i)
+        text += (i == changedA || i == changedB ? "    int changed = " : "    int value = ") + std::to_string(i) +
+                "; // line\n";
+    return "int main() {\n" + text + "    return 0;\n}\n";
+}
+
+// Bytes read by this process so far, pipes included.
+long long bytesRead() {
+    std::ifstream io("/proc/self/io");
+    std::string key;
+    long long value = 0;
+    while (io >> key >> value)
+        if (key == "rchar:")
+            return value;
+    return 0;
+}
+
+RepoEntry entryAt(const std::string& path) {
+    RepoEntry entry;
+    entry.path = path;
+    return entry;
+}
+
+QPalette darkPalette() {
+    QPalette dark;
+    dark.setColor(QPalette::Window, QColor(0x1f, 0x1f, 0x23));
+    dark.setColor(QPalette::WindowText, QColor(0xe6, 0xe6, 0xe6));
+    dark.setColor(QPalette::Base, QColor(0x18, 0x18, 0x1b));
+    dark.setColor(QPalette::Text, QColor(0xe6, 0xe6, 0xe6));
+    dark.setColor(QPalette::Button, QColor(0x2a, 0x2a, 0x2e));
+    dark.setColor(QPalette::ButtonText, QColor(0xe6, 0xe6, 0xe6));
+    return dark;
+}
+
+class DiffPaneTest : public ::testing::Test {
+  protected:
+    DiffPaneTest() {
+        repo.write("app.cpp", numberedLines(40));
+        repo.commitAll("base");
+    }
+    ~DiffPaneTest() override { test::drainQueue(*runner); }
+
+    void showAndWait(const std::string& path, FileStatusKind status, bool staged = false,
+                     std::optional<std::string> commit = std::nullopt) {
+        FileChange file;
+        file.path = path;
+        file.status = status;
+        model.showDiff(file, commit, false, staged);
+        QTRY_VERIFY_WITH_TIMEOUT(model.content() != Content::loading, 20000);
+    }
+
+    void clickHunkButton(int hunk, int action) {
+        DiffTextView& view = pane.textView();
+        const QRect button = view.hunkButtonRect(hunk, action);
+        ASSERT_FALSE(button.isEmpty());
+        QTest::mouseClick(view.viewport(), Qt::LeftButton, {}, button.center());
+    }
+
+    static FileStatusKind modified() {
+        return FileStatusKind::tracked(TrackedStatus::unmodified, TrackedStatus::modified);
+    }
+
+    test::TempRepo repo;
+    InMemoryUserDefaults defaults;
+    std::shared_ptr<GitOpRunner> runner = std::make_shared<GitOpRunner>(2);
+    std::shared_ptr<NativeGitService> service = std::make_shared<NativeGitService>(
+        std::make_shared<SubprocessExecutor>(std::nullopt, defaults), runner);
+    DiffDetailViewModel model{entryAt(repo.path()), service};
+    DiffPane pane{model};
+};
+
+TEST_F(DiffPaneTest, StagesOneHunkAndDiscardsAnotherAfterConfirming) {
+    repo.write("app.cpp", numberedLines(40, 3, 35));
+    pane.resize(1100, 700);
+    pane.show();
+    showAndWait("app.cpp", modified());
+    ASSERT_EQ(model.content(), Content::diff);
+    ASSERT_EQ(model.fileDiff()->hunks.size(), 2u);
+    test::saveScreenshot(pane, "diff-unified-light", {1100, 700});
+
+    // The first hunk's Stage button puts exactly that change into the index.
+    clickHunkButton(0, 0);
+    QTRY_VERIFY_WITH_TIMEOUT(repo.git({"diff", "--cached"}).find("changed = 3") != std::string::npos, 20000);
+    EXPECT_EQ(repo.git({"diff", "--cached"}).find("changed = 35"), std::string::npos);
+    QTRY_VERIFY_WITH_TIMEOUT(model.content() == Content::diff && model.fileDiff()->hunks.size() == 1, 20000);
+
+    // Discard asks first; Cancel keeps the change, Discard removes it from the working tree only.
+    clickHunkButton(0, 2);
+    auto* confirmation = pane.findChild<QMessageBox*>(QStringLiteral("diff-pane.discard-confirmation"));
+    ASSERT_NE(confirmation, nullptr);
+    EXPECT_EQ(confirmation->defaultButton()->text(), QStringLiteral("Cancel"));
+    confirmation->findChild<QPushButton*>(QStringLiteral("diff-pane.discard-confirm"))->click();
+    QTRY_COMPARE_WITH_TIMEOUT(repo.read("app.cpp"), numberedLines(40, 3), 20000);
+    QTRY_VERIFY_WITH_TIMEOUT(model.content() == Content::noChanges, 20000);
+
+    // The staged side offers Unstage only, and takes the hunk back out of the index.
+    showAndWait("app.cpp", modified(), true);
+    EXPECT_TRUE(model.hunkActions().unstage);
+    EXPECT_FALSE(model.hunkActions().stage || model.hunkActions().discard);
+    clickHunkButton(0, 1);
+    QTRY_VERIFY_WITH_TIMEOUT(repo.git({"diff", "--cached"}).empty(), 20000);
+}
+
+TEST_F(DiffPaneTest, ModesAndWholeFileContextWithColoursInBothAppearances) {
+    repo.write("app.cpp", numberedLines(40, 3, 35));
+    pane.resize(1100, 700);
+    pane.show();
+    showAndWait("app.cpp", modified());
+    pane.findChild<QToolButton*>(QStringLiteral("diff-pane.mode.split"))->click();
+    EXPECT_EQ(model.mode(), CodeDiffMode::split);
+    EXPECT_EQ(pane.textView().rowCount(), int(model.rows().size()));
+    test::saveScreenshot(pane, "diff-split-light", {1100, 700});
+
+    // "Show full file" asks git for the whole file as context: one hunk over every line, and no
+    // hunk buttons, since git would not cut that hunk.
+    pane.findChild<QToolButton*>(QStringLiteral("diff-pane.full-context"))->click();
+    QTRY_VERIFY_WITH_TIMEOUT(model.content() == Content::diff && model.fileDiff()->hunks.size() == 1, 20000);
+    EXPECT_EQ(model.fileDiff()->hunks[0].oldCount, 43);
+    EXPECT_FALSE(model.hunkActions().stage);
+
+    pane.findChild<QToolButton*>(QStringLiteral("diff-pane.mode.file"))->click();
+    QTRY_VERIFY_WITH_TIMEOUT(model.content() == Content::diff && model.fileText(), 20000);
+    EXPECT_EQ(model.rows().size(), 43u);
+    test::saveScreenshot(pane, "diff-file-light", {1100, 700});
+
+    const QPalette light = QApplication::palette();
+    QApplication::setPalette(darkPalette());
+    pane.findChild<QToolButton*>(QStringLiteral("diff-pane.full-context"))->click();
+    pane.findChild<QToolButton*>(QStringLiteral("diff-pane.mode.diff"))->click();
+    QTRY_VERIFY_WITH_TIMEOUT(model.content() == Content::diff && model.fileDiff()->hunks.size() == 2, 20000);
+    test::saveScreenshot(pane, "diff-unified-dark", {1100, 700});
+    pane.findChild<QToolButton*>(QStringLiteral("diff-pane.mode.split"))->click();
+    test::saveScreenshot(pane, "diff-split-dark", {1100, 700});
+    QApplication::setPalette(light);
+}
+
+TEST_F(DiffPaneTest, GatesASparseHugeFileAfterReadingOnlyItsStart) {
+    // Text at its start, then a hole of zeros that the binary test never reaches.
+    std::string start;
+    for (int i = 0; i < 2000; ++i)
+        start += "a log line\n";
+    repo.write("huge.log", start);
+    std::filesystem::resize_file(repo / "huge.log", 2'000'000'000ull);
+    pane.show();
+    const long long before = bytesRead();
+    showAndWait("huge.log", FileStatusKind::untracked());
+    const long long read = bytesRead() - before;
+    EXPECT_EQ(model.content(), Content::largeFile);
+    EXPECT_LT(read, 1'000'000);
+    auto* action = pane.findChild<QPushButton*>(QStringLiteral("diff-pane.message-action"));
+    EXPECT_EQ(action->text(), QStringLiteral("Show Anyway"));
+    EXPECT_EQ(action->accessibleName(), QStringLiteral("Load and display this large file"));
+    test::saveScreenshot(pane, "diff-large-file-gate", {900, 500});
+
+    // A folder git doesn't track, and an untracked text file shown whole as additions.
+    std::filesystem::create_directories(repo / "new/inner");
+    repo.write("new/a.txt", "a\n");
+    showAndWait("new", FileStatusKind::untracked());
+    EXPECT_EQ(model.content(), Content::untrackedFolder);
+    repo.write("notes.md", "# Notes\n\nSome *text*.\n");
+    showAndWait("notes.md", FileStatusKind::untracked());
+    ASSERT_EQ(model.content(), Content::diff);
+    EXPECT_EQ(model.fileDiff()->additions, 3);
+    EXPECT_FALSE(model.hunkActions().stage || model.hunkActions().discard);
+}
+
+TEST_F(DiffPaneTest, ImageChangeShowsBothImages) {
+    QImage red(60, 40, QImage::Format_RGB32);
+    red.fill(Qt::red);
+    red.save(QString::fromStdString(repo / "logo.png"));
+    repo.commitAll("logo");
+    QImage blue(40, 60, QImage::Format_RGB32);
+    blue.fill(Qt::blue);
+    blue.save(QString::fromStdString(repo / "logo.png"));
+    pane.show();
+    showAndWait("logo.png", modified());
+    ASSERT_EQ(model.content(), Content::image);
+    EXPECT_EQ(model.oldImage().size(), QSize(60, 40));
+    EXPECT_EQ(model.newImage().size(), QSize(40, 60));
+    test::saveScreenshot(pane, "diff-image", {900, 500});
+}
+
+TEST_F(DiffPaneTest, UnknownCommitFailsWithRetryAndBlameListsLines) {
+    pane.show();
+    showAndWait("app.cpp", modified(), false, std::string(40, 'f'));
+    EXPECT_EQ(model.content(), Content::failed);
+    EXPECT_FALSE(model.diffLoadError().isEmpty());
+    auto* retry = pane.findChild<QPushButton*>(QStringLiteral("diff-pane.message-action"));
+    EXPECT_EQ(retry->text(), QStringLiteral("Retry"));
+    retry->click();
+    EXPECT_EQ(model.diffRetryToken(), 1);
+    QTRY_VERIFY_WITH_TIMEOUT(model.content() == Content::failed, 20000);
+
+    BlameSheet sheet(entryAt(repo.path()), "app.cpp", service);
+    sheet.open();
+    QTRY_VERIFY_WITH_TIMEOUT(!sheet.model().isLoading(), 20000);
+    EXPECT_TRUE(sheet.model().error().isEmpty());
+    auto* view = sheet.findChild<QTreeView*>();
+    EXPECT_EQ(view->model()->rowCount(), 43);
+    test::saveScreenshot(sheet, "blame-sheet", {820, 560});
+}
+
+} // namespace

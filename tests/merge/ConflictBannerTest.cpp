@@ -1,0 +1,201 @@
+// The conflict banner and the merge editor end to end on real git: a rebase stopped on a conflict
+// is resolved line by line, saved, staged and continued from the banner; in every state the banner
+// can end, Abort asks first and then leaves the repository clean.
+#include "merge/ui/ConflictBanner.h"
+#include "merge/ConflictBannerViewModel.h"
+#include "merge/ui/ConflictResolutionView.h"
+
+#include "core/RealGitService.h"
+#include "settings/ThemeEngine.h"
+#include "support/Await.h"
+#include "support/Screenshot.h"
+#include "widgets/TokenPalette.h"
+#include "workspace/ToastManager.h"
+
+#include <QApplication>
+#include <QLabel>
+#include <QListView>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTest>
+#include <QToolButton>
+
+#include <gtest/gtest.h>
+
+#include <functional>
+
+using namespace orvel;
+
+namespace {
+
+class ConflictBannerTest : public test::RepositoryTest {
+  protected:
+    // The banner over its model, refreshed whenever an action changed the repository, as the tab does.
+    void showBanner() {
+        model = std::make_unique<ConflictBannerViewModel>(entry(), service, toasts);
+        QObject::connect(model.get(), &ConflictBannerViewModel::repositoryChanged, model.get(),
+                         [this] { model->refresh(); });
+        banner = std::make_unique<ConflictBanner>(*model);
+        test::await(model->refresh());
+    }
+
+    template <typename T>
+    T* child(QWidget& parent, const char* name) {
+        auto* found = parent.findChild<T*>(QString::fromLatin1(name));
+        EXPECT_NE(found, nullptr) << name;
+        return found;
+    }
+
+    bool toasted(const QString& message) const {
+        for (const ToastItem& toast : toasts.toasts())
+            if (toast.message == message)
+                return true;
+        return false;
+    }
+
+    static void clickRow(QListView* panel, int row) {
+        const QRect rect = panel->visualRect(panel->model()->index(row, 0));
+        QTest::mouseClick(panel->viewport(), Qt::LeftButton, {}, rect.center());
+    }
+
+    std::shared_ptr<GitServiceProtocol> service{&real.service, [](GitServiceProtocol*) {}};
+    ToastManager toasts;
+    std::unique_ptr<ConflictBannerViewModel> model;
+    std::unique_ptr<ConflictBanner> banner;
+};
+
+TEST_F(ConflictBannerTest, ResolveARebaseConflictLineByLineAndContinue) {
+    repo.write("file.txt", "a\nb\nc\n");
+    repo.commitAll("base");
+    repo.git({"checkout", "-q", "-b", "topic"});
+    repo.write("file.txt", "a\nb topic\nextra topic\nc\n");
+    repo.commitAll("topic changes b");
+    repo.git({"checkout", "-q", "main"});
+    repo.write("file.txt", "a\nb main\nc\n");
+    repo.commitAll("main changes b");
+    repo.git({"checkout", "-q", "topic"});
+    // The commit step of a continued rebase asks for the editor; this user's editor keeps the message.
+    repo.git({"config", "core.editor", "true"});
+    ASSERT_NE(repo.gitAllowingFailure({"rebase", "main"}).exitCode, 0);
+
+    showBanner();
+    ASSERT_FALSE(banner->isHidden());
+    EXPECT_EQ(child<QLabel>(*banner, "conflict-banner.text")->text(),
+              QStringLiteral("Rebasing: resolve conflicts and continue"));
+    EXPECT_FALSE(child<QPushButton>(*banner, "conflict-banner.continue")->isHidden());
+    EXPECT_FALSE(child<QPushButton>(*banner, "conflict-banner.skip")->isHidden());
+    test::saveScreenshot(*banner, QStringLiteral("conflict-banner-rebase"), QSize(1000, 40));
+
+    child<QToolButton>(*banner, "conflict-banner.open-merge-editor")->click();
+    auto* editor = banner->findChild<ConflictResolutionView*>();
+    ASSERT_NE(editor, nullptr);
+    auto* count = child<QLabel>(*editor, "merge-editor.conflict-count");
+    QTRY_COMPARE(count->text(), QStringLiteral("Conflict 1 of 1"));
+    auto* ours = child<QListView>(*editor, "merge-editor.ours-panel");
+    auto* theirs = child<QListView>(*editor, "merge-editor.theirs-panel");
+    ASSERT_EQ(ours->model()->rowCount(), 1);
+    ASSERT_EQ(theirs->model()->rowCount(), 2);
+    EXPECT_EQ(theirs->model()->index(1, 0).data().toString(), QStringLiteral("extra topic"));
+
+    // Space leaves out the only line of ours; a click takes the second line of theirs.
+    ours->setCurrentIndex(ours->model()->index(0, 0));
+    QTest::keyClick(ours, Qt::Key_Space);
+    clickRow(theirs, 1);
+    auto* output = child<QListView>(*editor, "merge-editor.output-panel");
+    QStringList composed;
+    for (int row = 0; row < output->model()->rowCount(); ++row)
+        composed << output->model()->index(row, 0).data().toString();
+    EXPECT_EQ(composed, (QStringList{"a", "extra topic", "c"}));
+
+    test::saveScreenshot(*editor, QStringLiteral("merge-editor-light"), QSize(1100, 700));
+    const QPalette light = QApplication::palette();
+    QApplication::setPalette(tokenPalette(ThemeEngine::shared().tokens(ColorScheme::dark)));
+    QCoreApplication::processEvents();
+    test::saveScreenshot(*editor, QStringLiteral("merge-editor-dark"), QSize(1100, 700));
+    QApplication::setPalette(light);
+
+    child<QPushButton>(*editor, "merge-editor.save")->click();
+    QTRY_VERIFY(banner->findChild<ConflictResolutionView*>() == nullptr);
+    EXPECT_EQ(repo.read("file.txt"), "a\nextra topic\nc\n");
+    QTRY_VERIFY(model->conflicts().empty());
+
+    child<QPushButton>(*banner, "conflict-banner.continue")->click();
+    QTRY_COMPARE(model->repoState(), RepositoryState::clean);
+    EXPECT_TRUE(banner->isHidden());
+    EXPECT_TRUE(toasted(QStringLiteral("Rebase completed")));
+    EXPECT_EQ(repo.git({"log", "--format=%s", "main..topic"}), "topic changes b\n");
+    EXPECT_EQ(repo.git({"show", "topic:file.txt"}), "a\nextra topic\nc\n");
+}
+
+struct AbortCase {
+    const char* name;
+    std::function<void(const test::TempRepo&)> stop; // leaves the repository in the state
+    QString text;
+    QString abortTitle;
+    bool offersContinue;
+};
+
+TEST_F(ConflictBannerTest, AbortAsksFirstAndThenLeavesTheRepositoryClean) {
+    const std::vector<AbortCase> cases{
+        {"merge",
+         [](const test::TempRepo& r) {
+             r.gitAllowingFailure({"merge", "topic"});
+         },
+         "Merging: resolve conflicts and commit", "Abort Merge", false},
+        {"rebase",
+         [](const test::TempRepo& r) {
+             r.git({"checkout", "-q", "topic"});
+             r.gitAllowingFailure({"rebase", "main"});
+         },
+         "Rebasing: resolve conflicts and continue", "Abort Rebase", true},
+        {"cherry-pick",
+         [](const test::TempRepo& r) {
+             r.gitAllowingFailure({"cherry-pick", "topic"});
+         },
+         "Cherry-picking: resolve conflicts and commit", "Abort Cherry-pick", false},
+        {"revert",
+         [](const test::TempRepo& r) {
+             r.write("file", "main again\n");
+             r.commitAll("main changes file again");
+             r.gitAllowingFailure({"revert", "--no-edit", "HEAD~1"});
+         },
+         "Reverting: resolve conflicts and commit", "Abort Revert", false},
+    };
+    for (const AbortCase& c : cases) {
+        SCOPED_TRACE(c.name);
+        test::TempRepo fresh;
+        fresh.divergeOnOneFile();
+        c.stop(fresh);
+        model = std::make_unique<ConflictBannerViewModel>(test::RealGitService::repoAt(fresh.path()), service,
+                                                          toasts);
+        banner = std::make_unique<ConflictBanner>(*model);
+        test::await(model->refresh());
+        ASSERT_FALSE(banner->isHidden());
+        EXPECT_EQ(child<QLabel>(*banner, "conflict-banner.text")->text(), c.text);
+        EXPECT_EQ(!child<QPushButton>(*banner, "conflict-banner.continue")->isHidden(), c.offersContinue);
+
+        // Escape keeps everything as it was.
+        auto* abort = child<QPushButton>(*banner, "conflict-banner.abort");
+        abort->click();
+        auto* box = banner->findChild<QMessageBox*>();
+        ASSERT_NE(box, nullptr);
+        EXPECT_EQ(box->text(), c.abortTitle);
+        QTest::keyClick(box, Qt::Key_Escape);
+        QTRY_VERIFY(banner->findChild<QMessageBox*>() == nullptr);
+        test::await(model->refresh());
+        EXPECT_FALSE(banner->isHidden());
+
+        abort->click();
+        child<QAbstractButton>(*banner->findChild<QMessageBox*>(), "conflict-banner.abort-confirm")->click();
+        QTRY_VERIFY(!model->isBusy() && banner->findChild<QMessageBox*>() == nullptr);
+        test::await(model->refresh());
+        EXPECT_EQ(model->repoState(), RepositoryState::clean);
+        EXPECT_TRUE(banner->isHidden());
+        EXPECT_EQ(fresh.git({"status", "--porcelain"}), "");
+        EXPECT_NE(fresh.git({"rev-parse", "--abbrev-ref", "HEAD"}), "HEAD\n"); // back on its branch
+        banner.reset();
+        model.reset();
+    }
+}
+
+} // namespace

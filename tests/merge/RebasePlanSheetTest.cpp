@@ -1,0 +1,136 @@
+// The interactive rebase sheet end to end on real git: autosquash, a keyboard move, a reword whose
+// message holds quotes and "$()", an exec row, and Start; the new history is read back from git.
+// Also the row moves of drag and drop, and the toast instead of a sheet when nothing is to rebase.
+#include "merge/ui/RebasePlanSheet.h"
+#include "merge/ui/RebasePlanItemModel.h"
+
+#include "core/RealGitService.h"
+#include "support/Screenshot.h"
+#include "workspace/ToastManager.h"
+
+#include <QLineEdit>
+#include <QMimeData>
+#include <QPlainTextEdit>
+#include <QPointer>
+#include <QPushButton>
+#include <QTest>
+#include <QTreeView>
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+
+using namespace orvel;
+
+namespace {
+
+class RebasePlanSheetTest : public test::RepositoryTest {
+  protected:
+    std::shared_ptr<GitServiceProtocol> service{&real.service, [](GitServiceProtocol*) {}};
+    ToastManager toasts;
+};
+
+std::vector<std::string> subjects(const RebasePlanModel& plan) {
+    std::vector<std::string> result;
+    for (const RebaseTodoEntry& entry : plan.entries())
+        result.push_back(entry.action == RebaseAction::exec ? "exec " + entry.execCommand.value_or("")
+                                                            : entry.subject);
+    return result;
+}
+
+TEST_F(RebasePlanSheetTest, RewordMoveExecAndAutosquashRunThroughGit) {
+    repo.write("base.txt", "base\n");
+    const std::string base = repo.commitAll("base");
+    repo.write("one.txt", "one\n");
+    repo.commitAll("one");
+    repo.write("two.txt", "two\n");
+    repo.commitAll("two");
+    repo.write("one.txt", "one fixed\n");
+    repo.commitAll("fixup! one");
+    repo.write("three.txt", "three\n");
+    repo.commitAll("three");
+
+    QPointer<RebasePlanSheet> sheet = new RebasePlanSheet(entry(), base, service, toasts);
+    QTRY_VERIFY(sheet->isVisible());
+    auto* list = sheet->findChild<QTreeView*>(QStringLiteral("rebase-sheet.commit-list"));
+    auto& rows = *static_cast<RebasePlanItemModel*>(list->model());
+    RebasePlanModel& plan = rows.plan();
+    ASSERT_EQ(subjects(plan), (std::vector<std::string>{"one", "two", "fixup! one", "three"}));
+
+    sheet->findChild<QPushButton*>(QStringLiteral("rebase-sheet.autosquash"))->click();
+    list->setCurrentIndex(rows.index(3, 0));
+    QTest::keyClick(list, Qt::Key_Up, Qt::ControlModifier);
+    EXPECT_EQ(subjects(plan), (std::vector<std::string>{"one", "fixup! one", "three", "two"}));
+    EXPECT_EQ(plan.entries()[1].action, RebaseAction::fixup);
+
+    // "r" on the last row opens its message; the text reaches git byte for byte.
+    const std::string message = "two: it's \"quoted\" $(touch pwned) `touch pwned`\n\nbody 'line'";
+    list->setCurrentIndex(rows.index(3, 0));
+    QTest::keyClick(list, Qt::Key_R);
+    auto* text = sheet->findChild<QPlainTextEdit*>(QStringLiteral("rebase-sheet.reword-text"));
+    ASSERT_NE(text, nullptr);
+    EXPECT_EQ(text->toPlainText(), QStringLiteral("two"));
+    text->setPlainText(QString::fromStdString(message));
+    sheet->findChild<QPushButton*>(QStringLiteral("rebase-sheet.reword-save"))->click();
+    EXPECT_EQ(plan.entries()[3].action, RebaseAction::reword);
+    QTRY_VERIFY(sheet->findChild<QPlainTextEdit*>(QStringLiteral("rebase-sheet.reword-text")) == nullptr);
+
+    sheet->findChild<QPushButton*>(QStringLiteral("rebase-sheet.add-exec"))->click();
+    auto* command = sheet->findChild<QLineEdit*>(QStringLiteral("rebase-sheet.exec-command"));
+    ASSERT_NE(command, nullptr);
+    QTest::keyClicks(command, QStringLiteral("echo ran > exec-ran.txt"));
+    QTest::keyClick(command, Qt::Key_Return);
+    QTRY_COMPARE(subjects(plan).back(), std::string("exec echo ran > exec-ran.txt"));
+    test::saveScreenshot(*sheet, QStringLiteral("rebase-sheet"), sheet->size());
+
+    sheet->findChild<QPushButton*>(QStringLiteral("rebase-sheet.start"))->click();
+    QTRY_VERIFY_WITH_TIMEOUT(sheet.isNull(), 20000);
+    ASSERT_EQ(toasts.toasts().size(), 1u);
+    EXPECT_EQ(toasts.toasts()[0].message, QStringLiteral("Interactive rebase completed"));
+    // git ends every stored message with one newline; the rest is the text as typed.
+    const std::string commit = repo.git({"cat-file", "commit", "HEAD"});
+    EXPECT_EQ(commit.substr(commit.find("\n\n") + 2), message + "\n");
+    EXPECT_EQ(repo.git({"log", "--format=%s", base + "..HEAD"}),
+              "two: it's \"quoted\" $(touch pwned) `touch pwned`\nthree\none\n");
+    EXPECT_EQ(repo.git({"show", "HEAD~2:one.txt"}), "one fixed\n");
+    EXPECT_TRUE(std::filesystem::exists(repo / "exec-ran.txt"));
+    EXPECT_FALSE(std::filesystem::exists(repo / "pwned"));
+}
+
+TEST_F(RebasePlanSheetTest, NothingToRebaseIsAToastAndNoSheet) {
+    repo.write("a.txt", "a\n");
+    repo.commitAll("only");
+    QPointer<RebasePlanSheet> sheet = new RebasePlanSheet(entry(), "HEAD", service, toasts);
+    QTRY_VERIFY(sheet.isNull());
+    ASSERT_EQ(toasts.toasts().size(), 1u);
+    EXPECT_EQ(toasts.toasts()[0].message, QStringLiteral("No commits to rebase"));
+}
+
+TEST(RebasePlanItemModelTest, ADroppedRowLandsWhereTheIndicatorWas) {
+    struct Case {
+        int from;
+        int dropRow; // the gap before this row; -1 is below the last row
+        std::string order;
+    };
+    for (const Case& c : std::vector<Case>{{0, 2, "BACD"},
+                                           {3, 0, "DABC"},
+                                           {1, -1, "ACDB"},
+                                           {0, 4, "BCDA"},
+                                           {2, 2, "ABCD"},
+                                           {2, 3, "ABCD"}}) {
+        std::vector<RebaseTodoEntry> entries;
+        for (const char* subject : {"A", "B", "C", "D"})
+            entries.push_back({QUuid::createUuid(), RebaseAction::pick, subject, subject, {}, {}});
+        RebasePlanModel plan("main", entries);
+        RebasePlanItemModel rows(plan);
+        QMimeData* data = rows.mimeData({rows.index(c.from, 0)});
+        rows.dropMimeData(data, Qt::MoveAction, c.dropRow, 0, {});
+        delete data;
+        std::string order;
+        for (const RebaseTodoEntry& entry : plan.entries())
+            order += entry.subject;
+        EXPECT_EQ(order, c.order) << c.from << " to " << c.dropRow;
+    }
+}
+
+} // namespace

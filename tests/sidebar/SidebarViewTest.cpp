@@ -1,0 +1,140 @@
+// The sidebar end to end on a real repository: deleting an unmerged branch from a row's menu asks
+// whether to force it and then does; the filter narrows every section to its finds, and says so
+// when nothing matches. Screenshots in both appearances.
+#include "sidebar/ui/SidebarView.h"
+#include "settings/ThemeEngine.h"
+#include "sidebar/SidebarOnRealGit.h"
+#include "sidebar/SidebarTreeModel.h"
+#include "support/Await.h"
+#include "support/Screenshot.h"
+#include "widgets/OEmptyState.h"
+#include "widgets/TokenPalette.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QContextMenuEvent>
+#include <QLineEdit>
+#include <QMenu>
+#include <QMessageBox>
+#include <QStackedWidget>
+#include <QTest>
+#include <QToolButton>
+#include <QTreeView>
+
+#include <gtest/gtest.h>
+
+using namespace orvel;
+
+namespace {
+
+class SidebarWidget : public ::testing::Test, public test::SidebarOnRealGit {
+  protected:
+    SidebarWidget() {
+        view.resize(320, 700);
+        view.show();
+    }
+
+    QModelIndex row(const QString& id, const QModelIndex& parent = {}) const {
+        const SidebarTreeModel& model = view.treeModel();
+        for (int i = 0; i < model.rowCount(parent); ++i) {
+            const QModelIndex index = model.index(i, 0, parent);
+            if (index.data(SidebarTreeModel::IdRole).toString() == id)
+                return index;
+            if (const QModelIndex found = row(id, index); found.isValid())
+                return found;
+        }
+        return {};
+    }
+
+    // Opens the row's context menu as a right click does and answers the menu.
+    QMenu* openMenu(const QModelIndex& index) {
+        QTreeView& tree = view.tree();
+        tree.scrollTo(index);
+        const QPoint position = tree.visualRect(index).center();
+        QContextMenuEvent event(QContextMenuEvent::Mouse, position, tree.viewport()->mapToGlobal(position));
+        QApplication::sendEvent(tree.viewport(), &event);
+        QMenu* menu = nullptr;
+        const bool opened = QTest::qWaitFor(
+            [&] { return (menu = qobject_cast<QMenu*>(QApplication::activePopupWidget())); }, 5000);
+        return opened ? menu : nullptr;
+    }
+
+    SidebarView view{sidebar};
+};
+
+QAction* actionNamed(QMenu& menu, const QString& text) {
+    for (QAction* action : menu.actions())
+        if (action->text() == text)
+            return action;
+    return nullptr;
+}
+
+} // namespace
+
+TEST_F(SidebarWidget, DeletingAnUnmergedBranchAsksWhetherToForceIt) {
+    test::await(sidebar.loadBranches(entry));
+    QMenu* menu = openMenu(row(QStringLiteral("local/topic")));
+    ASSERT_NE(menu, nullptr);
+    QAction* remove = actionNamed(*menu, QStringLiteral("Delete"));
+    ASSERT_NE(remove, nullptr);
+    menu->close();
+    remove->trigger();
+
+    QMessageBox* question = nullptr;
+    ASSERT_TRUE(QTest::qWaitFor(
+        [&] { return (question = view.findChild<QMessageBox*>("sidebar.confirmation")); }, 10000));
+    EXPECT_EQ(question->text(), QStringLiteral("Branch 'topic' is not fully merged"));
+    EXPECT_TRUE(toasts.toasts().empty()); // the refusal itself is not told
+    EXPECT_NE(repo.gitAllowingFailure({"rev-parse", "--verify", "-q", "topic"}).exitCode, 1);
+    for (QAbstractButton* button : question->buttons())
+        if (button->text() == QStringLiteral("Force Delete"))
+            button->click();
+
+    QTRY_COMPARE_WITH_TIMEOUT(lastToast(), QStringLiteral("Force deleted branch 'topic'"), 10000);
+    EXPECT_EQ(repo.gitAllowingFailure({"rev-parse", "--verify", "-q", "topic"}).exitCode, 1);
+    QTRY_VERIFY(!row(QStringLiteral("local/topic")).isValid());
+    EXPECT_FALSE(sidebar.pendingForceDeleteBranch());
+}
+
+TEST_F(SidebarWidget, TheFilterNarrowsEverySectionAndSaysWhenNothingMatches) {
+    repo.git({"branch", "feature/login"});
+    repo.git({"branch", "feature/ui/login-form"});
+    repo.git({"branch", "release/2.0"});
+    repo.git({"tag", "login-beta"});
+    repo.git({"tag", "v1.0"});
+    repo.write("a.txt", "draft\n");
+    repo.git({"stash", "push", "-q", "-m", "login form draft"});
+    test::await(sidebar.loadBranches(entry));
+    QTRY_COMPARE(sidebar.stashEntries().size(), 1u);
+    QTRY_VERIFY(row(QStringLiteral("tag/v1.0")).isValid());
+
+    auto* field = view.findChild<QLineEdit*>(QStringLiteral("sidebar.filter-field"));
+    QTest::keyClicks(field, QStringLiteral("login"));
+    QTRY_VERIFY_WITH_TIMEOUT(!row(QStringLiteral("tag/v1.0")).isValid(), 5000);
+    for (const char* id :
+         {"local/feature/login", "local/feature/ui/login-form", "origin/feature/login", "tag/login-beta"})
+        EXPECT_TRUE(row(QString::fromLatin1(id)).isValid()) << id;
+    EXPECT_FALSE(row(QStringLiteral("local/release/2.0")).isValid());
+    EXPECT_EQ(view.treeModel().rowCount(view.treeModel().sectionIndex(SidebarTreeModel::Section::stashes)),
+              1);
+    test::saveScreenshot(view, QStringLiteral("sidebar-filtered-light"), QSize(320, 520));
+    const QPalette light = QApplication::palette();
+    QApplication::setPalette(tokenPalette(ThemeEngine::shared().tokens(ColorScheme::dark)));
+    QCoreApplication::processEvents();
+    test::saveScreenshot(view, QStringLiteral("sidebar-filtered-dark"), QSize(320, 520));
+    QApplication::setPalette(light);
+    QCoreApplication::processEvents();
+
+    view.findChild<QToolButton*>(QStringLiteral("sidebar.filter.word-match"))->click();
+    QTRY_VERIFY(!row(QStringLiteral("local/feature/ui/login-form")).isValid());
+    EXPECT_TRUE(row(QStringLiteral("local/feature/login")).isValid());
+
+    field->clear();
+    QTest::keyClicks(field, QStringLiteral("nothing-like-this"));
+    auto* pages = view.findChild<QStackedWidget*>();
+    QTRY_VERIFY(qobject_cast<OEmptyState*>(pages->currentWidget()));
+
+    field->clear();
+    QTRY_VERIFY(row(QStringLiteral("tag/v1.0")).isValid());
+    test::saveScreenshot(view, QStringLiteral("sidebar-light"), QSize(320, 700));
+}
