@@ -5,7 +5,9 @@
 #include "content/ui/CreateBranchSheet.h"
 #include "core/support/UserDefaults.h"
 #include "diff/DiffDetailViewModel.h"
+#include "diff/ui/BlameSheet.h"
 #include "diff/ui/DiffPane.h"
+#include "diff/ui/FileHistorySheet.h"
 #include "graph/RepoGraphPaneViewModel.h"
 #include "graph/ui/GraphPane.h"
 #include "graph/ui/GraphTableView.h"
@@ -127,6 +129,14 @@ void RepositoryTabView::buildPages() {
         if (!tab_.workspace().isDiffPaneVisible())
             showDiffPane(std::nullopt);
     });
+    // A row's "Blame This File" and "File History" open the diff's sheets.
+    connect(&tab_.changes(), &ChangesPaneViewModel::blameRequested, this, [this](const std::string& path) {
+        openSheet(new BlameSheet(tab_.repo(), path, tab_.service(), this));
+    });
+    connect(&tab_.changes(), &ChangesPaneViewModel::fileHistoryRequested, this,
+            [this](const std::string& path) {
+                openSheet(new FileHistorySheet(tab_.repo(), path, tab_.service(), this));
+            });
     connect(&tab_.content(), &ContentViewModel::fileChangesChanged, historyPane_,
             [this] { historyPane_->setWorkingTreeFiles(tab_.content().fileChanges()); });
     retranslate();
@@ -143,6 +153,11 @@ void RepositoryTabView::changeEvent(QEvent* event) {
     QWidget::changeEvent(event);
     if (event->type() == QEvent::LanguageChange)
         retranslate();
+}
+
+void RepositoryTabView::openSheet(QDialog* sheet) {
+    sheet->setAttribute(Qt::WA_DeleteOnClose);
+    sheet->open();
 }
 
 void RepositoryTabView::showDiffPane(std::optional<bool> belowHistory) {

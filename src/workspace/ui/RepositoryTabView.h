@@ -9,6 +9,7 @@
 #include <optional>
 #include <string>
 
+class QDialog;
 class QSplitter;
 class QStackedWidget;
 class QTabBar;
@@ -60,6 +61,7 @@ class RepositoryTabView final : public QWidget {
     // Puts the diff pane below the history (a commit's file) or beside the changes lists, or
     // hides it (nothing).
     void showDiffPane(std::optional<bool> belowHistory);
+    void openSheet(QDialog* sheet);
     void retranslate();
 
     WorkspaceTabState& tab_;
