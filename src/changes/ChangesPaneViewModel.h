@@ -8,7 +8,6 @@
 #include "core/records/ConflictEntry.h"
 #include "core/records/FileChange.h"
 #include "core/records/RepoEntry.h"
-#include "core/service/OperationResults.h"
 #include "core/support/LoadGeneration.h"
 
 #include <QObject>
@@ -116,13 +115,6 @@ class ChangesPaneViewModel final : public QObject {
     QCoro::Task<void> stashFile(FileChange file);
     QCoro::Task<void> resolveConflictOurs(FileChange file);
     QCoro::Task<void> resolveConflictTheirs(FileChange file);
-    // The ways out of an operation that stopped on a conflict, for the conflict banner.
-    QCoro::Task<void> abortMerge();
-    QCoro::Task<void> abortRebase();
-    QCoro::Task<void> abortCherryPick();
-    QCoro::Task<void> abortRevert();
-    QCoro::Task<void> continueRebase();
-    QCoro::Task<void> skipRebase();
     // Blame and history are shown by sheets of the diff's views; the tab connects these.
     void requestBlame(const FileChange& file) { emit blameRequested(file.path); }
     void requestFileHistory(const FileChange& file) { emit fileHistoryRequested(file.path); }
@@ -148,7 +140,7 @@ class ChangesPaneViewModel final : public QObject {
     void discardingAllChanged();
     // The subject, description, either option or the question changed.
     void commitFormChanged();
-    // A commit (or an abort or rebase step) changed history: the tab reloads the graph and branch.
+    // A commit changed history: the tab reloads the graph, the branch name and the sidebar.
     void commitSucceeded();
     // A file went to a stash: the tab reloads the sidebar's stashes.
     void stashCompleted();
@@ -168,10 +160,6 @@ class ChangesPaneViewModel final : public QObject {
     // `failureFormat`. Then refreshes. Answers whether the operation succeeded.
     QCoro::Task<bool> runAndRefresh(QCoro::Task<void> operation, const char* logName,
                                     const char* failureFormat);
-    // Runs an abort with its notice or error toast, then refreshes.
-    QCoro::Task<void> abortOperation(QCoro::Task<void> operation, const char* successText,
-                                     const char* logName, const char* failureFormat);
-    QCoro::Task<void> rebaseStep(QCoro::Task<InteractiveRebaseResult> step, bool isContinue);
     QCoro::Task<void> refreshStagedDiffStat(LoadTicket ticket);
     QCoro::Task<void> refreshRepoState(LoadTicket ticket);
     // The amend question: answers whether to push.

@@ -118,14 +118,16 @@ QCoro::Task<void> ChangesPaneViewModel::unstageFile(FileChange file) {
 }
 
 QCoro::Task<void> ChangesPaneViewModel::stageSelected() {
-    qCDebug(lcStaging, "op=stage.selected count=%ld", static_cast<long>(selectedIDs_.size()));
-    co_await runAndRefresh(service_->stageFiles(repo_, moveSelected(false)), "stage.selected",
+    std::vector<std::string> paths = moveSelected(false);
+    qCDebug(lcStaging, "op=stage.selected count=%ld", static_cast<long>(paths.size()));
+    co_await runAndRefresh(service_->stageFiles(repo_, std::move(paths)), "stage.selected",
                            "Stage failed: %1");
 }
 
 QCoro::Task<void> ChangesPaneViewModel::unstageSelected() {
-    qCDebug(lcStaging, "op=unstage.selected count=%ld", static_cast<long>(selectedIDs_.size()));
-    co_await runAndRefresh(service_->unstageFiles(repo_, moveSelected(true)), "unstage.selected",
+    std::vector<std::string> paths = moveSelected(true);
+    qCDebug(lcStaging, "op=unstage.selected count=%ld", static_cast<long>(paths.size()));
+    co_await runAndRefresh(service_->unstageFiles(repo_, std::move(paths)), "unstage.selected",
                            "Unstage failed: %1");
 }
 
