@@ -30,7 +30,13 @@ echo "$line"
 [[ "$line" =~ ^scenario=graph-apply-tiny\ ours_ms=[0-9.]+\ git_ms=[0-9.]+\ ratio=[0-9.]+\ .*\ commits=300\ refs=150\ rows=301\  ]]
 line=$("$tool" --scenario graph-paint --tiny --repo "$work/history" 2>/dev/null)
 echo "$line"
-[[ "$line" =~ ^scenario=graph-paint\ frame_ms=[0-9.]+\ (first_paint_ms=[0-9.]+\ )?plain_ms=[0-9.]+\ ratio=[0-9.]+\ (first_paint_ratio=[0-9.]+\ )?rows=50\ lanes=2[0-9]\  ]]
+[[ "$line" =~ ^scenario=graph-paint\ frame_ms=[0-9.]+\ first_paint_ms=[0-9.]+\ plain_ms=[0-9.]+\ ratio=[0-9.]+\ .*\ rows=50\ lanes=2[0-9]\  ]]
+line=$("$tool" --scenario sidebar-5000 --tiny --rounds 2 --repo "$work/sidebar" 2>/dev/null)
+echo "$line"
+[[ "$line" =~ ^scenario=sidebar-tiny\ ours_ms=[0-9.]+\ git_ms=[0-9.]+\ ratio=[0-9.]+\ .*\ rows=62\ tags=10$ ]]
+line=$("$tool" --scenario filter-budget --tiny --rounds 2 --repo "$work/unused")
+echo "$line"
+[[ "$line" =~ ^scenario=filter-budget-tiny\ ours_ms=[0-9.]+\ slowest_ms=[0-9.]+\ budget_ms=100\ ratio=[0-9.]+\ names=500\ timed_out=1\  ]]
 line=$("$tool" --scenario status-10k-list --tiny --rounds 2 --repo "$work/status-list" 2>/dev/null)
 echo "$line"
 [[ "$line" =~ ^scenario=status-list-tiny\ ours_ms=[0-9.]+\ git_ms=[0-9.]+\ ratio=[0-9.]+\ paired_ratio=[0-9.]+\ rows=40$ ]]

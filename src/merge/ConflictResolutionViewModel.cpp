@@ -2,6 +2,7 @@
 
 #include "core/service/GitServiceProtocol.h"
 #include "core/support/Log.h"
+#include "settings/LocalizationManager.h"
 
 #include <QPointer>
 
@@ -159,7 +160,7 @@ QCoro::Task<bool> ConflictResolutionViewModel::setRawText(std::string text) {
     if (isSaving_)
         co_return false;
     if (containsConflictMarkers(text)) {
-        saveError_ = tr("Remove conflict markers before saving.");
+        saveError_ = localized("Remove conflict markers before saving.");
         qCDebug(lcOps, "op=mergeEditor.setRawText reason=conflictMarkersPresent");
         emit saveStateChanged();
         co_return false;

@@ -19,16 +19,8 @@ QCoro::Task<void> InteractiveRebaseViewModel::load() {
     auto todo = service->rebaseTodoList(repo_, onto_, ticket.stopToken());
     try {
         std::vector<RebaseTodoEntry> entries = co_await std::move(todo);
-        if (!ticket.isCurrent())
-            co_return;
-        if (entries.empty()) {
-            if (toasts_)
-                toasts_->show(localized("No commits to rebase"), ToastType::notice);
-            emit closed();
-            co_return;
-        }
-        plan_.emplace(onto_, std::move(entries));
-        emit planReady();
+        if (ticket.isCurrent())
+            setEntries(std::move(entries));
     } catch (const std::exception& error) {
         if (!ticket.isCurrent())
             co_return;
@@ -38,6 +30,17 @@ QCoro::Task<void> InteractiveRebaseViewModel::load() {
                           ToastType::error);
         emit closed();
     }
+}
+
+void InteractiveRebaseViewModel::setEntries(std::vector<RebaseTodoEntry> entries) {
+    if (entries.empty()) {
+        if (toasts_)
+            toasts_->show(localized("No commits to rebase"), ToastType::notice);
+        emit closed();
+        return;
+    }
+    plan_.emplace(onto_, std::move(entries));
+    emit planReady();
 }
 
 QCoro::Task<void> InteractiveRebaseViewModel::start() {

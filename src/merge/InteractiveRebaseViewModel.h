@@ -15,6 +15,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace orvel {
 
@@ -33,9 +34,12 @@ class InteractiveRebaseViewModel final : public QObject {
     RebasePlanModel* plan() { return plan_ ? &*plan_ : nullptr; }
     bool isRunning() const { return isRunning_; }
 
-    // Reads the commits between onto and HEAD, oldest first. With none, or on a failure, it says
-    // so in a toast and emits closed(); otherwise planReady().
+    // Reads the commits between onto and HEAD, oldest first, and takes them as setEntries does. A
+    // failure is told in a toast, then closed().
     QCoro::Task<void> load();
+    // The commits to rebase, read already: with none it says so in a toast and emits closed();
+    // otherwise the plan starts from them and planReady() follows.
+    void setEntries(std::vector<RebaseTodoEntry> entries);
     // Runs the plan as it stands; the outcome is a toast, then finished().
     QCoro::Task<void> start();
 

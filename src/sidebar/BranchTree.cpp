@@ -31,20 +31,22 @@ std::vector<std::string_view> componentsOf(std::string_view name) {
     return parts;
 }
 
-// Sorting keys are made once a node: comparing through the collator straight from bytes would
-// decode every name again at every comparison.
+// Names are decoded once a level, not at every comparison. Names equal but for case keep git's
+// byte order, so that the order never depends on the sort's whims.
 void sortLevel(std::vector<BranchTreeNode>& nodes, const QCollator& collator) {
-    std::vector<std::pair<QCollatorSortKey, std::size_t>> keys;
+    std::vector<std::pair<QString, std::size_t>> keys;
     keys.reserve(nodes.size());
     for (std::size_t i = 0; i < nodes.size(); ++i)
-        keys.emplace_back(collator.sortKey(QString::fromUtf8(nodes[i].name.data(),
-                                                             static_cast<qsizetype>(nodes[i].name.size()))),
-                          i);
-    std::stable_sort(keys.begin(), keys.end(), [&](const auto& a, const auto& b) {
-        const bool aFolder = nodes[a.second].isFolder(), bFolder = nodes[b.second].isFolder();
-        if (aFolder != bFolder)
-            return aFolder;
-        return a.first.compare(b.first) < 0;
+        keys.emplace_back(
+            QString::fromUtf8(nodes[i].name.data(), static_cast<qsizetype>(nodes[i].name.size())), i);
+    std::sort(keys.begin(), keys.end(), [&](const auto& a, const auto& b) {
+        const BranchTreeNode& first = nodes[a.second];
+        const BranchTreeNode& second = nodes[b.second];
+        if (first.isFolder() != second.isFolder())
+            return first.isFolder();
+        if (const int order = collator.compare(a.first, b.first); order != 0)
+            return order < 0;
+        return first.name < second.name;
     });
     std::vector<BranchTreeNode> sorted;
     sorted.reserve(nodes.size());

@@ -11,9 +11,9 @@ namespace orvel {
 
 namespace {
 
-// The pass stops matching this much before its budget ends, so that handing back its finds fits
-// inside the budget too.
-constexpr std::chrono::milliseconds handOffReserve{5};
+// The pass stops matching this much before its budget ends, so that handing back its finds, and a
+// pool thread that a busy machine schedules late, still fit inside the budget.
+constexpr std::chrono::milliseconds handOffReserve{15};
 
 void combine(std::size_t& seed, std::size_t value) {
     seed ^= value + 0x9e3779b97f4a7c15ULL + (seed << 6) + (seed >> 2);
@@ -110,6 +110,7 @@ void SidebarFilterViewModel::refilter() {
     lastKey_ = key;
     if (!isActive()) {
         passes_.cancel();
+        isFiltering_ = false;
         filtered_ = {};
         emit resultsChanged();
         return;
@@ -119,13 +120,14 @@ void SidebarFilterViewModel::refilter() {
 
 QCoro::Task<void> SidebarFilterViewModel::runPass(FilterQuery query) {
     auto ticket = passes_.begin(this);
+    isFiltering_ = true;
     auto pass = runOnPool(backgroundPool(), [sources = sources_, query, stop = ticket.stopToken()] {
-        const auto deadline = FilterMatcher::Clock::now() + regexBudget - handOffReserve;
-        return filterLists(*sources, query, stop, deadline);
+        return filterLists(*sources, query, stop);
     });
     std::optional<Outcome> outcome = co_await std::move(pass);
     if (!ticket.isCurrent() || !outcome)
         co_return;
+    isFiltering_ = false;
     filtered_ = std::move(outcome->lists);
     if (outcome->timedOut) {
         qCDebug(lcUi, "op=sidebar.filter result=timedOut");
@@ -134,9 +136,10 @@ QCoro::Task<void> SidebarFilterViewModel::runPass(FilterQuery query) {
     emit resultsChanged();
 }
 
-std::optional<SidebarFilterViewModel::Outcome>
-SidebarFilterViewModel::filterLists(const SidebarLists& source, const FilterQuery& query,
-                                    std::stop_token stop, FilterMatcher::Clock::time_point deadline) {
+std::optional<SidebarFilterViewModel::Outcome> SidebarFilterViewModel::filterLists(const SidebarLists& source,
+                                                                                   const FilterQuery& query,
+                                                                                   std::stop_token stop) {
+    const auto deadline = FilterMatcher::Clock::now() + regexBudget - handOffReserve;
     FilterMatcher matcher(query);
     Outcome outcome;
     SidebarLists& found = outcome.lists;

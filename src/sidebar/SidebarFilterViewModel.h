@@ -45,6 +45,8 @@ class SidebarFilterViewModel final : public QObject {
     bool isRegexSearch() const { return isRegexSearch_; }
     // A query is in force: the lists shown are the filtered ones.
     bool isActive() const { return !debouncedQuery_.isEmpty(); }
+    // A pass is under way; its finds have not come yet.
+    bool isFiltering() const { return isFiltering_; }
     // The lists to show: the sources as they stand without a query, else the last pass's finds.
     const SidebarLists& results() const { return isActive() ? filtered_ : *sources_; }
 
@@ -55,11 +57,10 @@ class SidebarFilterViewModel final : public QObject {
     void setSources(SidebarLists lists);
 
     // One pass over `source`, as the background runs it: every item tested in order, the stop
-    // token read before each; a stopped pass answers nothing. A regular expression stops at
-    // `deadline`, and the pass ends with what it found before.
+    // token read before each; a stopped pass answers nothing. A regular expression that runs past
+    // the pass's budget ends the pass with what it found before.
     static std::optional<Outcome> filterLists(const SidebarLists& source, const FilterQuery& query,
-                                              std::stop_token stop,
-                                              FilterMatcher::Clock::time_point deadline);
+                                              std::stop_token stop);
 
   signals:
     void queryChanged();
@@ -85,6 +86,7 @@ class SidebarFilterViewModel final : public QObject {
     std::shared_ptr<const SidebarLists> sources_ = std::make_shared<SidebarLists>();
     SidebarLists filtered_;
     std::optional<FilterKey> lastKey_;
+    bool isFiltering_ = false;
     QTimer debounceTimer_;
     LoadGeneration passes_;
 };

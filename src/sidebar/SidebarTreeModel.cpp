@@ -272,6 +272,8 @@ QVariant SidebarTreeModel::data(const QModelIndex& index, int role) const {
         }
         if (row.kind == Kind::tag || row.kind == Kind::stash)
             return row.text;
+        if (row.kind == Kind::placeholder) // a narrow column cuts it short
+            return data(index, Qt::DisplayRole);
         return {};
     case Qt::AccessibleTextRole: {
         QString text = data(index, Qt::DisplayRole).toString();

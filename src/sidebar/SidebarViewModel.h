@@ -29,7 +29,7 @@ namespace orvel {
 class GitServiceProtocol;
 class ToastManager;
 
-// The plan an interactive rebase onto a branch starts from.
+// The plan an interactive rebase onto a branch starts from, read when the user asked for it.
 struct InteractiveRebaseContext {
     QUuid id;
     std::string ontoBranch;
@@ -100,10 +100,10 @@ class SidebarViewModel final : public QObject {
     QCoro::Task<void> pushBranch(BranchEntry branch);
     QCoro::Task<void> mergeBranch(BranchEntry branch);
     QCoro::Task<void> rebaseOnto(BranchEntry branch);
-    // Reads the plan of an interactive rebase onto `branch` into interactiveRebaseContext and
-    // raises interactiveRebaseRequested; the plan editor runs it with runInteractiveRebase.
+    // Reads the commits an interactive rebase onto `branch` would replay into
+    // interactiveRebaseContext and raises interactiveRebaseRequested; the plan editor takes them
+    // from there and runs the rebase.
     QCoro::Task<void> loadRebaseTodo(BranchEntry branch);
-    QCoro::Task<void> runInteractiveRebase(BranchEntry branch, std::vector<RebaseTodoEntry> entries);
     void clearInteractiveRebaseContext();
     // Reloads the branches and tells the tab that HEAD, the working tree or the refs changed, as
     // after a sheet created a branch and perhaps checked it out.
@@ -146,8 +146,8 @@ class SidebarViewModel final : public QObject {
     void checkoutComplete();
     // The user clicked a branch (or a tag): the graph shows its commit.
     void branchSelected(const orvel::BranchEntry& branch);
-    // The plan of an interactive rebase onto `target` is in interactiveRebaseContext.
-    void interactiveRebaseRequested(const QString& target);
+    // The plan of an interactive rebase onto the branch `target` is in interactiveRebaseContext.
+    void interactiveRebaseRequested(const std::string& target);
 
   private:
     bool checkRepository();

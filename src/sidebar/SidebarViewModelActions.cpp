@@ -362,47 +362,7 @@ QCoro::Task<void> SidebarViewModel::loadRebaseTodo(BranchEntry branch) {
         co_return;
     self->interactiveRebaseContext_ =
         InteractiveRebaseContext{QUuid::createUuid(), branch.name, std::move(*entries)};
-    emit self->interactiveRebaseRequested(QString::fromStdString(branch.name));
-}
-
-QCoro::Task<void> SidebarViewModel::runInteractiveRebase(BranchEntry branch,
-                                                         std::vector<RebaseTodoEntry> entries) {
-    if (!checkRepository())
-        co_return;
-    QPointer<SidebarViewModel> self(this);
-    ToastManager& toasts = toasts_;
-    auto rebased = attempt(service_->interactiveRebase(*repo_, RebasePlan{branch.name, std::move(entries)}),
-                           toasts, "op=rebase.interactive", "Interactive rebase failed: %1");
-    const std::optional<InteractiveRebaseResult> result = co_await std::move(rebased);
-    if (!result)
-        co_return;
-    std::visit(
-        overloaded{
-            [&](const rebase::Success&) {
-                qCDebug(lcRefs, "op=rebase.interactive result=success");
-                toasts.show(localized("Interactive rebase completed"), ToastType::notice);
-            },
-            [&](const rebase::EditStop& stop) {
-                qCDebug(lcRefs, "op=rebase.interactive result=editStop step=%ld total=%ld",
-                        static_cast<long>(stop.currentStep), static_cast<long>(stop.totalSteps));
-                toasts.show(localized("Rebase paused at step %1/%2 — amend and continue", stop.currentStep,
-                                      stop.totalSteps),
-                            ToastType::notice);
-            },
-            [&](const RebaseStop& stop) {
-                const auto count = static_cast<long>(stop.files.size());
-                qCDebug(lcRefs, "op=rebase.interactive result=conflict step=%ld total=%ld conflictCount=%ld",
-                        static_cast<long>(stop.currentStep), static_cast<long>(stop.totalSteps), count);
-                toasts.show(localized("Rebase conflict at step %1/%2 in %3 file(s) — resolve and continue",
-                                      stop.currentStep, stop.totalSteps, count),
-                            ToastType::error);
-            },
-        },
-        *result);
-    if (!self)
-        co_return;
-    self->interactiveRebaseContext_.reset();
-    self->reloadAfterCheckout();
+    emit self->interactiveRebaseRequested(branch.name);
 }
 
 QCoro::Task<void> SidebarViewModel::reloadTags() {

@@ -252,7 +252,7 @@ QCoro::Task<void> WorkspaceCommands::createBranch(BranchRequest request) {
     }
     if (discards && !status->files.empty()) {
         const int files = static_cast<int>(status->files.size());
-        discardConfirmPending_ = PendingDiscard{std::move(request), files};
+        discardConfirmPending_ = PendingDiscard{std::move(request), files, target->repo.path};
         emit discardConfirmationNeeded(files);
         co_return;
     }
@@ -262,8 +262,11 @@ QCoro::Task<void> WorkspaceCommands::createBranch(BranchRequest request) {
 QCoro::Task<void> WorkspaceCommands::confirmDiscard() {
     if (!discardConfirmPending_)
         co_return;
-    BranchRequest request = std::exchange(discardConfirmPending_, std::nullopt)->request;
-    co_await runBranchCreation(std::move(request));
+    PendingDiscard pending = *std::exchange(discardConfirmPending_, std::nullopt);
+    const WorkspaceTabState* tab = app_.activeTab();
+    if (!tab || tab->repo().path != pending.repoPath)
+        co_return;
+    co_await runBranchCreation(std::move(pending.request));
 }
 
 void WorkspaceCommands::cancelDiscard() {

@@ -14,6 +14,7 @@
 #include <QCoro/QCoroTask>
 
 #include <optional>
+#include <string>
 
 namespace orvel {
 
@@ -32,6 +33,7 @@ class WorkspaceCommands final : public QObject {
     struct PendingDiscard {
         BranchRequest request;
         int fileCount = 0;
+        std::string repoPath; // the confirmation holds for this repository only
     };
 
     // `host` begins the log names: "menu" or "toolbar".

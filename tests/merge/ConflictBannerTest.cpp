@@ -16,6 +16,7 @@
 #include <QLabel>
 #include <QListView>
 #include <QMessageBox>
+#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QTest>
 #include <QToolButton>
@@ -96,6 +97,17 @@ TEST_F(ConflictBannerTest, ResolveARebaseConflictLineByLineAndContinue) {
     ASSERT_EQ(ours->model()->rowCount(), 1);
     ASSERT_EQ(theirs->model()->rowCount(), 2);
     EXPECT_EQ(theirs->model()->index(1, 0).data().toString(), QStringLiteral("extra topic"));
+
+    // The raw text still holds git's markers: saving it is refused and the editor stays.
+    auto* raw = child<QPushButton>(*editor, "merge-editor.toggle-raw-text");
+    raw->click();
+    EXPECT_TRUE(
+        child<QPlainTextEdit>(*editor, "merge-editor.raw-text-field")->toPlainText().contains("<<<<<<<"));
+    child<QPushButton>(*editor, "merge-editor.save")->click();
+    QTRY_VERIFY(child<QLabel>(*editor, "merge-editor.save-error")->isVisible());
+    EXPECT_EQ(child<QLabel>(*editor, "merge-editor.save-error")->text(),
+              QStringLiteral("Remove conflict markers before saving."));
+    raw->click();
 
     // Space leaves out the only line of ours; a click takes the second line of theirs.
     ours->setCurrentIndex(ours->model()->index(0, 0));

@@ -2,6 +2,7 @@
 // message holds quotes and "$()", an exec row, and Start; the new history is read back from git.
 // Also the row moves of drag and drop, and the toast instead of a sheet when nothing is to rebase.
 #include "merge/ui/RebasePlanSheet.h"
+#include "merge/InteractiveRebaseViewModel.h"
 #include "merge/ui/RebasePlanItemModel.h"
 
 #include "core/RealGitService.h"
@@ -51,6 +52,7 @@ TEST_F(RebasePlanSheetTest, RewordMoveExecAndAutosquashRunThroughGit) {
     repo.commitAll("three");
 
     QPointer<RebasePlanSheet> sheet = new RebasePlanSheet(entry(), base, service, toasts);
+    sheet->model().load();
     QTRY_VERIFY(sheet->isVisible());
     auto* list = sheet->findChild<QTreeView*>(QStringLiteral("rebase-sheet.commit-list"));
     auto& rows = *static_cast<RebasePlanItemModel*>(list->model());
@@ -101,6 +103,7 @@ TEST_F(RebasePlanSheetTest, NothingToRebaseIsAToastAndNoSheet) {
     repo.write("a.txt", "a\n");
     repo.commitAll("only");
     QPointer<RebasePlanSheet> sheet = new RebasePlanSheet(entry(), "HEAD", service, toasts);
+    sheet->model().load();
     QTRY_VERIFY(sheet.isNull());
     ASSERT_EQ(toasts.toasts().size(), 1u);
     EXPECT_EQ(toasts.toasts()[0].message, QStringLiteral("No commits to rebase"));

@@ -197,6 +197,12 @@ TEST_F(SidebarModel, RefreshWithTheSameRefsReadsOnlyTheBranches) {
     EXPECT_EQ(service->calls["listTags"], 2);
     EXPECT_EQ(service->calls["mergedBranches"], 1);
     EXPECT_TRUE(model.mergedBranchNames().empty());
+
+    // An empty repository has no refs to compare: its details are read at every load.
+    service->branchList.clear();
+    test::await(model.loadBranches(repo));
+    test::await(model.loadBranches(repo));
+    EXPECT_EQ(service->calls["listTags"], 4);
 }
 
 TEST_F(SidebarModel, CheckoutChecksTheWorkingTreeAndWhereHeadLanded) {

@@ -26,10 +26,14 @@ bool SilentRemote::reached() const {
 
 bool SilentRemote::running() const {
     for (const auto& process : std::filesystem::directory_iterator("/proc")) {
-        std::ifstream commandLine(process.path() / "cmdline");
-        const std::string text{std::istreambuf_iterator<char>(commandLine), {}};
-        if (text.find(script_) != std::string::npos)
-            return true;
+        // A process may end between the listing and the read, which then fails with ESRCH.
+        try {
+            std::ifstream commandLine(process.path() / "cmdline");
+            const std::string text{std::istreambuf_iterator<char>(commandLine), {}};
+            if (text.find(script_) != std::string::npos)
+                return true;
+        } catch (const std::ios_base::failure&) {
+        }
     }
     return false;
 }

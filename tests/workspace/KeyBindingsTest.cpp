@@ -3,6 +3,7 @@
 #include "settings/KeybindingStore.h"
 
 #include "RemoteFixture.h"
+#include "support/Screenshot.h"
 #include "workspace/ui/KeyboardSettingsTab.h"
 #include "workspace/ui/MainWindow.h"
 #include "workspace/ui/SettingsDialog.h"
@@ -89,6 +90,7 @@ TEST_F(Rebinding, RecordedShortcutReachesTheMenuAndPersists) {
     EXPECT_EQ(fetch.shortcut().toString(QKeySequence::NativeText), "Ctrl+Shift+L");
     EXPECT_FALSE(model.activityMessage());
     EXPECT_TRUE(shown.isEmpty());
+    test::saveScreenshot(settings, "settings-keyboard", QSize(560, 420));
 
     KeybindingStore restarted;
     restarted.start(defaults);

@@ -48,7 +48,7 @@ ConflictBanner::ConflictBanner(ConflictBannerViewModel& model, QWidget* parent)
     abort_->setObjectName(QStringLiteral("conflict-banner.abort"));
     text_->setObjectName(QStringLiteral("conflict-banner.text"));
     openMergeEditor_->setToolButtonStyle(Qt::ToolButtonTextOnly);
-    openMergeEditor_->setPopupMode(QToolButton::MenuButtonPopup);
+    setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
     text_->setTextFormat(Qt::PlainText);
     text_->setFont(bannerFont(QFont::Medium));
 
@@ -99,6 +99,8 @@ void ConflictBanner::showState() {
         files_->addAction(QString::fromUtf8(conflict.path), this,
                           [this, conflict] { openMergeEditor(conflict); });
     openMergeEditor_->setMenu(conflicts.size() > 1 ? files_ : nullptr);
+    openMergeEditor_->setPopupMode(conflicts.size() > 1 ? QToolButton::MenuButtonPopup
+                                                        : QToolButton::DelayedPopup);
     if (openMergeEditor_->property("offersFiles").toBool() != (conflicts.size() > 1)) {
         openMergeEditor_->setProperty("offersFiles", conflicts.size() > 1);
         openMergeEditor_->style()->polish(openMergeEditor_);
@@ -141,6 +143,7 @@ void ConflictBanner::applyColours() {
         QStringLiteral("QPushButton, QToolButton { background: %1; color: %2; border: 1px solid transparent;"
                        " border-radius: 4px; padding: 3px 10px; }"
                        "QToolButton[offersFiles=\"true\"] { padding-right: 20px; }"
+                       "QToolButton::menu-button { background: transparent; border: none; width: 16px; }"
                        "QPushButton:hover, QToolButton:hover { background: %3; }"
                        "QPushButton:pressed, QToolButton:pressed { background: %4; }"
                        "QPushButton:focus, QToolButton:focus { border-color: %2; }"

@@ -248,7 +248,6 @@ void ConflictResolutionView::showLoadState() {
         rawBufferFilled_ = true;
     }
     setMode(mode_);
-    showConflict(currentConflictIndex_);
     showSaveState();
 }
 

@@ -99,7 +99,6 @@ RebasePlanSheet::RebasePlanSheet(RepoEntry repo, std::string onto,
         accept();
     });
     retranslate();
-    model_->load();
 }
 
 void RebasePlanSheet::showPlan() {

@@ -1,7 +1,8 @@
 // The sheet in which an interactive rebase is planned: the commits to rebase, oldest first, each
 // with its action; rows reorder by dragging or with Ctrl+Up and Ctrl+Down; exec rows, reworded
-// messages and autosquash. It reads the commits first and opens only when there are some; Start
-// runs the plan, tells the outcome in a toast and closes.
+// messages and autosquash. It opens once its model has the commits (model().load() reads them,
+// model().setEntries() hands them over), and only when there are some; Start runs the plan, tells
+// the outcome in a toast and closes.
 #pragma once
 
 #include "core/records/RepoEntry.h"

@@ -140,6 +140,8 @@ void SidebarView::retranslate() {
     remotesButton_->setToolTip(localized("Manage Remotes…"));
     remotesButton_->setAccessibleName(localized("Manage Remotes…"));
     tree_->setAccessibleName(localized("Branches, tags and stashes"));
+    // Section titles and placeholders are looked up as they are painted.
+    tree_->viewport()->update();
     showState();
 }
 
@@ -167,7 +169,8 @@ void SidebarView::showState() {
         state_->setTitle(localized("Empty repository"));
         state_->setMessage(localized("Make your first commit to get started."));
         page = state_;
-    } else if (sidebar_.filter().isActive() && sidebar_.filter().results().empty()) {
+    } else if (sidebar_.filter().isActive() && !sidebar_.filter().isFiltering() &&
+               sidebar_.filter().results().empty()) {
         state_->setTitle(localized("No matches"));
         state_->setMessage(localized("No branches, tags, or stashes match your query."));
         page = state_;

@@ -27,6 +27,9 @@ KeyboardSettingsTab::KeyboardSettingsTab(QWidget* parent)
         row.record->setObjectName(stem + QStringLiteral(".record"));
         row.reset->setObjectName(stem + QStringLiteral(".reset"));
         row.label->setBuddy(row.record);
+        // Return in the settings window must not reset or start recording a row.
+        row.record->setAutoDefault(false);
+        row.reset->setAutoDefault(false);
         grid->addWidget(row.label, line, 0);
         grid->addWidget(row.display, line, 1);
         grid->addWidget(row.record, line, 2);
@@ -37,6 +40,7 @@ KeyboardSettingsTab::KeyboardSettingsTab(QWidget* parent)
         ++line;
     }
     resetAll_->setObjectName(QStringLiteral("keybinding.reset-all"));
+    resetAll_->setAutoDefault(false);
     connect(resetAll_, &QPushButton::clicked, this, [] { KeybindingStore::shared().resetAll(); });
     auto* layout = new QVBoxLayout(this);
     layout->addLayout(grid);

@@ -12,9 +12,11 @@
 #include "graph/ui/GraphPane.h"
 #include "graph/ui/GraphTableView.h"
 #include "graph/ui/RepoHistoryPane.h"
+#include "merge/InteractiveRebaseViewModel.h"
 #include "merge/ui/ConflictBanner.h"
 #include "merge/ui/RebasePlanSheet.h"
 #include "settings/LocalizationManager.h"
+#include "sidebar/SidebarViewModel.h"
 #include "sidebar/ui/CreateTagSheet.h"
 #include "sidebar/ui/SidebarView.h"
 #include "workspace/ContentViewModel.h"
@@ -54,6 +56,8 @@ RepositoryTabView::RepositoryTabView(WorkspaceTabState& tab, UserDefaults& defau
             &RepositoryTabView::showCreateBranch);
     connect(&tab_.graph(), &RepoGraphPaneViewModel::createTagRequested, this,
             &RepositoryTabView::showCreateTag);
+    connect(&tab_.sidebar(), &SidebarViewModel::interactiveRebaseRequested, this,
+            &RepositoryTabView::showInteractiveRebase);
     restoreSplitterStates();
 }
 
@@ -202,9 +206,17 @@ void RepositoryTabView::showCreateTag(const std::string& hash) {
 }
 
 void RepositoryTabView::showInteractiveRebase(const std::string& target) {
-    // The sheet opens itself once the commits are read, or tells in a toast why it does not.
+    // The sheet opens itself once it has the commits, or tells in a toast why it does not.
     auto* sheet = new RebasePlanSheet(tab_.repo(), target, tab_.service(), tab_.toasts(), this);
     connect(sheet, &RebasePlanSheet::rebaseEnded, &tab_, &WorkspaceTabState::refresh);
+    // When the sidebar asks, it has read the commits already.
+    const auto& context = tab_.sidebar().interactiveRebaseContext();
+    if (context && context->ontoBranch == target) {
+        sheet->model().setEntries(context->entries);
+        tab_.sidebar().clearInteractiveRebaseContext();
+    } else {
+        sheet->model().load();
+    }
 }
 
 void RepositoryTabView::saveSplitterStates() const {
