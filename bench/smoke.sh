@@ -43,3 +43,6 @@ echo "$line"
 line=$("$tool" --scenario diff-view-10k --tiny --rounds 2 --repo "$work/diff-view" 2>/dev/null)
 echo "$line"
 [[ "$line" =~ ^scenario=diff-view-10k-tiny\ ours_ms=[0-9.]+\ git_ms=[0-9.]+\ ratio=[0-9.]+\ .*\ rows=1001\ painted=yes$ ]]
+line=$("$tool" --scenario status-10k-list --tiny --rounds 2 --repo "$work/status-list" 2>/dev/null)
+echo "$line"
+[[ "$line" =~ ^scenario=status-list-tiny\ ours_ms=[0-9.]+\ git_ms=[0-9.]+\ ratio=[0-9.]+\ paired_ratio=[0-9.]+\ rows=40$ ]]

@@ -9,8 +9,6 @@
 #include <QCoro/QCoroTask>
 
 #include <cstdio>
-#include <filesystem>
-#include <iostream>
 
 namespace orvel::bench {
 
@@ -19,10 +17,7 @@ namespace {
 int runFileTree(const ScenarioOptions& options) {
     const WorkingTreeShape shape =
         options.tiny ? WorkingTreeShape{200, 0, 0} : WorkingTreeShape{100000, 0, 0};
-    if (!std::filesystem::exists(std::filesystem::path(options.repo) / ".git")) {
-        std::cerr << "generating " << shape.trackedFiles << " files in " << options.repo << "\n";
-        makeWorkingTreeRepository(options.repo, shape);
-    }
+    ensureWorkingTreeRepository(options.repo, shape);
     const std::vector<std::string> arguments{"diff-tree", "--root",        "--no-commit-id",
                                              "-r",        "--name-status", "HEAD"};
 

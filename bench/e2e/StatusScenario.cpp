@@ -14,8 +14,6 @@
 
 #include <algorithm>
 #include <cstdio>
-#include <filesystem>
-#include <iostream>
 
 namespace orvel::bench {
 
@@ -24,12 +22,8 @@ namespace {
 int runStatus(const ScenarioOptions& options) {
     const WorkingTreeShape shape =
         options.tiny ? WorkingTreeShape{200, 20, 20} : WorkingTreeShape{100000, 10000, 10000};
-    if (!std::filesystem::exists(std::filesystem::path(options.repo) / ".git")) {
-        std::cerr << "generating " << shape.trackedFiles << " files in " << options.repo << "\n";
-        makeWorkingTreeRepository(options.repo, shape);
-    }
-    const std::vector<std::string> arguments{"status",       "--porcelain=v2", "--branch",
-                                             "--show-stash", "-uall",          "-z"};
+    ensureWorkingTreeRepository(options.repo, shape);
+    const std::vector<std::string>& arguments = statusArguments();
 
     BenchService bench(options.repo);
     auto& service = bench.service;

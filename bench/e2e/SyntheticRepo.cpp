@@ -7,6 +7,7 @@
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
+#include <iostream>
 #include <stdexcept>
 #include <vector>
 
@@ -14,7 +15,8 @@ namespace orvel::bench {
 
 namespace fs = std::filesystem;
 
-void runGit(const std::string& directory, const std::vector<std::string>& arguments, const std::string& input) {
+void runGit(const std::string& directory, const std::vector<std::string>& arguments,
+            const std::string& input) {
     ChildRequest request;
     request.stdinPath = input;
     request.executable = "/usr/bin/git";
@@ -198,6 +200,19 @@ std::string generatedFilePath(std::size_t n) {
     return path;
 }
 
+void ensureWorkingTreeRepository(const std::string& directory, const WorkingTreeShape& shape) {
+    if (fs::exists(fs::path(directory) / ".git"))
+        return;
+    std::cerr << "generating " << shape.trackedFiles << " files in " << directory << "\n";
+    makeWorkingTreeRepository(directory, shape);
+}
+
+const std::vector<std::string>& statusArguments() {
+    static const std::vector<std::string> arguments{"status",       "--porcelain=v2", "--branch",
+                                                    "--show-stash", "-uall",          "-z"};
+    return arguments;
+}
+
 void makeWorkingTreeRepository(const std::string& directory, const WorkingTreeShape& shape) {
     fs::create_directories(directory);
     runGit(directory, {"init", "-q", "-b", "main"});
@@ -210,7 +225,8 @@ void makeWorkingTreeRepository(const std::string& directory, const WorkingTreeSh
             << "data 17\nsynthetic content\n";
         for (std::size_t n = 0; n < shape.trackedFiles; ++n) {
             const std::string content = fileContent(n);
-            out << "M 100644 inline " << generatedFilePath(n) << "\ndata " << content.size() << "\n" << content << "\n";
+            out << "M 100644 inline " << generatedFilePath(n) << "\ndata " << content.size() << "\n"
+                << content << "\n";
         }
         out << "\n";
     }
@@ -278,9 +294,10 @@ void makeHistoryRepository(const std::string& directory, const HistoryShape& sha
             const std::string message = "Generated change " + std::to_string(n) + "\n\nOn line " +
                                         std::to_string(line) + " of the synthetic history.\n";
             const std::uint64_t time = 1700000000ULL + n * 60;
-            out << "commit " << ref << "\nmark :" << mark << "\nauthor Author " << n % 50 << " <author" << n % 50
-                << "@example.invalid> " << time << " +0000\ncommitter Bench <bench@example.invalid> " << time
-                << " +0000\ndata " << message.size() << "\n"
+            out << "commit " << ref << "\nmark :" << mark << "\nauthor Author " << n % 50 << " <author"
+                << n % 50 << "@example.invalid> " << time
+                << " +0000\ncommitter Bench <bench@example.invalid> " << time << " +0000\ndata "
+                << message.size() << "\n"
                 << message;
             if (orphan) {
                 out << "M 100644 :1 file-0.txt\n\n";
@@ -297,7 +314,8 @@ void makeHistoryRepository(const std::string& directory, const HistoryShape& sha
                 const std::size_t count = next(10) == 0 ? 3 : 1;
                 for (std::size_t m = 0; m < count; ++m) {
                     const std::size_t other = tips[next(lineCount)];
-                    if (other != 0 && other != parent && std::find(merged.begin(), merged.end(), other) == merged.end())
+                    if (other != 0 && other != parent &&
+                        std::find(merged.begin(), merged.end(), other) == merged.end())
                         merged.push_back(other);
                 }
             }

@@ -18,6 +18,12 @@ struct WorkingTreeShape {
 // at the end so that timed runs of status don't pay for a first stat pass.
 void makeWorkingTreeRepository(const std::string& directory, const WorkingTreeShape& shape);
 
+// The same, unless `directory` already holds a repository from an earlier run.
+void ensureWorkingTreeRepository(const std::string& directory, const WorkingTreeShape& shape);
+
+// The arguments of the service's status read, for git's side of a status benchmark.
+const std::vector<std::string>& statusArguments();
+
 // Runs git with `arguments` in `directory`, stdin read from `input`; throws with git's stderr on failure.
 void runGit(const std::string& directory, const std::vector<std::string>& arguments,
             const std::string& input = "/dev/null");

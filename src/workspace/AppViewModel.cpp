@@ -1,5 +1,6 @@
 #include "workspace/AppViewModel.h"
 
+#include "changes/ChangesPaneViewModel.h"
 #include "core/service/GitServiceProtocol.h"
 #include "core/support/Log.h"
 #include "core/support/Text.h"
@@ -146,12 +147,13 @@ void AppViewModel::openTab(const RepoEntry& entry) {
     qCDebug(lcApp, "op=tab.open tabCount=%ld", static_cast<long>(openTabs_.size() + 1));
     WorkspaceTabState::Options options;
     options.maintainCommitGraph = defaults_.value(QStringLiteral("maintainCommitGraph"), true).toBool();
+    options.autoPrune = defaults_.value(QStringLiteral("autoPrune"), true).toBool();
     auto tab = std::make_unique<WorkspaceTabState>(entry, service_, toastManager_, options);
     WorkspaceTabState* opened = tab.get();
     // The tab's actions show one activity at a time: a new message replaces the tab's last one.
     auto slot = std::make_shared<std::optional<QUuid>>();
     QPointer<AppViewModel> self(this);
-    tab->graph().setActivityCallback([self, slot](std::optional<QString> message) {
+    auto activity = [self, slot](std::optional<QString> message) {
         if (!self)
             return;
         if (*slot)
@@ -159,7 +161,9 @@ void AppViewModel::openTab(const RepoEntry& entry) {
         slot->reset();
         if (message)
             *slot = self->pushActivity(*message);
-    });
+    };
+    tab->graph().setActivityCallback(activity);
+    tab->changes().setActivityCallback(activity);
     tab->loadData();
     openTabs_.push_back(std::move(tab));
     activeTabID_ = opened->id();

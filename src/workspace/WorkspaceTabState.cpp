@@ -1,5 +1,6 @@
 #include "workspace/WorkspaceTabState.h"
 
+#include "changes/ChangesPaneViewModel.h"
 #include "core/service/GitServiceProtocol.h"
 #include "core/support/Log.h"
 #include "diff/DiffDetailViewModel.h"
@@ -7,9 +8,11 @@
 #include "merge/ConflictBannerViewModel.h"
 #include "settings/LocalizationManager.h"
 #include "sidebar/SidebarViewModel.h"
+#include "workspace/ContentViewModel.h"
 #include "workspace/FileSystemWatcher.h"
 #include "workspace/RemoteChoice.h"
 #include "workspace/ToastManager.h"
+#include "workspace/WorkspaceViewModel.h"
 
 #include <QPointer>
 
@@ -22,11 +25,28 @@ WorkspaceTabState::WorkspaceTabState(RepoEntry repo, std::shared_ptr<GitServiceP
     : QObject(parent), repo_(std::move(repo)), service_(std::move(service)), toasts_(toasts),
       options_(options), currentBranchName_(repo_.currentBranch),
       graph_(std::make_unique<RepoGraphPaneViewModel>(repo_, service_, toasts_)),
+      workspace_(std::make_unique<WorkspaceViewModel>()),
+      changes_(std::make_unique<ChangesPaneViewModel>(repo_, service_, toasts_)),
+      content_(std::make_unique<ContentViewModel>(service_)),
       conflictBanner_(std::make_unique<ConflictBannerViewModel>(repo_, service_, toasts_)),
       sidebar_(std::make_unique<SidebarViewModel>(service_, toasts_)),
       diff_(std::make_unique<DiffDetailViewModel>(repo_, service_)) {
     if (!currentBranchName_)
         detachedHead_ = repo_.headHash;
+    changes_->setAutoPrune(options_.autoPrune);
+    connect(changes_.get(), &ChangesPaneViewModel::commitSucceeded, this,
+            &WorkspaceTabState::commitSucceeded);
+    connect(changes_.get(), &ChangesPaneViewModel::stashCompleted, this, [this] {
+        qCDebug(lcApp, "op=tab.stashComplete");
+        sidebar_->loadBranches(repo_);
+    });
+    // The graph's working-tree row counts the changes page's rows, moved optimistically or read.
+    connect(changes_.get(), &ChangesPaneViewModel::listsChanged, this, [this] {
+        const int staged = static_cast<int>(changes_->stagedFiles().size());
+        const int unstaged = static_cast<int>(changes_->unstagedFiles().size());
+        graph_->setWorkingTreeCounts(staged, unstaged);
+        emit workingTreeCountsChanged(staged, unstaged);
+    });
     // A reset, pick or revert from the graph's menu changed the repository.
     connect(graph_.get(), &RepoGraphPaneViewModel::repositoryChanged, this, &WorkspaceTabState::refresh);
     connect(conflictBanner_.get(), &ConflictBannerViewModel::repositoryChanged, this,
@@ -58,7 +78,7 @@ QString WorkspaceTabState::title() const {
 void WorkspaceTabState::loadData() {
     // The graph's read is queued first: it is what the user waits for.
     loadGraphAndMaintain();
-    readWorkingTreeCounts();
+    refreshWorkingTree();
     loadCurrentBranch();
     conflictBanner_->refresh();
     sidebar_->loadBranches(repo_);
@@ -72,7 +92,7 @@ void WorkspaceTabState::loadCurrentBranch() {
 
 void WorkspaceTabState::refresh() {
     qCDebug(lcApp, "op=sidebar.refreshRequested reason=user");
-    readWorkingTreeCounts();
+    refreshWorkingTree();
     graph_->load();
     sidebar_->loadBranches(repo_);
     conflictBanner_->refresh();
@@ -103,7 +123,7 @@ void WorkspaceTabState::checkoutComplete() {
     qCDebug(lcApp, "op=tab.checkoutComplete");
     graph_->load();
     loadCurrentBranch();
-    readWorkingTreeCounts();
+    refreshWorkingTree();
     conflictBanner_->refresh();
 }
 
@@ -141,8 +161,14 @@ void WorkspaceTabState::cancelAllTasks() {
         fileWatcher_.reset();
     }
     branchLoads_.cancel();
-    refreshLoads_.cancel();
     maintenance_.cancel();
+    changes_->dismissAmendPush();
+}
+
+void WorkspaceTabState::commitSucceeded() {
+    graph_->load();
+    loadCurrentBranch();
+    sidebar_->loadBranches(repo_);
 }
 
 void WorkspaceTabState::watchLimitReached() {
@@ -190,27 +216,11 @@ QCoro::Task<void> WorkspaceTabState::readCurrentBranch() {
     }
 }
 
-QCoro::Task<void> WorkspaceTabState::readWorkingTreeCounts() {
-    auto ticket = refreshLoads_.begin(this);
-    auto service = service_;
-    try {
-        const StatusResult status = co_await service->status(repo_);
-        if (!ticket.isCurrent())
-            co_return;
-        int staged = 0, unstaged = 0;
-        // A file changed in the index and again in the work tree counts on both sides.
-        for (const FileChange& change : status.files) {
-            const bool tracked = change.status.kind == FileStatusKind::Case::tracked;
-            staged += tracked && change.status.index != TrackedStatus::unmodified;
-            unstaged += tracked ? change.status.worktree != TrackedStatus::unmodified
-                                : change.status.kind != FileStatusKind::Case::ignored;
-        }
-        graph_->setWorkingTreeCounts(staged, unstaged);
-        emit workingTreeCountsChanged(staged, unstaged);
-    } catch (const std::exception& error) {
-        if (ticket.isCurrent())
-            qCDebug(lcApp, "op=tab.refreshStatus reason=%s", redactForLog(error.what()).c_str());
-    }
+QCoro::Task<void> WorkspaceTabState::refreshWorkingTree() {
+    auto changesRead = changes_->refreshStatus();
+    auto contentRead = content_->refreshStatus(repo_);
+    co_await std::move(changesRead);
+    co_await std::move(contentRead);
 }
 
 QCoro::Task<void> WorkspaceTabState::loadGraphAndMaintain() {

@@ -21,6 +21,8 @@
 
 namespace orvel {
 
+class ChangesPaneViewModel;
+class ContentViewModel;
 class ConflictBannerViewModel;
 class DiffDetailViewModel;
 class FileSystemWatcher;
@@ -28,6 +30,7 @@ class GitServiceProtocol;
 class RepoGraphPaneViewModel;
 class SidebarViewModel;
 class ToastManager;
+class WorkspaceViewModel;
 
 class WorkspaceTabState final : public QObject {
     Q_OBJECT
@@ -37,6 +40,8 @@ class WorkspaceTabState final : public QObject {
         // Keep git's commit-graph file current after the first graph load ("maintainCommitGraph").
         bool maintainCommitGraph = true;
         std::chrono::milliseconds watcherDebounce{500};
+        // Whether the fetch after a commit and push prunes ("autoPrune").
+        bool autoPrune = true;
     };
 
     WorkspaceTabState(RepoEntry repo, std::shared_ptr<GitServiceProtocol> service, ToastManager& toasts,
@@ -54,6 +59,9 @@ class WorkspaceTabState final : public QObject {
     // What the tab bar shows: the current branch, or the short hash of a detached HEAD.
     QString title() const;
     RepoGraphPaneViewModel& graph() const { return *graph_; }
+    ChangesPaneViewModel& changes() const { return *changes_; }
+    WorkspaceViewModel& workspace() const { return *workspace_; }
+    ContentViewModel& content() const { return *content_; }
     ConflictBannerViewModel& conflictBanner() const { return *conflictBanner_; }
     SidebarViewModel& sidebar() const { return *sidebar_; }
     DiffDetailViewModel& diff() const { return *diff_; }
@@ -78,7 +86,10 @@ class WorkspaceTabState final : public QObject {
 
   private:
     QCoro::Task<void> readCurrentBranch();
-    QCoro::Task<void> readWorkingTreeCounts();
+    // Both status reads side by side; the graph's working-tree row follows the changes' lists.
+    QCoro::Task<void> refreshWorkingTree();
+    // A commit from the changes page: the graph and the branch name follow.
+    void commitSucceeded();
     // The first graph load, then git's commit-graph file when it needs writing.
     QCoro::Task<void> loadGraphAndMaintain();
     void watchLimitReached();
@@ -95,13 +106,15 @@ class WorkspaceTabState final : public QObject {
     std::optional<std::string> detachedHead_;
     std::vector<BranchEntry> branches_;
     std::unique_ptr<RepoGraphPaneViewModel> graph_;
+    std::unique_ptr<WorkspaceViewModel> workspace_;
+    std::unique_ptr<ChangesPaneViewModel> changes_;
+    std::unique_ptr<ContentViewModel> content_;
     std::unique_ptr<ConflictBannerViewModel> conflictBanner_;
     std::unique_ptr<SidebarViewModel> sidebar_;
     std::unique_ptr<DiffDetailViewModel> diff_;
     std::unique_ptr<FileSystemWatcher> fileWatcher_;
     bool toldWatchLimit_ = false;
     LoadGeneration branchLoads_;
-    LoadGeneration refreshLoads_;
     LoadGeneration maintenance_;
 };
 

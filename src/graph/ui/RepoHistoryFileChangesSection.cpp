@@ -87,9 +87,22 @@ RepoHistoryFileChangesSection::RepoHistoryFileChangesSection(RepoGraphPaneViewMo
     showFileChanges();
 }
 
+void RepoHistoryFileChangesSection::setWorkingTreeFiles(std::vector<FileChange> files) {
+    workingTreeFiles_ = std::move(files);
+    if (isWorkingTreeSelected())
+        showFileChanges();
+}
+
+bool RepoHistoryFileChangesSection::isWorkingTreeSelected() const {
+    const GraphCommit* commit = graph_.selectedCommit();
+    return commit && commit->hash == RepoGraphPaneViewModel::workingTreeHash;
+}
+
 void RepoHistoryFileChangesSection::showFileChanges() {
-    const auto& changes = graph_.selectedNodeFileChanges();
-    files_->setFiles(changes.value_or(std::vector<FileChange>()));
+    if (isWorkingTreeSelected())
+        files_->setFiles(workingTreeFiles_);
+    else
+        files_->setFiles(graph_.selectedNodeFileChanges().value_or(std::vector<FileChange>()));
     retranslate();
 }
 
@@ -101,11 +114,9 @@ void RepoHistoryFileChangesSection::showMode() {
     QString hint;
     if (graph_.isLoadingFileChanges())
         hint = localized("Loading file changes...");
-    else if (commit && commit->hash == RepoGraphPaneViewModel::workingTreeHash)
-        hint = localized("Uncommitted changes are listed on the Changes page.");
     else if (files_->shownFileCount() == 0 && !filter_->text().isEmpty())
         hint = localized("No files match the filter");
-    else if (files_->shownFileCount() == 0 && graph_.selectedNodeFileChanges())
+    else if (files_->shownFileCount() == 0 && (graph_.selectedNodeFileChanges() || isWorkingTreeSelected()))
         hint = localized("No files changed in this commit");
     hint_->setText(hint);
     hint_->setVisible(!hint.isEmpty());
@@ -121,6 +132,13 @@ void RepoHistoryFileChangesSection::activate(const QModelIndex& index) {
     const GraphCommit* commit = graph_.selectedCommit();
     if (!file || !commit)
         return;
+    if (isWorkingTreeSelected()) {
+        // A file changed only in the index shows its staged diff; any other its work tree's.
+        const bool stagedOnly = file->status.kind == FileStatusKind::Case::tracked &&
+                                file->status.worktree == TrackedStatus::unmodified;
+        emit showWorkingTreeDiffRequested(*file, stagedOnly);
+        return;
+    }
     emit showDiffRequested(*file, commit->hash, commit->parentHashes.size() > 1);
 }
 
@@ -132,8 +150,11 @@ void RepoHistoryFileChangesSection::changeEvent(QEvent* event) {
 
 void RepoHistoryFileChangesSection::retranslate() {
     const auto& changes = graph_.selectedNodeFileChanges();
-    title_->setText(changes ? localized("%1 file(s)", static_cast<int>(changes->size()))
-                            : localized("Files"));
+    if (isWorkingTreeSelected())
+        title_->setText(localized("%1 file(s)", static_cast<int>(workingTreeFiles_.size())));
+    else
+        title_->setText(changes ? localized("%1 file(s)", static_cast<int>(changes->size()))
+                                : localized("Files"));
     filter_->setPlaceholderText(localized("Filter files"));
     filter_->setAccessibleName(localized("Filter changed files"));
     const bool ascending = files_->sortOrder() == FileChangesSortOrder::ascend;

@@ -1,6 +1,7 @@
 // The files the selected commit changed, flat or as a directory tree, with the section's own filter
-// and order; "Loading file changes..." while the graph reads them. Activating a file asks for its
-// diff in that commit.
+// and order; "Loading file changes..." while the graph reads them. The working-tree row lists the
+// working tree's changed files. Activating a file asks for its diff in that commit (or in the
+// working tree).
 #pragma once
 
 #include "core/records/FileChange.h"
@@ -8,6 +9,7 @@
 #include <QWidget>
 
 #include <string>
+#include <vector>
 
 class QLabel;
 class QLineEdit;
@@ -25,8 +27,12 @@ class RepoHistoryFileChangesSection final : public QWidget {
   public:
     explicit RepoHistoryFileChangesSection(RepoGraphPaneViewModel& graph, QWidget* parent = nullptr);
 
+    // What the working-tree row lists, one record a changed path.
+    void setWorkingTreeFiles(std::vector<FileChange> files);
+
   signals:
     void showDiffRequested(const orvel::FileChange& file, const std::string& hash, bool isMerge);
+    void showWorkingTreeDiffRequested(const orvel::FileChange& file, bool isStaged);
 
   protected:
     void changeEvent(QEvent* event) override;
@@ -36,6 +42,7 @@ class RepoHistoryFileChangesSection final : public QWidget {
     void showFileChanges();
     void showMode();
     void activate(const QModelIndex& index);
+    bool isWorkingTreeSelected() const;
 
     RepoGraphPaneViewModel& graph_;
     FileTreeModel* files_;
@@ -46,6 +53,7 @@ class RepoHistoryFileChangesSection final : public QWidget {
     QToolButton* treeButton_;
     QTreeView* view_;
     QLabel* hint_;
+    std::vector<FileChange> workingTreeFiles_;
 };
 
 } // namespace orvel

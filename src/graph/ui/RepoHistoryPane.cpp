@@ -69,6 +69,8 @@ RepoHistoryPane::RepoHistoryPane(RepoGraphPaneViewModel& graph, QWidget* parent)
             &RepoHistoryPane::goToChangesRequested);
     connect(fileChanges_, &RepoHistoryFileChangesSection::showDiffRequested, this,
             &RepoHistoryPane::showDiffRequested);
+    connect(fileChanges_, &RepoHistoryFileChangesSection::showWorkingTreeDiffRequested, this,
+            &RepoHistoryPane::showWorkingTreeDiffRequested);
     connect(authors_, &RepoHistoryAuthorsSection::parentActivated, this,
             [this](const std::string& hash) { graph_.selectCommit(hash); });
     connect(&graph_, &RepoGraphPaneViewModel::selectionChanged, this, &RepoHistoryPane::showSelection);
@@ -82,6 +84,10 @@ RepoHistoryPane::~RepoHistoryPane() = default;
 
 void RepoHistoryPane::setWorkingTreeChangeCount(int count) {
     notification_->setChangeCount(count);
+}
+
+void RepoHistoryPane::setWorkingTreeFiles(std::vector<FileChange> files) {
+    fileChanges_->setWorkingTreeFiles(std::move(files));
 }
 
 void RepoHistoryPane::showSelection() {

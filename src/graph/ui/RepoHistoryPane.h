@@ -10,6 +10,7 @@
 #include <array>
 #include <memory>
 #include <string>
+#include <vector>
 
 class QFrame;
 class QLabel;
@@ -34,12 +35,15 @@ class RepoHistoryPane final : public QWidget {
 
     // The number of changed files in the working tree; above 0 the notice shows.
     void setWorkingTreeChangeCount(int count);
+    // The files the working-tree row lists when it is selected.
+    void setWorkingTreeFiles(std::vector<FileChange> files);
 
     GraphPane& graphPane() const { return *graphPane_; }
 
   signals:
     void goToChangesRequested();
     void showDiffRequested(const orvel::FileChange& file, const std::string& hash, bool isMerge);
+    void showWorkingTreeDiffRequested(const orvel::FileChange& file, bool isStaged);
 
   protected:
     void changeEvent(QEvent* event) override;

@@ -1,0 +1,267 @@
+// The actions on rows and lists of the changes page: each moves rows at once, then runs git (or
+// changes the disk), tells a failure in a warning toast, and lets a status read set the lists right.
+#include "changes/ChangesPaneViewModel.h"
+
+#include "changes/StatusRows.h"
+#include "core/queue/BackgroundWork.h"
+#include "core/service/GitServiceProtocol.h"
+#include "core/support/AtomicFile.h"
+#include "core/support/Log.h"
+#include "settings/LocalizationManager.h"
+#include "workspace/ToastManager.h"
+
+#include <QClipboard>
+#include <QDesktopServices>
+#include <QGuiApplication>
+#include <QPointer>
+#include <QUrl>
+
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+
+namespace orvel {
+
+namespace {
+
+QString errorText(const std::exception& error) {
+    return QString::fromUtf8(error.what());
+}
+
+std::string fullPath(const RepoEntry& repo, const std::string& path) {
+    return (std::filesystem::path(repo.path) / path).string();
+}
+
+// Removal is permanent: the file doesn't go to a bin. A path that is already gone is an error, as
+// the file manager would say.
+void removeFromDisk(const std::string& path) {
+    std::filesystem::remove_all(path);
+}
+
+QCoro::Task<void> removeOnPool(std::string path) {
+    co_await runOnPool(backgroundPool(), [path] {
+        if (!std::filesystem::exists(std::filesystem::symlink_status(path)))
+            throw std::filesystem::filesystem_error(
+                "Cannot remove file", path, std::make_error_code(std::errc::no_such_file_or_directory));
+        removeFromDisk(path);
+    });
+}
+
+// Appends `entry` as a line of its own to the ignore file at `path`, made when missing.
+void appendIgnoreEntry(const std::string& path, const std::string& entry) {
+    std::string text;
+    if (std::filesystem::exists(path)) {
+        std::ifstream in(path, std::ios::binary);
+        if (!in)
+            throw std::filesystem::filesystem_error("Cannot read", path,
+                                                    std::make_error_code(std::errc::io_error));
+        std::ostringstream content;
+        content << in.rdbuf();
+        text = content.str();
+    }
+    if (!text.empty() && text.back() != '\n')
+        text += '\n';
+    text += entry;
+    text += '\n';
+    replaceFileAtomically(path, text);
+}
+
+bool isUntracked(const FileChange& file) {
+    return file.status.kind == FileStatusKind::Case::untracked;
+}
+
+} // namespace
+
+void ChangesPaneViewModel::copyPath(const FileChange& file) {
+    const QString path = QString::fromStdString(fullPath(repo_, file.path));
+    QClipboard* clipboard = QGuiApplication::clipboard();
+    if (clipboard)
+        clipboard->setText(path);
+    // A clipboard that no one serves keeps its old content.
+    if (!clipboard || clipboard->text() != path)
+        toasts_.show(localized("Could not copy to clipboard"), ToastType::warning);
+}
+
+void ChangesPaneViewModel::showInFileManager(const FileChange& file) {
+    const auto folder = std::filesystem::path(fullPath(repo_, file.path)).parent_path();
+    if (!QDesktopServices::openUrl(QUrl::fromLocalFile(QString::fromStdString(folder.string()))))
+        toasts_.show(localized("Could not reveal file in File Manager"), ToastType::warning);
+}
+
+QCoro::Task<bool> ChangesPaneViewModel::runAndRefresh(QCoro::Task<void> operation, const char* logName,
+                                                      const char* failureFormat) {
+    QPointer<ChangesPaneViewModel> self(this);
+    bool succeeded = true;
+    try {
+        co_await std::move(operation);
+    } catch (const std::exception& error) {
+        succeeded = false;
+        qCDebug(lcStaging, "op=%s reason=%s", logName, redactForLog(error.what()).c_str());
+        if (self)
+            toasts_.show(localized(failureFormat, errorText(error)), ToastType::warning);
+    }
+    if (self)
+        co_await refreshStatus();
+    co_return succeeded;
+}
+
+QCoro::Task<void> ChangesPaneViewModel::stageFile(FileChange file) {
+    qCDebug(lcStaging, "op=stage.file scope=file");
+    moveRows(false, [&file](const FileChange& row) { return row.path == file.path; });
+    co_await runAndRefresh(service_->stage(repo_, file.path), "stage.file", "Stage failed: %1");
+}
+
+QCoro::Task<void> ChangesPaneViewModel::unstageFile(FileChange file) {
+    qCDebug(lcStaging, "op=unstage.file scope=file");
+    moveRows(true, [&file](const FileChange& row) { return row.path == file.path; });
+    co_await runAndRefresh(service_->unstage(repo_, file.path), "unstage.file", "Unstage failed: %1");
+}
+
+QCoro::Task<void> ChangesPaneViewModel::stageSelected() {
+    std::vector<std::string> paths = moveSelected(false);
+    qCDebug(lcStaging, "op=stage.selected count=%ld", static_cast<long>(paths.size()));
+    co_await runAndRefresh(service_->stageFiles(repo_, std::move(paths)), "stage.selected",
+                           "Stage failed: %1");
+}
+
+QCoro::Task<void> ChangesPaneViewModel::unstageSelected() {
+    std::vector<std::string> paths = moveSelected(true);
+    qCDebug(lcStaging, "op=unstage.selected count=%ld", static_cast<long>(paths.size()));
+    co_await runAndRefresh(service_->unstageFiles(repo_, std::move(paths)), "unstage.selected",
+                           "Unstage failed: %1");
+}
+
+std::vector<std::string> ChangesPaneViewModel::moveSelected(bool fromStaged) {
+    std::vector<std::string> paths;
+    for (const FileChange& file : selectedFiles(fromStaged))
+        paths.push_back(file.path);
+    const std::set<std::string> moving(paths.begin(), paths.end());
+    moveRows(fromStaged, [&moving](const FileChange& row) { return moving.contains(row.path); });
+    return paths;
+}
+
+QCoro::Task<void> ChangesPaneViewModel::stageAll() {
+    qCDebug(lcStaging, "op=stage.all count=%ld", static_cast<long>(unstagedFiles_.size()));
+    moveRows(false, [](const FileChange&) { return true; });
+    co_await runAndRefresh(service_->stageAll(repo_), "stage.all", "Stage all failed: %1");
+}
+
+QCoro::Task<void> ChangesPaneViewModel::unstageAll() {
+    qCDebug(lcStaging, "op=unstage.all count=%ld", static_cast<long>(stagedFiles_.size()));
+    moveRows(true, [](const FileChange&) { return true; });
+    co_await runAndRefresh(service_->unstageAll(repo_), "unstage.all", "Unstage all failed: %1");
+}
+
+QCoro::Task<void> ChangesPaneViewModel::discardFile(FileChange file) {
+    qCDebug(lcStaging, "op=discard.file scope=file");
+    removeRows(false, [&file](const FileChange& row) { return row.path == file.path; });
+    // git can't restore what it never tracked: an untracked file is removed from the disk.
+    auto operation = isUntracked(file) ? removeOnPool(fullPath(repo_, file.path))
+                                       : service_->discardChanges(repo_, file.path, false);
+    co_await runAndRefresh(std::move(operation), "discard.file", "Discard failed: %1");
+}
+
+QCoro::Task<void> ChangesPaneViewModel::deleteFile(FileChange file) {
+    QPointer<ChangesPaneViewModel> self(this);
+    try {
+        co_await removeOnPool(fullPath(repo_, file.path));
+    } catch (const std::exception& error) {
+        qCDebug(lcStaging, "op=delete.file reason=%s", redactForLog(error.what()).c_str());
+        if (self)
+            toasts_.show(localized("Failed to delete file: %1", errorText(error)), ToastType::warning);
+        co_return;
+    }
+    if (!self)
+        co_return;
+    removeRows(true, [&file](const FileChange& row) { return row.path == file.path; });
+    removeRows(false, [&file](const FileChange& row) { return row.path == file.path; });
+    co_await refreshStatus();
+}
+
+QCoro::Task<void> ChangesPaneViewModel::ignoreFile(FileChange file) {
+    QPointer<ChangesPaneViewModel> self(this);
+    try {
+        co_await runOnPool(backgroundPool(), [ignorePath = fullPath(repo_, ".gitignore"), entry = file.path] {
+            appendIgnoreEntry(ignorePath, entry);
+        });
+    } catch (const std::exception& error) {
+        qCDebug(lcStaging, "op=ignore.file reason=%s", redactForLog(error.what()).c_str());
+        if (self)
+            toasts_.show(localized("Failed to update .gitignore"), ToastType::warning);
+        co_return;
+    }
+    if (!self)
+        co_return;
+    removeRows(false, [&file](const FileChange& row) { return row.path == file.path; });
+    co_await refreshStatus();
+}
+
+QCoro::Task<void> ChangesPaneViewModel::stashFile(FileChange file) {
+    qCDebug(lcStaging, "op=stash.file scope=file");
+    QPointer<ChangesPaneViewModel> self(this);
+    removeRows(false, [&file](const FileChange& row) { return row.path == file.path; });
+    const bool stashed =
+        co_await runAndRefresh(service_->stashFile(repo_, file.path), "stash.file", "Stash failed: %1");
+    if (stashed && self)
+        emit stashCompleted();
+}
+
+QCoro::Task<void> ChangesPaneViewModel::resolveConflictOurs(FileChange file) {
+    qCDebug(lcStaging, "op=conflict.resolveOurs");
+    removeRows(false, [&file](const FileChange& row) { return row.path == file.path; });
+    co_await runAndRefresh(service_->resolveConflictUsingOurs(repo_, file.path), "conflict.resolveOurs",
+                           "Resolve conflict failed: %1");
+}
+
+QCoro::Task<void> ChangesPaneViewModel::resolveConflictTheirs(FileChange file) {
+    qCDebug(lcStaging, "op=conflict.resolveTheirs");
+    removeRows(false, [&file](const FileChange& row) { return row.path == file.path; });
+    co_await runAndRefresh(service_->resolveConflictUsingTheirs(repo_, file.path), "conflict.resolveTheirs",
+                           "Resolve conflict failed: %1");
+}
+
+QCoro::Task<void> ChangesPaneViewModel::discardAll() {
+    if (isDiscardingAll_)
+        co_return;
+    isDiscardingAll_ = true;
+    emit discardingAllChanged();
+    QPointer<ChangesPaneViewModel> self(this);
+    auto service = service_;
+    const RepoEntry repo = repo_;
+    std::vector<FileChange> rows = unstagedFiles_;
+    rows.insert(rows.end(), stagedFiles_.begin(), stagedFiles_.end());
+    if (!stagedFiles_.empty()) {
+        try {
+            co_await service->unstageAll(repo);
+        } catch (const std::exception& error) {
+            qCDebug(lcStaging, "op=discard.all scope=unstageAll reason=%s",
+                    redactForLog(error.what()).c_str());
+        }
+    }
+    std::vector<std::string> failed;
+    for (const FileChange& file : rows) {
+        try {
+            // After the unstage, a file that was only added is untracked: git can't restore it.
+            if (isUntracked(file) || file.displayStatus == TrackedStatus::added)
+                co_await removeOnPool(fullPath(repo, file.path));
+            else
+                co_await service->discardChanges(repo, file.path, false);
+        } catch (const std::exception& error) {
+            qCDebug(lcStaging, "op=discard.all scope=file reason=%s", redactForLog(error.what()).c_str());
+            if (std::find(failed.begin(), failed.end(), file.path) == failed.end())
+                failed.push_back(file.path);
+        }
+    }
+    if (!self)
+        co_return;
+    co_await refreshStatus();
+    if (!self)
+        co_return;
+    if (!failed.empty())
+        toasts_.show(localized("Failed to discard %1 file(s)", static_cast<int>(failed.size())),
+                     ToastType::warning);
+    isDiscardingAll_ = false;
+    emit discardingAllChanged();
+}
+
+} // namespace orvel

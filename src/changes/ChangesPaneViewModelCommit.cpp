@@ -1,0 +1,200 @@
+// The commit form's flow: commit or amend, then, when asked, push; an amended commit whose
+// earlier version was already pushed asks first, since pushing it needs a force push.
+#include "changes/ChangesPaneViewModel.h"
+
+#include "changes/AnswerChannel.h"
+#include "changes/CommitMessage.h"
+#include "core/service/GitServiceProtocol.h"
+#include "core/support/Log.h"
+#include "settings/LocalizationManager.h"
+#include "workspace/ToastManager.h"
+
+#include <QPointer>
+
+#include <algorithm>
+
+namespace orvel {
+
+namespace {
+
+QString errorText(const std::exception& error) {
+    return QString::fromUtf8(error.what());
+}
+
+const BranchEntry* currentLocalBranch(const std::vector<BranchEntry>& branches) {
+    const auto found = std::find_if(branches.begin(), branches.end(), [](const BranchEntry& branch) {
+        return branch.isCurrent && !branch.isRemote;
+    });
+    return found == branches.end() ? nullptr : &*found;
+}
+
+// The fetch after a push, so that the remote-tracking refs show what was pushed; nobody awaits it.
+QCoro::Task<void> fetchAfterPush(std::shared_ptr<GitServiceProtocol> service, RepoEntry repo,
+                                 std::string remote, bool prune) {
+    try {
+        co_await service->fetch(std::move(repo), std::move(remote), prune);
+    } catch (const std::exception&) {
+        qCDebug(lcStaging, "op=commit.push.fetch result=error");
+    }
+}
+
+} // namespace
+
+QCoro::Task<void> ChangesPaneViewModel::commit() {
+    const std::optional<std::string> message = composeCommitMessage(commitSubject_, commitDescription_);
+    if (!message)
+        co_return;
+    if (stagedFiles_.empty() && !isAmend_) {
+        toasts_.show(localized("No staged files to commit"), ToastType::warning);
+        co_return;
+    }
+    const bool wasAmend = isAmend_;
+    const bool wantsPush = isCommitAndPush_;
+    qCDebug(lcStaging, "op=%s count=%ld push=%d", wasAmend ? "commit.amend" : "commit.create",
+            static_cast<long>(stagedFiles_.size()), wantsPush);
+    // A new commit task replaces the stop of an earlier one.
+    commitStop_ = std::stop_source();
+    const std::stop_token cancellation = commitStop_.get_token();
+    QPointer<ChangesPaneViewModel> self(this);
+    const ActivityCallback activity = activity_;
+    auto end = [&activity] {
+        if (activity)
+            activity(std::nullopt);
+    };
+    if (activity)
+        activity(wasAmend ? localized("Amending commit…") : localized("Committing…"));
+    auto service = service_;
+    // Whether the amend rewrites a commit the upstream already has: nothing of the branch was
+    // unpushed before it. Read first, since afterwards git counts the new commit as ahead.
+    bool rewritesPushedCommit = false;
+    if (wasAmend && wantsPush) {
+        try {
+            const std::vector<BranchEntry> branches = co_await service->branches(repo_);
+            const BranchEntry* current = currentLocalBranch(branches);
+            rewritesPushedCommit =
+                current && current->upstream && !current->upstream->isGone && current->upstream->ahead == 0;
+        } catch (const std::exception&) {
+            rewritesPushedCommit = false;
+        }
+        if (!self) {
+            end();
+            co_return;
+        }
+    }
+    auto operation = wasAmend ? service->amendCommit(repo_, *message) : service->commit(repo_, *message);
+    try {
+        co_await std::move(operation);
+    } catch (const std::exception& error) {
+        qCDebug(lcStaging, "op=commit.create reason=%s", redactForLog(error.what()).c_str());
+        if (self)
+            toasts_.show(localized("Commit failed: %1", errorText(error)), ToastType::warning);
+        end();
+        co_return;
+    }
+    if (!self) {
+        end();
+        co_return;
+    }
+    commitSubject_.clear();
+    commitDescription_.clear();
+    isAmend_ = false;
+    emit commitFormChanged();
+    emit commitSucceeded();
+    co_await refreshStatus();
+    if (!self) {
+        end();
+        co_return;
+    }
+    if (!wantsPush) {
+        toasts_.show(localized("Committed successfully"), ToastType::notice);
+        end();
+        co_return;
+    }
+    co_await push(wasAmend, rewritesPushedCommit, cancellation);
+    end();
+}
+
+QCoro::Task<void> ChangesPaneViewModel::push(bool wasAmend, bool rewritesPushedCommit,
+                                             std::stop_token cancellation) {
+    QPointer<ChangesPaneViewModel> self(this);
+    auto service = service_;
+    const RepoEntry repo = repo_;
+    const bool prune = autoPrune_;
+    if (cancellation.stop_requested())
+        co_return;
+    if (rewritesPushedCommit) {
+        const bool proceed = co_await askAmendPush(cancellation);
+        if (!self || !proceed)
+            co_return;
+    }
+    showActivity(localized("Pushing…"));
+    std::vector<BranchEntry> branches;
+    try {
+        branches = co_await service->branches(repo);
+    } catch (const std::exception&) {
+        branches.clear();
+    }
+    if (!self)
+        co_return;
+    const BranchEntry* current = currentLocalBranch(branches);
+    const std::string remote = current && current->upstream ? current->upstream->remoteName : "origin";
+    try {
+        // The force is left to git's own answer: no force flag is added here.
+        co_await service->push(repo, remote);
+    } catch (const std::exception& error) {
+        qCDebug(lcStaging, "op=commit.push reason=%s", redactForLog(error.what()).c_str());
+        if (self)
+            toasts_.show(localized("Push failed; your commit was saved locally: %1", errorText(error)),
+                         ToastType::warning);
+        co_return;
+    }
+    fetchAfterPush(service, repo, remote, prune);
+    qCDebug(lcStaging, "op=commit.created amend=%d pushed=true", wasAmend);
+    if (!self)
+        co_return;
+    toasts_.show(localized("Committed and pushed"), ToastType::notice);
+    emit commitSucceeded();
+}
+
+QCoro::Task<bool> ChangesPaneViewModel::askAmendPush(std::stop_token cancellation) {
+    if (cancellation.stop_requested())
+        co_return false;
+    if (pendingAmendPushContinuation_)
+        pendingAmendPushContinuation_->answer(false);
+    auto channel = std::make_shared<AnswerChannel>();
+    pendingAmendPushContinuation_ = channel;
+    pendingAmendPushConfirmation_ = true;
+    emit commitFormChanged();
+    co_return co_await *channel;
+}
+
+void ChangesPaneViewModel::confirmAmendPush() {
+    if (!pendingAmendPushContinuation_)
+        return;
+    pendingAmendPushConfirmation_ = false;
+    std::exchange(pendingAmendPushContinuation_, nullptr)->answer(true);
+    emit commitFormChanged();
+}
+
+void ChangesPaneViewModel::cancelAmendPush() {
+    if (!pendingAmendPushContinuation_)
+        return;
+    pendingAmendPushConfirmation_ = false;
+    std::exchange(pendingAmendPushContinuation_, nullptr)->answer(false);
+    emit commitFormChanged();
+    toasts_.show(
+        localized("Amend-push cancelled; your amended commit is saved locally and requires a force push to "
+                  "publish"),
+        ToastType::notice);
+}
+
+void ChangesPaneViewModel::dismissAmendPush() {
+    commitStop_.request_stop();
+    if (!pendingAmendPushContinuation_)
+        return;
+    pendingAmendPushConfirmation_ = false;
+    std::exchange(pendingAmendPushContinuation_, nullptr)->answer(false);
+    emit commitFormChanged();
+}
+
+} // namespace orvel

@@ -1,0 +1,18 @@
+// The commit form's pure rules: the submit button's title for the two options, and the message
+// made of a subject and an optional description.
+#pragma once
+
+#include <QString>
+
+#include <optional>
+#include <string>
+
+namespace orvel {
+
+QString commitButtonTitle(bool isAmend, bool isCommitAndPush);
+
+// The trimmed subject, then a blank line and the trimmed description when there is one; nothing
+// when the subject is blank.
+std::optional<std::string> composeCommitMessage(const QString& subject, const QString& description);
+
+} // namespace orvel

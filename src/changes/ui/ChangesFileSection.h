@@ -1,0 +1,52 @@
+// One list of the changes page, staged or unstaged: its title with the count, the button for the
+// whole list (or the selection), and the files flat or as a tree. Selecting a file asks for its
+// diff; the context menu holds the row's actions.
+#pragma once
+
+#include "core/records/FileChange.h"
+
+#include <QWidget>
+
+class QLabel;
+class QPushButton;
+class QTreeView;
+
+namespace orvel {
+
+class ChangesPaneViewModel;
+class FileTreeModel;
+
+class ChangesFileSection final : public QWidget {
+    Q_OBJECT
+
+  public:
+    ChangesFileSection(ChangesPaneViewModel& model, bool staged, QWidget* parent = nullptr);
+
+    QTreeView& view() const { return *view_; }
+
+  signals:
+    void fileSelected(const orvel::FileChange& file, bool staged);
+
+  protected:
+    void changeEvent(QEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+  private:
+    void showFiles();
+    void showMode();
+    void retranslate();
+    void restoreSelection();
+    void selectionEdited();
+    void runListAction();
+    void openMenu(const QPoint& position);
+
+    ChangesPaneViewModel& model_;
+    const bool staged_;
+    FileTreeModel* files_;
+    QLabel* title_;
+    QPushButton* listAction_;
+    QTreeView* view_;
+    bool restoring_ = false;
+};
+
+} // namespace orvel
