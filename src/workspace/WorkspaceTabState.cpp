@@ -55,6 +55,7 @@ WorkspaceTabState::WorkspaceTabState(RepoEntry repo, std::shared_ptr<GitServiceP
     connect(sidebar_.get(), &SidebarViewModel::checkoutComplete, this, &WorkspaceTabState::checkoutComplete);
     connect(sidebar_.get(), &SidebarViewModel::branchSelected, this, [this](const BranchEntry& branch) {
         graph_->selectCommit(branch.hash);
+        workspace_->setActiveTab(WorkspaceTab::repoHistory);
         sidebar_->acknowledgeNavigation();
     });
     // A hunk staged, unstaged or discarded from the diff pane.
