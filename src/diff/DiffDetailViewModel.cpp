@@ -5,6 +5,7 @@
 #include "core/service/GitServiceProtocol.h"
 #include "core/support/Log.h"
 #include "core/support/UserDefaults.h"
+#include "diff/GitPathQuoting.h"
 
 #include <QPointer>
 
@@ -22,7 +23,7 @@ bool isUntracked(const DiffDetailViewModel::Selection& selection) {
 // The file of `result` that `path` names: by its new path, or its old one when it was deleted.
 std::optional<FileDiff> pickFile(DiffResult& result, const std::string& path) {
     for (auto& file : result.files)
-        if (file.newPath == path || (file.newPath.empty() && file.oldPath == path))
+        if (diffPathNames(file.newPath, path) || (file.newPath.empty() && diffPathNames(file.oldPath, path)))
             return std::move(file);
     return std::nullopt;
 }

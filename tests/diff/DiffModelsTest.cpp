@@ -1,10 +1,13 @@
 // The diff subsystem's pure pieces on tables of cases: language detection, the highlighter's
-// rules and priorities, the side-by-side pairing, and file inspection on real files.
+// rules and priorities, the side-by-side pairing, file inspection on real files, and finding a
+// file of git's diff by its raw path when git quoted it.
 #include "diff/FileInspection.h"
+#include "diff/GitPathQuoting.h"
 #include "diff/SourceLanguage.h"
 #include "diff/SplitRows.h"
 #include "diff/SyntaxHighlighter.h"
 
+#include "core/parsers/DiffParser.h"
 #include "core/support/UserDefaults.h"
 #include "support/GitFixture.h"
 
@@ -44,6 +47,35 @@ struct HighlightCase {
     const char* text;
     std::vector<std::pair<const char*, T>> tokens;
 };
+
+TEST(GitPathQuotingTest, EveryChangedFileOfARealDiffIsFoundByItsRawPath) {
+    const test::TempRepo repo;
+    const std::vector<std::string> paths{"plain.txt", "\xc3\xa9t\xc3\xa9.txt", "quote\"d.txt",
+                                         "back\\slash.txt", "tab\there.txt", "\xff-not-utf8.txt", "with blank.txt"};
+    for (const std::string& path : paths)
+        repo.write(path, "one\n");
+    repo.write("gone \xc3\xa9.txt", "x\n");
+    repo.write("old \xc3\xa9.txt", "moved\nwith\nlines\n");
+    repo.commitAll("start");
+    for (const std::string& path : paths)
+        repo.write(path, "two\n");
+    repo.git({"rm", "-q", "gone \xc3\xa9.txt"});
+    repo.git({"mv", "old \xc3\xa9.txt", "new \xc3\xa9.txt"});
+    repo.git({"add", "-A"});
+
+    const DiffResult diff = GitOutputParser::parseDiff(repo.git({"diff", "--cached", "-M"}));
+    std::vector<std::string> wanted = paths;
+    wanted.push_back("new \xc3\xa9.txt");
+    for (const std::string& path : wanted) {
+        const bool found = std::any_of(diff.files.begin(), diff.files.end(),
+                                       [&](const FileDiff& file) { return diffPathNames(file.newPath, path); });
+        EXPECT_TRUE(found) << path;
+    }
+    EXPECT_TRUE(std::any_of(diff.files.begin(), diff.files.end(), [](const FileDiff& file) {
+        return file.newPath.empty() && diffPathNames(file.oldPath, "gone \xc3\xa9.txt");
+    }));
+    EXPECT_FALSE(diffPathNames("\"b/plain.txt\"", "plain.txt")) << "git never quotes a plain path";
+}
 
 TEST(SyntaxHighlighterTest, RulesClaimTextInPriorityOrder) {
     const HighlightCase cases[] = {
