@@ -84,6 +84,10 @@ std::vector<std::string> gitEnvironment(const std::vector<std::string>& inherite
     setEntry(environment, "PATH", std::string(pathPrefix) + searchPath);
     setEntry(environment, "GIT_TERMINAL_PROMPT", "0");
     setEntry(environment, "LC_ALL", "C");
+    // The reads that run behind the user's back (status after every file change) must not take
+    // the index lock for their optional refresh, or a commit typed in a terminal at that moment
+    // fails with "index.lock: File exists".
+    setEntry(environment, "GIT_OPTIONAL_LOCKS", "0");
     if (askpassScriptPath) {
         setEntry(environment, "GIT_ASKPASS", *askpassScriptPath);
         setEntry(environment, "SSH_ASKPASS", *askpassScriptPath);
