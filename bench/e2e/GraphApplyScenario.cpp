@@ -6,7 +6,7 @@
 
 #include "core/parsers/LogParser.h"
 #include "graph/RepoGraphPaneViewModel.h"
-#include "workspace/ToastManager.h"
+#include "notices/ToastManager.h"
 
 #include <QCoro/QCoroTask>
 

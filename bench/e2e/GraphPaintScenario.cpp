@@ -7,7 +7,7 @@
 #include "graph/RepoGraphPaneViewModel.h"
 #include "graph/ui/GraphRowDelegate.h"
 #include "graph/ui/GraphTableModel.h"
-#include "workspace/ToastManager.h"
+#include "notices/ToastManager.h"
 
 #include <QApplication>
 #include <QImage>

@@ -11,7 +11,7 @@
 #include "sidebar/SidebarFilterViewModel.h"
 #include "sidebar/SidebarTreeModel.h"
 #include "sidebar/SidebarViewModel.h"
-#include "workspace/ToastManager.h"
+#include "notices/ToastManager.h"
 
 #include <QCoro/QCoroTask>
 

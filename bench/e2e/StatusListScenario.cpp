@@ -7,7 +7,7 @@
 
 #include "changes/ChangesPaneViewModel.h"
 #include "changes/FileTreeModel.h"
-#include "workspace/ToastManager.h"
+#include "notices/ToastManager.h"
 
 #include <QCoro/QCoroTask>
 

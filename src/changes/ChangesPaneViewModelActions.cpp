@@ -8,7 +8,7 @@
 #include "core/support/AtomicFile.h"
 #include "core/support/Log.h"
 #include "settings/LocalizationManager.h"
-#include "workspace/ToastManager.h"
+#include "notices/ToastManager.h"
 
 #include <QClipboard>
 #include <QDesktopServices>

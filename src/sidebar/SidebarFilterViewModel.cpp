@@ -3,7 +3,7 @@
 #include "core/queue/BackgroundWork.h"
 #include "core/support/Log.h"
 #include "settings/LocalizationManager.h"
-#include "workspace/ToastManager.h"
+#include "notices/ToastManager.h"
 
 #include <functional>
 

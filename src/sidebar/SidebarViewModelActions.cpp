@@ -7,7 +7,7 @@
 #include "core/service/GitServiceProtocol.h"
 #include "core/support/Log.h"
 #include "settings/LocalizationManager.h"
-#include "workspace/ToastManager.h"
+#include "notices/ToastManager.h"
 
 #include <QPointer>
 

@@ -5,7 +5,7 @@
 
 #include "core/records/RepoEntry.h"
 #include "core/support/LoadGeneration.h"
-#include "workspace/ToastManager.h"
+#include "notices/ToastManager.h"
 #include "workspace/WorkspaceTabState.h"
 
 #include <QObject>

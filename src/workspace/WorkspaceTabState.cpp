@@ -11,7 +11,7 @@
 #include "workspace/ContentViewModel.h"
 #include "workspace/FileSystemWatcher.h"
 #include "workspace/RemoteChoice.h"
-#include "workspace/ToastManager.h"
+#include "notices/ToastManager.h"
 #include "workspace/WorkspaceViewModel.h"
 
 #include <QPointer>

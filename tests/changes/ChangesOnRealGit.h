@@ -8,7 +8,7 @@
 #include "core/support/UserDefaults.h"
 #include "support/DrainQueue.h"
 #include "support/GitFixture.h"
-#include "workspace/ToastManager.h"
+#include "notices/ToastManager.h"
 
 #include <gtest/gtest.h>
 

@@ -8,7 +8,7 @@
 #include "core/service/GitServiceError.h"
 #include "core/service/MockGitService.h"
 #include "support/Await.h"
-#include "workspace/ToastManager.h"
+#include "notices/ToastManager.h"
 
 #include <gtest/gtest.h>
 

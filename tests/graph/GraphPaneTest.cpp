@@ -9,7 +9,7 @@
 #include "core/RealGitService.h"
 #include "support/Await.h"
 #include "support/Screenshot.h"
-#include "workspace/ToastManager.h"
+#include "notices/ToastManager.h"
 
 #include <QAbstractButton>
 #include <QApplication>

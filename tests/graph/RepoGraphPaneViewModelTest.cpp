@@ -6,7 +6,7 @@
 #include "core/service/GitServiceError.h"
 #include "core/service/MockGitService.h"
 #include "support/Await.h"
-#include "workspace/ToastManager.h"
+#include "notices/ToastManager.h"
 
 #include <QCoro/QCoroTimer>
 #include <QSignalSpy>

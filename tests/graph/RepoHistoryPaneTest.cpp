@@ -10,7 +10,7 @@
 #include "support/Await.h"
 #include "support/GitFixture.h"
 #include "support/Screenshot.h"
-#include "workspace/ToastManager.h"
+#include "notices/ToastManager.h"
 
 #include <QLabel>
 #include <QPushButton>

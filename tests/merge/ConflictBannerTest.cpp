@@ -10,7 +10,7 @@
 #include "support/Await.h"
 #include "support/Screenshot.h"
 #include "widgets/TokenPalette.h"
-#include "workspace/ToastManager.h"
+#include "notices/ToastManager.h"
 
 #include <QApplication>
 #include <QLabel>

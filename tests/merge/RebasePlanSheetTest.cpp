@@ -7,7 +7,7 @@
 
 #include "core/RealGitService.h"
 #include "support/Screenshot.h"
-#include "workspace/ToastManager.h"
+#include "notices/ToastManager.h"
 
 #include <QLineEdit>
 #include <QMimeData>

@@ -7,7 +7,7 @@
 #include "sidebar/SidebarFilterViewModel.h"
 #include "sidebar/SidebarViewModel.h"
 #include "support/Await.h"
-#include "workspace/ToastManager.h"
+#include "notices/ToastManager.h"
 
 #include <QTest>
 

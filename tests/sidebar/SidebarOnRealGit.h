@@ -10,7 +10,7 @@
 #include "sidebar/SidebarViewModel.h"
 #include "support/DrainQueue.h"
 #include "support/GitFixture.h"
-#include "workspace/ToastManager.h"
+#include "notices/ToastManager.h"
 
 #include <mutex>
 

@@ -1,4 +1,4 @@
-#include "workspace/ToastManager.h"
+#include "notices/ToastManager.h"
 
 #include <QTest>
 

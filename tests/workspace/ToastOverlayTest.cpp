@@ -5,7 +5,7 @@
 #include "widgets/OEmptyState.h"
 #include "widgets/OInlineBanner.h"
 #include "widgets/TokenPalette.h"
-#include "workspace/ToastManager.h"
+#include "notices/ToastManager.h"
 #include "workspace/ui/ToastBadge.h"
 
 #include <QApplication>

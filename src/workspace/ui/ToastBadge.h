@@ -3,7 +3,7 @@
 // itself with its own opacity, which the overlay animates to fade it in and out.
 #pragma once
 
-#include "workspace/ToastManager.h"
+#include "notices/ToastManager.h"
 
 #include <QWidget>
 

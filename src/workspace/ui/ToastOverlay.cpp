@@ -1,7 +1,7 @@
 #include "workspace/ui/ToastOverlay.h"
 
 #include "settings/ThemeEngine.h"
-#include "workspace/ToastManager.h"
+#include "notices/ToastManager.h"
 #include "workspace/ui/ToastBadge.h"
 
 #include <QEvent>
