@@ -107,8 +107,9 @@ void ChangesPaneViewModel::setSelectedFiles(bool staged, const std::vector<FileC
 }
 
 std::vector<FileChange> ChangesPaneViewModel::selectedFiles(bool staged) const {
+    // Only rows in sight count: an action on the selection never reaches a row the filter hides.
     std::vector<FileChange> selected;
-    for (const FileChange& file : staged ? stagedFiles_ : unstagedFiles_)
+    for (const FileChange& file : staged ? filteredStagedFiles_ : filteredUnstagedFiles_)
         if (selectedIDs_.contains(rowID(file, staged)))
             selected.push_back(file);
     return selected;

@@ -71,7 +71,7 @@ class ChangesPaneViewModel final : public QObject {
     void setSelectedIDs(std::set<std::string> ids);
     // Replaces the selection within one list and keeps the other list's.
     void setSelectedFiles(bool staged, const std::vector<FileChange>& files);
-    // The selected rows of one list.
+    // The selected rows of one list that the filter shows.
     std::vector<FileChange> selectedFiles(bool staged) const;
 
     // An unmerged row as a conflict whose id stays the same across refreshes; nothing for any

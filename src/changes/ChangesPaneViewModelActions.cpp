@@ -7,8 +7,8 @@
 #include "core/service/GitServiceProtocol.h"
 #include "core/support/AtomicFile.h"
 #include "core/support/Log.h"
-#include "settings/LocalizationManager.h"
 #include "notices/ToastManager.h"
+#include "settings/LocalizationManager.h"
 
 #include <QClipboard>
 #include <QDesktopServices>
@@ -19,6 +19,7 @@
 #include <filesystem>
 #include <fstream>
 #include <sstream>
+#include <stdexcept>
 
 namespace orvel {
 
@@ -33,17 +34,18 @@ std::string fullPath(const RepoEntry& repo, const std::string& path) {
 }
 
 // Removal is permanent: the file doesn't go to a bin. A path that is already gone is an error, as
-// the file manager would say.
-void removeFromDisk(const std::string& path) {
-    std::filesystem::remove_all(path);
-}
-
-QCoro::Task<void> removeOnPool(std::string path) {
-    co_await runOnPool(backgroundPool(), [path] {
-        if (!std::filesystem::exists(std::filesystem::symlink_status(path)))
+// the file manager would say. A folder holding a repository of its own (a nested repository, a
+// submodule's work tree) is refused with `refusal`: its history would go with it.
+QCoro::Task<void> removeOnPool(std::string path, QString refusal) {
+    co_await runOnPool(backgroundPool(), [path, refusal] {
+        const auto status = std::filesystem::symlink_status(path);
+        if (!std::filesystem::exists(status))
             throw std::filesystem::filesystem_error(
                 "Cannot remove file", path, std::make_error_code(std::errc::no_such_file_or_directory));
-        removeFromDisk(path);
+        if (std::filesystem::is_directory(status) &&
+            std::filesystem::exists(std::filesystem::symlink_status(std::filesystem::path(path) / ".git")))
+            throw std::runtime_error(refusal.toStdString());
+        std::filesystem::remove_all(path);
     });
 }
 
@@ -68,6 +70,26 @@ void appendIgnoreEntry(const std::string& path, const std::string& entry) {
 
 bool isUntracked(const FileChange& file) {
     return file.status.kind == FileStatusKind::Case::untracked;
+}
+
+QCoro::Task<void> removeFile(const RepoEntry& repo, const std::string& path) {
+    return removeOnPool(fullPath(repo, path), localized("%1 is a nested repository; Orvel does not delete it",
+                                                        QString::fromUtf8(path)));
+}
+
+// One row of Discard All, after everything was unstaged. git can't restore what it doesn't track:
+// an untracked or added file is removed. A rename is undone on both paths: the new one goes, the
+// old one comes back as HEAD has it; a copy only loses its new path.
+QCoro::Task<void> discardRow(std::shared_ptr<GitServiceProtocol> service, RepoEntry repo, FileChange file) {
+    const auto status = file.displayStatus;
+    if (isUntracked(file) || status == TrackedStatus::added || status == TrackedStatus::copied) {
+        co_await removeFile(repo, file.path);
+    } else if (status == TrackedStatus::renamed && file.originalPath) {
+        co_await removeFile(repo, file.path);
+        co_await service->discardChanges(repo, *file.originalPath, false);
+    } else {
+        co_await service->discardChanges(repo, file.path, false);
+    }
 }
 
 } // namespace
@@ -156,15 +178,15 @@ QCoro::Task<void> ChangesPaneViewModel::discardFile(FileChange file) {
     qCDebug(lcStaging, "op=discard.file scope=file");
     removeRows(false, [&file](const FileChange& row) { return row.path == file.path; });
     // git can't restore what it never tracked: an untracked file is removed from the disk.
-    auto operation = isUntracked(file) ? removeOnPool(fullPath(repo_, file.path))
-                                       : service_->discardChanges(repo_, file.path, false);
+    auto operation =
+        isUntracked(file) ? removeFile(repo_, file.path) : service_->discardChanges(repo_, file.path, false);
     co_await runAndRefresh(std::move(operation), "discard.file", "Discard failed: %1");
 }
 
 QCoro::Task<void> ChangesPaneViewModel::deleteFile(FileChange file) {
     QPointer<ChangesPaneViewModel> self(this);
     try {
-        co_await removeOnPool(fullPath(repo_, file.path));
+        co_await removeFile(repo_, file.path);
     } catch (const std::exception& error) {
         qCDebug(lcStaging, "op=delete.file reason=%s", redactForLog(error.what()).c_str());
         if (self)
@@ -241,11 +263,7 @@ QCoro::Task<void> ChangesPaneViewModel::discardAll() {
     std::vector<std::string> failed;
     for (const FileChange& file : rows) {
         try {
-            // After the unstage, a file that was only added is untracked: git can't restore it.
-            if (isUntracked(file) || file.displayStatus == TrackedStatus::added)
-                co_await removeOnPool(fullPath(repo, file.path));
-            else
-                co_await service->discardChanges(repo, file.path, false);
+            co_await discardRow(service, repo, file);
         } catch (const std::exception& error) {
             qCDebug(lcStaging, "op=discard.all scope=file reason=%s", redactForLog(error.what()).c_str());
             if (std::find(failed.begin(), failed.end(), file.path) == failed.end())

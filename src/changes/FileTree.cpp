@@ -16,7 +16,10 @@ struct TreeEntry {
     std::map<std::string, std::unique_ptr<TreeEntry>> children;
 };
 
+// A nested repository's path ends in a slash; it is a leaf named after its folder.
 std::vector<std::string_view> pathComponents(std::string_view path) {
+    if (path.size() > 1 && path.ends_with('/'))
+        path.remove_suffix(1);
     std::vector<std::string_view> components;
     std::size_t start = 0;
     while (true) {

@@ -1,5 +1,6 @@
 #include "changes/FileTreeModel.h"
 
+#include "changes/StatusRows.h"
 #include "settings/LocalizationManager.h"
 
 namespace orvel {
@@ -22,15 +23,33 @@ QChar statusCode(const FileChange& file) {
     return QLatin1Char(codeOf(status));
 }
 
+// A nested repository's path ends in a slash: its name is the folder's.
+std::string_view withoutTrailingSlash(const std::string& path) {
+    std::string_view view = path;
+    if (view.ends_with('/'))
+        view.remove_suffix(1);
+    return view;
+}
+
 QString directoryOf(const std::string& path) {
-    const auto slash = path.rfind('/');
-    return slash == std::string::npos ? QString()
-                                      : QString::fromUtf8(path.data(), static_cast<qsizetype>(slash));
+    const std::string_view view = withoutTrailingSlash(path);
+    const auto slash = view.rfind('/');
+    return slash == std::string_view::npos ? QString()
+                                           : QString::fromUtf8(view.data(), static_cast<qsizetype>(slash));
 }
 
 std::string lastComponent(const std::string& path) {
-    const auto slash = path.rfind('/');
-    return slash == std::string::npos ? path : path.substr(slash + 1);
+    const std::string_view view = withoutTrailingSlash(path);
+    const auto slash = view.rfind('/');
+    return std::string(slash == std::string_view::npos ? view : view.substr(slash + 1));
+}
+
+QString kindOf(const FileChange& file) {
+    if (file.isSubmodule)
+        return localized("submodule");
+    if (isNestedRepository(file))
+        return localized("repository");
+    return {};
 }
 
 } // namespace
@@ -151,6 +170,8 @@ QVariant FileTreeModel::data(const QModelIndex& index, int role) const {
         return shown->file ? QVariant(QString(statusCode(*shown->file))) : QVariant();
     case DirectoryRole:
         return mode_ == ChangesDisplayMode::list && shown->file ? directoryOf(shown->file->path) : QString();
+    case KindRole:
+        return shown->file ? kindOf(*shown->file) : QString();
     default:
         return {};
     }

@@ -21,6 +21,8 @@ class FileTreeModel final : public QAbstractItemModel {
         StatusCodeRole = Qt::UserRole + 1,
         // In the flat list, the directory of a file's path, shown beside its name; else empty.
         DirectoryRole,
+        // "submodule" or "repository" for a row that is a repository of its own; else empty.
+        KindRole,
     };
 
     explicit FileTreeModel(QObject* parent = nullptr);

@@ -12,6 +12,7 @@ FileChange sideRow(const FileChange& file, TrackedStatus side) {
     row.originalPath = file.originalPath;
     row.status = FileStatusKind::tracked(side, TrackedStatus::unmodified);
     row.displayStatus = side;
+    row.isSubmodule = file.isSubmodule;
     return row;
 }
 
@@ -40,6 +41,10 @@ StatusRows splitStatusRows(const std::vector<FileChange>& files) {
 
 std::string rowID(const FileChange& file, bool staged) {
     return staged ? "staged:" + file.path : file.path;
+}
+
+bool isNestedRepository(const FileChange& file) {
+    return file.status.kind == FileStatusKind::Case::untracked && file.path.ends_with('/');
 }
 
 } // namespace orvel

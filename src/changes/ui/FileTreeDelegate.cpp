@@ -67,7 +67,11 @@ void FileTreeDelegate::paint(QPainter* painter, const QStyleOptionViewItem& opti
     const QString name = metrics.elidedText(index.data().toString(), Qt::ElideMiddle, area.width());
     painter->setPen(primary);
     painter->drawText(area, Qt::AlignLeft | Qt::AlignVCenter, name);
-    const QString directory = index.data(FileTreeModel::DirectoryRole).toString();
+    // A submodule or nested repository says so before its folder.
+    const QString kind = index.data(FileTreeModel::KindRole).toString();
+    const QString folder = index.data(FileTreeModel::DirectoryRole).toString();
+    const QString directory =
+        kind.isEmpty() || folder.isEmpty() ? kind + folder : kind + QStringLiteral("  ") + folder;
     if (!directory.isEmpty()) {
         QRect rest = area.adjusted(metrics.horizontalAdvance(name) + padding, 0, 0, 0);
         painter->setPen(secondary);
