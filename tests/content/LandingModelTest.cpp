@@ -15,8 +15,13 @@
 
 #include <gtest/gtest.h>
 
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
 #include <chrono>
 #include <filesystem>
+#include <future>
 #include <map>
 #include <set>
 #include <system_error>
@@ -151,4 +156,42 @@ TEST(Readme, FirstReadableNameWinsAndLongTextIsCut) {
         if (c.isCut)
             EXPECT_EQ(readme->text.count(QLatin1Char('\n')), Readme::maxLines - 1);
     }
+}
+
+// A README that is no regular file (a link to an endless device, a named pipe) is passed over
+// without reading it, and a huge regular one is read up to its byte limit, even when the cut
+// falls inside a character.
+TEST(Readme, OnlyRegularFilesAreReadAndOnlyUpToTheLimit) {
+    test::TempDir folder;
+    std::filesystem::create_symlink("/dev/zero", folder / "README.md");
+    ASSERT_EQ(::mkfifo((folder / "readme.md").c_str(), 0600), 0);
+    // Lines of 999 bytes and a line feed, with a two-byte character across the limit.
+    std::string large;
+    while (large.size() < 3 * std::size_t(Readme::maxBytes))
+        large += std::string(999, 'x') + "\n";
+    large.replace(std::size_t(Readme::maxBytes) - 1, 2, "\xc3\xa9");
+    test::writeFile(folder / "README.txt", large);
+
+    auto found = std::async(std::launch::async, [&folder] { return findReadme(folder.path()); });
+    if (found.wait_for(std::chrono::seconds(10)) != std::future_status::ready) {
+        ADD_FAILURE() << "the named pipe blocked the read";
+        // A writer that comes and goes lets a blocked reader end.
+        ::close(::open((folder / "readme.md").c_str(), O_WRONLY));
+    }
+    const std::optional<Readme> readme = found.get();
+    ASSERT_TRUE(readme);
+    EXPECT_EQ(readme->fileName, QStringLiteral("README.txt"));
+    EXPECT_TRUE(readme->isTruncated);
+    EXPECT_FALSE(readme->isCut);
+    const QByteArray kept = readme->text.toUtf8();
+    EXPECT_EQ(kept.size(), Readme::maxBytes - 1);
+    EXPECT_EQ(kept.toStdString(), large.substr(0, std::size_t(Readme::maxBytes) - 1));
+
+    // Exactly at the limit nothing is left out.
+    std::filesystem::remove(folder / "README.txt");
+    test::writeFile(folder / "README", std::string(std::size_t(Readme::maxBytes), 'y'));
+    const std::optional<Readme> exact = findReadme(folder.path());
+    ASSERT_TRUE(exact);
+    EXPECT_FALSE(exact->isTruncated);
+    EXPECT_EQ(exact->text.size(), Readme::maxBytes);
 }

@@ -125,7 +125,6 @@ void RepositoryPreview::retranslate() {
     branchesTitle_->setText(localized("Branches"));
     commitsTitle_->setText(localized("Recent Commits"));
     readmeTitle_->setText(localized("README.md"));
-    readmeNotice_->setText(localized("Only the first %1 lines are shown.", Readme::maxLines));
     readmeMissing_->setText(localized("No README.md found"));
     showState();
 }
@@ -188,7 +187,10 @@ void RepositoryPreview::showState() {
     readmeTitle_->setText(readme ? readme->fileName : localized("README.md"));
     readmeMissing_->setVisible(loaded && !readme);
     readme_->setVisible(readme.has_value());
-    readmeNotice_->setVisible(readme && readme->isCut);
+    readmeNotice_->setVisible(readme && (readme->isCut || readme->isTruncated));
+    readmeNotice_->setText(readme && readme->isTruncated
+                               ? localized("README truncated at 1 MB")
+                               : localized("Only the first %1 lines are shown.", Readme::maxLines));
     if (!readme)
         readme_->setMarkdown(QString());
     else if (readme->isMarkdown())
