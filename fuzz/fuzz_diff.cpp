@@ -1,7 +1,8 @@
 // Feeds arbitrary bytes to the unified-diff and name-status parsers, which must read or skip them
 // without crashing, whose records must agree with themselves, and whose stream reads the same
-// records from the text in pieces.
+// records from the text in pieces; a file's submodule change is read from its lines.
 #include "core/parsers/DiffParser.h"
+#include "diff/SubmoduleChange.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -26,6 +27,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
             }
         }
         if (additions != file.additions || deletions != file.deletions || (file.isBinary && size == 0))
+            __builtin_trap();
+        if (const auto submodule = orvel::submoduleChange(file);
+            submodule && (submodule->oldHash.size() > size || submodule->newHash.size() > size))
             __builtin_trap();
     }
     // Fed in pieces (their size from the first byte), the stream reads the same records.

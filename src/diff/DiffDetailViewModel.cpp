@@ -169,6 +169,20 @@ QCoro::Task<void> DiffDetailViewModel::reload() {
     diffLoadError_.clear();
     setContent(Content::loading);
     try {
+        // A submodule's folder is another repository: its diff is the commit it moved to.
+        if (selection.file.isSubmodule && !selection.commitHash) {
+            auto read =
+                service_->diff(repo, selection.isStaged ? DiffContext::staged() : DiffContext::unstaged(),
+                               std::nullopt, ticket.stopToken());
+            DiffResult result = co_await std::move(read);
+            if (!ticket.isCurrent())
+                co_return;
+            inspection_.reset();
+            fileDiff_ = pickFile(result, path);
+            submoduleChange_ = fileDiff_ ? orvel::submoduleChange(*fileDiff_) : std::nullopt;
+            setContent(submoduleChange_ ? Content::submodule : Content::noChanges);
+            co_return;
+        }
         auto inspection =
             co_await runOnPool(backgroundPool(), [file, limits] { return inspectFile(file, limits); });
         if (!ticket.isCurrent())

@@ -12,6 +12,7 @@
 #include "diff/DiffDisplayRows.h"
 #include "diff/FileInspection.h"
 #include "diff/SourceLanguage.h"
+#include "diff/SubmoduleChange.h"
 
 #include <QImage>
 #include <QObject>
@@ -53,7 +54,8 @@ class DiffDetailViewModel final : public QObject {
         largeFile,       // the gate: showLargeFileAnyway() opens it
         unsupported,
         image,
-        failed // diffLoadError()
+        submodule, // submoduleChange() tells its commits
+        failed     // diffLoadError()
     };
 
     // The hunk buttons the selection offers: stage and discard for the working tree, unstage for
@@ -72,6 +74,7 @@ class DiffDetailViewModel final : public QObject {
     Content content() const { return content_; }
     const std::optional<FileDiff>& fileDiff() const { return fileDiff_; }
     const std::optional<FileInspection>& inspection() const { return inspection_; }
+    const std::optional<SubmoduleChange>& submoduleChange() const { return submoduleChange_; }
     const std::vector<DiffDisplayRow>& rows() const { return rows_; }
     SourceLanguage language() const { return language_; }
     const QString& diffLoadError() const { return diffLoadError_; }
@@ -135,6 +138,7 @@ class DiffDetailViewModel final : public QObject {
     Content content_ = Content::none;
     std::optional<FileDiff> fileDiff_;
     std::optional<FileInspection> inspection_;
+    std::optional<SubmoduleChange> submoduleChange_;
     std::shared_ptr<const std::string> fileText_;
     std::vector<DiffDisplayRow> rows_;
     SourceLanguage language_ = SourceLanguage::unknown;

@@ -34,8 +34,11 @@ QToolButton* toolButton(const char* objectName, QWidget* parent, bool checkable)
     return button;
 }
 
-// The kind the header shows: the extension, "binary" for a binary file without one, "folder".
+// The kind the header shows: the extension, "binary" for a binary file without one, "folder",
+// "submodule".
 QString kindOf(const DiffDetailViewModel& model) {
+    if (model.content() == DiffDetailViewModel::Content::submodule)
+        return localized("submodule");
     const auto& inspection = model.inspection();
     if (inspection && inspection->policy == FileOpenPolicy::directory)
         return localized("folder");
@@ -211,6 +214,16 @@ void DiffPane::showContent() {
         const QString kind = kind_->text().isEmpty() ? localized("binary") : kind_->text();
         showMessage(QStringLiteral("dialog-information"), localized("Preview not supported"),
                     localized(".%1 files cannot be displayed", kind));
+        return;
+    }
+    case Content::submodule: {
+        const SubmoduleChange& change = *model_.submoduleChange();
+        QString title = localized("Submodule %1: %2 → %3", QString::fromUtf8(selection->file.path),
+                                  QString::fromStdString(shortHash(change.oldHash)),
+                                  QString::fromStdString(shortHash(change.newHash)));
+        if (change.isDirty)
+            title += localized(" (dirty)");
+        showMessage(QStringLiteral("folder"), title, {});
         return;
     }
     case Content::failed:
