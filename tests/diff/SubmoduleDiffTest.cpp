@@ -4,13 +4,8 @@
 #include "diff/SubmoduleChange.h"
 #include "diff/ui/DiffPane.h"
 
+#include "changes/ChangesOnRealGit.h"
 #include "core/parsers/DiffParser.h"
-#include "core/process/SubprocessExecutor.h"
-#include "core/queue/GitOpRunner.h"
-#include "core/service/NativeGitService.h"
-#include "core/support/UserDefaults.h"
-#include "support/DrainQueue.h"
-#include "support/GitFixture.h"
 
 #include <QLabel>
 #include <QTest>
@@ -21,7 +16,7 @@ using namespace orvel;
 
 namespace {
 
-class SubmoduleDiff : public ::testing::Test {
+class SubmoduleDiff : public test::ChangesOnRealGit {
   protected:
     SubmoduleDiff() {
         library.write("lib.txt", "one\n");
@@ -33,13 +28,6 @@ class SubmoduleDiff : public ::testing::Test {
         test::git(repo / "lib", {"commit", "-q", "--allow-empty", "-m", "library two"});
         newHash = test::git(repo / "lib", {"rev-parse", "HEAD"});
         newHash.pop_back();
-    }
-    ~SubmoduleDiff() override { test::drainQueue(*runner); }
-
-    static RepoEntry entryAt(const std::string& path) {
-        RepoEntry entry;
-        entry.path = path;
-        return entry;
     }
 
     void show(bool staged) {
@@ -60,13 +48,8 @@ class SubmoduleDiff : public ::testing::Test {
     }
 
     test::TempRepo library;
-    test::TempRepo repo;
     std::string oldHash, newHash;
-    InMemoryUserDefaults defaults;
-    std::shared_ptr<GitOpRunner> runner = std::make_shared<GitOpRunner>(2);
-    std::shared_ptr<NativeGitService> service = std::make_shared<NativeGitService>(
-        std::make_shared<SubprocessExecutor>(std::nullopt, defaults), runner);
-    DiffDetailViewModel model{entryAt(repo.path()), service};
+    DiffDetailViewModel model{entry(), service};
     DiffPane pane{model};
 };
 

@@ -1,6 +1,7 @@
 #include "changes/ui/ChangesFileMenu.h"
 
 #include "changes/ChangesPaneViewModel.h"
+#include "changes/StatusRows.h"
 #include "settings/LocalizationManager.h"
 #include "widgets/OAlert.h"
 
@@ -16,6 +17,11 @@ QString displayPath(const FileChange& file) {
 }
 
 void confirmDeleteFile(ChangesPaneViewModel& model, const FileChange& file, QWidget* parent) {
+    // Nothing to confirm: the model refuses to delete a nested repository and says why.
+    if (isNestedRepository(file)) {
+        model.deleteFile(file);
+        return;
+    }
     QPointer<ChangesPaneViewModel> guard(&model);
     confirm(parent, localized("Delete File"),
             localized("Are you sure you want to delete \"%1\"? This cannot be undone.", displayPath(file)),
@@ -28,6 +34,10 @@ void confirmDeleteFile(ChangesPaneViewModel& model, const FileChange& file, QWid
 } // namespace
 
 void confirmDiscardFile(ChangesPaneViewModel& model, const FileChange& file, QWidget* parent) {
+    if (isNestedRepository(file)) {
+        model.discardFile(file);
+        return;
+    }
     QPointer<ChangesPaneViewModel> guard(&model);
     if (file.status.kind == FileStatusKind::Case::untracked) {
         showAlert(
