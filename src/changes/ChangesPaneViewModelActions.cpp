@@ -16,8 +16,11 @@
 #include <QPointer>
 #include <QUrl>
 
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
+#include <iterator>
+#include <set>
 #include <sstream>
 #include <stdexcept>
 
@@ -75,6 +78,29 @@ bool isUntracked(const FileChange& file) {
 QCoro::Task<void> removeFile(const RepoEntry& repo, const std::string& path) {
     return removeOnPool(fullPath(repo, path), localized("%1 is a nested repository; Orvel does not delete it",
                                                         QString::fromUtf8(path)));
+}
+
+// A path that the index added, alone or by a rename or a copy: HEAD doesn't have it.
+bool isNewInIndex(const FileChange& row) {
+    const auto status = row.displayStatus;
+    return status == TrackedStatus::added || status == TrackedStatus::renamed ||
+           status == TrackedStatus::copied;
+}
+
+// The rows Discard All works through: the unstaged, then the staged. A path new in the index is
+// untracked once everything is unstaged, so its staged row removes it and its unstaged row (a
+// change made after staging) is left out: git would find nothing to restore.
+std::vector<FileChange> rowsToDiscard(const std::vector<FileChange>& unstaged,
+                                      const std::vector<FileChange>& staged) {
+    std::set<std::string> newPaths;
+    for (const FileChange& row : staged)
+        if (isNewInIndex(row))
+            newPaths.insert(row.path);
+    std::vector<FileChange> rows;
+    std::copy_if(unstaged.begin(), unstaged.end(), std::back_inserter(rows),
+                 [&newPaths](const FileChange& row) { return !newPaths.contains(row.path); });
+    rows.insert(rows.end(), staged.begin(), staged.end());
+    return rows;
 }
 
 // One row of Discard All, after everything was unstaged. git can't restore what it doesn't track:
@@ -250,8 +276,7 @@ QCoro::Task<void> ChangesPaneViewModel::discardAll() {
     QPointer<ChangesPaneViewModel> self(this);
     auto service = service_;
     const RepoEntry repo = repo_;
-    std::vector<FileChange> rows = unstagedFiles_;
-    rows.insert(rows.end(), stagedFiles_.begin(), stagedFiles_.end());
+    const std::vector<FileChange> rows = rowsToDiscard(unstagedFiles_, stagedFiles_);
     if (!stagedFiles_.empty()) {
         try {
             co_await service->unstageAll(repo);

@@ -9,6 +9,7 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <functional>
 
 using namespace orvel;
 
@@ -83,17 +84,36 @@ TEST_F(ChangesHardCases, SelectedRowsHiddenByTheFilterAreLeftAlone) {
 }
 
 TEST_F(ChangesHardCases, DiscardAllAfterAStagedRenameRestoresBothPaths) {
-    repo.git({"mv", "alpha.txt", "renamed.txt"});
-    test::await(model.refreshStatus());
-    ASSERT_EQ(model.stagedFiles().size(), 1u);
+    // A rename alone; a rename, a copy and an added file each changed again after staging.
+    const std::function<void()> setups[] = {
+        [&] {
+            repo.git({"mv", "alpha.txt", "renamed.txt"});
+        },
+        [&] {
+            repo.git({"mv", "alpha.txt", "renamed.txt"});
+            repo.write("renamed.txt", "alpha\nchanged after the rename\n");
+            repo.write("copy.txt", "beta\n");
+            repo.write("added.txt", "added\n");
+            repo.git({"add", "-A"});
+            repo.write("copy.txt", "beta, changed after staging\n");
+            repo.write("added.txt", "added, changed after staging\n");
+        },
+    };
+    for (const auto& setup : setups) {
+        setup();
+        test::await(model.refreshStatus());
+        ASSERT_FALSE(model.stagedFiles().empty());
 
-    test::await(model.discardAll());
-    EXPECT_EQ(repo.read("alpha.txt"), "alpha\n");
-    EXPECT_FALSE(std::filesystem::exists(repo / "renamed.txt"));
-    EXPECT_EQ(repo.git({"status", "--porcelain"}), "");
-    EXPECT_EQ(toastText(), "");
-    EXPECT_TRUE(model.stagedFiles().empty());
-    EXPECT_TRUE(model.unstagedFiles().empty());
+        test::await(model.discardAll());
+        EXPECT_EQ(repo.read("alpha.txt"), "alpha\n");
+        EXPECT_EQ(repo.read("beta.txt"), "beta\n");
+        for (const char* path : {"renamed.txt", "copy.txt", "added.txt"})
+            EXPECT_FALSE(std::filesystem::exists(repo / path)) << path;
+        EXPECT_EQ(repo.git({"status", "--porcelain"}), "");
+        EXPECT_EQ(toastText(), "");
+        EXPECT_TRUE(model.stagedFiles().empty());
+        EXPECT_TRUE(model.unstagedFiles().empty());
+    }
 }
 
 TEST_F(ChangesHardCases, NestedRepositoryIsNamedAndNeverDeleted) {
