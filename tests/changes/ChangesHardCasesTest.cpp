@@ -4,7 +4,9 @@
 #include "changes/ChangesOnRealGit.h"
 #include "changes/ChangesPaneViewModel.h"
 #include "changes/FileTreeModel.h"
+#include "changes/ui/ChangesPage.h"
 #include "support/Await.h"
+#include "support/Screenshot.h"
 
 #include <gtest/gtest.h>
 
@@ -156,10 +158,15 @@ TEST_F(ChangesHardCases, ModifiedSubmoduleIsOneSubmoduleRow) {
     repo.write("lib/scratch.txt", "untracked inside the submodule\n");
     test::await(model.refreshStatus());
 
-    ASSERT_EQ(model.unstagedFiles().size(), 1u);
+    test::git(repo.path(), {"init", "-q", "tools/nested"});
+    test::await(model.refreshStatus());
+    ChangesPage page(model);
+    test::saveScreenshot(page, "changes-submodule-and-nested-repository", {420, 300});
+
+    ASSERT_EQ(model.unstagedFiles().size(), 2u);
     EXPECT_TRUE(unstagedRow("lib").isSubmodule);
     EXPECT_EQ(shownNames(model.unstagedFiles(), ChangesDisplayMode::list),
-              std::vector<std::string>{"lib [submodule]"});
+              (std::vector<std::string>{"lib [submodule]", "nested [repository]"}));
 
     // Staged, the row stays a submodule in the other list.
     repo.git({"add", "lib"});

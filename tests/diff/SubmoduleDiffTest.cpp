@@ -6,6 +6,7 @@
 
 #include "changes/ChangesOnRealGit.h"
 #include "core/parsers/DiffParser.h"
+#include "support/Screenshot.h"
 
 #include <QLabel>
 #include <QTest>
@@ -80,6 +81,8 @@ TEST_F(SubmoduleDiff, ShowsTheCommitChangeAndWhetherItsTreeIsDirty) {
         EXPECT_EQ(model.submoduleChange(), c.change) << c.step;
         EXPECT_TRUE(paneSays(c.title)) << c.step << ": " << c.title.toStdString();
         EXPECT_FALSE(paneSays("Untracked folder")) << c.step;
+        if (c.change.isDirty)
+            test::saveScreenshot(pane, "diff-submodule-dirty", {900, 500});
     }
 }
 
