@@ -1,5 +1,6 @@
 // The landing page on real repositories: an empty list says so; selecting a recent previews its
-// branches, commits and README (a table and code in it), and the preview's button opens it.
+// branches, commits and README (a table and code in it), and the preview's button opens it; a
+// README that is no regular file is passed over and a large one is cut with a note.
 #include "content/WelcomeOnRealGit.h"
 #include "content/ui/MarkdownView.h"
 
@@ -9,6 +10,8 @@
 #include <QLabel>
 #include <QListView>
 #include <QPushButton>
+
+#include <filesystem>
 
 #include <gtest/gtest.h>
 
@@ -69,4 +72,30 @@ TEST(WelcomeView, SelectingARecentPreviewsItAndOpenAsksForIt) {
     welcome.view.findChild<QPushButton*>("welcome.preview.open")->click();
     ASSERT_EQ(welcome.opened.size(), 1);
     EXPECT_EQ(welcome.openedPath(), repo.path());
+}
+
+// A README linked to an endless device is passed over; a large one shows its first megabyte and says
+// that the rest was cut.
+TEST(WelcomeView, HostileReadmeIsPassedOverAndALargeOneIsCutWithANote) {
+    test::TempRepo repo;
+    repo.write("app.txt", "app\n");
+    repo.commitAll("base");
+    std::filesystem::create_symlink("/dev/zero", repo / "README.md");
+    std::string large;
+    while (large.size() < 2 * std::size_t(Readme::maxBytes))
+        large += std::string(2000, 'x') + "\n";
+    repo.write("README.txt", large);
+
+    test::WelcomeOnRealGit welcome;
+    welcome.model.setRecents({QString::fromStdString(repo.path())});
+    auto* list = welcome.view.findChild<QListView*>("welcome.recents");
+    list->setCurrentIndex(list->model()->index(0, 0));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return welcome.model.repo() && !welcome.model.isLoading(); }, 30000));
+
+    auto* notice = welcome.view.findChild<QLabel*>("welcome.preview.readme-notice");
+    EXPECT_TRUE(notice->isVisible());
+    EXPECT_EQ(notice->text(), QStringLiteral("README truncated at 1 MB"));
+    const QString shown = welcome.view.findChild<MarkdownView*>("welcome.preview.readme")->toPlainText();
+    EXPECT_GT(shown.size(), 1000000);
+    EXPECT_LE(shown.size(), Readme::maxBytes);
 }
