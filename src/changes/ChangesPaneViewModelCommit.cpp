@@ -6,8 +6,8 @@
 #include "changes/CommitMessage.h"
 #include "core/service/GitServiceProtocol.h"
 #include "core/support/Log.h"
-#include "notices/ToastManager.h"
 #include "settings/LocalizationManager.h"
+#include "notices/ToastManager.h"
 
 #include <QPointer>
 
