@@ -32,25 +32,6 @@ class ActivityScope {
     QUuid id_;
 };
 
-// What a command needs of the tab it began on; the tab may close while git runs.
-struct Target {
-    QPointer<WorkspaceTabState> tab;
-    RepoEntry repo;
-    std::string remote;
-
-    void refresh() const {
-        if (tab)
-            tab->refresh();
-    }
-};
-
-std::optional<Target> activeTarget(const AppViewModel& app) {
-    WorkspaceTabState* tab = app.activeTab();
-    if (!tab)
-        return std::nullopt;
-    return Target{tab, tab->repo(), chosenRemote(tab->branches())};
-}
-
 QString text(const std::string& value) {
     return QString::fromStdString(value);
 }
@@ -79,6 +60,18 @@ QCoro::Task<Outcome<T>> outcomeOf(QCoro::Task<T> operation) {
 
 } // namespace
 
+void WorkspaceCommands::Target::refresh() const {
+    if (tab)
+        tab->refresh();
+}
+
+std::optional<WorkspaceCommands::Target> WorkspaceCommands::activeTarget() const {
+    WorkspaceTabState* tab = app_.activeTab();
+    if (!tab)
+        return std::nullopt;
+    return Target{tab, tab->repo(), chosenRemote(tab->branches())};
+}
+
 WorkspaceCommands::WorkspaceCommands(AppViewModel& app, QString host, QObject* parent)
     : QObject(parent), app_(app), host_(host.toUtf8()) {}
 
@@ -87,7 +80,7 @@ void WorkspaceCommands::logFailure(const char* operation, const std::string& rea
 }
 
 QCoro::Task<void> WorkspaceCommands::fetch() {
-    const std::optional<Target> target = activeTarget(app_);
+    const std::optional<Target> target = activeTarget();
     if (!target)
         co_return;
     QPointer<WorkspaceCommands> self(this);
@@ -109,7 +102,7 @@ QCoro::Task<void> WorkspaceCommands::fetch() {
 }
 
 QCoro::Task<void> WorkspaceCommands::pull(PullStrategy strategy) {
-    const std::optional<Target> target = activeTarget(app_);
+    const std::optional<Target> target = activeTarget();
     if (!target)
         co_return;
     QPointer<WorkspaceCommands> self(this);
@@ -146,7 +139,7 @@ QCoro::Task<void> WorkspaceCommands::forcePush() {
 }
 
 QCoro::Task<void> WorkspaceCommands::pushTo(bool force) {
-    const std::optional<Target> target = activeTarget(app_);
+    const std::optional<Target> target = activeTarget();
     if (!target)
         co_return;
     QPointer<WorkspaceCommands> self(this);
@@ -170,7 +163,7 @@ QCoro::Task<void> WorkspaceCommands::pushTo(bool force) {
 }
 
 QCoro::Task<void> WorkspaceCommands::stash(QString name) {
-    const std::optional<Target> target = activeTarget(app_);
+    const std::optional<Target> target = activeTarget();
     if (!target)
         co_return;
     QPointer<WorkspaceCommands> self(this);
@@ -202,7 +195,7 @@ QCoro::Task<void> WorkspaceCommands::stash(QString name) {
 }
 
 QCoro::Task<void> WorkspaceCommands::popStash() {
-    const std::optional<Target> target = activeTarget(app_);
+    const std::optional<Target> target = activeTarget();
     if (!target)
         co_return;
     QPointer<WorkspaceCommands> self(this);
@@ -225,11 +218,11 @@ QCoro::Task<void> WorkspaceCommands::popStash() {
 }
 
 QCoro::Task<void> WorkspaceCommands::createBranch(BranchRequest request) {
-    const std::optional<Target> target = activeTarget(app_);
+    const std::optional<Target> target = activeTarget();
     if (!target)
         co_return;
     if (request.localChanges == LocalChangesOption::dontChange) {
-        co_await runBranchCreation(std::move(request));
+        co_await runBranchCreation(*target, std::move(request));
         co_return;
     }
     const bool discards = request.localChanges == LocalChangesOption::discard;
@@ -252,36 +245,33 @@ QCoro::Task<void> WorkspaceCommands::createBranch(BranchRequest request) {
     }
     if (discards && !status->files.empty()) {
         const int files = static_cast<int>(status->files.size());
-        discardConfirmPending_ = PendingDiscard{std::move(request), files, target->repo.path};
+        discardConfirmPending_ = PendingDiscard{std::move(request), files, *target};
         emit discardConfirmationNeeded(files);
         co_return;
     }
-    co_await runBranchCreation(std::move(request));
+    co_await runBranchCreation(*target, std::move(request));
 }
 
 QCoro::Task<void> WorkspaceCommands::confirmDiscard() {
     if (!discardConfirmPending_)
         co_return;
     PendingDiscard pending = *std::exchange(discardConfirmPending_, std::nullopt);
-    const WorkspaceTabState* tab = app_.activeTab();
-    if (!tab || tab->repo().path != pending.repoPath)
+    // The confirmation holds for the repository it was asked about, and only while its tab is open.
+    if (!pending.target.tab)
         co_return;
-    co_await runBranchCreation(std::move(pending.request));
+    co_await runBranchCreation(std::move(pending.target), std::move(pending.request));
 }
 
 void WorkspaceCommands::cancelDiscard() {
     discardConfirmPending_.reset();
 }
 
-QCoro::Task<void> WorkspaceCommands::runBranchCreation(BranchRequest request) {
-    const std::optional<Target> target = activeTarget(app_);
-    if (!target)
-        co_return;
+QCoro::Task<void> WorkspaceCommands::runBranchCreation(Target target, BranchRequest request) {
     QPointer<WorkspaceCommands> self(this);
     ActivityScope activity(app_, localized("Creating branch '%1'…", request.name));
     auto service = app_.service();
     ToastManager& toasts = app_.toastManager();
-    const RepoEntry& repo = target->repo;
+    const RepoEntry& repo = target.repo;
     const std::string name = request.name.toStdString();
     const bool stashes = request.localChanges == LocalChangesOption::stashAndReapply;
 
@@ -319,7 +309,7 @@ QCoro::Task<void> WorkspaceCommands::runBranchCreation(BranchRequest request) {
                 localized("Your changes were auto-stashed before the failed operation. Reapply from the "
                           "Stash section to recover them."),
                 ToastType::warning);
-        target->refresh();
+        target.refresh();
         co_return;
     }
     if (request.checkout) {
@@ -334,7 +324,7 @@ QCoro::Task<void> WorkspaceCommands::runBranchCreation(BranchRequest request) {
                                       "stash stack; reapply from the Stash section.",
                                       request.name),
                             ToastType::warning);
-            target->refresh();
+            target.refresh();
             co_return;
         }
         toasts.show(localized("Created and checked out '%1'", request.name), ToastType::notice);
@@ -361,7 +351,7 @@ QCoro::Task<void> WorkspaceCommands::runBranchCreation(BranchRequest request) {
                         ToastType::warning);
         }
     }
-    target->refresh();
+    target.refresh();
 }
 
 QString WorkspaceCommands::forcePushWarning(int behind) {
