@@ -191,10 +191,14 @@ RepositoryTabView::~RepositoryTabView() {
     saveSplitterStates();
 }
 
+// The graph's own action creates the branch at the row's commit, with its notice and its refresh.
 void RepositoryTabView::showCreateBranch(const std::string& hash) {
-    auto* sheet = new CreateBranchSheet(tab_.repo(), hash, tab_.service(), this);
+    auto* sheet = new CreateBranchSheet(QString::fromStdString(hash), false, this);
     sheet->setAttribute(Qt::WA_DeleteOnClose);
-    connect(sheet, &CreateBranchSheet::created, &tab_, &WorkspaceTabState::refresh);
+    connect(sheet, &CreateBranchSheet::createRequested, &tab_.graph(),
+            [graph = &tab_.graph(), hash](const QString& name, bool checkout) {
+                graph->createBranch(name.toStdString(), hash, checkout);
+            });
     sheet->open();
 }
 
