@@ -4,6 +4,7 @@
 #include "sidebar/SidebarViewModel.h"
 
 #include "content/BranchNameValidator.h"
+#include "content/ToastedAction.h"
 #include "core/service/GitServiceProtocol.h"
 #include "core/support/Log.h"
 #include "notices/ToastManager.h"
@@ -26,30 +27,6 @@ overloaded(Visitors...) -> overloaded<Visitors...>;
 
 QString errorText(const std::exception& error) {
     return QString::fromUtf8(error.what());
-}
-
-QCoro::Task<bool> succeeded(QCoro::Task<void> operation) {
-    co_await std::move(operation);
-    co_return true;
-}
-
-// Awaits `operation`; a failure is logged as "<logOp> reason=..." and shown as the error toast
-// `failureFormat` filled with the error's description. Answers the value, or nothing after a failure.
-template <typename T>
-QCoro::Task<std::optional<T>> attempt(QCoro::Task<T> operation, ToastManager& toasts, const char* logOp,
-                                      const char* failureFormat) {
-    try {
-        co_return std::optional<T>(co_await std::move(operation));
-    } catch (const std::exception& error) {
-        qCDebug(lcRefs, "%s reason=%s", logOp, redactForLog(error.what()).c_str());
-        toasts.show(localized(failureFormat, errorText(error)), ToastType::error);
-        co_return std::nullopt;
-    }
-}
-
-QCoro::Task<std::optional<bool>> attempt(QCoro::Task<void> operation, ToastManager& toasts, const char* logOp,
-                                         const char* failureFormat) {
-    return attempt(succeeded(std::move(operation)), toasts, logOp, failureFormat);
 }
 
 // A checkout goes ahead only over a working tree whose changes are all untracked or ignored; a

@@ -1,6 +1,6 @@
 #include "workspace/WorkspaceCommands.h"
 
-#include "content/OperationFailure.h"
+#include "content/ToastedAction.h"
 #include "core/service/GitServiceProtocol.h"
 #include "core/support/Log.h"
 #include "core/support/UserDefaults.h"
@@ -40,7 +40,8 @@ QString count(std::size_t value) {
     return QString::number(value);
 }
 
-// An operation's value, or its error text with paths taken out.
+// An operation's value, or its error text with paths taken out, for the steps whose failure is
+// told otherwise than by an error toast.
 template <typename T>
 struct Outcome {
     std::optional<T> value;
@@ -73,10 +74,10 @@ std::optional<WorkspaceCommands::Target> WorkspaceCommands::activeTarget() const
 }
 
 WorkspaceCommands::WorkspaceCommands(AppViewModel& app, QString host, QObject* parent)
-    : QObject(parent), app_(app), host_(host.toUtf8()) {}
+    : QObject(parent), app_(app), host_(host.toStdString()) {}
 
-void WorkspaceCommands::logFailure(const char* operation, const std::string& reason) const {
-    qCDebug(lcApp, "op=%s.%s reason=%s", host_.constData(), operation, reason.c_str());
+std::string WorkspaceCommands::logOp(const char* operation) const {
+    return "op=" + host_ + "." + operation;
 }
 
 QCoro::Task<void> WorkspaceCommands::fetch() {
@@ -84,18 +85,13 @@ QCoro::Task<void> WorkspaceCommands::fetch() {
     if (!target)
         co_return;
     QPointer<WorkspaceCommands> self(this);
+    ToastManager& toasts = app_.toastManager();
     ActivityScope activity(app_, localized("Fetching from %1…", text(target->remote)));
     const bool prune = app_.defaults().value(QStringLiteral("autoPrune"), true).toBool();
-    const std::optional<std::string> failure =
-        co_await failureOf(app_.service()->fetch(target->repo, target->remote, prune));
-    if (!self)
+    auto fetched = attempt(app_.service()->fetch(target->repo, target->remote, prune), toasts, logOp("fetch"),
+                           "Fetch failed: %1");
+    if (!co_await std::move(fetched) || !self)
         co_return;
-    ToastManager& toasts = app_.toastManager();
-    if (failure) {
-        logFailure("fetch", *failure);
-        toasts.show(localized("Fetch failed: %1", text(*failure)), ToastType::error);
-        co_return;
-    }
     toasts.show(localized("Fetched from %1", text(target->remote)), ToastType::notice);
     app_.autoFetch().resume();
     target->refresh();
@@ -106,16 +102,15 @@ QCoro::Task<void> WorkspaceCommands::pull(PullStrategy strategy) {
     if (!target)
         co_return;
     QPointer<WorkspaceCommands> self(this);
+    ToastManager& toasts = app_.toastManager();
     ActivityScope activity(app_, localized("Pulling from %1…", text(target->remote)));
-    const Outcome<MergeResult> pulled =
-        co_await outcomeOf(app_.service()->pull(target->repo, target->remote, strategy));
-    const auto& [result, failure] = pulled;
+    auto pulled = attempt(app_.service()->pull(target->repo, target->remote, strategy), toasts, logOp("pull"),
+                          "Pull failed: %1");
+    const std::optional<MergeResult> result = co_await std::move(pulled);
     if (!self)
         co_return;
-    ToastManager& toasts = app_.toastManager();
-    if (failure) {
-        logFailure("pull", *failure);
-        toasts.show(localized("Pull failed: %1", text(*failure)), ToastType::error);
+    if (!result) {
+        // A failed pull can still have moved things (a rebase that stopped half-way).
     } else if (const auto* conflict = std::get_if<Conflicted>(&*result)) {
         toasts.show(localized("Pull conflict in %1 file(s)", count(conflict->files.size())),
                     ToastType::error);
@@ -126,7 +121,6 @@ QCoro::Task<void> WorkspaceCommands::pull(PullStrategy strategy) {
     } else {
         toasts.show(localized("Already up to date"), ToastType::notice);
     }
-    // A failed pull can still have moved things (a rebase that stopped half-way).
     target->refresh();
 }
 
@@ -143,19 +137,15 @@ QCoro::Task<void> WorkspaceCommands::pushTo(bool force) {
     if (!target)
         co_return;
     QPointer<WorkspaceCommands> self(this);
+    ToastManager& toasts = app_.toastManager();
     ActivityScope activity(app_, force ? localized("Force pushing…") : localized("Pushing…"));
     auto service = app_.service();
     auto operation = force ? service->forcePush(target->repo, target->remote)
                            : service->push(target->repo, target->remote);
-    const std::optional<std::string> failure = co_await failureOf(std::move(operation));
-    if (!self)
+    auto pushed =
+        attempt(std::move(operation), toasts, logOp(force ? "forcePush" : "push"), "Push failed: %1");
+    if (!co_await std::move(pushed) || !self)
         co_return;
-    ToastManager& toasts = app_.toastManager();
-    if (failure) {
-        logFailure(force ? "forcePush" : "push", *failure);
-        toasts.show(localized("Push failed: %1", text(*failure)), ToastType::error);
-        co_return;
-    }
     toasts.show(force ? localized("Force pushed to %1", text(target->remote))
                       : localized("Pushed to %1", text(target->remote)),
                 ToastType::notice);
@@ -180,15 +170,10 @@ QCoro::Task<void> WorkspaceCommands::stash(QString name) {
         co_return;
     }
     ActivityScope activity(app_, localized("Stashing changes…"));
-    const std::optional<std::string> failure =
-        co_await failureOf(service->stashSave(target->repo, name.toStdString(), true));
-    if (!self)
+    auto stashed = attempt(service->stashSave(target->repo, name.toStdString(), true), toasts,
+                           "op=stash.save", "Stash failed: %1");
+    if (!co_await std::move(stashed) || !self)
         co_return;
-    if (failure) {
-        qCDebug(lcApp, "op=stash.save reason=%s", failure->c_str());
-        toasts.show(localized("Stash failed: %1", text(*failure)), ToastType::error);
-        co_return;
-    }
     qCDebug(lcApp, "op=stash.save status=success");
     toasts.show(localized("Changes stashed"), ToastType::notice);
     target->refresh();
@@ -199,15 +184,15 @@ QCoro::Task<void> WorkspaceCommands::popStash() {
     if (!target)
         co_return;
     QPointer<WorkspaceCommands> self(this);
+    ToastManager& toasts = app_.toastManager();
     ActivityScope activity(app_, localized("Popping stash…"));
-    const Outcome<OperationResult> popped = co_await outcomeOf(app_.service()->stashPop(target->repo));
-    const auto& [result, failure] = popped;
+    auto popped =
+        attempt(app_.service()->stashPop(target->repo), toasts, logOp("stashPop"), "Stash pop failed: %1");
+    const std::optional<OperationResult> result = co_await std::move(popped);
     if (!self)
         co_return;
-    ToastManager& toasts = app_.toastManager();
-    if (failure) {
-        logFailure("stashPop", *failure);
-        toasts.show(localized("Stash pop failed: %1", text(*failure)), ToastType::error);
+    if (!result) {
+        // A pop that failed half-way can have changed the working tree: the tab reads it again.
     } else if (const auto* conflict = std::get_if<Conflicted>(&*result)) {
         toasts.show(localized("Stash pop conflict in %1 file(s)", count(conflict->files.size())),
                     ToastType::warning);
@@ -227,20 +212,19 @@ QCoro::Task<void> WorkspaceCommands::createBranch(BranchRequest request) {
     }
     const bool discards = request.localChanges == LocalChangesOption::discard;
     QPointer<WorkspaceCommands> self(this);
-    Outcome<StatusResult> read = co_await outcomeOf(app_.service()->status(target->repo));
-    auto& [status, failure] = read;
-    if (!self)
+    ToastManager& toasts = app_.toastManager();
+    // Without knowing what is there, nothing is stashed or discarded.
+    auto read = attempt(app_.service()->status(target->repo), toasts,
+                        logOp(discards ? "createBranch.discard" : "createBranch.stash"),
+                        discards ? "Discard failed: %1" : "Stash failed: %1");
+    const std::optional<StatusResult> status = co_await std::move(read);
+    if (!status || !self)
         co_return;
     // git stashes nothing from a clean tree and says so without failing; the pop after the branch
     // would then apply an older, unrelated stash.
-    if (!failure && !discards && status->files.empty())
-        failure = "No local changes to save";
-    if (failure) {
-        // Without knowing what is there, nothing is stashed or discarded.
-        logFailure(discards ? "createBranch.discard" : "createBranch.stash", *failure);
-        app_.toastManager().show(discards ? localized("Discard failed: %1", text(*failure))
-                                          : localized("Stash failed: %1", text(*failure)),
-                                 ToastType::error);
+    if (!discards && status->files.empty()) {
+        qCDebug(lcOps, "%s reason=No local changes to save", logOp("createBranch.stash").c_str());
+        toasts.show(localized("Stash failed: %1", localized("No local changes to save")), ToastType::error);
         co_return;
     }
     if (discards && !status->files.empty()) {
@@ -277,33 +261,23 @@ QCoro::Task<void> WorkspaceCommands::runBranchCreation(Target target, BranchRequ
 
     if (stashes) {
         const std::string message = "Auto-stash before creating branch '" + name + "'";
-        const std::optional<std::string> failure =
-            co_await failureOf(service->stashSave(repo, message, true));
-        if (!self)
+        auto stashed = attempt(service->stashSave(repo, message, true), toasts, logOp("createBranch.stash"),
+                               "Stash failed: %1");
+        if (!co_await std::move(stashed) || !self)
             co_return;
-        if (failure) {
-            logFailure("createBranch.stash", *failure);
-            toasts.show(localized("Stash failed: %1", text(*failure)), ToastType::error);
-            co_return;
-        }
     } else if (request.localChanges == LocalChangesOption::discard) {
-        const std::optional<std::string> failure =
-            co_await failureOf(service->reset(repo, "HEAD", ResetMode::hard));
-        if (!self)
+        auto discarded = attempt(service->reset(repo, "HEAD", ResetMode::hard), toasts,
+                                 logOp("createBranch.discard"), "Discard failed: %1");
+        if (!co_await std::move(discarded) || !self)
             co_return;
-        if (failure) {
-            logFailure("createBranch.discard", *failure);
-            toasts.show(localized("Discard failed: %1", text(*failure)), ToastType::error);
-            co_return;
-        }
     }
 
-    std::optional<std::string> failure = co_await failureOf(service->createBranch(repo, name, std::nullopt));
+    auto created = attempt(service->createBranch(repo, name, std::nullopt), toasts, logOp("createBranch"),
+                           "Create branch failed: %1");
+    const bool wasCreated = (co_await std::move(created)).has_value();
     if (!self)
         co_return;
-    if (failure) {
-        logFailure("createBranch", *failure);
-        toasts.show(localized("Create branch failed: %1", text(*failure)), ToastType::error);
+    if (!wasCreated) {
         if (stashes)
             toasts.show(
                 localized("Your changes were auto-stashed before the failed operation. Reapply from the "
@@ -313,12 +287,12 @@ QCoro::Task<void> WorkspaceCommands::runBranchCreation(Target target, BranchRequ
         co_return;
     }
     if (request.checkout) {
-        failure = co_await failureOf(service->checkoutBranch(repo, name));
+        auto checkedOut = attempt(service->checkoutBranch(repo, name), toasts, logOp("createBranch.checkout"),
+                                  "Checkout failed: %1");
+        const bool wasCheckedOut = (co_await std::move(checkedOut)).has_value();
         if (!self)
             co_return;
-        if (failure) {
-            logFailure("createBranch.checkout", *failure);
-            toasts.show(localized("Checkout failed: %1", text(*failure)), ToastType::error);
+        if (!wasCheckedOut) {
             if (stashes)
                 toasts.show(localized("Branch '%1' was created, but checkout failed. Your changes are on the "
                                       "stash stack; reapply from the Stash section.",
@@ -333,18 +307,20 @@ QCoro::Task<void> WorkspaceCommands::runBranchCreation(Target target, BranchRequ
     }
 
     if (stashes) {
+        // Changes that do not come back stay on the stack, and a warning says so.
         const Outcome<OperationResult> reapplied = co_await outcomeOf(service->stashPop(repo));
         if (!self)
             co_return;
         if (reapplied.failure) {
-            logFailure("createBranch.stashPop", *reapplied.failure);
+            qCDebug(lcOps, "%s reason=%s", logOp("createBranch.stashPop").c_str(),
+                    reapplied.failure->c_str());
             toasts.show(
                 localized("Branch created, but your changes are still on the stash stack. Reapply from "
                           "the Stash section. (%1)",
                           text(*reapplied.failure)),
                 ToastType::warning);
         } else if (const auto* conflict = std::get_if<Conflicted>(&*reapplied.value)) {
-            qCDebug(lcApp, "op=%s.createBranch.stashPop result=conflict files=%ld", host_.constData(),
+            qCDebug(lcApp, "%s result=conflict files=%ld", logOp("createBranch.stashPop").c_str(),
                     static_cast<long>(conflict->files.size()));
             toasts.show(localized("Stash reapplied with conflicts in %1 file(s). Resolve before continuing.",
                                   count(conflict->files.size())),

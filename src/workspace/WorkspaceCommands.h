@@ -81,11 +81,11 @@ class WorkspaceCommands final : public QObject {
     QCoro::Task<void> pushTo(bool force);
     std::optional<Target> activeTarget() const;
     QCoro::Task<void> runBranchCreation(Target target, BranchRequest request);
-    // "op=<host>.<operation> reason=<error>".
-    void logFailure(const char* operation, const std::string& reason) const;
+    // "op=<host>.<operation>", the start of the command's log lines.
+    std::string logOp(const char* operation) const;
 
     AppViewModel& app_;
-    QByteArray host_;
+    std::string host_;
     std::optional<PendingDiscard> discardConfirmPending_;
 };
 
