@@ -16,6 +16,7 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QMessageBox>
+#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QTest>
 #include <QToolButton>
@@ -203,5 +204,34 @@ TEST_F(Toolbar, CreateBranchFromAGraphRowRunsTheGraphsActionAndChecksOutOnlyWhen
             return std::ranges::any_of(branches, [&](const BranchEntry& b) { return b.name == name; });
         }));
         local.git({"checkout", "-q", "main"});
+    }
+}
+
+TEST_F(Toolbar, CreateTagFromAGraphRowRunsTheGraphsAction) {
+    window.show();
+    local.write("second.txt", "second\n");
+    local.commitAll("second");
+    WorkspaceTabState& tab = openLocal();
+    const std::string row = local.rev("HEAD~1");
+    const std::string head = local.head();
+    const std::pair<const char*, const char*> tags[] = {{"light-at-first", ""},
+                                                        {"annotated-at-first", "a release"}};
+    for (const auto& [name, message] : tags) {
+        SCOPED_TRACE(name);
+        tab.graph().requestCreateTag(row);
+        QDialog* sheet = openDialog<QDialog>();
+        ASSERT_TRUE(sheet);
+        QTest::keyClicks(sheet->findChild<QLineEdit*>("create-tag.name-field"), QString::fromLatin1(name));
+        QTest::keyClicks(sheet->findChild<QPlainTextEdit*>("create-tag.message-field"),
+                         QString::fromLatin1(message));
+        sheet->findChild<QPushButton*>("create-tag.create-button")->click();
+        const QString notice =
+            QString::fromStdString(std::string(*message ? "Created annotated tag '" : "Created tag '") +
+                                   name + "' at " + row.substr(0, 7));
+        ASSERT_TRUE(test::eventually([&] { return shown.contains(notice); }))
+            << shown.join(" | ").toStdString();
+        test::drainQueue(*runner);
+        EXPECT_EQ(local.rev(std::string(name) + "^{commit}"), row);
+        EXPECT_EQ(local.head(), head);
     }
 }

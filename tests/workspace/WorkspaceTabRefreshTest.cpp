@@ -16,12 +16,7 @@ class TabRefresh : public test::RemoteFixture {};
 TEST_F(TabRefresh, OneStateReadPerRefreshIsSharedWithTheConflictBanner) {
     WorkspaceTabState& tab = openLocal();
     test::drainQueue(*runner);
-    local.git({"checkout", "-q", "-b", "topic"});
-    local.write("file.txt", "topic\n");
-    local.commitAll("topic");
-    local.git({"checkout", "-q", "main"});
-    local.write("file.txt", "main\n");
-    local.commitAll("main");
+    local.divergeOnOneFile();
     ASSERT_NE(local.gitAllowingFailure({"merge", "topic"}).exitCode, 0);
 
     test::LogCapture log;
@@ -33,5 +28,5 @@ TEST_F(TabRefresh, OneStateReadPerRefreshIsSharedWithTheConflictBanner) {
     const ConflictBannerViewModel& banner = tab.conflictBanner();
     EXPECT_EQ(banner.repoState(), RepositoryState::merging);
     ASSERT_EQ(banner.conflicts().size(), 1u);
-    EXPECT_EQ(banner.conflicts().front().path, "file.txt");
+    EXPECT_EQ(banner.conflicts().front().path, "file");
 }

@@ -191,7 +191,8 @@ RepositoryTabView::~RepositoryTabView() {
     saveSplitterStates();
 }
 
-// The graph's own action creates the branch at the row's commit, with its notice and its refresh.
+// The graph's own actions create the branch or the tag at the row's commit (or, for a tag, the
+// commit picked in the sheet), with their notices and refresh.
 void RepositoryTabView::showCreateBranch(const std::string& hash) {
     auto* sheet = new CreateBranchSheet(QString::fromStdString(hash), false, this);
     sheet->setAttribute(Qt::WA_DeleteOnClose);
@@ -203,9 +204,14 @@ void RepositoryTabView::showCreateBranch(const std::string& hash) {
 }
 
 void RepositoryTabView::showCreateTag(const std::string& hash) {
-    auto* sheet = new CreateTagSheet(tab_.repo(), hash, tab_.service(), this);
+    auto* sheet = new CreateTagSheet(tab_.repo(), hash, tab_.service(), this, true);
     sheet->setAttribute(Qt::WA_DeleteOnClose);
-    connect(sheet, &CreateTagSheet::created, &tab_, &WorkspaceTabState::refresh);
+    connect(sheet, &CreateTagSheet::createRequested, &tab_.graph(),
+            [graph = &tab_.graph()](const QString& name, const std::optional<QString>& message,
+                                    const std::string& commit) {
+                graph->createTag(name.toStdString(),
+                                 message ? std::optional(message->toStdString()) : std::nullopt, commit);
+            });
     sheet->open();
 }
 
