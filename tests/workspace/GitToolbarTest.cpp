@@ -47,6 +47,14 @@ class Toolbar : public test::RemoteFixture {
         return open;
     }
 
+    // The window over the local repository, one commit past its first, as the graph's rows show it.
+    WorkspaceTabState& openWithASecondCommit() {
+        window.show();
+        local.write("second.txt", "second\n");
+        local.commitAll("second");
+        return openLocal();
+    }
+
     MainWindow window{model, defaults};
 };
 
@@ -175,10 +183,7 @@ TEST_F(Toolbar, StashesFollowEveryRefreshAndTheSidebarTouchesOnlyTheStashItsRowS
 }
 
 TEST_F(Toolbar, CreateBranchFromAGraphRowRunsTheGraphsActionAndChecksOutOnlyWhenAsked) {
-    window.show();
-    local.write("second.txt", "second\n");
-    local.commitAll("second");
-    WorkspaceTabState& tab = openLocal();
+    WorkspaceTabState& tab = openWithASecondCommit();
     const std::string row = local.rev("HEAD~1");
     const std::string shortHash = row.substr(0, 7);
     for (const bool checkout : {false, true}) {
@@ -208,10 +213,7 @@ TEST_F(Toolbar, CreateBranchFromAGraphRowRunsTheGraphsActionAndChecksOutOnlyWhen
 }
 
 TEST_F(Toolbar, CreateTagFromAGraphRowRunsTheGraphsAction) {
-    window.show();
-    local.write("second.txt", "second\n");
-    local.commitAll("second");
-    WorkspaceTabState& tab = openLocal();
+    WorkspaceTabState& tab = openWithASecondCommit();
     const std::string row = local.rev("HEAD~1");
     const std::string head = local.head();
     const std::pair<const char*, const char*> tags[] = {{"light-at-first", ""},
