@@ -109,7 +109,8 @@ class RepoGraphPaneViewModel final : public QObject {
     QCoro::Task<void> reset(std::string hash, ResetMode mode);
     QCoro::Task<void> cherryPick(std::string hash);
     QCoro::Task<void> revert(std::string hash);
-    QCoro::Task<void> createBranch(std::string name, std::string hash);
+    // Checks the new branch out only when `checkout` is on.
+    QCoro::Task<void> createBranch(std::string name, std::string hash, bool checkout);
     QCoro::Task<void> createTag(std::string name, std::optional<std::string> message, std::string hash);
 
     // The commit search: at once over the loaded commits, then, after a pause in typing, through

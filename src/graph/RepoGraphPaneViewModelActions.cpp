@@ -5,8 +5,8 @@
 #include "core/commands/HistoryEditCommands.h"
 #include "core/service/GitServiceProtocol.h"
 #include "core/support/Log.h"
-#include "settings/LocalizationManager.h"
 #include "notices/ToastManager.h"
+#include "settings/LocalizationManager.h"
 
 #include <QClipboard>
 #include <QGuiApplication>
@@ -158,7 +158,8 @@ QCoro::Task<void> RepoGraphPaneViewModel::reset(std::string hash, ResetMode mode
     if (!co_await std::move(outcome))
         co_return;
     qCDebug(lcOps, "op=commit.reset mode=%s", HistoryEditCommands::resetModeName(mode));
-    toasts.show(localized("Reset %1 to %2", QString::fromLatin1(HistoryEditCommands::resetModeName(mode)), shortHash(hash)),
+    toasts.show(localized("Reset %1 to %2", QString::fromLatin1(HistoryEditCommands::resetModeName(mode)),
+                          shortHash(hash)),
                 ToastType::notice);
     if (self)
         self->afterChange();
@@ -203,15 +204,17 @@ QCoro::Task<void> RepoGraphPaneViewModel::pickOrRevert(std::string hash, bool is
         self->afterChange();
 }
 
-QCoro::Task<void> RepoGraphPaneViewModel::createBranch(std::string name, std::string hash) {
+QCoro::Task<void> RepoGraphPaneViewModel::createBranch(std::string name, std::string hash, bool checkout) {
     if (!checkRepository())
         co_return;
     QPointer<RepoGraphPaneViewModel> self(this);
     ToastManager& toasts = toasts_;
     const QString displayName = QString::fromStdString(name);
-    auto outcome = runAction(toasts, activity_, localized("Creating branch '%1'…", displayName),
-                             succeeded(service_->createBranch(repo_, name, hash)), "branch.createAtCommit",
-                             "Create branch failed: %1");
+    auto creation =
+        checkout ? service_->checkoutNewBranch(repo_, name, hash) : service_->createBranch(repo_, name, hash);
+    auto outcome =
+        runAction(toasts, activity_, localized("Creating branch '%1'…", displayName),
+                  succeeded(std::move(creation)), "branch.createAtCommit", "Create branch failed: %1");
     if (!co_await std::move(outcome))
         co_return;
     qCDebug(lcOps, "op=branch.createAtCommit");

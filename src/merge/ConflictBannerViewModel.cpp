@@ -2,8 +2,8 @@
 
 #include "core/service/GitServiceProtocol.h"
 #include "core/support/Log.h"
-#include "settings/LocalizationManager.h"
 #include "notices/ToastManager.h"
+#include "settings/LocalizationManager.h"
 
 namespace orvel {
 
@@ -51,35 +51,22 @@ std::optional<ConflictEntry> ConflictBannerViewModel::firstConflict() const {
     return conflicts_.front();
 }
 
-QCoro::Task<void> ConflictBannerViewModel::refresh() {
-    auto ticket = loads_.begin(this);
-    auto service = service_;
-    auto opened = service->open(repo_.path, ticket.stopToken());
-    auto status = service->status(repo_, ticket.stopToken());
-    try {
-        RepoEntry repo = co_await std::move(opened);
-        StatusResult files = co_await std::move(status);
-        if (!ticket.isCurrent())
-            co_return;
-        std::vector<ConflictEntry> conflicts;
-        std::map<std::string, QUuid> ids;
-        for (const FileChange& file : files.files) {
-            if (file.status.kind != FileStatusKind::Case::unmerged)
-                continue;
-            const auto known = conflictIDs_.find(file.path);
-            const QUuid id = known != conflictIDs_.end() ? known->second : QUuid::createUuid();
-            ids.emplace(file.path, id);
-            conflicts.push_back({id, file.path, file.status.conflict, std::nullopt, std::nullopt,
-                                 std::nullopt, file.baseHash, file.oursHash, file.theirsHash});
-        }
-        repo_ = std::move(repo);
-        conflicts_ = std::move(conflicts);
-        conflictIDs_ = std::move(ids);
-        emit stateChanged();
-    } catch (const std::exception& error) {
-        if (ticket.isCurrent())
-            qCDebug(lcOps, "op=repoState.refresh reason=%s", redactForLog(error.what()).c_str());
+void ConflictBannerViewModel::update(RepositoryState state, const std::vector<FileChange>& files) {
+    std::vector<ConflictEntry> conflicts;
+    std::map<std::string, QUuid> ids;
+    for (const FileChange& file : files) {
+        if (file.status.kind != FileStatusKind::Case::unmerged)
+            continue;
+        const auto known = conflictIDs_.find(file.path);
+        const QUuid id = known != conflictIDs_.end() ? known->second : QUuid::createUuid();
+        ids.emplace(file.path, id);
+        conflicts.push_back({id, file.path, file.status.conflict, std::nullopt, std::nullopt, std::nullopt,
+                             file.baseHash, file.oursHash, file.theirsHash});
     }
+    repo_.state = state;
+    conflicts_ = std::move(conflicts);
+    conflictIDs_ = std::move(ids);
+    emit stateChanged();
 }
 
 void ConflictBannerViewModel::setBusy(bool busy) {

@@ -1,13 +1,13 @@
 // The state behind the conflict banner: which operation the repository is in the middle of, its
-// conflicted files, and the ways out (abort, and for a rebase skip and continue). The tab asks it
-// to refresh after each of its own refreshes; an action that changed the repository says so, and
-// the tab refreshes everything.
+// conflicted files, and the ways out (abort, and for a rebase skip and continue). It reads nothing
+// itself: the tab hands it the state and the files of its own refresh. An action that changed the
+// repository says so, and the tab refreshes everything.
 #pragma once
 
 #include "core/records/ConflictEntry.h"
+#include "core/records/FileChange.h"
 #include "core/records/RepoEntry.h"
 #include "core/service/OperationResults.h"
-#include "core/support/LoadGeneration.h"
 
 #include <QObject>
 #include <QPointer>
@@ -32,7 +32,7 @@ class ConflictBannerViewModel final : public QObject {
     ConflictBannerViewModel(RepoEntry repo, std::shared_ptr<GitServiceProtocol> service, ToastManager& toasts,
                             QObject* parent = nullptr);
 
-    // The repository as the last refresh opened it.
+    // The repository it was made for, in the state last handed over.
     const RepoEntry& repo() const { return repo_; }
     const std::shared_ptr<GitServiceProtocol>& service() const { return service_; }
     RepositoryState repoState() const { return repo_.state; }
@@ -42,8 +42,9 @@ class ConflictBannerViewModel final : public QObject {
     // An abort, skip or continue is under way.
     bool isBusy() const { return isBusy_; }
 
-    // Reads the state from the marker files and the unmerged files from the status, side by side.
-    QCoro::Task<void> refresh();
+    // The repository's state and its working-tree files as the tab last read them; the unmerged
+    // ones are the conflicts.
+    void update(RepositoryState state, const std::vector<FileChange>& files);
     // The abort that fits the state; in a state without one it does nothing.
     QCoro::Task<void> abort();
     QCoro::Task<void> continueRebase();
@@ -67,7 +68,6 @@ class ConflictBannerViewModel final : public QObject {
     std::vector<ConflictEntry> conflicts_;
     std::map<std::string, QUuid> conflictIDs_;
     bool isBusy_ = false;
-    LoadGeneration loads_;
 };
 
 } // namespace orvel

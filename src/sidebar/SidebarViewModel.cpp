@@ -3,8 +3,8 @@
 
 #include "core/service/GitServiceProtocol.h"
 #include "core/support/Log.h"
-#include "settings/LocalizationManager.h"
 #include "notices/ToastManager.h"
+#include "settings/LocalizationManager.h"
 
 #include <QPointer>
 
@@ -119,9 +119,11 @@ QCoro::Task<void> SidebarViewModel::loadBranches(RepoEntry repo) {
     emit branchesLoaded(branches);
     qCDebug(lcRefs, "op=branches.load localCount=%ld remoteCount=%ld",
             static_cast<long>(localBranches_.size()), static_cast<long>(remoteBranches_.size()));
-    // The same refs as last time: the details read then still hold.
+    // The same refs as last time: the details read then still hold, but for the stashes, which a
+    // stash or pop changes without moving any branch.
     if (!localBranches_.empty() && !refsChanged) {
         updateFilterSources();
+        co_await loadStashes(std::move(repo));
         co_return;
     }
     co_await loadDetails(std::move(ticket), std::move(repo));

@@ -1,7 +1,8 @@
 // The state of a tab's left column: local and remote branches (as folder trees), tags, stashes,
 // and every action on them with the checks before a checkout, the force question after a refused
-// delete and the result of a merge, rebase or pull. A refresh that finds the same refs costs one
-// git call: the trees and the details (default branch, tags, stashes, merged branches) are kept.
+// delete and the result of a merge, rebase or pull. A refresh that finds the same refs costs two
+// git calls, the branches and the stashes (a stash moves no branch): the trees and the other
+// details (default branch, tags, merged branches) are kept.
 #pragma once
 
 #include "core/records/RebasePlan.h"
@@ -152,6 +153,9 @@ class SidebarViewModel final : public QObject {
   private:
     bool checkRepository();
     QCoro::Task<void> loadDetails(LoadTicket ticket, RepoEntry repo);
+    // Whether "stash@{index}" still names the stash's commit; when not, the rows follow git and the
+    // user is told. A failed read is told with `failureFormat`.
+    QCoro::Task<bool> stashStillListed(StashEntry stash, const char* logOp, const char* failureFormat);
     void reload();
     void updateFilterSources();
 

@@ -4,10 +4,11 @@
 #include "sidebar/SidebarViewModel.h"
 
 #include "content/BranchNameValidator.h"
+#include "content/ToastedAction.h"
 #include "core/service/GitServiceProtocol.h"
 #include "core/support/Log.h"
-#include "settings/LocalizationManager.h"
 #include "notices/ToastManager.h"
+#include "settings/LocalizationManager.h"
 
 #include <QPointer>
 
@@ -26,30 +27,6 @@ overloaded(Visitors...) -> overloaded<Visitors...>;
 
 QString errorText(const std::exception& error) {
     return QString::fromUtf8(error.what());
-}
-
-QCoro::Task<bool> succeeded(QCoro::Task<void> operation) {
-    co_await std::move(operation);
-    co_return true;
-}
-
-// Awaits `operation`; a failure is logged as "<logOp> reason=..." and shown as the error toast
-// `failureFormat` filled with the error's description. Answers the value, or nothing after a failure.
-template <typename T>
-QCoro::Task<std::optional<T>> attempt(QCoro::Task<T> operation, ToastManager& toasts, const char* logOp,
-                                      const char* failureFormat) {
-    try {
-        co_return std::optional<T>(co_await std::move(operation));
-    } catch (const std::exception& error) {
-        qCDebug(lcRefs, "%s reason=%s", logOp, redactForLog(error.what()).c_str());
-        toasts.show(localized(failureFormat, errorText(error)), ToastType::error);
-        co_return std::nullopt;
-    }
-}
-
-QCoro::Task<std::optional<bool>> attempt(QCoro::Task<void> operation, ToastManager& toasts, const char* logOp,
-                                         const char* failureFormat) {
-    return attempt(succeeded(std::move(operation)), toasts, logOp, failureFormat);
 }
 
 // A checkout goes ahead only over a working tree whose changes are all untracked or ignored; a
@@ -493,11 +470,38 @@ QCoro::Task<QString> SidebarViewModel::tagDetail(TagEntry tag) {
     co_return detail ? QString::fromUtf8(detail->data(), static_cast<qsizetype>(detail->size())) : QString();
 }
 
+// git names a stash by its place, which the next stash moves down one: an action goes ahead only
+// while that place still holds the row's commit. Otherwise the list read here replaces the rows,
+// the user is told, and nothing is touched.
+QCoro::Task<bool> SidebarViewModel::stashStillListed(StashEntry stash, const char* logOp,
+                                                     const char* failureFormat) {
+    QPointer<SidebarViewModel> self(this);
+    auto read = attempt(service_->stashList(*repo_), toasts_, logOp, failureFormat);
+    std::optional<std::vector<StashEntry>> stashes = co_await std::move(read);
+    if (!stashes || !self)
+        co_return false;
+    const bool listed = std::ranges::any_of(*stashes, [&stash](const StashEntry& entry) {
+        return entry.index == stash.index && entry.hash == stash.hash;
+    });
+    if (listed)
+        co_return true;
+    qCDebug(lcRefs, "%s result=stashMoved", logOp);
+    stashEntries_ = std::move(*stashes);
+    emit detailsChanged();
+    updateFilterSources();
+    toasts_.show(localized("The stashes changed since they were listed; nothing was done. Choose the stash "
+                           "again from the updated list."),
+                 ToastType::warning);
+    co_return false;
+}
+
 QCoro::Task<void> SidebarViewModel::applyStash(StashEntry stash) {
     if (!checkRepository())
         co_return;
     QPointer<SidebarViewModel> self(this);
     ToastManager& toasts = toasts_;
+    if (!co_await stashStillListed(stash, "op=stash.apply", "Apply stash failed: %1") || !self)
+        co_return;
     auto applied = attempt(service_->stashApply(*repo_, stash.index), toasts, "op=stash.apply",
                            "Apply stash failed: %1");
     const std::optional<OperationResult> result = co_await std::move(applied);
@@ -522,6 +526,8 @@ QCoro::Task<void> SidebarViewModel::applyAndDropStash(StashEntry stash) {
     auto service = service_;
     const RepoEntry repo = *repo_;
     ToastManager& toasts = toasts_;
+    if (!co_await stashStillListed(stash, "op=stash.applyAndDrop", "Apply stash failed: %1") || !self)
+        co_return;
     auto applied = attempt(service->stashApply(repo, stash.index), toasts, "op=stash.applyAndDrop",
                            "Apply stash failed: %1");
     const std::optional<OperationResult> result = co_await std::move(applied);
@@ -538,8 +544,12 @@ QCoro::Task<void> SidebarViewModel::applyAndDropStash(StashEntry stash) {
     }
     qCDebug(lcRefs, "op=stash.applyAndDrop applyResult=success");
     toasts.show(localized("Applied stash: %1", stash.message), ToastType::notice);
-    if (self)
-        emit self->checkoutComplete();
+    if (!self)
+        co_return;
+    emit self->checkoutComplete();
+    // A stash taken while this one applied has moved it down the list.
+    if (!co_await self->stashStillListed(stash, "op=stash.applyAndDrop", "Applied OK but drop failed: %1"))
+        co_return;
     try {
         co_await service->stashDrop(repo, stash.index);
     } catch (const std::exception& error) {
@@ -562,6 +572,8 @@ QCoro::Task<void> SidebarViewModel::dropStash() {
     QPointer<SidebarViewModel> self(this);
     const RepoEntry repo = *repo_;
     ToastManager& toasts = toasts_;
+    if (!co_await stashStillListed(stash, "op=stash.drop", "Drop stash failed: %1") || !self)
+        co_return;
     if (!co_await attempt(service_->stashDrop(repo, stash.index), toasts, "op=stash.drop",
                           "Drop stash failed: %1"))
         co_return;

@@ -14,6 +14,11 @@ bool GitToolbarViewModel::hasActiveTab() const {
     return app_.activeTab() != nullptr;
 }
 
+bool GitToolbarViewModel::canPopStash() const {
+    const WorkspaceTabState* tab = app_.activeTab();
+    return tab && tab->hasStashes();
+}
+
 void GitToolbarViewModel::setSelectedPullStrategy(PullStrategy strategy) {
     if (strategy == selectedPullStrategy_)
         return;
@@ -23,9 +28,13 @@ void GitToolbarViewModel::setSelectedPullStrategy(PullStrategy strategy) {
 
 void GitToolbarViewModel::followActiveTab() {
     disconnect(branchesConnection_);
-    if (WorkspaceTabState* tab = app_.activeTab())
+    disconnect(stashesConnection_);
+    if (WorkspaceTabState* tab = app_.activeTab()) {
         branchesConnection_ =
             connect(tab, &WorkspaceTabState::branchesChanged, this, &GitToolbarViewModel::readCounts);
+        stashesConnection_ =
+            connect(tab, &WorkspaceTabState::stashesChanged, this, &GitToolbarViewModel::stashesChanged);
+    }
     readCounts();
     emit activeTabChanged();
 }

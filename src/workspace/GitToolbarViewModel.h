@@ -23,6 +23,8 @@ class GitToolbarViewModel final : public QObject {
     WorkspaceCommands& commands() { return commands_; }
     // The commands need a tab to act on.
     bool hasActiveTab() const;
+    // Pop needs a stash on the active tab.
+    bool canPopStash() const;
     PullStrategy selectedPullStrategy() const { return selectedPullStrategy_; }
     void setSelectedPullStrategy(PullStrategy strategy);
     const AheadBehind& counts() const { return counts_; }
@@ -33,6 +35,7 @@ class GitToolbarViewModel final : public QObject {
     void countsChanged();
     void selectedPullStrategyChanged();
     void activeTabChanged();
+    void stashesChanged();
 
   private:
     void followActiveTab();
@@ -43,6 +46,7 @@ class GitToolbarViewModel final : public QObject {
     PullStrategy selectedPullStrategy_ = PullStrategy::merge;
     AheadBehind counts_;
     QMetaObject::Connection branchesConnection_;
+    QMetaObject::Connection stashesConnection_;
 };
 
 } // namespace orvel

@@ -1,6 +1,6 @@
 #include "workspace/WorkspaceCommands.h"
 
-#include "content/OperationFailure.h"
+#include "content/ToastedAction.h"
 #include "core/service/GitServiceProtocol.h"
 #include "core/support/Log.h"
 #include "core/support/UserDefaults.h"
@@ -32,25 +32,6 @@ class ActivityScope {
     QUuid id_;
 };
 
-// What a command needs of the tab it began on; the tab may close while git runs.
-struct Target {
-    QPointer<WorkspaceTabState> tab;
-    RepoEntry repo;
-    std::string remote;
-
-    void refresh() const {
-        if (tab)
-            tab->refresh();
-    }
-};
-
-std::optional<Target> activeTarget(const AppViewModel& app) {
-    WorkspaceTabState* tab = app.activeTab();
-    if (!tab)
-        return std::nullopt;
-    return Target{tab, tab->repo(), chosenRemote(tab->branches())};
-}
-
 QString text(const std::string& value) {
     return QString::fromStdString(value);
 }
@@ -59,7 +40,8 @@ QString count(std::size_t value) {
     return QString::number(value);
 }
 
-// An operation's value, or its error text with paths taken out.
+// An operation's value, or its error text with paths taken out, for the steps whose failure is
+// told otherwise than by an error toast.
 template <typename T>
 struct Outcome {
     std::optional<T> value;
@@ -79,50 +61,56 @@ QCoro::Task<Outcome<T>> outcomeOf(QCoro::Task<T> operation) {
 
 } // namespace
 
-WorkspaceCommands::WorkspaceCommands(AppViewModel& app, QString host, QObject* parent)
-    : QObject(parent), app_(app), host_(host.toUtf8()) {}
+void WorkspaceCommands::Target::refresh() const {
+    if (tab)
+        tab->refresh();
+}
 
-void WorkspaceCommands::logFailure(const char* operation, const std::string& reason) const {
-    qCDebug(lcApp, "op=%s.%s reason=%s", host_.constData(), operation, reason.c_str());
+std::optional<WorkspaceCommands::Target> WorkspaceCommands::activeTarget() const {
+    WorkspaceTabState* tab = app_.activeTab();
+    if (!tab)
+        return std::nullopt;
+    return Target{tab, tab->repo(), chosenRemote(tab->branches())};
+}
+
+WorkspaceCommands::WorkspaceCommands(AppViewModel& app, QString host, QObject* parent)
+    : QObject(parent), app_(app), host_(host.toStdString()) {}
+
+std::string WorkspaceCommands::logOp(const char* operation) const {
+    return "op=" + host_ + "." + operation;
 }
 
 QCoro::Task<void> WorkspaceCommands::fetch() {
-    const std::optional<Target> target = activeTarget(app_);
+    const std::optional<Target> target = activeTarget();
     if (!target)
         co_return;
     QPointer<WorkspaceCommands> self(this);
+    ToastManager& toasts = app_.toastManager();
     ActivityScope activity(app_, localized("Fetching from %1…", text(target->remote)));
     const bool prune = app_.defaults().value(QStringLiteral("autoPrune"), true).toBool();
-    const std::optional<std::string> failure =
-        co_await failureOf(app_.service()->fetch(target->repo, target->remote, prune));
-    if (!self)
+    auto fetched = attempt(app_.service()->fetch(target->repo, target->remote, prune), toasts, logOp("fetch"),
+                           "Fetch failed: %1");
+    if (!co_await std::move(fetched) || !self)
         co_return;
-    ToastManager& toasts = app_.toastManager();
-    if (failure) {
-        logFailure("fetch", *failure);
-        toasts.show(localized("Fetch failed: %1", text(*failure)), ToastType::error);
-        co_return;
-    }
     toasts.show(localized("Fetched from %1", text(target->remote)), ToastType::notice);
     app_.autoFetch().resume();
     target->refresh();
 }
 
 QCoro::Task<void> WorkspaceCommands::pull(PullStrategy strategy) {
-    const std::optional<Target> target = activeTarget(app_);
+    const std::optional<Target> target = activeTarget();
     if (!target)
         co_return;
     QPointer<WorkspaceCommands> self(this);
+    ToastManager& toasts = app_.toastManager();
     ActivityScope activity(app_, localized("Pulling from %1…", text(target->remote)));
-    const Outcome<MergeResult> pulled =
-        co_await outcomeOf(app_.service()->pull(target->repo, target->remote, strategy));
-    const auto& [result, failure] = pulled;
+    auto pulled = attempt(app_.service()->pull(target->repo, target->remote, strategy), toasts, logOp("pull"),
+                          "Pull failed: %1");
+    const std::optional<MergeResult> result = co_await std::move(pulled);
     if (!self)
         co_return;
-    ToastManager& toasts = app_.toastManager();
-    if (failure) {
-        logFailure("pull", *failure);
-        toasts.show(localized("Pull failed: %1", text(*failure)), ToastType::error);
+    if (!result) {
+        // A failed pull can still have moved things (a rebase that stopped half-way).
     } else if (const auto* conflict = std::get_if<Conflicted>(&*result)) {
         toasts.show(localized("Pull conflict in %1 file(s)", count(conflict->files.size())),
                     ToastType::error);
@@ -133,7 +121,6 @@ QCoro::Task<void> WorkspaceCommands::pull(PullStrategy strategy) {
     } else {
         toasts.show(localized("Already up to date"), ToastType::notice);
     }
-    // A failed pull can still have moved things (a rebase that stopped half-way).
     target->refresh();
 }
 
@@ -146,23 +133,19 @@ QCoro::Task<void> WorkspaceCommands::forcePush() {
 }
 
 QCoro::Task<void> WorkspaceCommands::pushTo(bool force) {
-    const std::optional<Target> target = activeTarget(app_);
+    const std::optional<Target> target = activeTarget();
     if (!target)
         co_return;
     QPointer<WorkspaceCommands> self(this);
+    ToastManager& toasts = app_.toastManager();
     ActivityScope activity(app_, force ? localized("Force pushing…") : localized("Pushing…"));
     auto service = app_.service();
     auto operation = force ? service->forcePush(target->repo, target->remote)
                            : service->push(target->repo, target->remote);
-    const std::optional<std::string> failure = co_await failureOf(std::move(operation));
-    if (!self)
+    auto pushed =
+        attempt(std::move(operation), toasts, logOp(force ? "forcePush" : "push"), "Push failed: %1");
+    if (!co_await std::move(pushed) || !self)
         co_return;
-    ToastManager& toasts = app_.toastManager();
-    if (failure) {
-        logFailure(force ? "forcePush" : "push", *failure);
-        toasts.show(localized("Push failed: %1", text(*failure)), ToastType::error);
-        co_return;
-    }
     toasts.show(force ? localized("Force pushed to %1", text(target->remote))
                       : localized("Pushed to %1", text(target->remote)),
                 ToastType::notice);
@@ -170,7 +153,7 @@ QCoro::Task<void> WorkspaceCommands::pushTo(bool force) {
 }
 
 QCoro::Task<void> WorkspaceCommands::stash(QString name) {
-    const std::optional<Target> target = activeTarget(app_);
+    const std::optional<Target> target = activeTarget();
     if (!target)
         co_return;
     QPointer<WorkspaceCommands> self(this);
@@ -187,34 +170,29 @@ QCoro::Task<void> WorkspaceCommands::stash(QString name) {
         co_return;
     }
     ActivityScope activity(app_, localized("Stashing changes…"));
-    const std::optional<std::string> failure =
-        co_await failureOf(service->stashSave(target->repo, name.toStdString(), true));
-    if (!self)
+    auto stashed = attempt(service->stashSave(target->repo, name.toStdString(), true), toasts,
+                           "op=stash.save", "Stash failed: %1");
+    if (!co_await std::move(stashed) || !self)
         co_return;
-    if (failure) {
-        qCDebug(lcApp, "op=stash.save reason=%s", failure->c_str());
-        toasts.show(localized("Stash failed: %1", text(*failure)), ToastType::error);
-        co_return;
-    }
     qCDebug(lcApp, "op=stash.save status=success");
     toasts.show(localized("Changes stashed"), ToastType::notice);
     target->refresh();
 }
 
 QCoro::Task<void> WorkspaceCommands::popStash() {
-    const std::optional<Target> target = activeTarget(app_);
+    const std::optional<Target> target = activeTarget();
     if (!target)
         co_return;
     QPointer<WorkspaceCommands> self(this);
+    ToastManager& toasts = app_.toastManager();
     ActivityScope activity(app_, localized("Popping stash…"));
-    const Outcome<OperationResult> popped = co_await outcomeOf(app_.service()->stashPop(target->repo));
-    const auto& [result, failure] = popped;
+    auto popped =
+        attempt(app_.service()->stashPop(target->repo), toasts, logOp("stashPop"), "Stash pop failed: %1");
+    const std::optional<OperationResult> result = co_await std::move(popped);
     if (!self)
         co_return;
-    ToastManager& toasts = app_.toastManager();
-    if (failure) {
-        logFailure("stashPop", *failure);
-        toasts.show(localized("Stash pop failed: %1", text(*failure)), ToastType::error);
+    if (!result) {
+        // A pop that failed half-way can have changed the working tree: the tab reads it again.
     } else if (const auto* conflict = std::get_if<Conflicted>(&*result)) {
         toasts.show(localized("Stash pop conflict in %1 file(s)", count(conflict->files.size())),
                     ToastType::warning);
@@ -225,116 +203,102 @@ QCoro::Task<void> WorkspaceCommands::popStash() {
 }
 
 QCoro::Task<void> WorkspaceCommands::createBranch(BranchRequest request) {
-    const std::optional<Target> target = activeTarget(app_);
+    const std::optional<Target> target = activeTarget();
     if (!target)
         co_return;
     if (request.localChanges == LocalChangesOption::dontChange) {
-        co_await runBranchCreation(std::move(request));
+        co_await runBranchCreation(*target, std::move(request));
         co_return;
     }
     const bool discards = request.localChanges == LocalChangesOption::discard;
     QPointer<WorkspaceCommands> self(this);
-    Outcome<StatusResult> read = co_await outcomeOf(app_.service()->status(target->repo));
-    auto& [status, failure] = read;
-    if (!self)
+    ToastManager& toasts = app_.toastManager();
+    // Without knowing what is there, nothing is stashed or discarded.
+    auto read = attempt(app_.service()->status(target->repo), toasts,
+                        logOp(discards ? "createBranch.discard" : "createBranch.stash"),
+                        discards ? "Discard failed: %1" : "Stash failed: %1");
+    const std::optional<StatusResult> status = co_await std::move(read);
+    if (!status || !self)
         co_return;
     // git stashes nothing from a clean tree and says so without failing; the pop after the branch
     // would then apply an older, unrelated stash.
-    if (!failure && !discards && status->files.empty())
-        failure = "No local changes to save";
-    if (failure) {
-        // Without knowing what is there, nothing is stashed or discarded.
-        logFailure(discards ? "createBranch.discard" : "createBranch.stash", *failure);
-        app_.toastManager().show(discards ? localized("Discard failed: %1", text(*failure))
-                                          : localized("Stash failed: %1", text(*failure)),
-                                 ToastType::error);
+    if (!discards && status->files.empty()) {
+        qCDebug(lcOps, "%s reason=No local changes to save", logOp("createBranch.stash").c_str());
+        toasts.show(localized("Stash failed: %1", localized("No local changes to save")), ToastType::error);
         co_return;
     }
     if (discards && !status->files.empty()) {
         const int files = static_cast<int>(status->files.size());
-        discardConfirmPending_ = PendingDiscard{std::move(request), files, target->repo.path};
+        discardConfirmPending_ = PendingDiscard{std::move(request), files, *target};
         emit discardConfirmationNeeded(files);
         co_return;
     }
-    co_await runBranchCreation(std::move(request));
+    co_await runBranchCreation(*target, std::move(request));
 }
 
 QCoro::Task<void> WorkspaceCommands::confirmDiscard() {
     if (!discardConfirmPending_)
         co_return;
     PendingDiscard pending = *std::exchange(discardConfirmPending_, std::nullopt);
-    const WorkspaceTabState* tab = app_.activeTab();
-    if (!tab || tab->repo().path != pending.repoPath)
+    // The confirmation holds for the repository it was asked about, and only while its tab is open.
+    if (!pending.target.tab)
         co_return;
-    co_await runBranchCreation(std::move(pending.request));
+    co_await runBranchCreation(std::move(pending.target), std::move(pending.request));
 }
 
 void WorkspaceCommands::cancelDiscard() {
     discardConfirmPending_.reset();
 }
 
-QCoro::Task<void> WorkspaceCommands::runBranchCreation(BranchRequest request) {
-    const std::optional<Target> target = activeTarget(app_);
-    if (!target)
-        co_return;
+QCoro::Task<void> WorkspaceCommands::runBranchCreation(Target target, BranchRequest request) {
     QPointer<WorkspaceCommands> self(this);
     ActivityScope activity(app_, localized("Creating branch '%1'…", request.name));
     auto service = app_.service();
     ToastManager& toasts = app_.toastManager();
-    const RepoEntry& repo = target->repo;
+    const RepoEntry& repo = target.repo;
     const std::string name = request.name.toStdString();
     const bool stashes = request.localChanges == LocalChangesOption::stashAndReapply;
 
     if (stashes) {
         const std::string message = "Auto-stash before creating branch '" + name + "'";
-        const std::optional<std::string> failure =
-            co_await failureOf(service->stashSave(repo, message, true));
-        if (!self)
+        auto stashed = attempt(service->stashSave(repo, message, true), toasts, logOp("createBranch.stash"),
+                               "Stash failed: %1");
+        if (!co_await std::move(stashed) || !self)
             co_return;
-        if (failure) {
-            logFailure("createBranch.stash", *failure);
-            toasts.show(localized("Stash failed: %1", text(*failure)), ToastType::error);
-            co_return;
-        }
     } else if (request.localChanges == LocalChangesOption::discard) {
-        const std::optional<std::string> failure =
-            co_await failureOf(service->reset(repo, "HEAD", ResetMode::hard));
-        if (!self)
+        auto discarded = attempt(service->reset(repo, "HEAD", ResetMode::hard), toasts,
+                                 logOp("createBranch.discard"), "Discard failed: %1");
+        if (!co_await std::move(discarded) || !self)
             co_return;
-        if (failure) {
-            logFailure("createBranch.discard", *failure);
-            toasts.show(localized("Discard failed: %1", text(*failure)), ToastType::error);
-            co_return;
-        }
     }
 
-    std::optional<std::string> failure = co_await failureOf(service->createBranch(repo, name, std::nullopt));
+    auto created = attempt(service->createBranch(repo, name, std::nullopt), toasts, logOp("createBranch"),
+                           "Create branch failed: %1");
+    const bool wasCreated = (co_await std::move(created)).has_value();
     if (!self)
         co_return;
-    if (failure) {
-        logFailure("createBranch", *failure);
-        toasts.show(localized("Create branch failed: %1", text(*failure)), ToastType::error);
+    if (!wasCreated) {
         if (stashes)
             toasts.show(
                 localized("Your changes were auto-stashed before the failed operation. Reapply from the "
                           "Stash section to recover them."),
                 ToastType::warning);
-        target->refresh();
+        target.refresh();
         co_return;
     }
     if (request.checkout) {
-        failure = co_await failureOf(service->checkoutBranch(repo, name));
+        auto checkedOut = attempt(service->checkoutBranch(repo, name), toasts, logOp("createBranch.checkout"),
+                                  "Checkout failed: %1");
+        const bool wasCheckedOut = (co_await std::move(checkedOut)).has_value();
         if (!self)
             co_return;
-        if (failure) {
-            logFailure("createBranch.checkout", *failure);
-            toasts.show(localized("Checkout failed: %1", text(*failure)), ToastType::error);
+        if (!wasCheckedOut) {
             if (stashes)
                 toasts.show(localized("Branch '%1' was created, but checkout failed. Your changes are on the "
                                       "stash stack; reapply from the Stash section.",
                                       request.name),
                             ToastType::warning);
-            target->refresh();
+            target.refresh();
             co_return;
         }
         toasts.show(localized("Created and checked out '%1'", request.name), ToastType::notice);
@@ -343,25 +307,27 @@ QCoro::Task<void> WorkspaceCommands::runBranchCreation(BranchRequest request) {
     }
 
     if (stashes) {
+        // Changes that do not come back stay on the stack, and a warning says so.
         const Outcome<OperationResult> reapplied = co_await outcomeOf(service->stashPop(repo));
         if (!self)
             co_return;
         if (reapplied.failure) {
-            logFailure("createBranch.stashPop", *reapplied.failure);
+            qCDebug(lcOps, "%s reason=%s", logOp("createBranch.stashPop").c_str(),
+                    reapplied.failure->c_str());
             toasts.show(
                 localized("Branch created, but your changes are still on the stash stack. Reapply from "
                           "the Stash section. (%1)",
                           text(*reapplied.failure)),
                 ToastType::warning);
         } else if (const auto* conflict = std::get_if<Conflicted>(&*reapplied.value)) {
-            qCDebug(lcApp, "op=%s.createBranch.stashPop result=conflict files=%ld", host_.constData(),
+            qCDebug(lcApp, "%s result=conflict files=%ld", logOp("createBranch.stashPop").c_str(),
                     static_cast<long>(conflict->files.size()));
             toasts.show(localized("Stash reapplied with conflicts in %1 file(s). Resolve before continuing.",
                                   count(conflict->files.size())),
                         ToastType::warning);
         }
     }
-    target->refresh();
+    target.refresh();
 }
 
 QString WorkspaceCommands::forcePushWarning(int behind) {

@@ -5,10 +5,12 @@
 #pragma once
 
 #include "content/LocalChangesOption.h"
+#include "core/records/RepoEntry.h"
 #include "core/service/OperationResults.h"
 
 #include <QDateTime>
 #include <QObject>
+#include <QPointer>
 #include <QString>
 
 #include <QCoro/QCoroTask>
@@ -19,6 +21,7 @@
 namespace orvel {
 
 class AppViewModel;
+class WorkspaceTabState;
 
 struct BranchRequest {
     QString name;
@@ -30,10 +33,20 @@ class WorkspaceCommands final : public QObject {
     Q_OBJECT
 
   public:
+    // The tab a command began on and what it needs of it. A command that awaits holds this, so it
+    // ends on its own repository whatever tab the user has moved to; the tab may close meanwhile.
+    struct Target {
+        QPointer<WorkspaceTabState> tab;
+        RepoEntry repo;
+        std::string remote;
+
+        void refresh() const;
+    };
+
     struct PendingDiscard {
         BranchRequest request;
         int fileCount = 0;
-        std::string repoPath; // the confirmation holds for this repository only
+        Target target; // the confirmation holds for this repository only
     };
 
     // `host` begins the log names: "menu" or "toolbar".
@@ -66,12 +79,13 @@ class WorkspaceCommands final : public QObject {
 
   private:
     QCoro::Task<void> pushTo(bool force);
-    QCoro::Task<void> runBranchCreation(BranchRequest request);
-    // "op=<host>.<operation> reason=<error>".
-    void logFailure(const char* operation, const std::string& reason) const;
+    std::optional<Target> activeTarget() const;
+    QCoro::Task<void> runBranchCreation(Target target, BranchRequest request);
+    // "op=<host>.<operation>", the start of the command's log lines.
+    std::string logOp(const char* operation) const;
 
     AppViewModel& app_;
-    QByteArray host_;
+    std::string host_;
     std::optional<PendingDiscard> discardConfirmPending_;
 };
 

@@ -6,12 +6,12 @@
 #include "diff/DiffDetailViewModel.h"
 #include "graph/RepoGraphPaneViewModel.h"
 #include "merge/ConflictBannerViewModel.h"
+#include "notices/ToastManager.h"
 #include "settings/LocalizationManager.h"
 #include "sidebar/SidebarViewModel.h"
 #include "workspace/ContentViewModel.h"
 #include "workspace/FileSystemWatcher.h"
 #include "workspace/RemoteChoice.h"
-#include "notices/ToastManager.h"
 #include "workspace/WorkspaceViewModel.h"
 
 #include <QPointer>
@@ -46,12 +46,16 @@ WorkspaceTabState::WorkspaceTabState(RepoEntry repo, std::shared_ptr<GitServiceP
         const int unstaged = static_cast<int>(changes_->unstagedFiles().size());
         graph_->setWorkingTreeCounts(staged, unstaged);
         emit workingTreeCountsChanged(staged, unstaged);
+        showConflicts();
     });
+    // The banner shows what the changes page read, so that a refresh reads the state once.
+    connect(changes_.get(), &ChangesPaneViewModel::repoStateChanged, this, &WorkspaceTabState::showConflicts);
     // A reset, pick or revert from the graph's menu changed the repository.
     connect(graph_.get(), &RepoGraphPaneViewModel::repositoryChanged, this, &WorkspaceTabState::refresh);
     connect(conflictBanner_.get(), &ConflictBannerViewModel::repositoryChanged, this,
             &WorkspaceTabState::refresh);
     connect(sidebar_.get(), &SidebarViewModel::branchesLoaded, this, &WorkspaceTabState::branchesLoaded);
+    connect(sidebar_.get(), &SidebarViewModel::detailsChanged, this, &WorkspaceTabState::stashesChanged);
     connect(sidebar_.get(), &SidebarViewModel::checkoutComplete, this, &WorkspaceTabState::checkoutComplete);
     connect(sidebar_.get(), &SidebarViewModel::branchSelected, this, [this](const BranchEntry& branch) {
         graph_->selectCommit(branch.hash);
@@ -76,12 +80,19 @@ QString WorkspaceTabState::title() const {
     return QString::fromStdString(std::filesystem::path(repo_.path).filename().string());
 }
 
+void WorkspaceTabState::showConflicts() {
+    conflictBanner_->update(changes_->repoState(), changes_->unstagedFiles());
+}
+
+bool WorkspaceTabState::hasStashes() const {
+    return !sidebar_->stashEntries().empty();
+}
+
 void WorkspaceTabState::loadData() {
     // The graph's read is queued first: it is what the user waits for.
     loadGraphAndMaintain();
     refreshWorkingTree();
     loadCurrentBranch();
-    conflictBanner_->refresh();
     sidebar_->loadBranches(repo_);
     if (!fileWatcher_)
         startFileWatcher();
@@ -96,7 +107,6 @@ void WorkspaceTabState::refresh() {
     refreshWorkingTree();
     graph_->load();
     sidebar_->loadBranches(repo_);
-    conflictBanner_->refresh();
     diff_->reloadWorkingTree();
 }
 
@@ -125,7 +135,6 @@ void WorkspaceTabState::checkoutComplete() {
     graph_->load();
     loadCurrentBranch();
     refreshWorkingTree();
-    conflictBanner_->refresh();
 }
 
 void WorkspaceTabState::reloadAfterFetch() {

@@ -58,6 +58,8 @@ class WorkspaceTabState final : public QObject {
     const std::vector<BranchEntry>& branches() const { return branches_; }
     // What the tab bar shows: the current branch, or the short hash of a detached HEAD.
     QString title() const;
+    // The sidebar lists at least one stash: there is something to pop.
+    bool hasStashes() const;
     RepoGraphPaneViewModel& graph() const { return *graph_; }
     ChangesPaneViewModel& changes() const { return *changes_; }
     WorkspaceViewModel& workspace() const { return *workspace_; }
@@ -82,6 +84,7 @@ class WorkspaceTabState final : public QObject {
   signals:
     void titleChanged();
     void branchesChanged();
+    void stashesChanged();
     void workingTreeCountsChanged(int staged, int unstaged);
 
   private:
@@ -96,6 +99,8 @@ class WorkspaceTabState final : public QObject {
     // The sidebar read the branches: the tab's name follows the checked-out one.
     void branchesLoaded(const std::vector<BranchEntry>& branches);
     void checkoutComplete();
+    // The conflict banner follows the changes page's state and files.
+    void showConflicts();
 
     QUuid id_ = QUuid::createUuid();
     RepoEntry repo_;

@@ -6,11 +6,11 @@
 #include "merge/ui/ConflictResolutionView.h"
 
 #include "core/RealGitService.h"
+#include "notices/ToastManager.h"
 #include "settings/ThemeEngine.h"
 #include "support/Await.h"
 #include "support/Screenshot.h"
 #include "widgets/TokenPalette.h"
-#include "notices/ToastManager.h"
 
 #include <QApplication>
 #include <QLabel>
@@ -31,13 +31,20 @@ namespace {
 
 class ConflictBannerTest : public test::RepositoryTest {
   protected:
-    // The banner over its model, refreshed whenever an action changed the repository, as the tab does.
+    // The banner over its model, given the repository's state and files whenever an action changed
+    // the repository, as the tab does after its refresh.
     void showBanner() {
         model = std::make_unique<ConflictBannerViewModel>(entry(), service, toasts);
         QObject::connect(model.get(), &ConflictBannerViewModel::repositoryChanged, model.get(),
-                         [this] { model->refresh(); });
+                         [this] { readRepository(repo.path()); });
         banner = std::make_unique<ConflictBanner>(*model);
-        test::await(model->refresh());
+        test::await(readRepository(repo.path()));
+    }
+
+    QCoro::Task<void> readRepository(std::string path) {
+        const RepoEntry opened = co_await service->open(path);
+        const StatusResult status = co_await service->status(opened);
+        model->update(opened.state, status.files);
     }
 
     template <typename T>
@@ -181,7 +188,7 @@ TEST_F(ConflictBannerTest, AbortAsksFirstAndThenLeavesTheRepositoryClean) {
         model = std::make_unique<ConflictBannerViewModel>(test::RealGitService::repoAt(fresh.path()), service,
                                                           toasts);
         banner = std::make_unique<ConflictBanner>(*model);
-        test::await(model->refresh());
+        test::await(readRepository(fresh.path()));
         ASSERT_FALSE(banner->isHidden());
         EXPECT_EQ(child<QLabel>(*banner, "conflict-banner.text")->text(), c.text);
         EXPECT_EQ(!child<QPushButton>(*banner, "conflict-banner.continue")->isHidden(), c.offersContinue);
@@ -194,13 +201,13 @@ TEST_F(ConflictBannerTest, AbortAsksFirstAndThenLeavesTheRepositoryClean) {
         EXPECT_EQ(box->text(), c.abortTitle);
         QTest::keyClick(box, Qt::Key_Escape);
         QTRY_VERIFY(banner->findChild<QMessageBox*>() == nullptr);
-        test::await(model->refresh());
+        test::await(readRepository(fresh.path()));
         EXPECT_FALSE(banner->isHidden());
 
         abort->click();
         child<QAbstractButton>(*banner->findChild<QMessageBox*>(), "conflict-banner.abort-confirm")->click();
         QTRY_VERIFY(!model->isBusy() && banner->findChild<QMessageBox*>() == nullptr);
-        test::await(model->refresh());
+        test::await(readRepository(fresh.path()));
         EXPECT_EQ(model->repoState(), RepositoryState::clean);
         EXPECT_TRUE(banner->isHidden());
         EXPECT_EQ(fresh.git({"status", "--porcelain"}), "");

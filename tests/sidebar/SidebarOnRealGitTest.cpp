@@ -25,7 +25,7 @@ bool ranCommand(const std::vector<GitExecutorProtocol::Arguments>& calls,
 
 } // namespace
 
-TEST_F(SidebarGit, ARefreshThatFindsTheSameRefsRunsOneCommand) {
+TEST_F(SidebarGit, ARefreshThatFindsTheSameRefsReadsOnlyTheBranchesAndTheStashes) {
     test::await(sidebar.loadBranches(entry));
     const auto first = executor->takeCalls();
     // The branches, the default branch (one or two reads), tags, stashes and the merged branches.
@@ -35,10 +35,16 @@ TEST_F(SidebarGit, ARefreshThatFindsTheSameRefsRunsOneCommand) {
     EXPECT_EQ(sidebar.mergedBranchNames(), std::set<std::string>{});
     ASSERT_NE(find("origin/feature/login"), nullptr);
 
+    // A stash moves no branch: the stashes are read on every refresh.
+    repo.write("a.txt", "stashed\n");
+    repo.git({"stash", "push", "-q", "-m", "kept aside"});
     test::await(sidebar.loadBranches(entry));
     const auto second = executor->takeCalls();
-    ASSERT_EQ(second.size(), 1u);
-    EXPECT_EQ(second.front().front(), "branch");
+    ASSERT_EQ(second.size(), 2u);
+    EXPECT_EQ(second[0].front(), "branch");
+    EXPECT_TRUE(ranCommand(second, {"stash", "list"}));
+    ASSERT_EQ(sidebar.stashEntries().size(), 1u);
+    EXPECT_EQ(sidebar.stashEntries().front().message, "On main: kept aside");
 }
 
 TEST_F(SidebarGit, ARemoteBranchIsCheckedOutAsANewTrackingBranchThenAsTheLocalOne) {

@@ -4,14 +4,19 @@
 #include "workspace/ui/GitToolbar.h"
 
 #include "RemoteFixture.h"
+#include "graph/RepoGraphPaneViewModel.h"
+#include "sidebar/SidebarViewModel.h"
 #include "support/Screenshot.h"
+#include "workspace/GitToolbarViewModel.h"
 #include "workspace/ui/GitToolbarButton.h"
 #include "workspace/ui/MainWindow.h"
 
+#include <QCheckBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
 #include <QMessageBox>
+#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QTest>
 #include <QToolButton>
@@ -40,6 +45,14 @@ class Toolbar : public test::RemoteFixture {
             return open != nullptr;
         });
         return open;
+    }
+
+    // The window over the local repository, one commit past its first, as the graph's rows show it.
+    WorkspaceTabState& openWithASecondCommit() {
+        window.show();
+        local.write("second.txt", "second\n");
+        local.commitAll("second");
+        return openLocal();
     }
 
     MainWindow window{model, defaults};
@@ -111,4 +124,116 @@ TEST_F(Toolbar, BranchSheetCarriesLocalChangesOverToTheNewBranch) {
     EXPECT_EQ(local.git({"branch", "--show-current"}), "feature-x\n");
     EXPECT_EQ(local.read("file.txt"), "work in progress\n");
     EXPECT_EQ(local.git({"stash", "list"}), "");
+}
+
+namespace {
+
+std::vector<std::string> stashMessages(const SidebarViewModel& sidebar) {
+    std::vector<std::string> messages;
+    for (const StashEntry& stash : sidebar.stashEntries())
+        messages.push_back(stash.message);
+    return messages;
+}
+
+} // namespace
+
+TEST_F(Toolbar, StashesFollowEveryRefreshAndTheSidebarTouchesOnlyTheStashItsRowShows) {
+    window.show();
+    SidebarViewModel& sidebar = openLocal().sidebar();
+    GitToolbarViewModel toolbar{model};
+    auto& popFromToolbar = find<QAction>("toolbar.stash.pop");
+    auto& popFromMenu = find<QAction>("menu.pop-stash");
+    EXPECT_FALSE(popFromToolbar.isEnabled());
+    EXPECT_FALSE(popFromMenu.isEnabled());
+
+    // A stash moves no branch; the sidebar lists it all the same.
+    for (const char* name : {"older", "newer"}) {
+        local.write("file.txt", std::string(name) + "\n");
+        run(toolbar.commands().stash(QString::fromLatin1(name)));
+    }
+    ASSERT_TRUE(test::eventually([&] { return sidebar.stashEntries().size() == 2; }));
+    EXPECT_EQ(stashMessages(sidebar), (std::vector<std::string>{"On main: newer", "On main: older"}));
+    EXPECT_TRUE(popFromToolbar.isEnabled());
+    EXPECT_TRUE(popFromMenu.isEnabled());
+
+    sidebar.requestDropStash(sidebar.stashEntries()[1]);
+    run(sidebar.dropStash());
+    EXPECT_EQ(local.git({"stash", "list", "--format=%gs"}), "On main: newer\n");
+    EXPECT_EQ(lastToast(), "Dropped stash: On main: older");
+
+    // The row asked about is "stash@{0}"; a stash from the toolbar moves it to "stash@{1}" before
+    // the drop is confirmed: nothing is dropped and the rows follow git.
+    sidebar.requestDropStash(sidebar.stashEntries()[0]);
+    local.write("file.txt", "newest\n");
+    run(toolbar.commands().stash(QStringLiteral("newest")));
+    run(sidebar.dropStash());
+    EXPECT_EQ(local.git({"stash", "list", "--format=%gs"}), "On main: newest\nOn main: newer\n");
+    EXPECT_TRUE(lastToast().startsWith("The stashes changed since they were listed"))
+        << lastToast().toStdString();
+    EXPECT_EQ(stashMessages(sidebar), (std::vector<std::string>{"On main: newest", "On main: newer"}));
+
+    for (int pop = 0; pop < 2; ++pop) {
+        local.git({"checkout", "-q", "--", "file.txt"});
+        run(toolbar.commands().popStash());
+    }
+    EXPECT_EQ(local.git({"stash", "list"}), "");
+    ASSERT_TRUE(test::eventually([&] { return sidebar.stashEntries().empty(); }));
+    EXPECT_FALSE(popFromToolbar.isEnabled());
+    EXPECT_FALSE(popFromMenu.isEnabled());
+}
+
+TEST_F(Toolbar, CreateBranchFromAGraphRowRunsTheGraphsActionAndChecksOutOnlyWhenAsked) {
+    WorkspaceTabState& tab = openWithASecondCommit();
+    const std::string row = local.rev("HEAD~1");
+    const std::string shortHash = row.substr(0, 7);
+    for (const bool checkout : {false, true}) {
+        SCOPED_TRACE(checkout);
+        const std::string name = checkout ? "checked-out-at-first" : "at-first";
+        tab.graph().requestCreateBranch(row);
+        QDialog* sheet = openDialog<QDialog>();
+        ASSERT_TRUE(sheet);
+        QTest::keyClicks(sheet->findChild<QLineEdit*>("create-branch.name-field"),
+                         QString::fromStdString(name));
+        EXPECT_FALSE(sheet->findChild<QToolButton*>("create-branch.advanced-toggle"));
+        sheet->findChild<QCheckBox*>("create-branch.checkout-toggle")->setChecked(checkout);
+        sheet->findChild<QPushButton*>("create-branch.create-button")->click();
+        const QString notice = QString::fromStdString("Created branch '" + name + "' at " + shortHash);
+        ASSERT_TRUE(test::eventually([&] { return shown.contains(notice); }))
+            << shown.join(" | ").toStdString();
+        test::drainQueue(*runner);
+        EXPECT_EQ(local.rev(name), row);
+        EXPECT_EQ(local.git({"branch", "--show-current"}), (checkout ? name : "main") + "\n");
+        // The graph's action refreshed the tab: the sidebar lists the new branch.
+        ASSERT_TRUE(test::eventually([&] {
+            const auto& branches = tab.branches();
+            return std::ranges::any_of(branches, [&](const BranchEntry& b) { return b.name == name; });
+        }));
+        local.git({"checkout", "-q", "main"});
+    }
+}
+
+TEST_F(Toolbar, CreateTagFromAGraphRowRunsTheGraphsAction) {
+    WorkspaceTabState& tab = openWithASecondCommit();
+    const std::string row = local.rev("HEAD~1");
+    const std::string head = local.head();
+    const std::pair<const char*, const char*> tags[] = {{"light-at-first", ""},
+                                                        {"annotated-at-first", "a release"}};
+    for (const auto& [name, message] : tags) {
+        SCOPED_TRACE(name);
+        tab.graph().requestCreateTag(row);
+        QDialog* sheet = openDialog<QDialog>();
+        ASSERT_TRUE(sheet);
+        QTest::keyClicks(sheet->findChild<QLineEdit*>("create-tag.name-field"), QString::fromLatin1(name));
+        QTest::keyClicks(sheet->findChild<QPlainTextEdit*>("create-tag.message-field"),
+                         QString::fromLatin1(message));
+        sheet->findChild<QPushButton*>("create-tag.create-button")->click();
+        const QString notice =
+            QString::fromStdString(std::string(*message ? "Created annotated tag '" : "Created tag '") +
+                                   name + "' at " + row.substr(0, 7));
+        ASSERT_TRUE(test::eventually([&] { return shown.contains(notice); }))
+            << shown.join(" | ").toStdString();
+        test::drainQueue(*runner);
+        EXPECT_EQ(local.rev(std::string(name) + "^{commit}"), row);
+        EXPECT_EQ(local.head(), head);
+    }
 }

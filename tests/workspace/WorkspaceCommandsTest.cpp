@@ -203,3 +203,50 @@ TEST_F(Commands, DiscardRunsOnlyAfterTheConfirmation) {
     EXPECT_EQ(local.rev("fresh"), local.head());
     EXPECT_EQ(lastToast(), "Created branch 'fresh'");
 }
+
+namespace {
+
+struct SwitchCase {
+    const char* title;
+    LocalChangesOption option;
+    bool confirms; // a discard waits for its confirmation, given after the switch
+};
+
+} // namespace
+
+TEST_F(Commands, AFlowFinishesOnTheRepositoryItStartedOnWhenTheUserSwitchesTabs) {
+    const SwitchCase cases[] = {
+        {"stash and reapply", LocalChangesOption::stashAndReapply, false},
+        {"discard after its confirmation", LocalChangesOption::discard, true},
+    };
+    test::TempRepo other;
+    other.write("file.txt", "other\n");
+    other.commitAll("other first");
+    WorkspaceTabState& a = openLocal();
+    test::await(model.openRepository(other.path()));
+    WorkspaceTabState* b = model.activeTab();
+    ASSERT_NE(b, &a);
+    b->cancelAllTasks();
+    int round = 0;
+    for (const SwitchCase& flow : cases) {
+        SCOPED_TRACE(flow.title);
+        const std::string name = "started-on-a-" + std::to_string(++round);
+        model.switchToTab(a.id());
+        local.write("file.txt", "changed\n");
+        other.write("file.txt", "other changed\n");
+        auto started = commands.createBranch({QString::fromStdString(name), true, flow.option});
+        // The flow awaits its status read; meanwhile the user goes to the other tab.
+        model.switchToTab(b->id());
+        run(std::move(started));
+        if (flow.confirms)
+            run(commands.confirmDiscard());
+
+        EXPECT_EQ(local.git({"rev-parse", "--abbrev-ref", "HEAD"}), name + "\n");
+        EXPECT_EQ(other.git({"rev-parse", "--abbrev-ref", "HEAD"}), "main\n");
+        EXPECT_NE(other.gitAllowingFailure({"rev-parse", "--verify", "-q", name}).exitCode, 0);
+        EXPECT_EQ(other.read("file.txt"), "other changed\n");
+        EXPECT_EQ(other.git({"stash", "list"}), "");
+        EXPECT_EQ(local.read("file.txt"), flow.confirms ? "one\n" : "changed\n");
+        local.git({"checkout", "-q", "-f", "main"});
+    }
+}

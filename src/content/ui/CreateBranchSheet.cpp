@@ -39,15 +39,16 @@ CreateBranchSheet::CreateBranchSheet(RepoEntry repo, std::string startPoint,
                                      std::shared_ptr<GitServiceProtocol> service, QWidget* parent)
     : CreateBranchSheet(new CreateBranchViewModel(std::move(repo), std::move(startPoint), std::move(service),
                                                   spaceReplacementSetting()),
-                        false, parent) {}
+                        false, false, parent) {}
 
 // The model never runs git here: Create hands the name over instead.
-CreateBranchSheet::CreateBranchSheet(const QString& currentBranchName, QWidget* parent)
+CreateBranchSheet::CreateBranchSheet(const QString& startPoint, bool offersLocalChanges, QWidget* parent)
     : CreateBranchSheet(
-          new CreateBranchViewModel({}, currentBranchName.toStdString(), nullptr, spaceReplacementSetting()),
-          true, parent) {}
+          new CreateBranchViewModel({}, startPoint.toStdString(), nullptr, spaceReplacementSetting()), true,
+          offersLocalChanges, parent) {}
 
-CreateBranchSheet::CreateBranchSheet(CreateBranchViewModel* model, bool handsOver, QWidget* parent)
+CreateBranchSheet::CreateBranchSheet(CreateBranchViewModel* model, bool handsOver, bool offersLocalChanges,
+                                     QWidget* parent)
     : OSheet(parent), model_(model), startPointLabel_(new QLabel(this)),
       startPoint_(new QLabel(displayedStartPoint(model_->startPoint()), this)), nameLabel_(new QLabel(this)),
       nameField_(new QLineEdit(this)), counter_(new QLabel(this)), validation_(new OInlineMessage(this)),
@@ -77,7 +78,7 @@ CreateBranchSheet::CreateBranchSheet(CreateBranchViewModel* model, bool handsOve
     form->addRow(QString(), validation_);
     form->addRow(QString(), checkoutToggle_);
     contentLayout()->addLayout(form);
-    if (handsOver_)
+    if (offersLocalChanges)
         addLocalChangesChoice();
 
     connect(nameField_, &QLineEdit::textEdited, model_, &CreateBranchViewModel::setName);
@@ -156,7 +157,7 @@ void CreateBranchSheet::retranslate() {
     checkoutToggle_->setText(localized("Check out after create"));
     cancelButton()->setText(localized("Cancel"));
     cancelButton()->setAccessibleName(localized("Cancel creating branch"));
-    if (handsOver_) {
+    if (localChanges_) {
         advancedToggle_->setText(localized("Advanced Settings"));
         localChangesLabel_->setText(localized("Local changes:"));
         for (QAbstractButton* choice : localChanges_->buttons())

@@ -29,8 +29,9 @@ class CreateBranchSheet final : public OSheet {
   public:
     CreateBranchSheet(RepoEntry repo, std::string startPoint, std::shared_ptr<GitServiceProtocol> service,
                       QWidget* parent = nullptr);
-    // The sheet that hands its answer over; `currentBranchName` shows under "Create branch at:".
-    CreateBranchSheet(const QString& currentBranchName, QWidget* parent = nullptr);
+    // The sheet that hands its answer over; `startPoint` shows under "Create branch at:". The choice
+    // of what happens to local changes is offered for a branch at HEAD only.
+    CreateBranchSheet(const QString& startPoint, bool offersLocalChanges, QWidget* parent = nullptr);
 
   signals:
     void created();
@@ -40,7 +41,7 @@ class CreateBranchSheet final : public OSheet {
     void retranslate() override;
 
   private:
-    CreateBranchSheet(CreateBranchViewModel* model, bool handsOver, QWidget* parent);
+    CreateBranchSheet(CreateBranchViewModel* model, bool handsOver, bool offersLocalChanges, QWidget* parent);
     void showState();
     void addLocalChangesChoice();
     void confirm();

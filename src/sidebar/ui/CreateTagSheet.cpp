@@ -25,14 +25,14 @@ QString shortHash(const std::string& hash) {
 } // namespace
 
 CreateTagSheet::CreateTagSheet(RepoEntry repo, std::string targetHash,
-                               std::shared_ptr<GitServiceProtocol> service, QWidget* parent)
+                               std::shared_ptr<GitServiceProtocol> service, QWidget* parent, bool handsOver)
     : OSheet(parent),
       model_(new CreateTagViewModel(std::move(repo), std::move(targetHash), std::move(service), this)),
       nameLabel_(new QLabel(this)), nameField_(new QLineEdit(this)), validation_(new OInlineMessage(this)),
       messageLabel_(new QLabel(this)), messageField_(new QPlainTextEdit(this)),
       targetLabel_(new QLabel(this)), target_(new QLabel(this)), advancedToggle_(new QToolButton(this)),
       advanced_(new QWidget(this)), commitLabel_(new QLabel(advanced_)),
-      commitPicker_(new QComboBox(advanced_)), loadingCommits_(new QLabel(advanced_)) {
+      commitPicker_(new QComboBox(advanced_)), loadingCommits_(new QLabel(advanced_)), handsOver_(handsOver) {
     setObjectName(QStringLiteral("create-tag-sheet"));
     setMinimumWidth(440);
     nameField_->setObjectName(QStringLiteral("create-tag.name-field"));
@@ -77,7 +77,7 @@ CreateTagSheet::CreateTagSheet(RepoEntry repo, std::string targetHash,
     });
     connect(model_, &CreateTagViewModel::stateChanged, this, &CreateTagSheet::showState);
     connect(model_, &CreateTagViewModel::commitsChanged, this, &CreateTagSheet::showCommits);
-    connect(acceptButton(), &QPushButton::clicked, model_, [this] { model_->create(); });
+    connect(acceptButton(), &QPushButton::clicked, this, &CreateTagSheet::confirm);
     connect(model_, &CreateTagViewModel::created, this, [this] {
         emit created();
         accept();
@@ -85,6 +85,19 @@ CreateTagSheet::CreateTagSheet(RepoEntry repo, std::string targetHash,
 
     retranslate();
     nameField_->setFocus();
+}
+
+void CreateTagSheet::confirm() {
+    if (!handsOver_) {
+        model_->create();
+        return;
+    }
+    if (!model_->canCreate())
+        return;
+    const QString& message = model_->message();
+    emit createRequested(model_->tagName(), message.isEmpty() ? std::nullopt : std::optional(message),
+                         model_->selectedCommit());
+    accept();
 }
 
 void CreateTagSheet::retranslate() {

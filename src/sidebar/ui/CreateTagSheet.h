@@ -7,6 +7,7 @@
 #include "widgets/OSheet.h"
 
 #include <memory>
+#include <optional>
 #include <string>
 
 class QComboBox;
@@ -24,12 +25,16 @@ class CreateTagSheet final : public OSheet {
     Q_OBJECT
 
   public:
-    // An empty `targetHash` tags HEAD.
+    // An empty `targetHash` tags HEAD. A sheet that `handsOver` runs no git to create the tag:
+    // Create raises createRequested, for the owner's own action (the graph's, at a commit).
     CreateTagSheet(RepoEntry repo, std::string targetHash, std::shared_ptr<GitServiceProtocol> service,
-                   QWidget* parent = nullptr);
+                   QWidget* parent = nullptr, bool handsOver = false);
 
   signals:
     void created();
+    // An empty `commit` means HEAD; a message makes the tag annotated.
+    void createRequested(const QString& name, const std::optional<QString>& message,
+                         const std::string& commit);
 
   protected:
     void retranslate() override;
@@ -38,6 +43,7 @@ class CreateTagSheet final : public OSheet {
     void showState();
     void showCommits();
     void toggleAdvanced(bool open);
+    void confirm();
 
     CreateTagViewModel* model_;
     QLabel* nameLabel_;
@@ -52,6 +58,7 @@ class CreateTagSheet final : public OSheet {
     QLabel* commitLabel_;
     QComboBox* commitPicker_;
     QLabel* loadingCommits_;
+    bool handsOver_;
 };
 
 } // namespace orvel

@@ -68,6 +68,7 @@ GitToolbar::GitToolbar(AppViewModel& app, QWidget* parent)
     connect(model_, &GitToolbarViewModel::countsChanged, this, &GitToolbar::showState);
     connect(model_, &GitToolbarViewModel::selectedPullStrategyChanged, this, &GitToolbar::showState);
     connect(model_, &GitToolbarViewModel::activeTabChanged, this, &GitToolbar::showState);
+    connect(model_, &GitToolbarViewModel::stashesChanged, this, &GitToolbar::showState);
     connect(&app, &AppViewModel::activityChanged, this, &GitToolbar::showState);
     // Over the welcome page there is no tab to act on.
     connect(&app, &AppViewModel::modeChanged, this,
@@ -115,6 +116,7 @@ void GitToolbar::showState() {
                                 static_cast<QToolButton*>(push_), static_cast<QToolButton*>(branch_),
                                 static_cast<QToolButton*>(tag_), static_cast<QToolButton*>(stash_)})
         button->setEnabled(enabled);
+    popStash_->setEnabled(model_->canPopStash());
     status_->setState(model_->app().activityMessage(), counts.ahead, counts.behind);
 }
 

@@ -191,17 +191,27 @@ RepositoryTabView::~RepositoryTabView() {
     saveSplitterStates();
 }
 
+// The graph's own actions create the branch or the tag at the row's commit (or, for a tag, the
+// commit picked in the sheet), with their notices and refresh.
 void RepositoryTabView::showCreateBranch(const std::string& hash) {
-    auto* sheet = new CreateBranchSheet(tab_.repo(), hash, tab_.service(), this);
+    auto* sheet = new CreateBranchSheet(QString::fromStdString(hash), false, this);
     sheet->setAttribute(Qt::WA_DeleteOnClose);
-    connect(sheet, &CreateBranchSheet::created, &tab_, &WorkspaceTabState::refresh);
+    connect(sheet, &CreateBranchSheet::createRequested, &tab_.graph(),
+            [graph = &tab_.graph(), hash](const QString& name, bool checkout) {
+                graph->createBranch(name.toStdString(), hash, checkout);
+            });
     sheet->open();
 }
 
 void RepositoryTabView::showCreateTag(const std::string& hash) {
-    auto* sheet = new CreateTagSheet(tab_.repo(), hash, tab_.service(), this);
+    auto* sheet = new CreateTagSheet(tab_.repo(), hash, tab_.service(), this, true);
     sheet->setAttribute(Qt::WA_DeleteOnClose);
-    connect(sheet, &CreateTagSheet::created, &tab_, &WorkspaceTabState::refresh);
+    connect(sheet, &CreateTagSheet::createRequested, &tab_.graph(),
+            [graph = &tab_.graph()](const QString& name, const std::optional<QString>& message,
+                                    const std::string& commit) {
+                graph->createTag(name.toStdString(),
+                                 message ? std::optional(message->toStdString()) : std::nullopt, commit);
+            });
     sheet->open();
 }
 

@@ -71,9 +71,19 @@ void WorkspaceMenu::retranslate() {
 }
 
 void WorkspaceMenu::showActiveTab() {
-    const bool enabled = app_.activeTab() != nullptr;
-    for (QAction* action : {fetch_, pull_, push_, forcePush_, newBranch_, newTag_, stash_, popStash_})
-        action->setEnabled(enabled);
+    WorkspaceTabState* tab = app_.activeTab();
+    for (QAction* action : {fetch_, pull_, push_, forcePush_, newBranch_, newTag_, stash_})
+        action->setEnabled(tab != nullptr);
+    disconnect(stashesConnection_);
+    if (tab)
+        stashesConnection_ =
+            connect(tab, &WorkspaceTabState::stashesChanged, this, &WorkspaceMenu::showStashes);
+    showStashes();
+}
+
+void WorkspaceMenu::showStashes() {
+    const WorkspaceTabState* tab = app_.activeTab();
+    popStash_->setEnabled(tab && tab->hasStashes());
 }
 
 void WorkspaceMenu::openSettings() {

@@ -28,6 +28,8 @@ class WorkspaceMenu final : public QObject {
     void retranslate();
     void showActiveTab();
     void openSettings();
+    // Pop needs a stash on the active tab.
+    void showStashes();
 
     AppViewModel& app_;
     QMenu& menu_;
@@ -44,6 +46,7 @@ class WorkspaceMenu final : public QObject {
     QAction* stash_;
     QAction* popStash_;
     QAction* settingsAction_;
+    QMetaObject::Connection stashesConnection_;
 };
 
 } // namespace orvel
