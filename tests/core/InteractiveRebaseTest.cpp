@@ -68,9 +68,10 @@ class InteractiveRebase : public test::PrivateTemporaryDirectoryTest {
 
     // Quotes and $() in the repository path must survive the reword script's read of its step.
     const std::string repoPath = work / "it's \"our\" $(touch pwned) repo";
-    // squash asks the editor for the combined message; "true" keeps git's and never waits on a
-    // terminal. The reword script, where a plan has one, takes its place.
-    test::ScopedEnvironment editor{"GIT_EDITOR", "true"};
+    // squash asks an editor for the combined message: with none anywhere, git's own is kept and
+    // nothing waits on a terminal. The reword script, where a plan has one, takes its place.
+    test::ScopedEnvironment noGitEditor{"GIT_EDITOR", std::nullopt};
+    test::ScopedEnvironment noEditor{"EDITOR", std::nullopt};
     test::RealGitService git;
     RepoEntry repo;
     std::string base;

@@ -13,6 +13,7 @@
 #include "support/Await.h"
 #include "support/GitFixture.h"
 #include "support/RecordingExecutor.h"
+#include "support/ScopedEnvironment.h"
 #include "support/ServiceError.h"
 
 #include <gtest/gtest.h>
@@ -158,10 +159,11 @@ TEST_F(MergesInRealRepository, RebaseConflictThenContinueWithUnresolvedFiles) {
 
     repo.write("file", "resolved\n");
     repo.git({"add", "file"});
-    // Git opens its editor on the message of a resolved step; keep the message as it is.
-    ::setenv("GIT_EDITOR", "true", 1);
+    // As when started from a desktop menu: no terminal type, no editor anywhere. git would open
+    // an editor on the resolved step's message; it must keep the message and finish.
+    const test::ScopedEnvironment noTerm("TERM", std::nullopt), noEditor("EDITOR", std::nullopt),
+        noVisual("VISUAL", std::nullopt), noGitEditor("GIT_EDITOR", std::nullopt);
     const InteractiveRebaseResult finished = MergeCommands::rebaseContinue(git, entry());
-    ::unsetenv("GIT_EDITOR");
     EXPECT_TRUE(std::holds_alternative<rebase::Success>(finished));
     EXPECT_FALSE(exists(".git/rebase-merge"));
     EXPECT_EQ(repo.git({"log", "--format=%s", "-3"}),

@@ -90,6 +90,7 @@ TEST(SubprocessExecutorEnvironment, PathPromptLocaleAskpassAndExtras) {
     EXPECT_EQ(valueOf(environment, "PATH"), "/opt/homebrew/bin:/opt/homebrew/sbin:/usr/local/bin:/usr/bin");
     EXPECT_EQ(valueOf(environment, "GIT_TERMINAL_PROMPT"), "0");
     EXPECT_EQ(valueOf(environment, "GIT_OPTIONAL_LOCKS"), "0");
+    EXPECT_EQ(valueOf(environment, "GIT_EDITOR"), ":");
     EXPECT_EQ(valueOf(environment, "LC_ALL"), "C");
     EXPECT_EQ(valueOf(environment, "HOME"), "/h");
     // Without a PATH, the system directories.

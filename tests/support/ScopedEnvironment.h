@@ -1,4 +1,5 @@
-// Sets one environment variable of the test process for a scope and puts the old value back.
+// Sets or unsets one environment variable of the test process for a scope and puts the old value
+// back.
 // Set it while no git command runs: the executor reads the environment when it starts a child.
 #pragma once
 
@@ -10,10 +11,14 @@ namespace orvel::test {
 
 class ScopedEnvironment {
   public:
-    ScopedEnvironment(std::string name, const std::string& value) : name_(std::move(name)) {
+    // No value unsets the variable.
+    ScopedEnvironment(std::string name, const std::optional<std::string>& value) : name_(std::move(name)) {
         if (const char* old = std::getenv(name_.c_str()))
             old_ = old;
-        ::setenv(name_.c_str(), value.c_str(), 1);
+        if (value)
+            ::setenv(name_.c_str(), value->c_str(), 1);
+        else
+            ::unsetenv(name_.c_str());
     }
     ~ScopedEnvironment() {
         if (old_)

@@ -83,6 +83,10 @@ std::vector<std::string> gitEnvironment(const std::vector<std::string>& inherite
     std::vector<std::string> environment = inherited;
     setEntry(environment, "PATH", std::string(pathPrefix) + searchPath);
     setEntry(environment, "GIT_TERMINAL_PROMPT", "0");
+    // A desktop program has no terminal for an editor: where git would open one on a message it
+    // prepared (a resolved rebase step, a merge), ":" tells it to take that message as it stands.
+    // Callers that need an editor (the interactive rebase's plan and rewords) set their own.
+    setEntry(environment, "GIT_EDITOR", ":");
     setEntry(environment, "LC_ALL", "C");
     // The reads that run behind the user's back (status after every file change) must not take
     // the index lock for their optional refresh, or a commit typed in a terminal at that moment
