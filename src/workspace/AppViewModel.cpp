@@ -1,6 +1,7 @@
 #include "workspace/AppViewModel.h"
 
 #include "changes/ChangesPaneViewModel.h"
+#include "core/service/GitServiceError.h"
 #include "core/service/GitServiceProtocol.h"
 #include "core/support/Log.h"
 #include "core/support/Text.h"
@@ -18,6 +19,14 @@
 namespace orvel {
 
 namespace {
+
+// Whether git ran and answered that the folder holds no repository. Any other failure (git missing,
+// broken or killed) says nothing about the folder, and the entry stays.
+bool saysNotARepository(const std::exception& failure) {
+    const auto* error = dynamic_cast<const GitServiceError*>(&failure);
+    return error && error->kind() == GitServiceError::Kind::commandFailed &&
+           error->stderrText().find("not a git repository") != std::string::npos;
+}
 
 const QString recentsKey = QStringLiteral("recentRepositoryPaths");
 
@@ -244,7 +253,8 @@ QCoro::Task<void> AppViewModel::pruneInvalidRecents() {
             co_await service->open(entry.path);
         } catch (const std::exception& failure) {
             qCDebug(lcApp, "op=recents.validate reason=%s", redactForLog(failure.what()).c_str());
-            invalid.push_back(lastPathComponent(entry.path));
+            if (saysNotARepository(failure))
+                invalid.push_back(lastPathComponent(entry.path));
         }
         if (!self)
             co_return;

@@ -23,34 +23,39 @@ constexpr uint32_t watchedEvents = IN_CREATE | IN_DELETE | IN_MODIFY | IN_ATTRIB
                                    IN_MOVED_FROM | IN_MOVED_TO | IN_DELETE_SELF | IN_MOVE_SELF | IN_ONLYDIR |
                                    IN_DONT_FOLLOW;
 
+enum class WalkEnd { done, limitReached, stopped };
+
 // The watches of one inotify instance, by descriptor, with the directory each one stands for.
 class WatchTree {
   public:
-    explicit WatchTree(int fd) : fd_(fd) {}
+    WatchTree(int fd, const std::atomic<bool>& stopping) : fd_(fd), stopping_(stopping) {}
 
-    // Watches `root` and every directory below it. Answers false when the kernel's watch limit
-    // was reached; directories that vanish meanwhile or can't be read are skipped.
-    bool add(const std::filesystem::path& root) {
+    // Watches `root` and every directory below it; directories that vanish meanwhile or can't be
+    // read are skipped. The first walk of a huge tree takes seconds, so it ends as soon as the
+    // watcher is told to stop: closing a tab or quitting must not wait for it.
+    WalkEnd add(const std::filesystem::path& root) {
         std::vector<std::filesystem::path> pending{root};
         while (!pending.empty()) {
+            if (stopping_)
+                return WalkEnd::stopped;
             std::filesystem::path directory = std::move(pending.back());
             pending.pop_back();
             const int wd = inotify_add_watch(fd_, directory.c_str(), watchedEvents);
             if (wd < 0) {
                 if (errno == ENOSPC)
-                    return false;
+                    return WalkEnd::limitReached;
                 continue;
             }
             std::error_code error;
-            for (std::filesystem::directory_iterator it(directory, error), end; !error && it != end;
-                 it.increment(error)) {
+            for (std::filesystem::directory_iterator it(directory, error), end;
+                 !error && it != end && !stopping_; it.increment(error)) {
                 std::error_code statusError;
                 if (it->symlink_status(statusError).type() == std::filesystem::file_type::directory)
                     pending.push_back(it->path());
             }
             directories_[wd] = std::move(directory);
         }
-        return true;
+        return WalkEnd::done;
     }
 
     const std::filesystem::path* directory(int wd) const {
@@ -62,6 +67,7 @@ class WatchTree {
 
   private:
     int fd_;
+    const std::atomic<bool>& stopping_;
     std::unordered_map<int, std::filesystem::path> directories_;
 };
 
@@ -115,18 +121,20 @@ void FileSystemWatcher::stop() {
 }
 
 void FileSystemWatcher::run(std::vector<std::string> paths) {
-    WatchTree tree(inotifyFd_);
+    WatchTree tree(inotifyFd_, stopping_);
     auto giveUp = [this] {
         qCWarning(lcWatcher, "op=watcher.limit reason=the kernel's inotify watch limit is reached");
         if (watchLimitReached_)
             watchLimitReached_();
     };
     for (const std::string& path : paths) {
-        if (!tree.add(path)) {
-            startedPromise_.set_value();
+        const WalkEnd end = tree.add(path);
+        if (end == WalkEnd::done)
+            continue;
+        startedPromise_.set_value();
+        if (end == WalkEnd::limitReached)
             giveUp();
-            return;
-        }
+        return;
     }
     startedPromise_.set_value();
     qCDebug(lcWatcher, "startWatching: inotify started");
@@ -160,9 +168,12 @@ void FileSystemWatcher::run(std::vector<std::string> paths) {
                 changed = true;
                 const std::filesystem::path* parent = tree.directory(event->wd);
                 if ((event->mask & IN_ISDIR) && (event->mask & (IN_CREATE | IN_MOVED_TO)) && parent &&
-                    event->len && !tree.add(*parent / event->name)) {
-                    giveUp();
-                    return;
+                    event->len) {
+                    const WalkEnd end = tree.add(*parent / event->name);
+                    if (end == WalkEnd::limitReached)
+                        giveUp();
+                    if (end != WalkEnd::done)
+                        return;
                 }
             }
         }

@@ -12,6 +12,7 @@
 #include "workspace/ContentViewModel.h"
 #include "workspace/FileSystemWatcher.h"
 #include "workspace/RemoteChoice.h"
+#include "workspace/RepositoryWatchPaths.h"
 #include "workspace/WorkspaceViewModel.h"
 
 #include <QPointer>
@@ -161,7 +162,7 @@ void WorkspaceTabState::startFileWatcher() {
             self, [self] { self->watchLimitReached(); }, Qt::QueuedConnection);
     };
     fileWatcher_ = std::make_unique<FileSystemWatcher>(
-        std::vector<std::string>{repo_.path, repo_.path + "/.git"}, options_.watcherDebounce,
+        repositoryWatchPaths(repo_), options_.watcherDebounce,
         std::move(onChange), std::move(onLimit));
 }
 

@@ -84,10 +84,10 @@ TEST(CommandArguments, RepositoryAndStatusCommands) {
     static const test::TempDir dir;
     expectArguments({
         {call(RepositoryCommands::open),
-         {{"rev-parse", "--git-dir", "--is-bare-repository"},
+         {{"rev-parse", "--git-dir", "--git-common-dir", "--is-bare-repository"},
           {"rev-parse", "HEAD"},
           {"symbolic-ref", "--short", "HEAD"}},
-         {".git\nfalse\n"}},
+         {".git\n.git\nfalse\n"}},
         {call(RepositoryCommands::currentBranch), {{"symbolic-ref", "--short", "HEAD"}}},
         {[](auto& git) { EXPECT_EQ(RepositoryCommands::defaultBranch(git, "/r"), "main"); },
          {{"symbolic-ref", "refs/remotes/origin/HEAD"}},

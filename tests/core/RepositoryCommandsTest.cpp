@@ -99,6 +99,7 @@ TEST_F(OpenRealRepository, UnbornBareAndDetachedRepositories) {
     const RepoEntry entry = open(repo.path());
     EXPECT_EQ(entry.path, repo.path());
     EXPECT_EQ(entry.gitDirPath, repo / ".git");
+    EXPECT_EQ(entry.commonDirPath, repo / ".git");
     EXPECT_FALSE(entry.isBare);
     EXPECT_EQ(entry.currentBranch, "main");
     EXPECT_FALSE(entry.headHash);
@@ -130,6 +131,7 @@ TEST_F(OpenRealRepository, LinkedWorktreeKeepsItsAbsoluteGitDirAndItsOwnState) {
     const RepoEntry entry = open(worktree);
     EXPECT_EQ(entry.currentBranch, "topic");
     EXPECT_EQ(entry.gitDirPath, repo / ".git/worktrees/wt");
+    EXPECT_EQ(entry.commonDirPath, repo / ".git");
     EXPECT_EQ(entry.state, RepositoryState::merging);
     EXPECT_EQ(open(repo.path()).state, RepositoryState::clean);
 }

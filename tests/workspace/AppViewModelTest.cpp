@@ -1,5 +1,5 @@
 // The application model: the automatic open of start-up, the recents (cap, order, pruning of stale
-// entries with their notice), tabs (an open repository is switched to, not opened twice; closing
+// entries with their notice, none when git cannot run), tabs (an open repository is switched to, not opened twice; closing
 // picks the last tab) and superseded opens.
 #include "workspace/AppViewModel.h"
 
@@ -108,6 +108,22 @@ TEST_F(RealRepositories, StaleRecentsArePrunedByNameWithOneNotice) {
     ASSERT_EQ(restarted.toastManager().toasts().size(), 1u);
     EXPECT_EQ(restarted.toastManager().toasts()[0].message, "Removed invalid repos: app, other");
     EXPECT_EQ(restarted.toastManager().toasts()[0].type, ToastType::warning);
+}
+
+TEST_F(RealRepositories, RecentsStayWhenGitCannotRun) {
+    test::TempRepo valid;
+    test::TempDir notARepository;
+    const QStringList stored{QString::fromStdString(valid.path()), QString::fromStdString(notARepository.path())};
+    defaults.setValue(QStringLiteral("recentRepositoryPaths"), stored);
+    defaults.setValue(QStringLiteral("gitBinaryPath"), QString::fromStdString(notARepository / "no-git"));
+    auto broken = std::make_shared<NativeGitService>(std::make_shared<SubprocessExecutor>(std::nullopt, defaults),
+                                                     runner);
+    AppViewModel restarted(broken, defaults);
+
+    test::await(restarted.pruneInvalidRecents());
+
+    EXPECT_EQ(storedRecents(defaults), stored);
+    EXPECT_TRUE(restarted.toastManager().toasts().empty());
 }
 
 namespace {

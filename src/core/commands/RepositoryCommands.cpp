@@ -51,17 +51,21 @@ RepositoryState detectState(const std::string& gitDirPath) {
 }
 
 RepoEntry open(GitExecutorProtocol& git, const std::string& path) {
-    const std::string output = git.execute({"rev-parse", "--git-dir", "--is-bare-repository"}, path);
+    const std::string output =
+        git.execute({"rev-parse", "--git-dir", "--git-common-dir", "--is-bare-repository"}, path);
     const std::string printed = trimmed(output);
     const auto lines = splitLines(printed);
-    std::string gitDir = lines.empty() ? std::string(".git") : trimmedBlanks(lines[0]);
+    // git answers both directories relative to `path` when they lie below it.
+    auto absolute = [&path](std::string directory) {
+        return directory.starts_with('/') ? directory : (fs::path(path) / directory).string();
+    };
+    const std::string gitDir = absolute(lines.empty() ? std::string(".git") : trimmedBlanks(lines[0]));
     RepoEntry entry;
     entry.path = path;
-    entry.isBare = lines.size() > 1 && trimmedBlanks(lines[1]) == "true";
+    entry.commonDirPath = lines.size() > 1 ? absolute(trimmedBlanks(lines[1])) : gitDir;
+    entry.isBare = lines.size() > 2 && trimmedBlanks(lines[2]) == "true";
     entry.headHash = answerOrNothing(git, {"rev-parse", "HEAD"}, path);
     entry.currentBranch = answerOrNothing(git, {"symbolic-ref", "--short", "HEAD"}, path);
-    if (!gitDir.starts_with('/'))
-        gitDir = (fs::path(path) / gitDir).string();
     entry.gitDirPath = gitDir;
     entry.state = detectState(gitDir);
     return entry;

@@ -14,6 +14,8 @@ const char* toString(RepositoryState state);
 struct RepoEntry {
     std::string path; // as given to `open`; the queue key and the value given to git through "-C"
     std::optional<std::string> gitDirPath;
+    // Where the refs and objects live: a linked worktree's is its main repository's git directory.
+    std::optional<std::string> commonDirPath;
     bool isBare = false;
     std::optional<std::string> currentBranch;
     std::optional<std::string> headHash;
