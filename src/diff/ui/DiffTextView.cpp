@@ -361,21 +361,21 @@ void DiffTextView::paintHeader(QPainter& painter, int row, int y) {
     painter.restore();
 }
 
-void DiffTextView::requestAction(int action, int hunk) {
+void DiffTextView::requestAction(int action, int hunk, const std::string& shown) {
     if (hunk < 0)
         return;
     switch (action) {
     case 0:
         if (actions_.stage)
-            emit stageHunkRequested(hunk);
+            emit stageHunkRequested(hunk, shown);
         break;
     case 1:
         if (actions_.unstage)
-            emit unstageHunkRequested(hunk);
+            emit unstageHunkRequested(hunk, shown);
         break;
     default:
         if (actions_.discard)
-            emit discardHunkRequested(hunk);
+            emit discardHunkRequested(hunk, shown);
         break;
     }
 }
@@ -408,7 +408,8 @@ void DiffTextView::mousePressEvent(QMouseEvent* event) {
     if (event->button() == Qt::LeftButton && row >= 0)
         for (const Button& button : buttonsOf(row, row * style_.lineHeight - verticalScrollBar()->value()))
             if (button.rect.contains(point)) {
-                requestAction(button.action, rows_[std::size_t(row)].hunk);
+                requestAction(button.action, rows_[std::size_t(row)].hunk,
+                              shownHunk(rows_, rows_[std::size_t(row)].hunk));
                 return;
             }
     QAbstractScrollArea::mousePressEvent(event);
@@ -423,14 +424,12 @@ void DiffTextView::keyPressEvent(QKeyEvent* event) {
     };
     switch (event->key()) {
     case Qt::Key_S:
-        requestAction(0, hunk);
-        return;
     case Qt::Key_U:
-        requestAction(1, hunk);
+    case Qt::Key_D: {
+        const int action = event->key() == Qt::Key_S ? 0 : event->key() == Qt::Key_U ? 1 : 2;
+        requestAction(action, hunk, shownHunk(rows_, hunk));
         return;
-    case Qt::Key_D:
-        requestAction(2, hunk);
-        return;
+    }
     case Qt::Key_N:
         moveHunk(1);
         return;
@@ -459,14 +458,17 @@ void DiffTextView::contextMenuEvent(QContextMenuEvent* event) {
     const int hunk = row >= 0 ? rows_[std::size_t(row)].hunk : currentHunk();
     if (hunk < 0 || !(actions_.stage || actions_.unstage || actions_.discard))
         return;
+    // The menu waits for the person while a reload may replace the rows: the action carries the
+    // hunk as it was when the menu opened.
+    const std::string shown = shownHunk(rows_, hunk);
     QMenu menu(this);
     const std::pair<bool, const char*> offers[] = {
         {actions_.stage, "S"}, {actions_.unstage, "U"}, {actions_.discard, "D"}};
     for (int action = 0; action < 3; ++action) {
         if (!offers[action].first)
             continue;
-        QAction* item =
-            menu.addAction(buttonTitle(action), this, [this, action, hunk] { requestAction(action, hunk); });
+        QAction* item = menu.addAction(buttonTitle(action), this,
+                                       [this, action, hunk, &shown] { requestAction(action, hunk, shown); });
         item->setShortcut(QKeySequence(QString::fromLatin1(offers[action].second)));
     }
     menu.exec(event->globalPos());

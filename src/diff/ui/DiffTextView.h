@@ -13,6 +13,7 @@
 #include <QFont>
 
 #include <optional>
+#include <string>
 #include <vector>
 
 namespace orvel {
@@ -36,9 +37,10 @@ class DiffTextView final : public QAbstractScrollArea {
     QRect hunkButtonRect(int hunk, int action) const;
 
   signals:
-    void stageHunkRequested(int hunk);
-    void unstageHunkRequested(int hunk);
-    void discardHunkRequested(int hunk);
+    // `shown` is the hunk as it was in sight when the person chose it (shownHunk()).
+    void stageHunkRequested(int hunk, const std::string& shown);
+    void unstageHunkRequested(int hunk, const std::string& shown);
+    void discardHunkRequested(int hunk, const std::string& shown);
 
   protected:
     void paintEvent(QPaintEvent* event) override;
@@ -79,7 +81,7 @@ class DiffTextView final : public QAbstractScrollArea {
     void paintHeader(QPainter& painter, int row, int y);
     std::vector<Button> buttonsOf(int row, int y) const;
     int rowAt(int y) const;
-    void requestAction(int action, int hunk);
+    void requestAction(int action, int hunk, const std::string& shown);
     QString buttonTitle(int action) const;
     QColor toneColor(RowTone tone) const;
 
