@@ -5,6 +5,8 @@
 
 #include <QApplication>
 #include <QContextMenuEvent>
+#include <QFontInfo>
+#include <QGlyphRun>
 #include <QMenu>
 #include <QMouseEvent>
 #include <QPainter>
@@ -131,6 +133,8 @@ void DiffTextView::refreshStyle() {
                 : readableOn(syntaxColor(theme.colors.syntax, SyntaxTokenType(type)), style.background));
     const QFontMetricsF metrics(style.font);
     style.charWidth = metrics.horizontalAdvance(QLatin1Char('0'));
+    if (QFontInfo(style.font).fixedPitch())
+        style.columnFont = QRawFont::fromFont(style.font);
     style.lineHeight = int(std::ceil(metrics.height())) + 3;
     style.ascent = int(std::ceil(metrics.ascent())) + 1;
     style_ = std::move(style);
@@ -173,7 +177,11 @@ const DiffTextView::ColouredLine& DiffTextView::colouredLine(int row, bool right
     auto& slot = coloured_[std::size_t(row) * 2 + (right ? 1 : 0)];
     if (!slot) {
         const DiffDisplayRow& line = rows_[std::size_t(row)];
-        ColouredLine coloured{displayText(right ? line.right.view() : line.left.view()), {}};
+        ColouredLine coloured{displayText(right ? line.right.view() : line.left.view()), {}, {}};
+        if (style_.columnFont && style_.columnFont->isValid() &&
+            std::all_of(coloured.text.begin(), coloured.text.end(),
+                        [](QChar c) { return c.unicode() >= 0x20 && c.unicode() < 0x7f; }))
+            coloured.glyphs = style_.columnFont->glyphIndexesForString(coloured.text);
         const RowTone tone = right ? line.rightTone : line.leftTone;
         if (!line.isHunkHeader && tone != RowTone::noNewline)
             coloured.tokens = highlightTokens(coloured.text, language_);
@@ -243,10 +251,14 @@ QRect DiffTextView::hunkButtonRect(int hunk, int action) const {
 
 void DiffTextView::paintEvent(QPaintEvent* event) {
     QPainter painter(viewport());
-    painter.fillRect(event->rect(), style_.background);
+    const int top = verticalScrollBar()->value();
+    // Every row fills its own width, so only what lies below the last row needs the background.
+    const int rowsBottom = int(rows_.size()) * style_.lineHeight - top;
+    if (rowsBottom <= event->rect().bottom())
+        painter.fillRect(event->rect().adjusted(0, std::max(0, rowsBottom - event->rect().top()), 0, 0),
+                         style_.background);
     if (rows_.empty())
         return;
-    const int top = verticalScrollBar()->value();
     const int first = std::max(0, (top + event->rect().top()) / style_.lineHeight);
     const int last = std::min(int(rows_.size()) - 1, (top + event->rect().bottom()) / style_.lineHeight);
     painter.setFont(style_.font);
@@ -320,14 +332,29 @@ void DiffTextView::paintCell(QPainter& painter, int row, bool right, const QRect
     painter.setClipRect(textArea);
     const ColouredLine& line = colouredLine(row, right);
     const QFontMetricsF metrics(style_.font);
+    const bool counted = !line.text.isEmpty() && line.glyphs.size() == line.text.size();
     qreal x = textLeft - horizontalScrollBar()->value();
     const qreal limit = area.right();
     int at = 0;
+    QGlyphRun glyphs;
+    QList<QPointF> positions;
+    if (counted)
+        glyphs.setRawFont(*style_.columnFont);
     auto drawRun = [&](int start, int length, const QColor& color) {
         if (length <= 0 || x > limit)
             return;
-        const QString run = line.text.mid(start, length);
         painter.setPen(color);
+        if (counted) {
+            positions.resize(length);
+            for (int column = 0; column < length; ++column)
+                positions[column] = QPointF(column * style_.charWidth, 0);
+            glyphs.setGlyphIndexes(line.glyphs.mid(start, length));
+            glyphs.setPositions(positions);
+            painter.drawGlyphRun(QPointF(x, baseline), glyphs);
+            x += length * style_.charWidth;
+            return;
+        }
+        const QString run = line.text.mid(start, length);
         painter.drawText(QPointF(x, baseline), run);
         x += metrics.horizontalAdvance(run);
     };

@@ -11,6 +11,8 @@
 #include <QAbstractScrollArea>
 #include <QColor>
 #include <QFont>
+#include <QList>
+#include <QRawFont>
 
 #include <optional>
 #include <string>
@@ -60,12 +62,16 @@ class DiffTextView final : public QAbstractScrollArea {
         QColor addition, deletion, hunkHeader, emptyCell;
         std::vector<QColor> tokens; // by SyntaxTokenType
         qreal charWidth = 7;
+        std::optional<QRawFont> columnFont; // the font when it is fixed-pitch
         int lineHeight = 16;
         int ascent = 12;
     };
     struct ColouredLine {
         QString text;
         std::vector<SyntaxToken> tokens;
+        // For a line of printable ASCII in a fixed-pitch font, where every character takes one
+        // column: its glyphs, looked up once, which paint without shaping the text again.
+        QList<quint32> glyphs;
     };
     struct Button {
         int action; // 0 stage, 1 unstage, 2 discard
