@@ -84,7 +84,8 @@ void DiffTextView::setRows(std::vector<DiffDisplayRow> rows, Layout layout, Sour
     layout_ = layout;
     language_ = language;
     actions_ = actions;
-    coloured_.assign(rows_.size() * 2, std::nullopt);
+    coloured_.clear();
+    coloured_.resize(rows_.size() * 2);
     headerRows_.clear();
     int largestNumber = 1;
     longestLine_ = 0;
@@ -138,6 +139,9 @@ void DiffTextView::refreshStyle() {
     style.lineHeight = int(std::ceil(metrics.height())) + 3;
     style.ascent = int(std::ceil(metrics.ascent())) + 1;
     style_ = std::move(style);
+    // The glyphs of the lines coloured so far belong to the previous font.
+    for (auto& slot : coloured_)
+        slot.reset();
     updateScrollBars();
 }
 
@@ -185,7 +189,7 @@ const DiffTextView::ColouredLine& DiffTextView::colouredLine(int row, bool right
         const RowTone tone = right ? line.rightTone : line.leftTone;
         if (!line.isHunkHeader && tone != RowTone::noNewline)
             coloured.tokens = highlightTokens(coloured.text, language_);
-        slot = std::move(coloured);
+        slot = std::make_unique<ColouredLine>(std::move(coloured));
     }
     return *slot;
 }

@@ -14,6 +14,7 @@
 #include <QList>
 #include <QRawFont>
 
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
@@ -96,8 +97,9 @@ class DiffTextView final : public QAbstractScrollArea {
     Layout layout_ = Layout::unified;
     SourceLanguage language_ = SourceLanguage::unknown;
     DiffDetailViewModel::HunkActions actions_;
-    // Rows coloured so far: two a row, for the left and the right side.
-    std::vector<std::optional<ColouredLine>> coloured_;
+    // Rows coloured so far: two a row, for the left and the right side; a slot is a pointer, so that
+    // the many rows never seen cost one word each.
+    std::vector<std::unique_ptr<ColouredLine>> coloured_;
     int numberDigits_ = 1;
     int longestLine_ = 0;
     Style style_;
