@@ -91,7 +91,7 @@ class DiffPaneTest : public ::testing::Test {
         file.path = path;
         file.status = status;
         model.showDiff(file, commit, false, staged);
-        QTRY_VERIFY_WITH_TIMEOUT(model.content() != Content::loading, 20000);
+        ASSERT_TRUE(QTest::qWaitFor([&] { return model.content() != Content::loading; }, 20000));
     }
 
     void clickHunkButton(int hunk, int action) {
@@ -174,7 +174,7 @@ TEST_F(DiffPaneTest, AHunkActionChosenBeforeAReloadRefusesAnotherHunkInItsPlace)
         auto changeAndReload = [&] {
             repo.write("app.cpp", each.changed);
             model.reload();
-            QTRY_VERIFY_WITH_TIMEOUT(model.content() == Content::diff, 20000);
+            ASSERT_TRUE(QTest::qWaitFor([&] { return model.content() == Content::diff; }, 20000));
         };
         DiffTextView& view = pane.textView();
         if (each.fromMenu) {
@@ -197,12 +197,15 @@ TEST_F(DiffPaneTest, AHunkActionChosenBeforeAReloadRefusesAnotherHunkInItsPlace)
             changeAndReload();
             confirmation->findChild<QPushButton*>(QStringLiteral("diff-pane.discard-confirm"))->click();
         }
-        QTRY_VERIFY_WITH_TIMEOUT(model.hunkActionError().has_value(), 20000);
+        ASSERT_TRUE(QTest::qWaitFor([&] { return model.hunkActionError().has_value(); }, 20000));
         auto* alert = pane.findChild<QMessageBox*>(QStringLiteral("diff-pane.hunk-error"));
         ASSERT_NE(alert, nullptr);
         EXPECT_TRUE(alert->informativeText().contains(QStringLiteral("choose the hunk once more")));
         alert->close();
-        QTRY_VERIFY_WITH_TIMEOUT(!model.hunkActionError() && model.content() == Content::diff, 20000);
+        ASSERT_TRUE(QTest::qWaitFor(
+            [&] { return !pane.findChild<QMessageBox*>(QStringLiteral("diff-pane.hunk-error")); }, 20000));
+        ASSERT_TRUE(QTest::qWaitFor(
+            [&] { return !model.hunkActionError() && model.content() == Content::diff; }, 20000));
         EXPECT_EQ(repo.git({"diff", "--cached"}), "");
         EXPECT_EQ(repo.read("app.cpp"), each.changed);
     }
@@ -267,7 +270,8 @@ TEST_F(DiffPaneTest, AConflictedFileShowsItsConflictAndOffersTheMergeEditor) {
     pane.findChild<QToolButton*>(QStringLiteral("diff-pane.mode.split"))->click();
     EXPECT_EQ(model.rows().size(), rows.size());
     pane.findChild<QToolButton*>(QStringLiteral("diff-pane.mode.file"))->click();
-    QTRY_VERIFY_WITH_TIMEOUT(model.content() == Content::conflict && model.rows().front().hunk == -1, 20000);
+    ASSERT_TRUE(QTest::qWaitFor(
+        [&] { return model.content() == Content::conflict && model.rows().front().hunk == -1; }, 20000));
     EXPECT_EQ(model.rows().size(), 49u);
     pane.findChild<QToolButton*>(QStringLiteral("diff-pane.mode.diff"))->click();
 

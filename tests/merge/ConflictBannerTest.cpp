@@ -102,7 +102,9 @@ TEST_F(ConflictBannerTest, ResolveARebaseConflictLineByLineAndContinue) {
     auto* count = child<QLabel>(*editor, "merge-editor.conflict-count");
     QTRY_COMPARE(count->text(), QStringLiteral("Conflict 1 of 1"));
     // Ours is the branch the rebase replays onto, theirs the commit it replays.
-    QTRY_COMPARE(child<QLabel>(*editor, "merge-editor.ours-title")->text(), QStringLiteral("A: Ours (main)"));
+    ASSERT_TRUE(QTest::qWaitFor([&] {
+        return child<QLabel>(*editor, "merge-editor.ours-title")->text() == QStringLiteral("A: Ours (main)");
+    }));
     EXPECT_EQ(child<QLabel>(*editor, "merge-editor.theirs-title")->text(),
               QStringLiteral("B: Theirs (%1 topic changes b)")
                   .arg(QString::fromStdString(repo.rev("topic").substr(0, 7))));
@@ -190,7 +192,7 @@ TEST_F(ConflictBannerTest, OpenMergeEditorOpensTheSelectedConflictedFile) {
         ASSERT_NE(editor, nullptr);
         EXPECT_EQ(editor->model().conflict().path, c.opened);
         editor->close();
-        QTRY_VERIFY(banner->findChild<ConflictResolutionView*>() == nullptr);
+        ASSERT_TRUE(QTest::qWaitFor([&] { return banner->findChild<ConflictResolutionView*>() == nullptr; }));
     }
 }
 
