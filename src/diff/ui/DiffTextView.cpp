@@ -5,7 +5,6 @@
 
 #include <QApplication>
 #include <QContextMenuEvent>
-#include <QFontInfo>
 #include <QGlyphRun>
 #include <QMenu>
 #include <QMouseEvent>
@@ -134,7 +133,12 @@ void DiffTextView::refreshStyle() {
                 : readableOn(syntaxColor(theme.colors.syntax, SyntaxTokenType(type)), style.background));
     const QFontMetricsF metrics(style.font);
     style.charWidth = metrics.horizontalAdvance(QLatin1Char('0'));
-    if (QFontInfo(style.font).fixedPitch())
+    // The font sets text in columns when its narrowest and widest characters advance alike; the
+    // font database doesn't say so for every monospaced family.
+    const bool columns = std::all_of(std::begin("iW.M_"), std::end("iW.M_") - 1, [&](char c) {
+        return metrics.horizontalAdvance(QLatin1Char(c)) == style.charWidth;
+    });
+    if (columns)
         style.columnFont = QRawFont::fromFont(style.font);
     style.lineHeight = int(std::ceil(metrics.height())) + 3;
     style.ascent = int(std::ceil(metrics.ascent())) + 1;

@@ -63,7 +63,7 @@ class DiffTextView final : public QAbstractScrollArea {
         QColor addition, deletion, hunkHeader, emptyCell;
         std::vector<QColor> tokens; // by SyntaxTokenType
         qreal charWidth = 7;
-        std::optional<QRawFont> columnFont; // the font when it is fixed-pitch
+        std::optional<QRawFont> columnFont; // the font when it sets text in columns
         int lineHeight = 16;
         int ascent = 12;
     };
