@@ -181,15 +181,38 @@ void DiffTextView::scrollToHunk(int hunk) {
             verticalScrollBar()->setValue(row * style_.lineHeight);
 }
 
+QList<quint32> DiffTextView::columnGlyphs(const QString& text) const {
+    const bool printableAscii = std::all_of(
+        text.begin(), text.end(), [](QChar c) { return c.unicode() >= 0x20 && c.unicode() < 0x7f; });
+    if (!style_.columnFont || !style_.columnFont->isValid() || !printableAscii)
+        return {};
+    return style_.columnFont->glyphIndexesForString(text);
+}
+
+void DiffTextView::drawColumns(QPainter& painter, QPointF at, const QList<quint32>& glyphs) const {
+    QList<QPointF> positions(glyphs.size());
+    for (qsizetype column = 0; column < glyphs.size(); ++column)
+        positions[column] = QPointF(qreal(column) * style_.charWidth, 0);
+    QGlyphRun run;
+    run.setRawFont(*style_.columnFont);
+    run.setGlyphIndexes(glyphs);
+    run.setPositions(positions);
+    painter.drawGlyphRun(at, run);
+}
+
+void DiffTextView::drawPlain(QPainter& painter, QPointF at, const QString& text) const {
+    if (const QList<quint32> glyphs = columnGlyphs(text); !glyphs.isEmpty())
+        drawColumns(painter, at, glyphs);
+    else
+        painter.drawText(at, text);
+}
+
 const DiffTextView::ColouredLine& DiffTextView::colouredLine(int row, bool right) {
     auto& slot = coloured_[std::size_t(row) * 2 + (right ? 1 : 0)];
     if (!slot) {
         const DiffDisplayRow& line = rows_[std::size_t(row)];
         ColouredLine coloured{displayText(right ? line.right.view() : line.left.view()), {}, {}};
-        if (style_.columnFont && style_.columnFont->isValid() &&
-            std::all_of(coloured.text.begin(), coloured.text.end(),
-                        [](QChar c) { return c.unicode() >= 0x20 && c.unicode() < 0x7f; }))
-            coloured.glyphs = style_.columnFont->glyphIndexesForString(coloured.text);
+        coloured.glyphs = columnGlyphs(coloured.text);
         const RowTone tone = right ? line.rightTone : line.leftTone;
         if (!line.isHunkHeader && tone != RowTone::noNewline)
             coloured.tokens = highlightTokens(coloured.text, language_);
@@ -322,8 +345,9 @@ void DiffTextView::paintCell(QPainter& painter, int row, bool right, const QRect
         if (!number)
             return;
         const QString text = QString::number(*number);
-        painter.drawText(
-            QPointF(left + numberWidth - cellPadding / 2.0 - text.size() * style_.charWidth, baseline), text);
+        drawPlain(painter,
+                  QPointF(left + numberWidth - cellPadding / 2.0 - text.size() * style_.charWidth, baseline),
+                  text);
     };
     drawNumber(first, area.left());
     if (twoNumbers)
@@ -332,7 +356,7 @@ void DiffTextView::paintCell(QPainter& painter, int row, bool right, const QRect
     const qreal markerLeft = area.left() + gutterWidth + 2;
     const QChar marker = tone == RowTone::addition ? u'+' : tone == RowTone::deletion ? u'-' : u' ';
     if (layout_ != Layout::file && marker != u' ')
-        painter.drawText(QPointF(markerLeft, baseline), QString(marker));
+        drawPlain(painter, QPointF(markerLeft, baseline), QString(marker));
 
     const qreal textLeft = markerLeft + (layout_ == Layout::file ? 4 : 2 * style_.charWidth);
     const QRect textArea(int(textLeft), area.top(), area.right() - int(textLeft) + 1, area.height());
@@ -344,21 +368,12 @@ void DiffTextView::paintCell(QPainter& painter, int row, bool right, const QRect
     qreal x = textLeft - horizontalScrollBar()->value();
     const qreal limit = area.right();
     int at = 0;
-    QGlyphRun glyphs;
-    QList<QPointF> positions;
-    if (counted)
-        glyphs.setRawFont(*style_.columnFont);
     auto drawRun = [&](int start, int length, const QColor& color) {
         if (length <= 0 || x > limit)
             return;
         painter.setPen(color);
         if (counted) {
-            positions.resize(length);
-            for (int column = 0; column < length; ++column)
-                positions[column] = QPointF(column * style_.charWidth, 0);
-            glyphs.setGlyphIndexes(line.glyphs.mid(start, length));
-            glyphs.setPositions(positions);
-            painter.drawGlyphRun(QPointF(x, baseline), glyphs);
+            drawColumns(painter, QPointF(x, baseline), line.glyphs.mid(start, length));
             x += length * style_.charWidth;
             return;
         }
@@ -380,7 +395,7 @@ void DiffTextView::paintHeader(QPainter& painter, int row, int y) {
     const QRect area(0, y, viewport()->width(), style_.lineHeight);
     painter.fillRect(area, style_.hunkHeader);
     painter.setPen(style_.headerText);
-    painter.drawText(QPointF(cellPadding, y + style_.ascent), colouredLine(row, false).text);
+    drawPlain(painter, QPointF(cellPadding, y + style_.ascent), colouredLine(row, false).text);
     const QPoint hover = hoverPoint_;
     painter.save();
     painter.setFont(font());

@@ -82,6 +82,12 @@ class DiffTextView final : public QAbstractScrollArea {
     void refreshStyle();
     void updateScrollBars();
     const ColouredLine& colouredLine(int row, bool right);
+    // The glyphs of `text` when the font sets it in columns (printable ASCII), else none.
+    QList<quint32> columnGlyphs(const QString& text) const;
+    // `glyphs` one column apart from `at`, on its baseline.
+    void drawColumns(QPainter& painter, QPointF at, const QList<quint32>& glyphs) const;
+    // Text in the view's font: from its glyphs in columns where it can, else shaped.
+    void drawPlain(QPainter& painter, QPointF at, const QString& text) const;
     void paintRow(QPainter& painter, int row, int y);
     void paintCell(QPainter& painter, int row, bool right, const QRect& area, int numberWidth,
                    std::optional<int> first, std::optional<int> second, RowTone tone);
