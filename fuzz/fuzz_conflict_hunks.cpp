@@ -1,6 +1,11 @@
 // Feeds arbitrary bytes to the conflict-marker reader, which must cut any text into hunks without
-// crashing, and checks that composing the default choice and both sides stays consistent with it.
+// crashing, and checks that composing the default choice and both sides stays consistent with it;
+// the diff pane's rows of the same text number every line once, with conflicts in order.
+#include "diff/DiffDisplayRows.h"
 #include "merge/ConflictHunks.h"
+
+#include <memory>
+#include <string>
 
 #include <cstddef>
 #include <cstdint>
@@ -29,5 +34,15 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         __builtin_trap();
     if (composed.size() > size)
         __builtin_trap();
+    const auto rows = orvel::conflictRows(std::make_shared<const std::string>(text));
+    int conflict = -1;
+    for (std::size_t i = 0; i < rows.size(); ++i) {
+        if (rows[i].rightNumber != static_cast<int>(i) + 1 || rows[i].hunk < conflict ||
+            rows[i].hunk > conflict + 1 || (rows[i].hunk > conflict) != rows[i].isHunkHeader)
+            __builtin_trap();
+        conflict = rows[i].hunk;
+        if (rows[i].isHunkHeader && orvel::shownHunk(rows, conflict).empty())
+            __builtin_trap();
+    }
     return 0;
 }

@@ -6,6 +6,7 @@
 #include "core/support/Log.h"
 #include "core/support/UserDefaults.h"
 #include "diff/GitPathQuoting.h"
+#include "settings/LocalizationManager.h"
 
 #include <QPointer>
 
@@ -18,6 +19,10 @@ constexpr int fullContextLines = 99999;
 
 bool isUntracked(const DiffDetailViewModel::Selection& selection) {
     return !selection.commitHash && selection.file.status.kind == FileStatusKind::Case::untracked;
+}
+
+bool isConflicted(const DiffDetailViewModel::Selection& selection) {
+    return !selection.commitHash && selection.file.status.kind == FileStatusKind::Case::unmerged;
 }
 
 // The file of `result` that `path` names: by its new path, or its old one when it was deleted.
@@ -50,7 +55,8 @@ DiffDetailViewModel::DiffDetailViewModel(RepoEntry repo, std::shared_ptr<GitServ
 
 DiffDetailViewModel::HunkActions DiffDetailViewModel::hunkActions() const {
     // With the whole file as context the shown hunk is not one git would cut, so none is offered.
-    if (!selection_ || selection_->commitHash || isUntracked(*selection_) || fullContext_)
+    if (!selection_ || selection_->commitHash || isUntracked(*selection_) || isConflicted(*selection_) ||
+        fullContext_)
         return {};
     if (selection_->isStaged)
         return {false, true, false};
@@ -66,7 +72,7 @@ void DiffDetailViewModel::showDiff(FileChange file, std::optional<std::string> c
     selection_ = std::move(selection);
     if (!sameFile) {
         forceLargeFile_ = false;
-        pendingDiscardHunk_.reset();
+        pendingDiscard_.reset();
         emit selectionChanged();
     }
     reload();
@@ -79,7 +85,7 @@ void DiffDetailViewModel::closeDiff() {
     fileDiff_.reset();
     inspection_.reset();
     fileText_.reset();
-    pendingDiscardHunk_.reset();
+    pendingDiscard_.reset();
     emit selectionChanged();
     setContent(Content::none);
 }
@@ -141,6 +147,8 @@ void DiffDetailViewModel::setContent(Content content) {
 
 void DiffDetailViewModel::rebuildRows() {
     rows_.clear();
+    if (content_ == Content::conflict && fileText_)
+        rows_ = mode_ == CodeDiffMode::file ? fileRows(fileText_) : conflictRows(fileText_);
     if (content_ != Content::diff)
         return;
     if (mode_ == CodeDiffMode::file && fileText_)
@@ -210,8 +218,9 @@ QCoro::Task<void> DiffDetailViewModel::reload() {
             break;
         }
 
-        // The whole file, for file mode and for a file git doesn't track yet.
-        if (wantsFile || isUntracked(selection)) {
+        // The whole file, for file mode, for a file git doesn't track yet, and for a conflicted
+        // file, whose conflicts are shown with the markers git wrote into it.
+        if (wantsFile || isUntracked(selection) || isConflicted(selection)) {
             auto read = selection.commitHash
                             ? service_->readBlob(repo, *selection.commitHash + ":" + path, ticket.stopToken())
                             : service_->readWorkTreeFile(repo, path, ticket.stopToken());
@@ -228,6 +237,10 @@ QCoro::Task<void> DiffDetailViewModel::reload() {
                 co_return;
             }
             fileText_ = std::make_shared<const std::string>(std::move(*text));
+        }
+        if (isConflicted(selection)) {
+            setContent(Content::conflict);
+            co_return;
         }
 
         if (isUntracked(selection)) {
@@ -294,39 +307,32 @@ QCoro::Task<void> DiffDetailViewModel::loadImages(const Selection& selection, Lo
     setContent(Content::image);
 }
 
-QCoro::Task<bool> DiffDetailViewModel::stageHunk(int hunk) {
-    return runHunkAction(HunkAction::stage, hunk);
+QCoro::Task<bool> DiffDetailViewModel::stageHunk(int hunk, std::string shown) {
+    return runHunkAction(HunkAction::stage, {hunk, std::move(shown)});
 }
 
-QCoro::Task<bool> DiffDetailViewModel::unstageHunk(int hunk) {
-    return runHunkAction(HunkAction::unstage, hunk);
+QCoro::Task<bool> DiffDetailViewModel::unstageHunk(int hunk, std::string shown) {
+    return runHunkAction(HunkAction::unstage, {hunk, std::move(shown)});
 }
 
-void DiffDetailViewModel::requestDiscardHunk(int hunk) {
-    if (!fileDiff_ || hunk < 0 || std::size_t(hunk) >= fileDiff_->hunks.size())
+void DiffDetailViewModel::requestDiscardHunk(int hunk, std::string shown) {
+    ChosenHunk chosen{hunk, std::move(shown)};
+    if (!stillShown(chosen))
         return;
-    pendingDiscardHunk_ = fileDiff_->hunks[std::size_t(hunk)];
+    pendingDiscard_ = std::move(chosen);
     emit discardConfirmationRequested();
 }
 
 QCoro::Task<bool> DiffDetailViewModel::confirmDiscardHunk() {
-    if (!pendingDiscardHunk_ || !fileDiff_)
+    if (!pendingDiscard_)
         co_return false;
-    // The hunk is found again by its four numbers.
-    const DiffHunk pending = *pendingDiscardHunk_;
-    pendingDiscardHunk_.reset();
-    int index = -1;
-    for (std::size_t h = 0; h < fileDiff_->hunks.size(); ++h) {
-        const DiffHunk& hunk = fileDiff_->hunks[h];
-        if (hunk.oldStart == pending.oldStart && hunk.oldCount == pending.oldCount &&
-            hunk.newStart == pending.newStart && hunk.newCount == pending.newCount)
-            index = int(h);
-    }
-    co_return co_await runHunkAction(HunkAction::discard, index);
+    ChosenHunk chosen = std::move(*pendingDiscard_);
+    pendingDiscard_.reset();
+    co_return co_await runHunkAction(HunkAction::discard, std::move(chosen));
 }
 
 void DiffDetailViewModel::cancelDiscardHunk() {
-    pendingDiscardHunk_.reset();
+    pendingDiscard_.reset();
 }
 
 void DiffDetailViewModel::clearHunkActionError() {
@@ -334,11 +340,23 @@ void DiffDetailViewModel::clearHunkActionError() {
     emit hunkActionErrorChanged();
 }
 
-QCoro::Task<bool> DiffDetailViewModel::runHunkAction(HunkAction action, int hunk) {
-    if (!selection_ || !fileDiff_ || hunk < 0 || std::size_t(hunk) >= fileDiff_->hunks.size())
+bool DiffDetailViewModel::stillShown(const ChosenHunk& hunk) {
+    if (selection_ && fileDiff_ && hunk.index >= 0 && std::size_t(hunk.index) < fileDiff_->hunks.size() &&
+        !hunk.shown.empty() && shownHunk(rows_, hunk.index) == hunk.shown)
+        return true;
+    qCDebug(lcDiff, "op=diff.hunkAction reason=hunkNoLongerShown");
+    hunkActionError_ = localized("The diff changed after the hunk was chosen, so nothing was done. It "
+                                 "has been read again: choose the hunk once more.");
+    emit hunkActionErrorChanged();
+    reload();
+    return false;
+}
+
+QCoro::Task<bool> DiffDetailViewModel::runHunkAction(HunkAction action, ChosenHunk hunk) {
+    if (!stillShown(hunk))
         co_return false;
     QPointer<DiffDetailViewModel> self(this);
-    const DiffHunk target = fileDiff_->hunks[std::size_t(hunk)];
+    const DiffHunk target = fileDiff_->hunks[std::size_t(hunk.index)];
     const std::string path = selection_->file.path;
     const char* name = action == HunkAction::stage     ? "stageHunk"
                        : action == HunkAction::unstage ? "unstageHunk"

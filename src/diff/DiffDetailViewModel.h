@@ -55,11 +55,12 @@ class DiffDetailViewModel final : public QObject {
         unsupported,
         image,
         submodule, // submoduleChange() tells its commits
+        conflict,  // a conflicted file of the working tree: rows() show it with git's markers
         failed     // diffLoadError()
     };
 
     // The hunk buttons the selection offers: stage and discard for the working tree, unstage for
-    // the index, none for a commit or an untracked file.
+    // the index, none for a commit, an untracked or a conflicted file.
     struct HunkActions {
         bool stage = false;
         bool unstage = false;
@@ -79,7 +80,6 @@ class DiffDetailViewModel final : public QObject {
     SourceLanguage language() const { return language_; }
     const QString& diffLoadError() const { return diffLoadError_; }
     const std::optional<QString>& hunkActionError() const { return hunkActionError_; }
-    const std::optional<DiffHunk>& pendingDiscardHunk() const { return pendingDiscardHunk_; }
     // The whole file's text in file mode (Markdown is rendered from it).
     const std::shared_ptr<const std::string>& fileText() const { return fileText_; }
     const QImage& oldImage() const { return oldImage_; }
@@ -105,10 +105,13 @@ class DiffDetailViewModel final : public QObject {
     // After a change on disk: reads the selection again when it is of the working tree.
     void reloadWorkingTree();
 
-    QCoro::Task<bool> stageHunk(int hunk);
-    QCoro::Task<bool> unstageHunk(int hunk);
+    // A hunk action names its hunk by its index and by how it was shown when the person chose it
+    // (shownHunk() of the rows then). When the hunk at that index is no longer shown so, the action
+    // is refused: the diff is read again and hunkActionError says why.
+    QCoro::Task<bool> stageHunk(int hunk, std::string shown);
+    QCoro::Task<bool> unstageHunk(int hunk, std::string shown);
     // Holds the hunk until the person confirms; confirmDiscardHunk() then discards it.
-    void requestDiscardHunk(int hunk);
+    void requestDiscardHunk(int hunk, std::string shown);
     QCoro::Task<bool> confirmDiscardHunk();
     void cancelDiscardHunk();
     void clearHunkActionError();
@@ -125,7 +128,14 @@ class DiffDetailViewModel final : public QObject {
   private:
     enum class HunkAction : char { stage, unstage, discard };
 
-    QCoro::Task<bool> runHunkAction(HunkAction action, int hunk);
+    struct ChosenHunk {
+        int index = -1;
+        std::string shown;
+    };
+
+    // Whether the hunk is still shown as it was chosen; if not, refuses as stageHunk() tells.
+    bool stillShown(const ChosenHunk& hunk);
+    QCoro::Task<bool> runHunkAction(HunkAction action, ChosenHunk hunk);
     QCoro::Task<void> loadImages(const Selection& selection, LoadTicket ticket);
     void setContent(Content content);
     void rebuildRows();
@@ -146,7 +156,7 @@ class DiffDetailViewModel final : public QObject {
     QImage newImage_;
     QString diffLoadError_;
     std::optional<QString> hunkActionError_;
-    std::optional<DiffHunk> pendingDiscardHunk_;
+    std::optional<ChosenHunk> pendingDiscard_;
     CodeDiffMode mode_ = CodeDiffMode::diff;
     bool fullContext_ = false;
     bool renderMarkdown_ = true;

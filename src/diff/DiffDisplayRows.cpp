@@ -2,6 +2,8 @@
 
 #include "diff/SplitRows.h"
 
+#include <algorithm>
+
 namespace orvel {
 
 namespace {
@@ -66,6 +68,24 @@ std::string hunkHeaderText(const DiffHunk& hunk) {
     return text;
 }
 
+std::string shownHunk(const std::vector<DiffDisplayRow>& rows, int hunk) {
+    if (hunk < 0)
+        return {};
+    // The rows stand in the order of their hunks.
+    auto row = std::partition_point(rows.begin(), rows.end(),
+                                    [hunk](const DiffDisplayRow& each) { return each.hunk < hunk; });
+    std::string shown;
+    for (; row != rows.end() && row->hunk == hunk; ++row) {
+        shown += char('0' + int(row->leftTone));
+        shown += row->left.view();
+        shown += '\0';
+        shown += char('0' + int(row->rightTone));
+        shown += row->right.view();
+        shown += '\n';
+    }
+    return shown;
+}
+
 std::vector<DiffDisplayRow> unifiedRows(const FileDiff& file) {
     std::vector<DiffDisplayRow> rows;
     for (std::size_t h = 0; h < file.hunks.size(); ++h) {
@@ -109,6 +129,41 @@ std::vector<DiffDisplayRow> fileRows(const std::shared_ptr<const std::string>& t
     forEachLine(text, [&](TextSlice line) {
         DiffDisplayRow row;
         row.rightNumber = int(rows.size()) + 1;
+        row.left = std::move(line);
+        rows.push_back(std::move(row));
+    });
+    return rows;
+}
+
+std::vector<DiffDisplayRow> conflictRows(const std::shared_ptr<const std::string>& text) {
+    enum class Section : char { outside, ours, base, theirs };
+    std::vector<DiffDisplayRow> rows;
+    Section section = Section::outside;
+    int conflict = -1;
+    int number = 0;
+    forEachLine(text, [&](TextSlice line) {
+        const std::string_view view = line.view();
+        DiffDisplayRow row;
+        row.rightNumber = ++number;
+        if (view.starts_with("<<<<<<<")) {
+            section = Section::ours;
+            row.isHunkHeader = true;
+            ++conflict;
+        } else if (section != Section::outside && view.starts_with("|||||||")) {
+            section = Section::base;
+            row.leftTone = RowTone::noNewline;
+        } else if (section != Section::outside && view.starts_with("=======")) {
+            section = Section::theirs;
+            row.leftTone = RowTone::noNewline;
+        } else if (section != Section::outside && view.starts_with(">>>>>>>")) {
+            section = Section::outside;
+            row.leftTone = RowTone::noNewline;
+        } else {
+            row.leftTone = section == Section::ours     ? RowTone::deletion
+                           : section == Section::theirs ? RowTone::addition
+                                                        : RowTone::context;
+        }
+        row.hunk = conflict;
         row.left = std::move(line);
         rows.push_back(std::move(row));
     });

@@ -32,10 +32,20 @@ struct DiffDisplayRow {
 // "@@ -1,2 +1,3 @@ section"
 std::string hunkHeaderText(const DiffHunk& hunk);
 
+// Hunk `hunk` as `rows` show it: its header and every row's texts and tones, in one string; empty
+// when no row belongs to it. An action on a hunk carries this from the moment the person chose
+// the hunk, so that a reload which put another hunk at the same place is noticed.
+std::string shownHunk(const std::vector<DiffDisplayRow>& rows, int hunk);
+
 std::vector<DiffDisplayRow> unifiedRows(const FileDiff& file);
 std::vector<DiffDisplayRow> sideBySideRows(const FileDiff& file);
 // One row a line of `text`; a final newline does not open another line.
 std::vector<DiffDisplayRow> fileRows(const std::shared_ptr<const std::string>& text);
+
+// A conflicted file as git left it in the working tree: each conflict opens with its "<<<<<<<"
+// line as a header row (the conflicts are the hunks, from 0), our lines shown as removed and
+// theirs as added, the other marker lines dimmed, and every line numbered as in the file.
+std::vector<DiffDisplayRow> conflictRows(const std::shared_ptr<const std::string>& text);
 
 // A file that git doesn't track yet, shown whole as one hunk of additions.
 FileDiff untrackedFileDiff(const std::string& path, const std::shared_ptr<const std::string>& text);

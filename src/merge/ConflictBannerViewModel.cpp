@@ -5,6 +5,8 @@
 #include "notices/ToastManager.h"
 #include "settings/LocalizationManager.h"
 
+#include <algorithm>
+
 namespace orvel {
 
 namespace {
@@ -49,6 +51,28 @@ std::optional<ConflictEntry> ConflictBannerViewModel::firstConflict() const {
     if (conflicts_.empty())
         return std::nullopt;
     return conflicts_.front();
+}
+
+std::optional<ConflictEntry> ConflictBannerViewModel::conflictToOpen() const {
+    for (const ConflictEntry& conflict : conflicts_)
+        if (std::ranges::find(selectedPaths_, conflict.path) != selectedPaths_.end())
+            return conflict;
+    return firstConflict();
+}
+
+void ConflictBannerViewModel::setSelectedPaths(std::vector<std::string> paths) {
+    selectedPaths_ = std::move(paths);
+}
+
+void ConflictBannerViewModel::openMergeEditor(const std::optional<std::string>& path) {
+    std::optional<ConflictEntry> conflict = path ? std::nullopt : conflictToOpen();
+    if (path)
+        if (const auto found = std::ranges::find(conflicts_, *path, &ConflictEntry::path);
+            found != conflicts_.end())
+            conflict = *found;
+    qCDebug(lcOps, "op=conflictBanner.openMergeEditor found=%d", conflict ? 1 : 0);
+    if (conflict)
+        emit mergeEditorRequested(*conflict);
 }
 
 void ConflictBannerViewModel::update(RepositoryState state, const std::vector<FileChange>& files) {

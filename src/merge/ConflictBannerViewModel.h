@@ -39,12 +39,20 @@ class ConflictBannerViewModel final : public QObject {
     // The unmerged files in git's order; an entry keeps its id while its path stays unmerged.
     const std::vector<ConflictEntry>& conflicts() const { return conflicts_; }
     std::optional<ConflictEntry> firstConflict() const;
+    // The file "Open Merge Editor" opens: the first conflicted one among the files selected in the
+    // changes page, or the first conflicted file when none of them is.
+    std::optional<ConflictEntry> conflictToOpen() const;
     // An abort, skip or continue is under way.
     bool isBusy() const { return isBusy_; }
 
     // The repository's state and its working-tree files as the tab last read them; the unmerged
     // ones are the conflicts.
     void update(RepositoryState state, const std::vector<FileChange>& files);
+    // The paths selected in the changes page.
+    void setSelectedPaths(std::vector<std::string> paths);
+    // Asks for the merge editor on `path` when it is conflicted, or on conflictToOpen() when no
+    // path is given; the banner opens it.
+    void openMergeEditor(const std::optional<std::string>& path = std::nullopt);
     // The abort that fits the state; in a state without one it does nothing.
     QCoro::Task<void> abort();
     QCoro::Task<void> continueRebase();
@@ -57,6 +65,7 @@ class ConflictBannerViewModel final : public QObject {
     void busyChanged();
     // An action changed the repository: the tab refreshes its panes, and this model with them.
     void repositoryChanged();
+    void mergeEditorRequested(const orvel::ConflictEntry& conflict);
 
   private:
     QCoro::Task<void> carryOnRebase(bool skip);
@@ -67,6 +76,7 @@ class ConflictBannerViewModel final : public QObject {
     QPointer<ToastManager> toasts_;
     std::vector<ConflictEntry> conflicts_;
     std::map<std::string, QUuid> conflictIDs_;
+    std::vector<std::string> selectedPaths_;
     bool isBusy_ = false;
 };
 

@@ -1,5 +1,6 @@
 #include "merge/ConflictResolutionViewModel.h"
 
+#include "core/queue/BackgroundWork.h"
 #include "core/service/GitServiceProtocol.h"
 #include "core/support/Log.h"
 #include "settings/LocalizationManager.h"
@@ -59,6 +60,7 @@ QCoro::Task<void> ConflictResolutionViewModel::load() {
     auto ours = readStage(service_, repo_, conflict_.oursHash);
     auto theirs = readStage(service_, repo_, conflict_.theirsHash);
     auto workTree = service_->readWorkTreeFile(repo_, conflict_.path);
+    readSideNames(generation);
     try {
         std::string baseText = co_await std::move(base);
         std::string oursText = co_await std::move(ours);
@@ -84,6 +86,26 @@ QCoro::Task<void> ConflictResolutionViewModel::load() {
         self->isLoading_ = false;
         qCDebug(lcOps, "op=mergeEditor.load reason=%s", redactForLog(error.what()).c_str());
         emit self->loadStateChanged();
+    }
+}
+
+QCoro::Task<void> ConflictResolutionViewModel::readSideNames(int generation) {
+    QPointer<ConflictResolutionViewModel> self(this);
+    const RepoEntry repo = repo_;
+    auto service = service_;
+    try {
+        const SideFiles files = co_await runOnPool(
+            backgroundPool(), [gitDirectory = gitDirectory(repo)] { return readSideFiles(gitDirectory); });
+        std::vector<BranchEntry> branches;
+        if (rebaseOnto(files))
+            branches = co_await service->branches(repo);
+        if (!self || generation != self->loadGeneration_)
+            co_return;
+        self->sideNames_ = conflictSideNames(files, branches);
+        emit self->sideNamesChanged();
+    } catch (const std::exception& error) {
+        // Without names the sides are called plain ours and theirs.
+        qCDebug(lcOps, "op=mergeEditor.sideNames reason=%s", redactForLog(error.what()).c_str());
     }
 }
 

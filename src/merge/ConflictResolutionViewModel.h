@@ -6,6 +6,7 @@
 #include "core/records/ConflictEntry.h"
 #include "core/records/RepoEntry.h"
 #include "merge/ConflictHunks.h"
+#include "merge/ConflictSideNames.h"
 
 #include <QObject>
 #include <QString>
@@ -43,6 +44,9 @@ class ConflictResolutionViewModel final : public QObject {
     const std::optional<QString>& loadError() const { return loadError_; }
     const std::optional<QString>& saveError() const { return saveError_; }
     int loadGeneration() const { return loadGeneration_; }
+    // Who ours and theirs are (the branches of a merge, a rebase's target and replayed commit);
+    // read with each load, empty until then or where git's files don't tell.
+    const ConflictSideNames& sideNames() const { return sideNames_; }
 
     // The number of conflict hunks, and the text that saving would write.
     int conflictCount() const;
@@ -80,8 +84,10 @@ class ConflictResolutionViewModel final : public QObject {
     void decisionsChanged();
     // isSaving or saveError changed.
     void saveStateChanged();
+    void sideNamesChanged();
 
   private:
+    QCoro::Task<void> readSideNames(int generation);
     void setHunk(int hunkId, bool ours, bool theirs);
     void setEveryHunk(bool ours, bool theirs);
     void toggleLine(int hunkId, std::size_t lineIndex, bool ours);
@@ -102,6 +108,7 @@ class ConflictResolutionViewModel final : public QObject {
     std::optional<QString> loadError_;
     std::optional<QString> saveError_;
     int loadGeneration_ = 0;
+    ConflictSideNames sideNames_;
 };
 
 } // namespace orvel

@@ -51,6 +51,13 @@ WorkspaceTabState::WorkspaceTabState(RepoEntry repo, std::shared_ptr<GitServiceP
     });
     // The banner shows what the changes page read, so that a refresh reads the state once.
     connect(changes_.get(), &ChangesPaneViewModel::repoStateChanged, this, &WorkspaceTabState::showConflicts);
+    // Its merge editor opens on the conflicted file selected there.
+    connect(changes_.get(), &ChangesPaneViewModel::selectionChanged, this, [this] {
+        std::vector<std::string> paths;
+        for (const FileChange& file : changes_->selectedFiles(false))
+            paths.push_back(file.path);
+        conflictBanner_->setSelectedPaths(std::move(paths));
+    });
     // A reset, pick or revert from the graph's menu changed the repository.
     connect(graph_.get(), &RepoGraphPaneViewModel::repositoryChanged, this, &WorkspaceTabState::refresh);
     connect(conflictBanner_.get(), &ConflictBannerViewModel::repositoryChanged, this,

@@ -1,5 +1,7 @@
 // The diff pane on real repositories: a hunk staged from its button reaches the index, a hunk
-// discarded after its confirmation leaves the other changes' bytes on disk, the modes and the
+// discarded after its confirmation leaves the other changes' bytes on disk, a hunk action chosen
+// before a reload refuses the other hunk the reload put in its place, a conflicted file shows its
+// conflict and offers the merge editor, the modes and the
 // whole-file context, a sparse 2 GB file stops at the gate having read only its first bytes, an
 // image change shows both images, a commit that doesn't exist fails with Retry, and the blame
 // sheet lists the file's lines. Screenshots of each.
@@ -17,13 +19,17 @@
 #include "support/Screenshot.h"
 
 #include <QApplication>
+#include <QContextMenuEvent>
 #include <QImage>
+#include <QMenu>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QTest>
+#include <QTimer>
 #include <QToolButton>
 #include <QTreeView>
 
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 
@@ -85,7 +91,7 @@ class DiffPaneTest : public ::testing::Test {
         file.path = path;
         file.status = status;
         model.showDiff(file, commit, false, staged);
-        QTRY_VERIFY_WITH_TIMEOUT(model.content() != Content::loading, 20000);
+        ASSERT_TRUE(QTest::qWaitFor([&] { return model.content() != Content::loading; }, 20000));
     }
 
     void clickHunkButton(int hunk, int action) {
@@ -138,6 +144,143 @@ TEST_F(DiffPaneTest, StagesOneHunkAndDiscardsAnotherAfterConfirming) {
     EXPECT_FALSE(model.hunkActions().stage || model.hunkActions().discard);
     clickHunkButton(0, 1);
     QTRY_VERIFY_WITH_TIMEOUT(repo.git({"diff", "--cached"}).empty(), 20000);
+}
+
+// A hunk action that waits for the person (the context menu, the discard confirmation) while the
+// diff is read again must not act on whatever hunk the reload put in its place: it does nothing,
+// says so, and the diff is read anew.
+TEST_F(DiffPaneTest, AHunkActionChosenBeforeAReloadRefusesAnotherHunkInItsPlace) {
+    struct Case {
+        const char* name;
+        std::string before;  // the working tree when the hunk is chosen
+        std::string changed; // written while the action waits
+        bool fromMenu;       // Stage from the context menu, else Discard through its confirmation
+    };
+    std::string edited = numberedLines(40, 3);
+    edited.replace(edited.find("int changed = 3"), 15, "int edited = 3");
+    const Case cases[] = {
+        // The first hunk goes away, so the second one becomes hunk 0.
+        {"menu", numberedLines(40, 3, 35), numberedLines(40, 35), true},
+        // The hunk keeps its four numbers but not its lines.
+        {"confirmation", numberedLines(40, 3), edited, false},
+    };
+    pane.resize(1100, 700);
+    pane.show();
+    for (const Case& each : cases) {
+        SCOPED_TRACE(each.name);
+        repo.write("app.cpp", each.before);
+        showAndWait("app.cpp", modified());
+        ASSERT_EQ(model.content(), Content::diff);
+        auto changeAndReload = [&] {
+            repo.write("app.cpp", each.changed);
+            model.reload();
+            ASSERT_TRUE(QTest::qWaitFor([&] { return model.content() == Content::diff; }, 20000));
+        };
+        DiffTextView& view = pane.textView();
+        if (each.fromMenu) {
+            QTimer::singleShot(0, &pane, [&] {
+                changeAndReload();
+                auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+                ASSERT_NE(menu, nullptr);
+                menu->actions().at(0)->trigger();
+                menu->close();
+            });
+            const QPoint onHeader = view.hunkButtonRect(0, 0).center() - QPoint(300, 0);
+            QContextMenuEvent event(QContextMenuEvent::Mouse, onHeader,
+                                    view.viewport()->mapToGlobal(onHeader));
+            QApplication::sendEvent(view.viewport(), &event);
+        } else {
+            clickHunkButton(0, 2);
+            auto* confirmation =
+                pane.findChild<QMessageBox*>(QStringLiteral("diff-pane.discard-confirmation"));
+            ASSERT_NE(confirmation, nullptr);
+            changeAndReload();
+            confirmation->findChild<QPushButton*>(QStringLiteral("diff-pane.discard-confirm"))->click();
+        }
+        ASSERT_TRUE(QTest::qWaitFor([&] { return model.hunkActionError().has_value(); }, 20000));
+        auto* alert = pane.findChild<QMessageBox*>(QStringLiteral("diff-pane.hunk-error"));
+        ASSERT_NE(alert, nullptr);
+        EXPECT_TRUE(alert->informativeText().contains(QStringLiteral("choose the hunk once more")));
+        alert->close();
+        ASSERT_TRUE(QTest::qWaitFor(
+            [&] { return !pane.findChild<QMessageBox*>(QStringLiteral("diff-pane.hunk-error")); }, 20000));
+        ASSERT_TRUE(QTest::qWaitFor(
+            [&] { return !model.hunkActionError() && model.content() == Content::diff; }, 20000));
+        EXPECT_EQ(repo.git({"diff", "--cached"}), "");
+        EXPECT_EQ(repo.read("app.cpp"), each.changed);
+    }
+}
+
+// A file that a merge left conflicted shows its conflict as git wrote it, our side against
+// theirs, in every mode with no hunk buttons, and offers the merge editor.
+TEST_F(DiffPaneTest, AConflictedFileShowsItsConflictAndOffersTheMergeEditor) {
+    repo.git({"checkout", "-q", "-b", "topic"});
+    repo.write("app.cpp", numberedLines(40, 3));
+    repo.commitAll("topic");
+    repo.git({"checkout", "-q", "main"});
+    std::string ours = numberedLines(40, 3);
+    ours.replace(ours.find("int changed = 3"), 15, "int edited = 3");
+    repo.write("app.cpp", ours);
+    repo.commitAll("main");
+    ASSERT_NE(repo.gitAllowingFailure({"-c", "merge.conflictStyle=diff3", "merge", "topic"}).exitCode, 0);
+    pane.resize(1100, 700);
+    pane.show();
+    showAndWait("app.cpp", FileStatusKind::unmerged(ConflictType::bothModified));
+    ASSERT_EQ(model.content(), Content::conflict);
+    EXPECT_FALSE(model.hunkActions().stage || model.hunkActions().unstage || model.hunkActions().discard);
+
+    // From the first marker on: the line numbers of the file, and each side in its tone.
+    const auto& rows = model.rows();
+    auto first =
+        std::find_if(rows.begin(), rows.end(), [](const DiffDisplayRow& row) { return row.isHunkHeader; });
+    ASSERT_NE(first, rows.end());
+    struct Expected {
+        std::string text;
+        RowTone tone;
+        int number;
+    };
+    const Expected expected[] = {
+        {"<<<<<<< HEAD", RowTone::context, 4},     {"    int edited = 3; // line", RowTone::deletion, 5},
+        {"||||||| ", RowTone::noNewline, 6},       {"    int value = 3; // line", RowTone::context, 7},
+        {"=======", RowTone::noNewline, 8},        {"    int changed = 3; // line", RowTone::addition, 9},
+        {">>>>>>> topic", RowTone::noNewline, 10}, {"    int value = 4; // line", RowTone::context, 11},
+    };
+    ASSERT_GE(rows.end() - first, std::ptrdiff_t(std::size(expected)));
+    for (const Expected& row : expected) {
+        SCOPED_TRACE(row.text);
+        EXPECT_TRUE(first->left.view().starts_with(row.text));
+        EXPECT_EQ(first->leftTone, row.tone);
+        EXPECT_EQ(first->rightNumber, row.number);
+        EXPECT_EQ(first->hunk, 0);
+        ++first;
+    }
+    EXPECT_EQ(pane.textView().rowCount(), int(rows.size()));
+    test::saveScreenshot(pane, "diff-conflict", {1100, 700});
+
+    auto* open = pane.findChild<QPushButton*>(QStringLiteral("diff-pane.open-merge-editor"));
+    ASSERT_NE(open, nullptr);
+    EXPECT_TRUE(open->isVisible());
+    std::vector<std::string> requested;
+    QObject::connect(&pane, &DiffPane::openMergeEditorRequested, &pane,
+                     [&requested](const std::string& path) { requested.push_back(path); });
+    open->click();
+    EXPECT_EQ(requested, std::vector<std::string>{"app.cpp"});
+
+    // Side by side keeps the one column; the file mode shows the file as it lies.
+    pane.findChild<QToolButton*>(QStringLiteral("diff-pane.mode.split"))->click();
+    EXPECT_EQ(model.rows().size(), rows.size());
+    pane.findChild<QToolButton*>(QStringLiteral("diff-pane.mode.file"))->click();
+    ASSERT_TRUE(QTest::qWaitFor(
+        [&] { return model.content() == Content::conflict && model.rows().front().hunk == -1; }, 20000));
+    EXPECT_EQ(model.rows().size(), 49u);
+    pane.findChild<QToolButton*>(QStringLiteral("diff-pane.mode.diff"))->click();
+
+    // Once resolved and staged the file is an ordinary change again, and the button goes.
+    repo.write("app.cpp", numberedLines(40, 3));
+    repo.git({"add", "app.cpp"});
+    showAndWait("app.cpp", FileStatusKind::tracked(TrackedStatus::modified, TrackedStatus::unmodified), true);
+    EXPECT_EQ(model.content(), Content::diff);
+    EXPECT_FALSE(open->isVisible());
 }
 
 TEST_F(DiffPaneTest, ModesAndWholeFileContextWithColoursInBothAppearances) {

@@ -1,8 +1,10 @@
 // The conflict banner and the merge editor end to end on real git: a rebase stopped on a conflict
-// is resolved line by line, saved, staged and continued from the banner; in every state the banner
-// can end, Abort asks first and then leaves the repository clean.
+// is resolved line by line in an editor that names both sides, saved, staged and continued from
+// the banner; "Open Merge Editor" opens the conflicted file selected in the changes page; in every
+// state the banner can end, Abort asks first and then leaves the repository clean.
 #include "merge/ui/ConflictBanner.h"
 #include "merge/ConflictBannerViewModel.h"
+#include "merge/ConflictResolutionViewModel.h"
 #include "merge/ui/ConflictResolutionView.h"
 
 #include "core/RealGitService.h"
@@ -99,6 +101,13 @@ TEST_F(ConflictBannerTest, ResolveARebaseConflictLineByLineAndContinue) {
     ASSERT_NE(editor, nullptr);
     auto* count = child<QLabel>(*editor, "merge-editor.conflict-count");
     QTRY_COMPARE(count->text(), QStringLiteral("Conflict 1 of 1"));
+    // Ours is the branch the rebase replays onto, theirs the commit it replays.
+    ASSERT_TRUE(QTest::qWaitFor([&] {
+        return child<QLabel>(*editor, "merge-editor.ours-title")->text() == QStringLiteral("A: Ours (main)");
+    }));
+    EXPECT_EQ(child<QLabel>(*editor, "merge-editor.theirs-title")->text(),
+              QStringLiteral("B: Theirs (%1 topic changes b)")
+                  .arg(QString::fromStdString(repo.rev("topic").substr(0, 7))));
     auto* ours = child<QListView>(*editor, "merge-editor.ours-panel");
     auto* theirs = child<QListView>(*editor, "merge-editor.theirs-panel");
     ASSERT_EQ(ours->model()->rowCount(), 1);
@@ -144,6 +153,47 @@ TEST_F(ConflictBannerTest, ResolveARebaseConflictLineByLineAndContinue) {
     EXPECT_TRUE(toasted(QStringLiteral("Rebase completed")));
     EXPECT_EQ(repo.git({"log", "--format=%s", "main..topic"}), "topic changes b\n");
     EXPECT_EQ(repo.git({"show", "topic:file.txt"}), "a\nextra topic\nc\n");
+}
+
+TEST_F(ConflictBannerTest, OpenMergeEditorOpensTheSelectedConflictedFile) {
+    repo.write("a.txt", "base\n");
+    repo.write("b.txt", "base\n");
+    repo.write("c.txt", "base\n");
+    repo.commitAll("base");
+    repo.git({"checkout", "-q", "-b", "topic"});
+    repo.write("a.txt", "topic\n");
+    repo.write("b.txt", "topic\n");
+    repo.commitAll("topic");
+    repo.git({"checkout", "-q", "main"});
+    repo.write("a.txt", "main\n");
+    repo.write("b.txt", "main\n");
+    repo.commitAll("main");
+    ASSERT_NE(repo.gitAllowingFailure({"merge", "topic"}).exitCode, 0);
+    repo.write("c.txt", "changed\n");
+    showBanner();
+    ASSERT_EQ(model->conflicts().size(), 2u);
+
+    struct Case {
+        const char* name;
+        std::vector<std::string> selected; // in the changes page
+        std::string opened;
+    };
+    const Case cases[] = {
+        {"nothing selected", {}, "a.txt"},
+        {"the second conflict", {"b.txt"}, "b.txt"},
+        {"a file without conflict, then a conflict", {"c.txt", "b.txt"}, "b.txt"},
+        {"only a file without conflict", {"c.txt"}, "a.txt"},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.name);
+        model->setSelectedPaths(c.selected);
+        child<QToolButton>(*banner, "conflict-banner.open-merge-editor")->click();
+        auto* editor = banner->findChild<ConflictResolutionView*>();
+        ASSERT_NE(editor, nullptr);
+        EXPECT_EQ(editor->model().conflict().path, c.opened);
+        editor->close();
+        ASSERT_TRUE(QTest::qWaitFor([&] { return banner->findChild<ConflictResolutionView*>() == nullptr; }));
+    }
 }
 
 struct AbortCase {

@@ -57,8 +57,8 @@ DiffPane::DiffPane(DiffDetailViewModel& model, QWidget* parent)
       fileMode_(toolButton("diff-pane.mode.file", this, true)),
       fullContext_(toolButton("diff-pane.full-context", this, true)),
       markdown_(toolButton("diff-pane.render-markdown", this, true)),
-      close_(toolButton("diff-pane.close", this, false)), stack_(new QStackedWidget(this)),
-      text_(new DiffTextView(this)), messagePage_(new QWidget(this)),
+      close_(toolButton("diff-pane.close", this, false)), openMergeEditor_(new QPushButton(this)),
+      stack_(new QStackedWidget(this)), text_(new DiffTextView(this)), messagePage_(new QWidget(this)),
       message_(new OEmptyState(QStringLiteral("dialog-information"), {}, {}, messagePage_)),
       messageAction_(new QPushButton(messagePage_)), image_(new ImagePairView(this)),
       markdownView_(new MarkdownView(this)) {
@@ -75,6 +75,7 @@ DiffPane::DiffPane(DiffDetailViewModel& model, QWidget* parent)
     modes_->addButton(splitMode_, int(CodeDiffMode::split));
     modes_->addButton(fileMode_, int(CodeDiffMode::file));
     messageAction_->setObjectName(QStringLiteral("diff-pane.message-action"));
+    openMergeEditor_->setObjectName(QStringLiteral("diff-pane.open-merge-editor"));
     markdownView_->setObjectName(QStringLiteral("diff-pane.markdown"));
 
     auto* header = new QHBoxLayout;
@@ -82,6 +83,7 @@ DiffPane::DiffPane(DiffDetailViewModel& model, QWidget* parent)
     header->addWidget(path_, 1);
     header->addWidget(kind_);
     header->addSpacing(8);
+    header->addWidget(openMergeEditor_);
     for (QToolButton* button : {diffMode_, splitMode_, fileMode_, fullContext_, markdown_, close_})
         header->addWidget(button);
 
@@ -109,16 +111,22 @@ DiffPane::DiffPane(DiffDetailViewModel& model, QWidget* parent)
         model_.closeDiff();
         emit closeRequested();
     });
+    connect(openMergeEditor_, &QPushButton::clicked, this, [this] {
+        if (model_.selection())
+            emit openMergeEditorRequested(model_.selection()->file.path);
+    });
     connect(messageAction_, &QPushButton::clicked, this, [this] {
         if (model_.content() == DiffDetailViewModel::Content::largeFile)
             model_.showLargeFileAnyway();
         else
             model_.retry();
     });
-    connect(text_, &DiffTextView::stageHunkRequested, this, [this](int hunk) { model_.stageHunk(hunk); });
-    connect(text_, &DiffTextView::unstageHunkRequested, this, [this](int hunk) { model_.unstageHunk(hunk); });
+    connect(text_, &DiffTextView::stageHunkRequested, this,
+            [this](int hunk, const std::string& shown) { model_.stageHunk(hunk, shown); });
+    connect(text_, &DiffTextView::unstageHunkRequested, this,
+            [this](int hunk, const std::string& shown) { model_.unstageHunk(hunk, shown); });
     connect(text_, &DiffTextView::discardHunkRequested, this,
-            [this](int hunk) { model_.requestDiscardHunk(hunk); });
+            [this](int hunk, const std::string& shown) { model_.requestDiscardHunk(hunk, shown); });
     connect(&model_, &DiffDetailViewModel::contentChanged, this, &DiffPane::showContent);
     connect(&model_, &DiffDetailViewModel::modeChanged, this, &DiffPane::showMode);
     connect(&model_, &DiffDetailViewModel::hunkActionErrorChanged, this, &DiffPane::showHunkActionError);
@@ -137,6 +145,8 @@ void DiffPane::retranslate() {
                                                : localized("Show full file"));
     markdown_->setText(localized("Rendered"));
     markdown_->setToolTip(localized("Show the Markdown rendered"));
+    openMergeEditor_->setText(localized("Open Merge Editor"));
+    openMergeEditor_->setToolTip(localized("Resolve this file's conflicts in the merge editor"));
     close_->setToolTip(localized("Close diff"));
     close_->setAccessibleName(localized("Close diff"));
     for (QToolButton* button : {diffMode_, splitMode_, fileMode_, fullContext_, markdown_})
@@ -175,6 +185,8 @@ void DiffPane::showContent() {
     kind_->setText(selection ? kindOf(model_) : QString());
     fullContext_->setVisible(!fileMode);
     markdown_->setVisible(fileMode && isMarkdown);
+    if (model_.content() != Content::loading)
+        openMergeEditor_->setVisible(model_.content() == Content::conflict);
     const auto& metadata = model_.inspection() ? model_.inspection()->metadata : FileMetadata{};
     switch (model_.content()) {
     case Content::loading:
@@ -235,6 +247,7 @@ void DiffPane::showContent() {
         stack_->setCurrentWidget(image_);
         return;
     case Content::diff:
+    case Content::conflict:
         break;
     }
     if (fileMode && isMarkdown && model_.renderMarkdown() && model_.fileText()) {
@@ -242,9 +255,11 @@ void DiffPane::showContent() {
         stack_->setCurrentWidget(markdownView_);
         return;
     }
-    const auto layout = fileMode                               ? DiffTextView::Layout::file
-                        : model_.mode() == CodeDiffMode::split ? DiffTextView::Layout::sideBySide
-                                                               : DiffTextView::Layout::unified;
+    // A conflict's rows are one column: git's markers stand between the two sides.
+    const bool split = model_.mode() == CodeDiffMode::split && model_.content() == Content::diff;
+    const auto layout = fileMode ? DiffTextView::Layout::file
+                        : split  ? DiffTextView::Layout::sideBySide
+                                 : DiffTextView::Layout::unified;
     text_->setRows(model_.rows(), layout, model_.language(),
                    fileMode ? DiffDetailViewModel::HunkActions{} : model_.hunkActions());
     stack_->setCurrentWidget(text_);

@@ -1,10 +1,13 @@
 // The diff pane: the selected file's change unified, side by side or as the whole file, with the
 // hunk buttons its diff offers, "Show full file", and in place of the text whatever the file's
 // inspection decided (the large-file gate, an image, a type that can't be shown, a folder) or the
-// failure with Retry. It shows the model's state and forwards what the person does.
+// failure with Retry. A conflicted file shows its conflicts with "Open Merge Editor". It shows the
+// model's state and forwards what the person does.
 #pragma once
 
 #include <QWidget>
+
+#include <string>
 
 class QButtonGroup;
 class QLabel;
@@ -31,6 +34,8 @@ class DiffPane final : public QWidget {
   signals:
     // "Close diff": the model has let go of its file; the tab may hide the pane.
     void closeRequested();
+    // "Open Merge Editor" on the conflicted file shown.
+    void openMergeEditorRequested(const std::string& path);
 
   protected:
     void changeEvent(QEvent* event) override;
@@ -54,6 +59,7 @@ class DiffPane final : public QWidget {
     QToolButton* fullContext_;
     QToolButton* markdown_;
     QToolButton* close_;
+    QPushButton* openMergeEditor_;
     QStackedWidget* stack_;
     DiffTextView* text_;
     QWidget* messagePage_;

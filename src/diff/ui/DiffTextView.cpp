@@ -5,6 +5,7 @@
 
 #include <QApplication>
 #include <QContextMenuEvent>
+#include <QGlyphRun>
 #include <QMenu>
 #include <QMouseEvent>
 #include <QPainter>
@@ -82,7 +83,8 @@ void DiffTextView::setRows(std::vector<DiffDisplayRow> rows, Layout layout, Sour
     layout_ = layout;
     language_ = language;
     actions_ = actions;
-    coloured_.assign(rows_.size() * 2, std::nullopt);
+    coloured_.clear();
+    coloured_.resize(rows_.size() * 2);
     headerRows_.clear();
     int largestNumber = 1;
     longestLine_ = 0;
@@ -131,9 +133,19 @@ void DiffTextView::refreshStyle() {
                 : readableOn(syntaxColor(theme.colors.syntax, SyntaxTokenType(type)), style.background));
     const QFontMetricsF metrics(style.font);
     style.charWidth = metrics.horizontalAdvance(QLatin1Char('0'));
+    // The font sets text in columns when its narrowest and widest characters advance alike; the
+    // font database doesn't say so for every monospaced family.
+    const bool columns = std::all_of(std::begin("iW.M_"), std::end("iW.M_") - 1, [&](char c) {
+        return metrics.horizontalAdvance(QLatin1Char(c)) == style.charWidth;
+    });
+    if (columns)
+        style.columnFont = QRawFont::fromFont(style.font);
     style.lineHeight = int(std::ceil(metrics.height())) + 3;
     style.ascent = int(std::ceil(metrics.ascent())) + 1;
     style_ = std::move(style);
+    // The glyphs of the lines coloured so far belong to the previous font.
+    for (auto& slot : coloured_)
+        slot.reset();
     updateScrollBars();
 }
 
@@ -169,15 +181,42 @@ void DiffTextView::scrollToHunk(int hunk) {
             verticalScrollBar()->setValue(row * style_.lineHeight);
 }
 
+QList<quint32> DiffTextView::columnGlyphs(const QString& text) const {
+    const bool printableAscii = std::all_of(
+        text.begin(), text.end(), [](QChar c) { return c.unicode() >= 0x20 && c.unicode() < 0x7f; });
+    if (!style_.columnFont || !style_.columnFont->isValid() || !printableAscii)
+        return {};
+    return style_.columnFont->glyphIndexesForString(text);
+}
+
+void DiffTextView::drawColumns(QPainter& painter, QPointF at, const QList<quint32>& glyphs) const {
+    QList<QPointF> positions(glyphs.size());
+    for (qsizetype column = 0; column < glyphs.size(); ++column)
+        positions[column] = QPointF(qreal(column) * style_.charWidth, 0);
+    QGlyphRun run;
+    run.setRawFont(*style_.columnFont);
+    run.setGlyphIndexes(glyphs);
+    run.setPositions(positions);
+    painter.drawGlyphRun(at, run);
+}
+
+void DiffTextView::drawPlain(QPainter& painter, QPointF at, const QString& text) const {
+    if (const QList<quint32> glyphs = columnGlyphs(text); !glyphs.isEmpty())
+        drawColumns(painter, at, glyphs);
+    else
+        painter.drawText(at, text);
+}
+
 const DiffTextView::ColouredLine& DiffTextView::colouredLine(int row, bool right) {
     auto& slot = coloured_[std::size_t(row) * 2 + (right ? 1 : 0)];
     if (!slot) {
         const DiffDisplayRow& line = rows_[std::size_t(row)];
-        ColouredLine coloured{displayText(right ? line.right.view() : line.left.view()), {}};
+        ColouredLine coloured{displayText(right ? line.right.view() : line.left.view()), {}, {}};
+        coloured.glyphs = columnGlyphs(coloured.text);
         const RowTone tone = right ? line.rightTone : line.leftTone;
         if (!line.isHunkHeader && tone != RowTone::noNewline)
             coloured.tokens = highlightTokens(coloured.text, language_);
-        slot = std::move(coloured);
+        slot = std::make_unique<ColouredLine>(std::move(coloured));
     }
     return *slot;
 }
@@ -243,10 +282,14 @@ QRect DiffTextView::hunkButtonRect(int hunk, int action) const {
 
 void DiffTextView::paintEvent(QPaintEvent* event) {
     QPainter painter(viewport());
-    painter.fillRect(event->rect(), style_.background);
+    const int top = verticalScrollBar()->value();
+    // Every row fills its own width, so only what lies below the last row needs the background.
+    const int rowsBottom = int(rows_.size()) * style_.lineHeight - top;
+    if (rowsBottom <= event->rect().bottom())
+        painter.fillRect(event->rect().adjusted(0, std::max(0, rowsBottom - event->rect().top()), 0, 0),
+                         style_.background);
     if (rows_.empty())
         return;
-    const int top = verticalScrollBar()->value();
     const int first = std::max(0, (top + event->rect().top()) / style_.lineHeight);
     const int last = std::min(int(rows_.size()) - 1, (top + event->rect().bottom()) / style_.lineHeight);
     painter.setFont(style_.font);
@@ -302,8 +345,9 @@ void DiffTextView::paintCell(QPainter& painter, int row, bool right, const QRect
         if (!number)
             return;
         const QString text = QString::number(*number);
-        painter.drawText(
-            QPointF(left + numberWidth - cellPadding / 2.0 - text.size() * style_.charWidth, baseline), text);
+        drawPlain(painter,
+                  QPointF(left + numberWidth - cellPadding / 2.0 - text.size() * style_.charWidth, baseline),
+                  text);
     };
     drawNumber(first, area.left());
     if (twoNumbers)
@@ -312,7 +356,7 @@ void DiffTextView::paintCell(QPainter& painter, int row, bool right, const QRect
     const qreal markerLeft = area.left() + gutterWidth + 2;
     const QChar marker = tone == RowTone::addition ? u'+' : tone == RowTone::deletion ? u'-' : u' ';
     if (layout_ != Layout::file && marker != u' ')
-        painter.drawText(QPointF(markerLeft, baseline), QString(marker));
+        drawPlain(painter, QPointF(markerLeft, baseline), QString(marker));
 
     const qreal textLeft = markerLeft + (layout_ == Layout::file ? 4 : 2 * style_.charWidth);
     const QRect textArea(int(textLeft), area.top(), area.right() - int(textLeft) + 1, area.height());
@@ -320,14 +364,20 @@ void DiffTextView::paintCell(QPainter& painter, int row, bool right, const QRect
     painter.setClipRect(textArea);
     const ColouredLine& line = colouredLine(row, right);
     const QFontMetricsF metrics(style_.font);
+    const bool counted = !line.text.isEmpty() && line.glyphs.size() == line.text.size();
     qreal x = textLeft - horizontalScrollBar()->value();
     const qreal limit = area.right();
     int at = 0;
     auto drawRun = [&](int start, int length, const QColor& color) {
         if (length <= 0 || x > limit)
             return;
-        const QString run = line.text.mid(start, length);
         painter.setPen(color);
+        if (counted) {
+            drawColumns(painter, QPointF(x, baseline), line.glyphs.mid(start, length));
+            x += length * style_.charWidth;
+            return;
+        }
+        const QString run = line.text.mid(start, length);
         painter.drawText(QPointF(x, baseline), run);
         x += metrics.horizontalAdvance(run);
     };
@@ -345,7 +395,7 @@ void DiffTextView::paintHeader(QPainter& painter, int row, int y) {
     const QRect area(0, y, viewport()->width(), style_.lineHeight);
     painter.fillRect(area, style_.hunkHeader);
     painter.setPen(style_.headerText);
-    painter.drawText(QPointF(cellPadding, y + style_.ascent), colouredLine(row, false).text);
+    drawPlain(painter, QPointF(cellPadding, y + style_.ascent), colouredLine(row, false).text);
     const QPoint hover = hoverPoint_;
     painter.save();
     painter.setFont(font());
@@ -361,21 +411,21 @@ void DiffTextView::paintHeader(QPainter& painter, int row, int y) {
     painter.restore();
 }
 
-void DiffTextView::requestAction(int action, int hunk) {
+void DiffTextView::requestAction(int action, int hunk, const std::string& shown) {
     if (hunk < 0)
         return;
     switch (action) {
     case 0:
         if (actions_.stage)
-            emit stageHunkRequested(hunk);
+            emit stageHunkRequested(hunk, shown);
         break;
     case 1:
         if (actions_.unstage)
-            emit unstageHunkRequested(hunk);
+            emit unstageHunkRequested(hunk, shown);
         break;
     default:
         if (actions_.discard)
-            emit discardHunkRequested(hunk);
+            emit discardHunkRequested(hunk, shown);
         break;
     }
 }
@@ -408,7 +458,8 @@ void DiffTextView::mousePressEvent(QMouseEvent* event) {
     if (event->button() == Qt::LeftButton && row >= 0)
         for (const Button& button : buttonsOf(row, row * style_.lineHeight - verticalScrollBar()->value()))
             if (button.rect.contains(point)) {
-                requestAction(button.action, rows_[std::size_t(row)].hunk);
+                requestAction(button.action, rows_[std::size_t(row)].hunk,
+                              shownHunk(rows_, rows_[std::size_t(row)].hunk));
                 return;
             }
     QAbstractScrollArea::mousePressEvent(event);
@@ -423,14 +474,12 @@ void DiffTextView::keyPressEvent(QKeyEvent* event) {
     };
     switch (event->key()) {
     case Qt::Key_S:
-        requestAction(0, hunk);
-        return;
     case Qt::Key_U:
-        requestAction(1, hunk);
+    case Qt::Key_D: {
+        const int action = event->key() == Qt::Key_S ? 0 : event->key() == Qt::Key_U ? 1 : 2;
+        requestAction(action, hunk, shownHunk(rows_, hunk));
         return;
-    case Qt::Key_D:
-        requestAction(2, hunk);
-        return;
+    }
     case Qt::Key_N:
         moveHunk(1);
         return;
@@ -459,14 +508,17 @@ void DiffTextView::contextMenuEvent(QContextMenuEvent* event) {
     const int hunk = row >= 0 ? rows_[std::size_t(row)].hunk : currentHunk();
     if (hunk < 0 || !(actions_.stage || actions_.unstage || actions_.discard))
         return;
+    // The menu waits for the person while a reload may replace the rows: the action carries the
+    // hunk as it was when the menu opened.
+    const std::string shown = shownHunk(rows_, hunk);
     QMenu menu(this);
     const std::pair<bool, const char*> offers[] = {
         {actions_.stage, "S"}, {actions_.unstage, "U"}, {actions_.discard, "D"}};
     for (int action = 0; action < 3; ++action) {
         if (!offers[action].first)
             continue;
-        QAction* item =
-            menu.addAction(buttonTitle(action), this, [this, action, hunk] { requestAction(action, hunk); });
+        QAction* item = menu.addAction(buttonTitle(action), this,
+                                       [this, action, hunk, &shown] { requestAction(action, hunk, shown); });
         item->setShortcut(QKeySequence(QString::fromLatin1(offers[action].second)));
     }
     menu.exec(event->globalPos());

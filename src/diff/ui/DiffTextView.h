@@ -11,8 +11,12 @@
 #include <QAbstractScrollArea>
 #include <QColor>
 #include <QFont>
+#include <QList>
+#include <QRawFont>
 
+#include <memory>
 #include <optional>
+#include <string>
 #include <vector>
 
 namespace orvel {
@@ -36,9 +40,10 @@ class DiffTextView final : public QAbstractScrollArea {
     QRect hunkButtonRect(int hunk, int action) const;
 
   signals:
-    void stageHunkRequested(int hunk);
-    void unstageHunkRequested(int hunk);
-    void discardHunkRequested(int hunk);
+    // `shown` is the hunk as it was in sight when the person chose it (shownHunk()).
+    void stageHunkRequested(int hunk, const std::string& shown);
+    void unstageHunkRequested(int hunk, const std::string& shown);
+    void discardHunkRequested(int hunk, const std::string& shown);
 
   protected:
     void paintEvent(QPaintEvent* event) override;
@@ -58,12 +63,16 @@ class DiffTextView final : public QAbstractScrollArea {
         QColor addition, deletion, hunkHeader, emptyCell;
         std::vector<QColor> tokens; // by SyntaxTokenType
         qreal charWidth = 7;
+        std::optional<QRawFont> columnFont; // the font when it sets text in columns
         int lineHeight = 16;
         int ascent = 12;
     };
     struct ColouredLine {
         QString text;
         std::vector<SyntaxToken> tokens;
+        // For a line of printable ASCII in a fixed-pitch font, where every character takes one
+        // column: its glyphs, looked up once, which paint without shaping the text again.
+        QList<quint32> glyphs;
     };
     struct Button {
         int action; // 0 stage, 1 unstage, 2 discard
@@ -73,13 +82,19 @@ class DiffTextView final : public QAbstractScrollArea {
     void refreshStyle();
     void updateScrollBars();
     const ColouredLine& colouredLine(int row, bool right);
+    // The glyphs of `text` when the font sets it in columns (printable ASCII), else none.
+    QList<quint32> columnGlyphs(const QString& text) const;
+    // `glyphs` one column apart from `at`, on its baseline.
+    void drawColumns(QPainter& painter, QPointF at, const QList<quint32>& glyphs) const;
+    // Text in the view's font: from its glyphs in columns where it can, else shaped.
+    void drawPlain(QPainter& painter, QPointF at, const QString& text) const;
     void paintRow(QPainter& painter, int row, int y);
     void paintCell(QPainter& painter, int row, bool right, const QRect& area, int numberWidth,
                    std::optional<int> first, std::optional<int> second, RowTone tone);
     void paintHeader(QPainter& painter, int row, int y);
     std::vector<Button> buttonsOf(int row, int y) const;
     int rowAt(int y) const;
-    void requestAction(int action, int hunk);
+    void requestAction(int action, int hunk, const std::string& shown);
     QString buttonTitle(int action) const;
     QColor toneColor(RowTone tone) const;
 
@@ -88,8 +103,9 @@ class DiffTextView final : public QAbstractScrollArea {
     Layout layout_ = Layout::unified;
     SourceLanguage language_ = SourceLanguage::unknown;
     DiffDetailViewModel::HunkActions actions_;
-    // Rows coloured so far: two a row, for the left and the right side.
-    std::vector<std::optional<ColouredLine>> coloured_;
+    // Rows coloured so far: two a row, for the left and the right side; a slot is a pointer, so that
+    // the many rows never seen cost one word each.
+    std::vector<std::unique_ptr<ColouredLine>> coloured_;
     int numberDigits_ = 1;
     int longestLine_ = 0;
     Style style_;

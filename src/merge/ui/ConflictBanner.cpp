@@ -61,10 +61,8 @@ ConflictBanner::ConflictBanner(ConflictBannerViewModel& model, QWidget* parent)
     layout->addWidget(continue_);
     layout->addWidget(abort_);
 
-    connect(openMergeEditor_, &QToolButton::clicked, this, [this] {
-        if (const auto first = model_.firstConflict())
-            openMergeEditor(*first);
-    });
+    connect(openMergeEditor_, &QToolButton::clicked, &model_, [this] { model_.openMergeEditor(); });
+    connect(&model_, &ConflictBannerViewModel::mergeEditorRequested, this, &ConflictBanner::openMergeEditor);
     connect(skip_, &QPushButton::clicked, &model_, [this] { model_.skipRebase(); });
     connect(continue_, &QPushButton::clicked, &model_, [this] { model_.continueRebase(); });
     connect(abort_, &QPushButton::clicked, this, &ConflictBanner::confirmAbort);
@@ -84,7 +82,7 @@ void ConflictBanner::showState() {
         themedIcon(content.iconName), iconSize,
         ThemeEngine::shared().currentTheme().colors.conflict.bannerForeground.color(), devicePixelRatioF()));
     openMergeEditor_->setText(localized("Open Merge Editor"));
-    openMergeEditor_->setAccessibleName(localized("Open the merge editor on the first conflicted file"));
+    openMergeEditor_->setAccessibleName(localized("Open the merge editor on the selected conflicted file"));
     skip_->setText(localized("Skip"));
     skip_->setAccessibleName(localized("Skip this commit of the rebase"));
     continue_->setText(localized("Continue"));

@@ -95,6 +95,10 @@ ConflictResolutionView::ConflictResolutionView(RepoEntry repo, ConflictEntry con
     title_->setFont(bold);
     title_->setTextFormat(Qt::PlainText);
     conflictCount_->setObjectName(QStringLiteral("merge-editor.conflict-count"));
+    oursTitle_->setObjectName(QStringLiteral("merge-editor.ours-title"));
+    theirsTitle_->setObjectName(QStringLiteral("merge-editor.theirs-title"));
+    oursTitle_->setTextFormat(Qt::PlainText);
+    theirsTitle_->setTextFormat(Qt::PlainText);
     toggleRaw_->setCheckable(true);
     previous_->setShortcut(QKeySequence(Qt::ALT | Qt::Key_Up));
     next_->setShortcut(QKeySequence(Qt::ALT | Qt::Key_Down));
@@ -160,6 +164,8 @@ ConflictResolutionView::ConflictResolutionView(RepoEntry repo, ConflictEntry con
             &ConflictResolutionView::showLoadState);
     connect(model_, &ConflictResolutionViewModel::decisionsChanged, this,
             &ConflictResolutionView::showDecisions);
+    connect(model_, &ConflictResolutionViewModel::sideNamesChanged, this,
+            &ConflictResolutionView::showSideNames);
     connect(model_, &ConflictResolutionViewModel::saveStateChanged, this,
             &ConflictResolutionView::showSaveState);
     connect(retryLoad_, &QPushButton::clicked, model_, [this] { model_->load(); });
@@ -213,9 +219,7 @@ void ConflictResolutionView::retranslate() {
     both_->setAccessibleName(localized("Keep side A, then side B"));
     clear_->setText(localized("Clear"));
     clear_->setAccessibleName(localized("Keep no line of this conflict"));
-    oursTitle_->setText(localized("A: Ours"));
     oursPanel_->setAccessibleName(localized("Lines of side A (ours)"));
-    theirsTitle_->setText(localized("B: Theirs"));
     theirsPanel_->setAccessibleName(localized("Lines of side B (theirs)"));
     outputTitle_->setText(localized("Output"));
     outputPanel_->setAccessibleName(localized("The resolved file"));
@@ -227,7 +231,15 @@ void ConflictResolutionView::retranslate() {
     save_->setText(localized("Save & Stage").replace(QLatin1Char('&'), QStringLiteral("&&")));
     save_->setAccessibleName(localized("Save the resolution and stage the file"));
     conflictCount_->setAccessibleName(localized("Conflict position"));
+    showSideNames();
     showLoadState();
+}
+
+void ConflictResolutionView::showSideNames() {
+    const ConflictSideNames& names = model_->sideNames();
+    oursTitle_->setText(names.ours.empty() ? localized("A: Ours") : localized("A: Ours (%1)", names.ours));
+    theirsTitle_->setText(names.theirs.empty() ? localized("B: Theirs")
+                                               : localized("B: Theirs (%1)", names.theirs));
 }
 
 void ConflictResolutionView::changeEvent(QEvent* event) {

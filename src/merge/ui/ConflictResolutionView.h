@@ -49,6 +49,7 @@ class ConflictResolutionView final : public QDialog {
   private:
     void retranslate();
     void showLoadState();
+    void showSideNames();
     void showDecisions();
     void showSaveState();
     void showConflict(int index);

@@ -672,8 +672,8 @@
         <translation type="unfinished"></translation>
     </message>
     <message>
-        <source>Open the merge editor on the first conflicted file</source>
-        <translation type="unfinished"></translation>
+        <source>Open the merge editor on the selected conflicted file</source>
+        <translation>在所选的冲突文件上打开合并编辑器</translation>
     </message>
     <message>
         <source>Skip</source>
@@ -877,6 +877,14 @@
         <source>Conflict %1 of %2</source>
         <translation type="unfinished"></translation>
     </message>
+    <message>
+        <source>A: Ours (%1)</source>
+        <translation>A：我方（%1）</translation>
+    </message>
+    <message>
+        <source>B: Theirs (%1)</source>
+        <translation>B：对方（%1）</translation>
+    </message>
 </context>
 <context>
     <name>orvel::ConflictResolutionViewModel</name>
@@ -1073,6 +1081,13 @@
     </message>
 </context>
 <context>
+    <name>orvel::DiffDetailViewModel</name>
+    <message>
+        <source>The diff changed after the hunk was chosen, so nothing was done. It has been read again: choose the hunk once more.</source>
+        <translation>选择该区块后差异已经变化，因此没有执行任何操作。差异已重新读取：请再次选择该区块。</translation>
+    </message>
+</context>
+<context>
     <name>orvel::DiffPane</name>
     <message>
         <source>Diff</source>
@@ -1205,6 +1220,14 @@
     <message>
         <source>Cancel</source>
         <translation type="unfinished">取消</translation>
+    </message>
+    <message>
+        <source>Open Merge Editor</source>
+        <translation>打开合并编辑器</translation>
+    </message>
+    <message>
+        <source>Resolve this file&apos;s conflicts in the merge editor</source>
+        <translation>在合并编辑器中解决此文件的冲突</translation>
     </message>
 </context>
 <context>

@@ -12,6 +12,7 @@
 #include "graph/ui/GraphPane.h"
 #include "graph/ui/GraphTableView.h"
 #include "graph/ui/RepoHistoryPane.h"
+#include "merge/ConflictBannerViewModel.h"
 #include "merge/InteractiveRebaseViewModel.h"
 #include "merge/ui/ConflictBanner.h"
 #include "merge/ui/RebasePlanSheet.h"
@@ -129,6 +130,8 @@ void RepositoryTabView::buildPages() {
             showDiffPane(hash.has_value());
         });
     connect(diffPane_, &DiffPane::closeRequested, &workspace, &WorkspaceViewModel::closeDiff);
+    connect(diffPane_, &DiffPane::openMergeEditorRequested, &tab_.conflictBanner(),
+            [this](const std::string& path) { tab_.conflictBanner().openMergeEditor(path); });
     connect(&workspace, &WorkspaceViewModel::diffChanged, this, [this] {
         if (!tab_.workspace().isDiffPaneVisible())
             showDiffPane(std::nullopt);
