@@ -131,6 +131,8 @@ TEST_F(ChangesPageTest, CommitFromTheFormReachesTheGraph) {
     ASSERT_TRUE(listsShow(0, 1));
     EXPECT_EQ(find<QPushButton>("commit-form.submit").text(), "Commit");
     submit("Add the notes");
+    // A second press can't reach the running commit.
+    EXPECT_FALSE(find<QPushButton>("commit-form.submit").isEnabled());
     ASSERT_TRUE(QTest::qWaitFor([&] {
         const auto& commits = tab.graph().cachedGraphCommits();
         return !commits.empty() && commits.front().subject == "Add the notes";
