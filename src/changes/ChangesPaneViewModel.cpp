@@ -253,13 +253,13 @@ QCoro::Task<void> ChangesPaneViewModel::refreshStagedDiffStat(LoadTicket ticket)
 
 QCoro::Task<void> ChangesPaneViewModel::refreshRepoState(LoadTicket ticket) {
     auto service = service_;
-    auto opened = service->open(repo_.path, ticket.stopToken());
+    auto read = service->repositoryState(repo_, ticket.stopToken());
     try {
-        const RepoEntry entry = co_await std::move(opened);
+        const RepositoryState state = co_await std::move(read);
         if (!ticket.isCurrent())
             co_return;
-        if (entry.state != repoState_) {
-            repoState_ = entry.state;
+        if (state != repoState_) {
+            repoState_ = state;
             // A push chosen before the merge or pick began is not made at its end.
             if (isCommitAndPush_ && !canPush()) {
                 isCommitAndPush_ = false;

@@ -136,6 +136,7 @@ class MockGitService : public GitServiceProtocol {
                                               std::stop_token cancellation = {}) override;
     QCoro::Task<std::vector<CommitEntry>> fileHistory(RepoEntry repo, std::string path, long limit,
                                                       std::stop_token cancellation = {}) override;
+    QCoro::Task<RepositoryState> repositoryState(RepoEntry repo, std::stop_token cancellation = {}) override;
     QCoro::Task<std::optional<std::string>> preparedCommitMessage(RepoEntry repo,
                                                                   std::stop_token cancellation = {}) override;
     QCoro::Task<std::optional<std::string>> defaultBranch(RepoEntry repo,

@@ -21,6 +21,15 @@ QCoro::Task<RepoEntry> NativeGitService::open(std::string path, std::stop_token 
     });
 }
 
+QCoro::Task<RepositoryState> NativeGitService::repositoryState(RepoEntry repo, std::stop_token cancellation) {
+    qCDebug(lcRepo, "repositoryState: %s", repo.path.c_str());
+    // Queued, so that the markers are read after the commands before it have left them.
+    return queued(repo.path, cancellation,
+                  [gitDir = gitDirectory(repo)](GitExecutorProtocol&, const std::string&) {
+                      return RepositoryCommands::detectState(gitDir);
+                  });
+}
+
 QCoro::Task<std::optional<std::string>>
 NativeGitService::preparedCommitMessage(RepoEntry repo, std::stop_token cancellation) {
     qCDebug(lcRepo, "preparedCommitMessage: %s", repo.path.c_str());
