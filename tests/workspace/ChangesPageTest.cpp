@@ -183,6 +183,8 @@ TEST_F(ChangesPageTest, AmendingAPushedCommitAsksBeforeAForcePush) {
     EXPECT_EQ(box->text(), "Force Push Required");
     press(*box, "Cancel");
     ASSERT_TRUE(toastSays("Amend-push cancelled"));
+    // The form takes the next press once the flow has ended.
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !tab.changes().isCommitting(); }));
     EXPECT_EQ(repo.git({"log", "-1", "--format=%s"}), "Reworded once\n");
     EXPECT_EQ(origin.rev("main"), published);
 
@@ -193,6 +195,8 @@ TEST_F(ChangesPageTest, AmendingAPushedCommitAsksBeforeAForcePush) {
     ASSERT_NE(box, nullptr);
     press(*box, "Continue");
     ASSERT_TRUE(toastSays("Push failed; your commit was saved locally"));
+    // The form takes the next press once the flow has ended.
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !tab.changes().isCommitting(); }));
     EXPECT_EQ(origin.rev("main"), published);
 
     // A tab closing while the question is open answers it as refused, without a word.
