@@ -160,7 +160,7 @@ void ChangesPaneViewModel::setAmend(bool amend) {
 }
 
 void ChangesPaneViewModel::setCommitAndPush(bool push) {
-    if (push == isCommitAndPush_)
+    if (push == isCommitAndPush_ || (push && !canPush()))
         return;
     isCommitAndPush_ = push;
     emit commitFormChanged();
@@ -175,7 +175,7 @@ QString ChangesPaneViewModel::commitButtonTitle() const {
 }
 
 bool ChangesPaneViewModel::canCommit() const {
-    return !subjectIsEmpty() && (isAmend_ || !stagedFiles_.empty());
+    return !isCommitting_ && !subjectIsEmpty() && (isAmend_ || !stagedFiles_.empty());
 }
 
 void ChangesPaneViewModel::showActivity(std::optional<QString> message) const {
@@ -253,17 +253,58 @@ QCoro::Task<void> ChangesPaneViewModel::refreshStagedDiffStat(LoadTicket ticket)
 
 QCoro::Task<void> ChangesPaneViewModel::refreshRepoState(LoadTicket ticket) {
     auto service = service_;
-    auto opened = service->open(repo_.path, ticket.stopToken());
+    auto read = service->repositoryState(repo_, ticket.stopToken());
     try {
-        const RepoEntry entry = co_await std::move(opened);
-        if (!ticket.isCurrent() || entry.state == repoState_)
+        const RepositoryState state = co_await std::move(read);
+        if (!ticket.isCurrent())
             co_return;
-        repoState_ = entry.state;
-        emit repoStateChanged();
+        if (state != repoState_) {
+            repoState_ = state;
+            // A push chosen before the merge or pick began is not made at its end.
+            if (isCommitAndPush_ && !canPush()) {
+                isCommitAndPush_ = false;
+                emit commitFormChanged();
+            }
+            emit repoStateChanged();
+        }
     } catch (const std::exception& error) {
         if (ticket.isCurrent())
             qCDebug(lcStaging, "op=repoState.refresh reason=%s", redactForLog(error.what()).c_str());
+        co_return;
     }
+    co_await offerPreparedMessage(ticket);
+}
+
+QCoro::Task<void> ChangesPaneViewModel::offerPreparedMessage(LoadTicket ticket) {
+    const bool stopWithMessage = repoState_ == RepositoryState::merging ||
+                                 repoState_ == RepositoryState::cherryPicking ||
+                                 repoState_ == RepositoryState::reverting;
+    if (!stopWithMessage) {
+        preparedMessageOffered_ = false;
+        co_return;
+    }
+    if (preparedMessageOffered_)
+        co_return;
+    auto service = service_;
+    auto read = service->preparedCommitMessage(repo_, ticket.stopToken());
+    std::optional<std::string> message;
+    try {
+        message = co_await std::move(read);
+    } catch (const std::exception& error) {
+        if (ticket.isCurrent())
+            qCDebug(lcStaging, "op=preparedMessage.read reason=%s", redactForLog(error.what()).c_str());
+        co_return;
+    }
+    if (!ticket.isCurrent())
+        co_return;
+    preparedMessageOffered_ = true;
+    // What the user typed stays.
+    if (!message || !subjectIsEmpty() || !commitDescription_.trimmed().isEmpty())
+        co_return;
+    const CommitMessageFields fields = splitCommitMessage(*message);
+    commitSubject_ = fields.subject;
+    commitDescription_ = fields.description;
+    emit commitFormChanged();
 }
 
 } // namespace orvel

@@ -87,10 +87,14 @@ class ChangesPaneViewModel final : public QObject {
     void setCommitSubject(const QString& subject);
     void setCommitDescription(const QString& description);
     void setAmend(bool amend);
+    // Refused while pushing isn't offered.
     void setCommitAndPush(bool push);
     bool subjectIsEmpty() const;
     QString commitButtonTitle() const;
-    // A blank subject, or nothing staged for a plain commit, leaves nothing to commit.
+    // From a press of the button until everything that commit began has ended.
+    bool isCommitting() const { return isCommitting_; }
+    // A blank subject, nothing staged for a plain commit, or a commit under way leaves nothing to
+    // commit.
     bool canCommit() const;
     // Pushing is offered only while no merge, rebase or pick is under way.
     bool canPush() const { return repoState_ == RepositoryState::clean; }
@@ -122,7 +126,8 @@ class ChangesPaneViewModel final : public QObject {
     void copyPath(const FileChange& file);
     void showInFileManager(const FileChange& file);
 
-    // Commits the form (and pushes when asked); ends when everything it started has ended.
+    // Commits the form (and pushes when asked); ends when everything it started has ended. A press
+    // while an earlier commit is under way does nothing.
     QCoro::Task<void> commit();
     // The answers to the force-push question of an amended commit that was already pushed.
     void confirmAmendPush();
@@ -162,6 +167,8 @@ class ChangesPaneViewModel final : public QObject {
                                     const char* failureFormat);
     QCoro::Task<void> refreshStagedDiffStat(LoadTicket ticket);
     QCoro::Task<void> refreshRepoState(LoadTicket ticket);
+    // Once a stop of a merge, pick or revert: git's prepared message fills an empty form.
+    QCoro::Task<void> offerPreparedMessage(LoadTicket ticket);
     // The amend question: answers whether to push.
     QCoro::Task<bool> askAmendPush(std::stop_token cancellation);
     // Pushes after a commit; asks first when the amend rewrote a commit the upstream has.
@@ -190,6 +197,9 @@ class ChangesPaneViewModel final : public QObject {
     bool isCommitAndPush_ = false;
     QString commitSubject_;
     QString commitDescription_;
+    bool isCommitting_ = false;
+    // Whether the current stop's prepared message was offered already; a clean state resets it.
+    bool preparedMessageOffered_ = false;
     bool pendingAmendPushConfirmation_ = false;
     std::shared_ptr<AnswerChannel> pendingAmendPushContinuation_;
     std::stop_source commitStop_;

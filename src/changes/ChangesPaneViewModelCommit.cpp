@@ -6,8 +6,8 @@
 #include "changes/CommitMessage.h"
 #include "core/service/GitServiceProtocol.h"
 #include "core/support/Log.h"
-#include "settings/LocalizationManager.h"
 #include "notices/ToastManager.h"
+#include "settings/LocalizationManager.h"
 
 #include <QPointer>
 
@@ -41,6 +41,8 @@ QCoro::Task<void> fetchAfterPush(std::shared_ptr<GitServiceProtocol> service, Re
 } // namespace
 
 QCoro::Task<void> ChangesPaneViewModel::commit() {
+    if (isCommitting_)
+        co_return;
     const std::optional<std::string> message = composeCommitMessage(commitSubject_, commitDescription_);
     if (!message)
         co_return;
@@ -57,7 +59,13 @@ QCoro::Task<void> ChangesPaneViewModel::commit() {
     const std::stop_token cancellation = commitStop_.get_token();
     QPointer<ChangesPaneViewModel> self(this);
     const ActivityCallback activity = activity_;
-    auto end = [&activity] {
+    isCommitting_ = true;
+    emit commitFormChanged();
+    auto end = [&activity, &self] {
+        if (self) {
+            self->isCommitting_ = false;
+            emit self->commitFormChanged();
+        }
         if (activity)
             activity(std::nullopt);
     };

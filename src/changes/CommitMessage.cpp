@@ -21,4 +21,12 @@ std::optional<std::string> composeCommitMessage(const QString& subject, const QS
     return message.toStdString();
 }
 
+CommitMessageFields splitCommitMessage(const std::string& message) {
+    const QString text = QString::fromStdString(message);
+    const qsizetype end = text.indexOf(QLatin1Char('\n'));
+    if (end < 0)
+        return {text.trimmed(), QString()};
+    return {text.left(end).trimmed(), text.mid(end + 1).trimmed()};
+}
+
 } // namespace orvel

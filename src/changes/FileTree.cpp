@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <map>
 #include <memory>
+#include <numeric>
 #include <string_view>
 
 namespace orvel {
@@ -89,9 +90,20 @@ std::vector<FileChange> filterFileChanges(const std::vector<FileChange>& files, 
 }
 
 void sortFileChanges(std::vector<FileChange>& files, FileChangesSortOrder order) {
-    std::stable_sort(files.begin(), files.end(), [order](const FileChange& left, const FileChange& right) {
-        return order == FileChangesSortOrder::ascend ? left.path < right.path : right.path < left.path;
-    });
+    // The positions are sorted and each record then moves once: cheaper than moving whole records
+    // at every step of the sort.
+    std::vector<std::size_t> positions(files.size());
+    std::iota(positions.begin(), positions.end(), std::size_t{0});
+    std::stable_sort(positions.begin(), positions.end(),
+                     [&files, order](std::size_t left, std::size_t right) {
+                         return order == FileChangesSortOrder::ascend ? files[left].path < files[right].path
+                                                                      : files[right].path < files[left].path;
+                     });
+    std::vector<FileChange> sorted;
+    sorted.reserve(files.size());
+    for (const std::size_t position : positions)
+        sorted.push_back(std::move(files[position]));
+    files = std::move(sorted);
 }
 
 } // namespace orvel

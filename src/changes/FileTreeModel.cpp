@@ -106,7 +106,9 @@ void FileTreeModel::rebuild() {
 
 void FileTreeModel::indexLevel(const std::vector<FileTreeNode>& nodes, const FileTreeNode* parent) {
     for (std::size_t row = 0; row < nodes.size(); ++row) {
-        locations_[&nodes[row]] = {parent, static_cast<int>(row)};
+        // A root needs no entry: its row is its place among the roots, so a flat list makes none.
+        if (parent)
+            locations_[&nodes[row]] = {parent, static_cast<int>(row)};
         indexLevel(nodes[row].children, &nodes[row]);
     }
 }
@@ -134,13 +136,14 @@ QModelIndex FileTreeModel::index(int row, int column, const QModelIndex& parent)
 }
 
 QModelIndex FileTreeModel::parent(const QModelIndex& child) const {
-    const FileTreeNode* childNode = node(child);
-    if (!childNode)
+    const auto found = locations_.find(node(child));
+    if (found == locations_.end())
         return {};
-    const FileTreeNode* parentNode = locations_.at(childNode).parent;
-    if (!parentNode)
-        return {};
-    return createIndex(locations_.at(parentNode).row, 0, const_cast<FileTreeNode*>(parentNode));
+    const FileTreeNode* parentNode = found->second.parent;
+    const auto parentFound = locations_.find(parentNode);
+    const int row = parentFound == locations_.end() ? static_cast<int>(parentNode - roots_.data())
+                                                    : parentFound->second.row;
+    return createIndex(row, 0, const_cast<FileTreeNode*>(parentNode));
 }
 
 int FileTreeModel::rowCount(const QModelIndex& parent) const {

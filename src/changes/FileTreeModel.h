@@ -64,6 +64,7 @@ class FileTreeModel final : public QAbstractItemModel {
     QString filter_;
     int shownFileCount_ = 0;
     std::vector<FileTreeNode> roots_;
+    // The parent and row of every node below the roots.
     std::unordered_map<const FileTreeNode*, Location> locations_;
 };
 

@@ -50,14 +50,6 @@ class ChangesHardCases : public test::ChangesOnRealGit {
         return names;
     }
 
-    // The toasts shown since the first `from`.
-    std::string toastText(std::size_t from = 0) const {
-        std::string text;
-        for (std::size_t i = from; i < toasts.toasts().size(); ++i)
-            text += toasts.toasts()[i].message.toStdString() + "\n";
-        return text;
-    }
-
     ChangesPaneViewModel model{entry(), service, toasts};
 };
 

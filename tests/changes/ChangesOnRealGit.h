@@ -13,6 +13,7 @@
 #include <gtest/gtest.h>
 
 #include <memory>
+#include <string>
 
 namespace orvel::test {
 
@@ -24,6 +25,14 @@ class ChangesOnRealGit : public ::testing::Test {
         RepoEntry repoEntry;
         repoEntry.path = repo.path();
         return repoEntry;
+    }
+
+    // The toasts shown since the first `from`, a line each.
+    std::string toastText(std::size_t from = 0) const {
+        std::string text;
+        for (std::size_t i = from; i < toasts.toasts().size(); ++i)
+            text += toasts.toasts()[i].message.toStdString() + "\n";
+        return text;
     }
 
     TempRepo repo;

@@ -98,4 +98,15 @@ TEST(FileTreeModel, ShowsTheFilteredFilesFlatOrAsATree) {
     model.setFilterText(QStringLiteral("top"));
     EXPECT_EQ(model.rowCount(), 1);
     EXPECT_EQ(model.shownFileCount(), 1);
+
+    // A parent at any depth answers its own row.
+    model.setFilterText(QString());
+    model.setFiles(changes({"a/x/1.txt", "b/y/2.txt"}));
+    const QModelIndex b = model.index(1, 0);
+    const QModelIndex y = model.index(0, 0, b);
+    const QModelIndex two = model.index(0, 0, y);
+    EXPECT_EQ(model.parent(two), y);
+    EXPECT_EQ(model.parent(y), b);
+    EXPECT_EQ(model.parent(y).row(), 1);
+    EXPECT_FALSE(model.parent(b).isValid());
 }

@@ -131,6 +131,8 @@ TEST_F(ChangesPageTest, CommitFromTheFormReachesTheGraph) {
     ASSERT_TRUE(listsShow(0, 1));
     EXPECT_EQ(find<QPushButton>("commit-form.submit").text(), "Commit");
     submit("Add the notes");
+    // A second press can't reach the running commit.
+    EXPECT_FALSE(find<QPushButton>("commit-form.submit").isEnabled());
     ASSERT_TRUE(QTest::qWaitFor([&] {
         const auto& commits = tab.graph().cachedGraphCommits();
         return !commits.empty() && commits.front().subject == "Add the notes";
@@ -181,6 +183,8 @@ TEST_F(ChangesPageTest, AmendingAPushedCommitAsksBeforeAForcePush) {
     EXPECT_EQ(box->text(), "Force Push Required");
     press(*box, "Cancel");
     ASSERT_TRUE(toastSays("Amend-push cancelled"));
+    // The form takes the next press once the flow has ended.
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !tab.changes().isCommitting(); }));
     EXPECT_EQ(repo.git({"log", "-1", "--format=%s"}), "Reworded once\n");
     EXPECT_EQ(origin.rev("main"), published);
 
@@ -191,6 +195,8 @@ TEST_F(ChangesPageTest, AmendingAPushedCommitAsksBeforeAForcePush) {
     ASSERT_NE(box, nullptr);
     press(*box, "Continue");
     ASSERT_TRUE(toastSays("Push failed; your commit was saved locally"));
+    // The form takes the next press once the flow has ended.
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !tab.changes().isCommitting(); }));
     EXPECT_EQ(origin.rev("main"), published);
 
     // A tab closing while the question is open answers it as refused, without a word.

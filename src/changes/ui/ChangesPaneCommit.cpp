@@ -66,9 +66,11 @@ void ChangesPaneCommit::showForm() {
         subject_->setText(model_.commitSubject());
     if (description_->toPlainText() != model_.commitDescription())
         description_->setPlainText(model_.commitDescription());
+    // The options hold still while a commit runs; the submit button waits for it too (canCommit).
     amend_->setChecked(model_.isAmend());
+    amend_->setEnabled(!model_.isCommitting());
     push_->setChecked(model_.isCommitAndPush());
-    push_->setEnabled(model_.canPush());
+    push_->setEnabled(model_.canPush() && !model_.isCommitting());
     push_->setToolTip(model_.canPush() ? QString()
                                        : localized("Push is disabled during merge/rebase/cherry-pick"));
 

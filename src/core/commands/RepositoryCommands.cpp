@@ -1,6 +1,8 @@
 #include "core/commands/RepositoryCommands.h"
 
 #include "core/commands/ArgumentGuard.h"
+#include "core/commands/BlobCommands.h"
+#include "core/parsers/PreparedMessageParser.h"
 #include "core/service/GitServiceError.h"
 #include "core/support/Text.h"
 
@@ -48,6 +50,16 @@ RepositoryState detectState(const std::string& gitDirPath) {
             return state;
     }
     return RepositoryState::clean;
+}
+
+std::optional<std::string> preparedCommitMessage(const std::string& gitDirPath) {
+    std::string bytes;
+    try {
+        bytes = BlobCommands::readFile((fs::path(gitDirPath) / "MERGE_MSG").string());
+    } catch (const fs::filesystem_error&) {
+        return std::nullopt;
+    }
+    return GitOutputParser::parsePreparedMessage(bytes);
 }
 
 RepoEntry open(GitExecutorProtocol& git, const std::string& path) {

@@ -22,5 +22,8 @@ void validateCloneUrl(const std::string& url);
 
 // The in-progress operation, from the marker files below the git directory.
 RepositoryState detectState(const std::string& gitDirPath);
+// The message git prepared for the commit that ends a stopped merge, pick or revert (MERGE_MSG),
+// without its comment lines; nothing when there is no such file or no text in it.
+std::optional<std::string> preparedCommitMessage(const std::string& gitDirPath);
 
 } // namespace orvel::RepositoryCommands

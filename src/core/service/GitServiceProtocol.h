@@ -158,6 +158,13 @@ class GitServiceProtocol {
                                                       std::stop_token cancellation = {}) = 0;
     virtual QCoro::Task<std::vector<CommitEntry>> fileHistory(RepoEntry repo, std::string path, long limit,
                                                               std::stop_token cancellation = {}) = 0;
+    // The operation in progress, from the marker files in the git directory: no git runs.
+    virtual QCoro::Task<RepositoryState> repositoryState(RepoEntry repo,
+                                                         std::stop_token cancellation = {}) = 0;
+    // The message git prepared for the commit that ends a stopped merge, pick or revert, without
+    // its comment lines; nothing when git prepared none.
+    virtual QCoro::Task<std::optional<std::string>>
+    preparedCommitMessage(RepoEntry repo, std::stop_token cancellation = {}) = 0;
     virtual QCoro::Task<std::optional<std::string>> defaultBranch(RepoEntry repo,
                                                                   std::stop_token cancellation = {}) = 0;
     virtual QCoro::Task<std::vector<std::string>> mergedBranches(RepoEntry repo, std::string target,

@@ -29,6 +29,14 @@ QCoro::Task<RepoEntry> MockGitService::open(std::string path, std::stop_token) {
     co_return entry;
 }
 
+QCoro::Task<RepositoryState> MockGitService::repositoryState(RepoEntry, std::stop_token) {
+    co_return repository.state;
+}
+
+QCoro::Task<std::optional<std::string>> MockGitService::preparedCommitMessage(RepoEntry, std::stop_token) {
+    co_return preparedMessage;
+}
+
 QCoro::Task<StatusResult> MockGitService::status(RepoEntry, std::stop_token) {
     co_return StatusResult(workingTree);
 }

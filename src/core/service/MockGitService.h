@@ -136,6 +136,9 @@ class MockGitService : public GitServiceProtocol {
                                               std::stop_token cancellation = {}) override;
     QCoro::Task<std::vector<CommitEntry>> fileHistory(RepoEntry repo, std::string path, long limit,
                                                       std::stop_token cancellation = {}) override;
+    QCoro::Task<RepositoryState> repositoryState(RepoEntry repo, std::stop_token cancellation = {}) override;
+    QCoro::Task<std::optional<std::string>> preparedCommitMessage(RepoEntry repo,
+                                                                  std::stop_token cancellation = {}) override;
     QCoro::Task<std::optional<std::string>> defaultBranch(RepoEntry repo,
                                                           std::stop_token cancellation = {}) override;
     QCoro::Task<std::vector<std::string>> mergedBranches(RepoEntry repo, std::string target,
@@ -204,6 +207,8 @@ class MockGitService : public GitServiceProtocol {
     std::map<std::string, std::string> resolvedFiles;
     // Working-tree files by path; a resolved file reads back as it was written.
     std::map<std::string, std::string> workTreeFiles;
+    // The message git would have prepared for the commit that ends a stop.
+    std::optional<std::string> preparedMessage;
 
     static std::vector<TagEntry> sampleTags();
     static std::vector<StashEntry> sampleStashes();

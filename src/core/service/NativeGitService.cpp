@@ -21,6 +21,25 @@ QCoro::Task<RepoEntry> NativeGitService::open(std::string path, std::stop_token 
     });
 }
 
+QCoro::Task<RepositoryState> NativeGitService::repositoryState(RepoEntry repo, std::stop_token cancellation) {
+    qCDebug(lcRepo, "repositoryState: %s", repo.path.c_str());
+    // Queued, so that the markers are read after the commands before it have left them.
+    return queued(repo.path, cancellation,
+                  [gitDir = gitDirectory(repo)](GitExecutorProtocol&, const std::string&) {
+                      return RepositoryCommands::detectState(gitDir);
+                  });
+}
+
+QCoro::Task<std::optional<std::string>>
+NativeGitService::preparedCommitMessage(RepoEntry repo, std::stop_token cancellation) {
+    qCDebug(lcRepo, "preparedCommitMessage: %s", repo.path.c_str());
+    // Queued, so that the file is read after the command that stopped has written it.
+    return queued(repo.path, cancellation,
+                  [gitDir = gitDirectory(repo)](GitExecutorProtocol&, const std::string&) {
+                      return RepositoryCommands::preparedCommitMessage(gitDir);
+                  });
+}
+
 QCoro::Task<StatusResult> NativeGitService::status(RepoEntry repo, std::stop_token cancellation) {
     qCDebug(lcRepo, "status: %s", repo.path.c_str());
     return queued(repo.path, cancellation, [](GitExecutorProtocol& git, const std::string& repoPath) {

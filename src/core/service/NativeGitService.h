@@ -138,6 +138,9 @@ class NativeGitService final : public GitServiceProtocol {
                                               std::stop_token cancellation = {}) override;
     QCoro::Task<std::vector<CommitEntry>> fileHistory(RepoEntry repo, std::string path, long limit,
                                                       std::stop_token cancellation = {}) override;
+    QCoro::Task<RepositoryState> repositoryState(RepoEntry repo, std::stop_token cancellation = {}) override;
+    QCoro::Task<std::optional<std::string>> preparedCommitMessage(RepoEntry repo,
+                                                                  std::stop_token cancellation = {}) override;
     QCoro::Task<std::optional<std::string>> defaultBranch(RepoEntry repo,
                                                           std::stop_token cancellation = {}) override;
     QCoro::Task<std::vector<std::string>> mergedBranches(RepoEntry repo, std::string target,
