@@ -11,8 +11,7 @@ bool contains(const std::vector<int>& columns, int column) {
     return std::find(columns.begin(), columns.end(), column) != columns.end();
 }
 
-void removeWaiting(std::unordered_map<std::string_view, std::vector<int>>& waitingLanes,
-                   std::string_view hash, int column) {
+void removeWaiting(decltype(LaneLayoutState::waitingLanes)& waitingLanes, std::string_view hash, int column) {
     const auto entry = waitingLanes.find(hash);
     if (entry == waitingLanes.end())
         return;
@@ -50,8 +49,11 @@ void LaneLayoutState::assignLane(int column, std::string_view hash, int colour) 
         removeWaiting(waitingLanes, activeLanes[column]->expectedHash, column);
     if (static_cast<std::size_t>(column) >= activeLanes.size())
         activeLanes.resize(static_cast<std::size_t>(column) + 1);
-    activeLanes[column] = ActiveLane{hash, colour};
-    auto& columns = waitingLanes[hash];
+    activeLanes[column] = ActiveLane{std::string(hash), colour};
+    auto entry = waitingLanes.find(hash);
+    if (entry == waitingLanes.end())
+        entry = waitingLanes.emplace(std::string(hash), std::vector<int>()).first;
+    auto& columns = entry->second;
     columns.insert(std::upper_bound(columns.begin(), columns.end(), column), column);
 }
 
@@ -66,9 +68,13 @@ void LaneLayoutState::releaseLane(int column) {
 }
 
 std::vector<CommitRow> layoutCommitRows(const std::vector<DAGNode>& nodes, const CommitInfoMap& info) {
+    return LaneLayout().append(nodes, info);
+}
+
+std::vector<CommitRow> LaneLayout::append(const std::vector<DAGNode>& nodes, const CommitInfoMap& info) {
     std::vector<CommitRow> rows;
     rows.reserve(nodes.size());
-    LaneLayoutState state;
+    LaneLayoutState& state = state_;
     std::vector<int> waiting;
     std::vector<std::pair<int, int>> closed; // column, colour
     std::vector<int> newLanes;

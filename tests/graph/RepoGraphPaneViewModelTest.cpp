@@ -218,15 +218,20 @@ TEST_F(GraphModelTest, SearchMatchesAtOnceThenAddsGitsAnswerAndDropsALateOne) {
     service->searches[0] = {entryFor(hashOf(0))};
     service->searches[1] = {entryFor(hashOf(3)), entryFor(hashOf(2)), entryFor("beyond-the-rows")};
     ASSERT_TRUE(QTest::qWaitFor([&] { return !model.isSearching(); }));
-    EXPECT_EQ(model.matchingHashesOrdered(), (std::vector<std::string>{hashOf(2), hashOf(3)}));
+    // A hit without a row counts, after those with rows.
+    EXPECT_EQ(model.matchingHashesOrdered(), (std::vector<std::string>{hashOf(2), hashOf(3), "beyond-the-rows"}));
 
-    // Next walks in row order and wraps; the hash scope never asks git.
+    // Next walks in row order and wraps; a hit the whole history lacks is told and selects nothing.
+    // The hash scope never asks git.
     model.nextMatch();
     EXPECT_EQ(model.selectedHash(), hashOf(3));
     model.nextMatch();
+    EXPECT_EQ(model.selectedHash(), hashOf(3));
+    EXPECT_EQ(lastToast(), "Commit beyond- is not in the history");
+    model.nextMatch();
     EXPECT_EQ(model.selectedHash(), hashOf(2));
     model.previousMatch();
-    EXPECT_EQ(model.currentMatchIndex(), 1);
+    EXPECT_EQ(model.currentMatchIndex(), 2);
     model.setSearchScope(CommitSearchType::hash);
     model.setSearchQuery("C1");
     QTest::qWait(400);

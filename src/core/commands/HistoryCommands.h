@@ -4,6 +4,7 @@
 #include "core/parsers/LogParser.h"
 #include "core/process/GitExecutorProtocol.h"
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -12,9 +13,15 @@ namespace orvel::HistoryCommands {
 // The names `git remote` prints, one a line, trimmed; empty lines dropped.
 RemoteNameSet remoteNames(GitExecutorProtocol& git, const std::string& repoPath);
 
-// The newest `limit` commits of all refs, children before parents.
+// The newest `limit` commits of all refs, children before parents, after the first `skip` of that
+// order: a later page of the same history continues where the previous one ended.
 std::vector<GraphCommit> commitGraph(GitExecutorProtocol& git, const std::string& repoPath, long limit,
-                                     const RemoteNameSet& remoteNames);
+                                     const RemoteNameSet& remoteNames, long skip = 0);
+
+// The full hash of the commit `name` (a hash, a prefix, a branch or a tag) names, or nothing when
+// it names no commit.
+std::optional<std::string> resolveCommit(GitExecutorProtocol& git, const std::string& repoPath,
+                                         const std::string& name);
 
 // The newest `limit` commits reachable from HEAD.
 std::vector<CommitEntry> commitHistory(GitExecutorProtocol& git, const std::string& repoPath, long limit);

@@ -35,6 +35,11 @@ class GraphPane final : public QWidget {
 
   private:
     void showRows();
+    void showAppendedRows(int first);
+    // Keeps a page of rows loaded below the last one in view.
+    void loadAhead();
+    void loadToEnd(bool byKey);
+    void askForCommit();
     void showSelection();
     void openSearch();
     void userSelected();
@@ -54,6 +59,11 @@ class GraphPane final : public QWidget {
     GraphRowDelegate* delegate_;
     QAction* searchAction_;
     QAction* copyHashAction_;
+    QAction* goToAction_;
+    // From End until the last row is loaded: that row then becomes the current one (after a key)
+    // or comes into view (after a drag of the scroll bar).
+    enum class EndFollowing { none, select, scroll };
+    EndFollowing followsEnd_ = EndFollowing::none;
     // Set while the selection follows the model, so that it isn't sent back as a user's choice.
     bool followingModel_ = false;
 };

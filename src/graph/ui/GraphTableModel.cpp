@@ -98,6 +98,19 @@ void GraphTableModel::reload() {
     endResetModel();
 }
 
+void GraphTableModel::append(int first) {
+    const int rows = static_cast<int>(model_.commits().size());
+    if (first != shownRows_ || rows <= first) {
+        reload();
+        return;
+    }
+    beginInsertRows({}, first, rows - 1);
+    shownRows_ = rows;
+    endInsertRows();
+    // Pills of the rows above may fade on into the new ones, and are repainted with them.
+    highlightsChanged();
+}
+
 void GraphTableModel::highlightsChanged() {
     if (shownRows_ > 0)
         emit dataChanged(index(0, 0), index(shownRows_ - 1, columnCount_ - 1));
