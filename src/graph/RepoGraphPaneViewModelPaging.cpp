@@ -201,11 +201,14 @@ QCoro::Task<void> RepoGraphPaneViewModel::goTo(std::string name) {
 
 // The newest page leads into the loaded rows when it holds the checked-out commit, every row above
 // its last commit is on it and no commit on it appears again below: then the rows below are what
-// git would list next. Their refs that the page shows have moved up and leave them.
+// git would list next. Their refs that the page shows have moved up and leave them. A page equal
+// to the loaded one changes nothing, and the long layout below it is not redone.
 bool RepoGraphPaneViewModel::mergeNewestPage(std::vector<GraphCommit>& page) {
     if (static_cast<long>(page.size()) < loadLimit || cachedGraphCommits_.size() <= page.size() ||
         std::none_of(page.begin(), page.end(), [](const GraphCommit& commit) { return commit.isHead; }))
         return false;
+    if (std::equal(page.begin(), page.end(), cachedGraphCommits_.begin()))
+        return true;
     const std::string& last = page.back().hash;
     const auto end = std::find_if(cachedGraphCommits_.begin(), cachedGraphCommits_.end(),
                                   [&](const GraphCommit& commit) { return commit.hash == last; });

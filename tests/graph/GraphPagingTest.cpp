@@ -1,14 +1,24 @@
 // The history a page at a time on real git: pages laid out one after another draw what one whole
 // layout draws; the pane loads on to the checked-out commit, a page ahead of the view, to the root,
 // to a search hit or a "go to" name; a refresh keeps the older pages unless history was rewritten.
+// The view scrolled, sent to its end and asked to go to a name; a screenshot near the root.
 #include "GeneratedHistory.h"
 #include "core/DatedCommits.h"
 #include "core/RealGitService.h"
 #include "graph/LaneLayout.h"
 #include "graph/RepoGraphPaneViewModel.h"
+#include "graph/ui/GraphPane.h"
+#include "graph/ui/GraphRowDelegate.h"
+#include "graph/ui/GraphTableView.h"
 #include "notices/ToastManager.h"
 #include "support/Await.h"
 #include "support/Eventually.h"
+#include "support/Screenshot.h"
+
+#include <QInputDialog>
+#include <QScrollBar>
+#include <QSignalSpy>
+#include <QTest>
 
 #include <gtest/gtest.h>
 
@@ -183,6 +193,12 @@ TEST_F(GraphPagingTest, RefreshKeepsOlderPagesUnlessHistoryWasRewritten) {
     EXPECT_EQ(model->selectedHash(), selected);
     EXPECT_EQ(model->rowOf(selected), gitRowOf(selected));
 
+    // Nothing changed: nothing is laid out again.
+    QSignalSpy relaid(model.get(), &RepoGraphPaneViewModel::commitsChanged);
+    test::await(model->load());
+    EXPECT_EQ(relaid.count(), 0);
+    EXPECT_EQ(model->commits().size(), 3001u);
+
     // The top commit rewritten: the pages reload, as far as they reached, and the selection stays.
     const std::string rewritten = repo.head();
     repo.git({"commit", "-q", "--amend", "--allow-empty", "-m", "on top, reworded"});
@@ -193,6 +209,47 @@ TEST_F(GraphPagingTest, RefreshKeepsOlderPagesUnlessHistoryWasRewritten) {
     EXPECT_LT(model->rowOf(rewritten), 0);
     EXPECT_EQ(model->selectedHash(), selected);
     EXPECT_EQ(model->rowOf(selected), gitRowOf(selected));
+}
+
+TEST_F(GraphPagingTest, ThePaneLoadsAheadOfItsScrollToTheRootAndToANamedCommit) {
+    test::importHistory(repo, {.commits = 7000, .roots = 3});
+    GraphPane pane(*model);
+    pane.resize(1280, 800);
+    pane.show();
+    open();
+    const auto order = gitOrder();
+    const auto limit = static_cast<std::size_t>(RepoGraphPaneViewModel::loadLimit);
+    // The first screen already wants the page below the first one.
+    ASSERT_TRUE(test::eventually([&] { return model->commits().size() == 2 * limit && !model->isPaging(); }));
+    // Scrolled half way, once the scroll bar spans both pages: the rows in view end near the end
+    // of the first page, so the third one loads.
+    QScrollBar& scroll = *pane.table().verticalScrollBar();
+    ASSERT_TRUE(test::eventually([&] { return scroll.maximum() > static_cast<int>(limit) * GraphRowDelegate::rowHeight; }));
+    scroll.setValue(scroll.maximum() / 2);
+    ASSERT_TRUE(test::eventually([&] { return model->commits().size() == 3 * limit && !model->isPaging(); }));
+    EXPECT_EQ(pane.table().model()->rowCount(), static_cast<int>(3 * limit));
+
+    // Ctrl+G to a name below the loaded rows.
+    pane.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&pane));
+    pane.table().setFocus();
+    const std::string tagged = repo.rev("t1000");
+    QTest::keyClick(&pane.table(), Qt::Key_G, Qt::ControlModifier);
+    auto* dialog = pane.findChild<QInputDialog*>(QStringLiteral("graph.go-to"));
+    ASSERT_TRUE(dialog);
+    dialog->setTextValue(QStringLiteral(" t1000 "));
+    dialog->accept();
+    ASSERT_TRUE(test::eventually([&] { return model->selectedHash() == tagged; }));
+    EXPECT_EQ(pane.table().currentIndex().row(), model->rowOf(tagged));
+
+    // End loads through to the root and makes the last row current.
+    pane.table().setFocus();
+    QTest::keyClick(&pane.table(), Qt::Key_End, Qt::ControlModifier);
+    ASSERT_TRUE(test::eventually([&] { return !model->hasOlderCommits() && !model->isPaging(); }));
+    ASSERT_TRUE(test::eventually([&] { return model->selectedHash() == order.back(); }));
+    EXPECT_EQ(pane.table().model()->rowCount(), static_cast<int>(order.size()));
+    EXPECT_EQ(pane.table().currentIndex().row(), static_cast<int>(order.size()) - 1);
+    test::saveScreenshot(pane, QStringLiteral("graph-near-root"));
 }
 
 } // namespace

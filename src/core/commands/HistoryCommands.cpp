@@ -16,7 +16,12 @@ RemoteNameSet remoteNames(GitExecutorProtocol& git, const std::string& repoPath)
 }
 
 std::vector<GraphCommit> commitGraph(GitExecutorProtocol& git, const std::string& repoPath, long limit,
-                                     const RemoteNameSet& remoteNames, long skip) {
+                                     const RemoteNameSet& remoteNames) {
+    return commitGraphPage(git, repoPath, 0, limit, remoteNames);
+}
+
+std::vector<GraphCommit> commitGraphPage(GitExecutorProtocol& git, const std::string& repoPath, long skip,
+                                         long limit, const RemoteNameSet& remoteNames) {
     GitExecutorProtocol::Arguments arguments{"log", "--all", "--topo-order", "-n", std::to_string(limit)};
     if (skip > 0)
         arguments.push_back("--skip=" + std::to_string(skip));

@@ -13,10 +13,13 @@ namespace orvel::HistoryCommands {
 // The names `git remote` prints, one a line, trimmed; empty lines dropped.
 RemoteNameSet remoteNames(GitExecutorProtocol& git, const std::string& repoPath);
 
-// The newest `limit` commits of all refs, children before parents, after the first `skip` of that
-// order: a later page of the same history continues where the previous one ended.
+// The newest `limit` commits of all refs, children before parents.
 std::vector<GraphCommit> commitGraph(GitExecutorProtocol& git, const std::string& repoPath, long limit,
-                                     const RemoteNameSet& remoteNames, long skip = 0);
+                                     const RemoteNameSet& remoteNames);
+
+// The same order after its first `skip` commits: a later page continues where the previous one ended.
+std::vector<GraphCommit> commitGraphPage(GitExecutorProtocol& git, const std::string& repoPath, long skip,
+                                         long limit, const RemoteNameSet& remoteNames);
 
 // The full hash of the commit `name` (a hash, a prefix, a branch or a tag) names, or nothing when
 // it names no commit.

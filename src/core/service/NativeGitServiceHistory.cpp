@@ -30,8 +30,8 @@ QCoro::Task<std::vector<GraphCommit>> NativeGitService::commitGraphPage(RepoEntr
     qCDebug(lcGraph, "commitGraphPage: skip=%ld limit=%ld in %s", skip, limit, repo.path.c_str());
     return queued(repo.path, cancellation,
                   [cache = remoteNames_, skip, limit](GitExecutorProtocol& git, const std::string& repoPath) {
-                      return HistoryCommands::commitGraph(git, repoPath, limit, cache->names(git, repoPath),
-                                                          skip);
+                      return HistoryCommands::commitGraphPage(git, repoPath, skip, limit,
+                                                              cache->names(git, repoPath));
                   });
 }
 
