@@ -98,6 +98,8 @@ QCoro::Task<void> RepoGraphPaneViewModel::load() {
         std::vector<GraphCommit> loaded = co_await std::move(graph);
         if (!ticket.isCurrent())
             co_return;
+        // A page asked for meanwhile continued the rows this load replaces.
+        stopPaging();
         const bool isFullPage = static_cast<long>(loaded.size()) == loadLimit;
         const int previousRows = static_cast<int>(commits_.size());
         if (!mergeNewestPage(loaded)) {

@@ -1,5 +1,5 @@
 // The graph pane's model against a canned service: pills fading down first-parent lines, the
-// working-tree row, loads and searches whose late answers are dropped, the file-list cache, and the
+// working-tree row, loads, pages and searches whose late answers are dropped, the file-list cache, and the
 // questions and outcomes of the commit actions.
 #include "graph/RepoGraphPaneViewModel.h"
 
@@ -66,6 +66,15 @@ class HeldBackService final : public MockGitService {
         while (holdLoads && !graphs.contains(number))
             co_await QCoro::sleepFor(1ms);
         co_return std::vector<GraphCommit>(graphs[number]);
+    }
+    // Later pages come from `graph` as it stands when they are asked for, once pages are let go.
+    bool holdPages = false;
+    QCoro::Task<std::vector<GraphCommit>> commitGraphPage(RepoEntry repo, long skip, long limit,
+                                                          std::stop_token cancellation) override {
+        auto page = co_await MockGitService::commitGraphPage(std::move(repo), skip, limit, std::move(cancellation));
+        while (holdPages)
+            co_await QCoro::sleepFor(1ms);
+        co_return page;
     }
     QCoro::Task<std::vector<CommitEntry>> searchCommits(RepoEntry, std::string query, CommitSearchType, long,
                                                         std::stop_token) override {
@@ -170,7 +179,7 @@ TEST_F(GraphModelTest, TheWorkingTreeRowFollowsTheCounts) {
     EXPECT_TRUE(model.commits().empty());
 }
 
-TEST_F(GraphModelTest, ALateLoadChangesNothingAndTheSelectionStartsAtHead) {
+TEST_F(GraphModelTest, ALateLoadOrPageChangesNothingAndTheSelectionStartsAtHead) {
     service->holdLoads = true;
     auto first = model.load();
     auto second = model.load();
@@ -182,6 +191,35 @@ TEST_F(GraphModelTest, ALateLoadChangesNothingAndTheSelectionStartsAtHead) {
     EXPECT_EQ(model.selectedHash(), hashOf(0));
     EXPECT_FALSE(model.isUserDrivenSelection());
     EXPECT_FALSE(model.isLoading());
+
+    // A page still on its way when a reload replaced the rows it continued is dropped.
+    const auto limit = static_cast<int>(RepoGraphPaneViewModel::loadLimit);
+    auto older = linearHistory(limit + 500, {{"main", GraphRefType::localBranch, true}});
+    service->graph = older;
+    service->graphs[2] = {older.begin(), older.begin() + limit};
+    service->holdLoads = false;
+    test::await(model.load());
+    ASSERT_TRUE(model.hasOlderCommits());
+    service->holdLoads = true;
+    auto reload = model.load();
+    service->holdPages = true;
+    model.loadAhead(limit - 1);
+    ASSERT_TRUE(model.isPaging());
+    auto rewritten = older;
+    for (auto& commit : rewritten) {
+        commit.hash = "r" + commit.hash;
+        for (auto& parent : commit.parentHashes)
+            parent = "r" + parent;
+    }
+    service->graph = rewritten;
+    service->graphs[3] = {rewritten.begin(), rewritten.begin() + limit};
+    test::await(std::move(reload));
+    service->holdPages = false;
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !model.isPaging(); }));
+    ASSERT_EQ(model.commits().size(), rewritten.size());
+    EXPECT_TRUE(std::all_of(model.commits().begin(), model.commits().end(),
+                            [](const CommitRow& row) { return row.hash.starts_with("r"); }));
+    model.applyCommits(linearHistory(2, {{"main", GraphRefType::localBranch, true}}));
 
     // A second click on a commit takes its files from the cache.
     ASSERT_TRUE(QTest::qWaitFor([&] { return !model.isLoadingFileChanges(); }));
