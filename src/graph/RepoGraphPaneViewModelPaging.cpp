@@ -86,7 +86,6 @@ QCoro::Task<void> RepoGraphPaneViewModel::pageOn() {
     if (showsProgress && activity_)
         activity_(std::nullopt);
     finishPaging();
-    emit loadingChanged();
 }
 
 void RepoGraphPaneViewModel::finishPaging() {

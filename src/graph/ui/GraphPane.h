@@ -1,6 +1,7 @@
 // The commit graph of one repository: the search bar above the table of rows, the context menu of
-// a commit, and the questions asked before a reset or a pick. It shows the pane's model and
-// forwards the user's actions to it.
+// a commit, the questions asked before a reset or a pick, and Ctrl+G's question for a name. It
+// shows the pane's model, asks it for the pages below the rows in view and for the rest of the
+// history on End, and forwards the user's actions to it.
 #pragma once
 
 #include "core/support/UserDefaults.h"
