@@ -43,7 +43,7 @@ class RepoGraphPaneViewModel final : public QObject {
     // The rows of the first page, and of each page loaded ahead of the scroll position.
     static constexpr long loadLimit = 2000;
     // Pages double up to this size while loading towards a far row, the root or a sought commit.
-    static constexpr long largestPage = 32000;
+    static constexpr long largestPage = 8000;
     static constexpr long searchLimit = 500;
     static constexpr std::chrono::milliseconds searchDebounce{300};
     // The hash of the synthetic working-tree row.
