@@ -99,18 +99,20 @@ std::vector<CommitRow> LaneLayout::append(const std::vector<DAGNode>& nodes, con
             colour = state.activeLanes[lane]->colour;
         }
         GraphLane nodeLane;
-        nodeLane.index = lane;
+        nodeLane.index = static_cast<std::int16_t>(lane);
         nodeLane.colorIndex = static_cast<std::uint8_t>(colour);
         nodeLane.hasNode = true;
         nodeLane.lineUp = state.wasActive(lane);
         nodeLane.lineDown = !node.parents.empty();
+
+        CommitRow row = rowFor(node, info);
 
         // 3. The other columns that reached this commit end here: children that branched off it.
         closed.clear();
         for (std::size_t i = 1; i < waiting.size(); ++i) {
             const int column = waiting[i];
             assert(state.isActive(column));
-            nodeLane.branchesTo.push_back(column);
+            row.branchesTo.push_back(column);
             closed.emplace_back(column, state.activeLanes[column]->colour);
             state.releaseLane(column);
         }
@@ -140,13 +142,12 @@ std::vector<CommitRow> LaneLayout::append(const std::vector<DAGNode>& nodes, con
                 ++state.nextColor;
                 newLanes.push_back(target);
             }
-            nodeLane.mergesFrom.push_back(target);
+            row.mergesFrom.push_back(target);
         }
 
         // 6 to 9. The node lane, every other active column, and the closed ones for their
         // colours, built in column order. A closed column that is active again was reopened
         // for a merge parent in this row and is listed once, as the new column.
-        CommitRow row = rowFor(node, info);
         row.activeLane = lane;
         int lastClosed = -1;
         for (const auto& entry : closed)
@@ -155,10 +156,10 @@ std::vector<CommitRow> LaneLayout::append(const std::vector<DAGNode>& nodes, con
         row.lanes.reserve(static_cast<std::size_t>(width));
         for (int column = 0; column < width; ++column) {
             if (column == lane) {
-                row.lanes.push_back(std::move(nodeLane));
+                row.lanes.push_back(nodeLane);
             } else if (state.isActive(column)) {
                 GraphLane& passing = row.lanes.emplace_back();
-                passing.index = column;
+                passing.index = static_cast<std::int16_t>(column);
                 passing.colorIndex = static_cast<std::uint8_t>(state.activeLanes[column]->colour);
                 // A column opened in this row has no vertical line here: its line starts below.
                 const bool opened = !newLanes.empty() && contains(newLanes, column);
@@ -169,7 +170,7 @@ std::vector<CommitRow> LaneLayout::append(const std::vector<DAGNode>& nodes, con
                     if (closedColumn != column)
                         continue;
                     GraphLane& ended = row.lanes.emplace_back();
-                    ended.index = column;
+                    ended.index = static_cast<std::int16_t>(column);
                     ended.colorIndex = static_cast<std::uint8_t>(closedColour);
                 }
             }
