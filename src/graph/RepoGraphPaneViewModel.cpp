@@ -191,14 +191,11 @@ void RepoGraphPaneViewModel::layOutFrom(std::size_t first) {
     commits_.insert(commits_.end(), std::make_move_iterator(laidOut.begin()),
                     std::make_move_iterator(laidOut.end()));
 
-    // A pill fades down its first-parent line across pages, so the spread covers every row.
-    std::vector<const GraphCommit*> rows;
-    rows.reserve(commits_.size());
-    if (wipCommit_)
-        rows.push_back(&*wipCommit_);
-    for (const auto& commit : cachedGraphCommits_)
-        rows.push_back(&commit);
-    refsByRow_ = spreadRefs(rows, rowOfHash_);
+    if (firstRow == 0) {
+        refSpreading_ = RefSpreading();
+        refsByRow_.clear();
+    }
+    refSpreading_.append(page, rowOfHash_, refsByRow_);
 }
 
 void RepoGraphPaneViewModel::selectCommit(std::string hash, bool userDriven) {

@@ -12,6 +12,7 @@
 #include "graph/CommitRow.h"
 #include "graph/GraphConfirmation.h"
 #include "graph/LaneLayout.h"
+#include "graph/RefSpreading.h"
 #include "graph/RowRef.h"
 
 #include <QObject>
@@ -216,6 +217,8 @@ class RepoGraphPaneViewModel final : public QObject {
     // Row of each hash; keys view the hashes of cachedGraphCommits_ and wipCommit_.
     std::unordered_map<std::string_view, int> rowOfHash_;
     std::vector<std::vector<RowRef>> refsByRow_;
+    // The pills' spread after the last row, ready for the next page.
+    RefSpreading refSpreading_;
     bool isLoading_ = false;
     LoadGeneration loads_;
     // The layout pass after the last row, ready for the next page.

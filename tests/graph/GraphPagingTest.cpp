@@ -1,11 +1,13 @@
-// The history a page at a time on real git: pages laid out one after another draw what one whole
-// layout draws; the pane loads on to the checked-out commit, a page ahead of the view, to the root,
-// to a search hit or a "go to" name; a refresh keeps the older pages unless history was rewritten.
-// The view scrolled, sent to its end and asked to go to a name; a screenshot near the root.
+// The history a page at a time on real git: pages laid out and spread with pills one after another
+// draw what one whole layout and spread draw; the pane loads on to the checked-out commit, a page
+// ahead of the view, to the root, to a search hit or a "go to" name; a refresh keeps the older pages
+// unless history was rewritten. The view scrolled, sent to its end and asked to go to a name; a
+// screenshot near the root.
 #include "GeneratedHistory.h"
 #include "core/DatedCommits.h"
 #include "core/RealGitService.h"
 #include "graph/LaneLayout.h"
+#include "graph/RefSpreading.h"
 #include "graph/RepoGraphPaneViewModel.h"
 #include "graph/ui/GraphPane.h"
 #include "graph/ui/GraphRowDelegate.h"
@@ -22,7 +24,9 @@
 
 #include <gtest/gtest.h>
 
+#include <deque>
 #include <memory>
+#include <unordered_map>
 
 using namespace orvel;
 
@@ -69,25 +73,65 @@ class GraphPagingTest : public test::RepositoryTest {
         std::make_unique<RepoGraphPaneViewModel>(entry(), service, toasts);
 };
 
-TEST_F(GraphPagingTest, PagesLaidOutInTurnDrawTheWholeLayoutRowForRow) {
+// Each row's pills as ref and opacity.
+using Pills = std::vector<std::vector<std::pair<std::string, double>>>;
+
+Pills pillsOf(const std::vector<std::vector<RowRef>>& refsByRow) {
+    Pills pills;
+    for (const auto& row : refsByRow) {
+        auto& named = pills.emplace_back();
+        for (const RowRef& placed : row)
+            named.emplace_back(placed.ref->id(), placed.opacity);
+    }
+    return pills;
+}
+
+// Lays pages out and spreads their pills in turn, as the pane does, keeping the commits in place.
+struct PagedGraph {
+    std::deque<GraphCommit> commits;
+    std::unordered_map<std::string_view, int> rowOfHash;
+    LaneLayout layout;
+    RefSpreading spreading;
+    std::vector<CommitRow> rows;
+    std::vector<std::vector<RowRef>> refsByRow;
+
+    void append(std::vector<GraphCommit> page) {
+        const auto laidOut = layout.append(nodesOf(page), {});
+        std::vector<const GraphCommit*> added;
+        for (auto& commit : page) {
+            const GraphCommit& kept = commits.emplace_back(std::move(commit));
+            rowOfHash.emplace(kept.hash, static_cast<int>(commits.size() - 1));
+            added.push_back(&kept);
+        }
+        rows.insert(rows.end(), laidOut.begin(), laidOut.end());
+        spreading.append(added, rowOfHash, refsByRow);
+    }
+};
+
+TEST_F(GraphPagingTest, PagesLaidOutInTurnDrawTheWholeLayoutAndPillsRowForRow) {
     test::importHistory(repo, {.commits = 700, .roots = 4, .mainStopsAt = 300});
-    const auto whole = test::await(real.service.commitGraph(entry(), 100000));
-    ASSERT_EQ(whole.size(), 700u);
-    const auto wholeRows = layoutCommitRows(nodesOf(whole), {});
+    PagedGraph whole;
+    whole.append(test::await(real.service.commitGraph(entry(), 100000)));
+    ASSERT_EQ(whole.rows.size(), 700u);
+    const Pills wholePills = pillsOf(whole.refsByRow);
+    // Tags every hundred commits fade over two hundred rows: many rows show pills from rows above.
+    ASSERT_TRUE(std::any_of(wholePills.begin(), wholePills.end(), [](const auto& row) { return row.size() > 1; }));
     for (const long pageSize : {1L, 13L, 100L, 699L}) {
         SCOPED_TRACE(pageSize);
-        LaneLayout layout;
-        std::vector<CommitRow> paged;
+        PagedGraph paged;
         for (long skip = 0;; skip += pageSize) {
-            const auto page = test::await(real.service.commitGraphPage(entry(), skip, pageSize));
-            const auto rows = layout.append(nodesOf(page), {});
-            paged.insert(paged.end(), rows.begin(), rows.end());
-            if (static_cast<long>(page.size()) < pageSize)
+            auto page = test::await(real.service.commitGraphPage(entry(), skip, pageSize));
+            const bool last = static_cast<long>(page.size()) < pageSize;
+            paged.append(std::move(page));
+            if (last)
                 break;
         }
-        ASSERT_EQ(paged.size(), wholeRows.size());
-        for (std::size_t row = 0; row < paged.size(); ++row)
-            ASSERT_EQ(paged[row], wholeRows[row]) << "row " << row;
+        ASSERT_EQ(paged.rows.size(), whole.rows.size());
+        const Pills pagedPills = pillsOf(paged.refsByRow);
+        for (std::size_t row = 0; row < paged.rows.size(); ++row) {
+            ASSERT_EQ(paged.rows[row], whole.rows[row]) << "row " << row;
+            ASSERT_EQ(pagedPills[row], wholePills[row]) << "row " << row;
+        }
     }
 }
 

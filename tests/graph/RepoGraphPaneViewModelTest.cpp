@@ -118,7 +118,7 @@ class GraphModelTest : public ::testing::Test {
         std::vector<double> opacities;
         for (const auto& row : model.refsByRow()) {
             for (const auto& placed : row) {
-                if (placed.ref.id() == refID)
+                if (placed.ref->id() == refID)
                     opacities.push_back(placed.opacity);
             }
         }
@@ -140,8 +140,8 @@ TEST_F(GraphModelTest, PillsFadeDownTheFirstParentLineAndStopWhereTheRowsEnd) {
     EXPECT_TRUE(model.refsByRow()[200].empty());
     EXPECT_EQ(opacitiesOf("localBranch:main").size(), 10u); // steps 0 to 9
     // Pills of the same row keep the order of the commit's refs.
-    EXPECT_EQ(model.refsByRow()[0][0].ref.name, "main");
-    EXPECT_EQ(model.refsByRow()[0][1].ref.name, "v1");
+    EXPECT_EQ(model.refsByRow()[0][0].ref->name, "main");
+    EXPECT_EQ(model.refsByRow()[0][1].ref->name, "v1");
 
     // A tag on a short history fades no further than its rows; a line that leaves them stops.
     auto cut = linearHistory(3, {{"v2", GraphRefType::tag}});

@@ -57,7 +57,7 @@ QString GraphTableModel::accessibleText(int row) const {
     QStringList refs;
     for (const auto& placed : model_.refsByRow()[static_cast<std::size_t>(row)]) {
         if (placed.opacity >= 1.0)
-            refs << text(placed.ref.name);
+            refs << text(placed.ref->name);
     }
     if (!refs.isEmpty())
         parts << refs.join(QLatin1Char(' '));
