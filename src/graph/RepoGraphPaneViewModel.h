@@ -62,7 +62,7 @@ class RepoGraphPaneViewModel final : public QObject {
     void setActivityCallback(ActivityCallback callback) { activity_ = std::move(callback); }
 
     // Rows top to bottom; row i shows commitAt(i).
-    const std::vector<CommitRow>& commits() const { return commits_; }
+    const std::deque<CommitRow>& commits() const { return commits_; }
     const GraphCommit& commitAt(int row) const;
     // The commit of `hash` among the rows (the working-tree row included), or null.
     const GraphCommit* commit(std::string_view hash) const;
@@ -213,7 +213,8 @@ class RepoGraphPaneViewModel final : public QObject {
     std::deque<GraphCommit> cachedGraphCommits_;
     // The working-tree row, shown above the commits while the working tree has changes.
     std::optional<GraphCommit> wipCommit_;
-    std::vector<CommitRow> commits_;
+    // A deque, so that adding a page to a long history never moves or copies the rows above it.
+    std::deque<CommitRow> commits_;
     // Row of each hash; keys view the hashes of cachedGraphCommits_ and wipCommit_.
     std::unordered_map<std::string_view, int> rowOfHash_;
     std::vector<std::vector<RowRef>> refsByRow_;
