@@ -11,7 +11,6 @@ namespace orvel {
 
 struct CommitRow {
     std::string hash;
-    std::string shortHash; // the first 7 characters of the hash
     std::string message;
     std::string author;
     std::string date;

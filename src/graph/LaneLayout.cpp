@@ -23,7 +23,6 @@ void removeWaiting(decltype(LaneLayoutState::waitingLanes)& waitingLanes, std::s
 CommitRow rowFor(const DAGNode& node, const CommitInfoMap& info) {
     CommitRow row;
     row.hash = node.hash;
-    row.shortHash = node.hash.substr(0, 7);
     if (const CommitInfo* found = info.find(node.hash)) {
         row.message = found->message;
         row.author = found->author;

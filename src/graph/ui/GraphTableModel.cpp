@@ -42,7 +42,7 @@ QVariant GraphTableModel::data(const QModelIndex& index, int role) const {
     case hashColumn:
         if (row.hash == RepoGraphPaneViewModel::workingTreeHash)
             return {};
-        return role == Qt::ToolTipRole ? text(row.hash) : text(row.shortHash);
+        return role == Qt::ToolTipRole ? text(row.hash) : text(row.hash.substr(0, 7));
     case dateColumn:
         return text(row.date);
     default:
