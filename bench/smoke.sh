@@ -46,3 +46,6 @@ echo "$line"
 line=$("$tool" --scenario status-10k-list --tiny --rounds 2 --repo "$work/status-list" 2>/dev/null)
 echo "$line"
 [[ "$line" =~ ^scenario=status-list-tiny\ ours_ms=[0-9.]+\ git_ms=[0-9.]+\ ratio=[0-9.]+\ paired_ratio=[0-9.]+\ rows=40$ ]]
+line=$("$tool" --scenario history-full --tiny --rounds 2 --repo "$work/history" 2>/dev/null)
+echo "$line"
+[[ "$line" =~ ^scenario=history-full-tiny\ ours_ms=[0-9.]+\ git_ms=[0-9.]+\ ratio=[0-9.]+\ paired_ratio=[0-9.]+\ rows=300\ peak_rss_mb=[0-9.]+\ frame_ms=[0-9.]+$ ]]

@@ -1,24 +1,19 @@
-// One column's part in one row of the commit graph: the node, the vertical lines through the
-// row's centre, and, on the node's column, the curves to other columns.
+// One column's part in one row of the commit graph: the node, and the vertical lines through the
+// row's centre. The curves of the node's column belong to the row (CommitRow::mergesFrom and
+// CommitRow::branchesTo), so that the many lanes that only pass through stay small.
 #pragma once
-
-#include "graph/ColumnList.h"
 
 #include <cstdint>
 
 namespace orvel {
 
-// Kept to 24 bytes: a layout of a long history holds millions of lanes.
+// Kept to 6 bytes: a layout of a long history holds millions of lanes.
 struct GraphLane {
-    std::int32_t index = 0;      // the column, 0 at the left
+    std::int16_t index = 0;      // the column, 0 at the left
     std::uint8_t colorIndex = 0; // 0 to 7
     bool hasNode = false;
     bool lineUp = false;   // a line leaves the row's centre upward
     bool lineDown = false; // a line leaves the row's centre downward
-    // Node column only: the columns of the second and further parents.
-    ColumnList mergesFrom;
-    // Node column only: the other columns that ended here, because they too waited for this commit.
-    ColumnList branchesTo;
 
     bool operator==(const GraphLane&) const = default;
 };

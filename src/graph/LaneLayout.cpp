@@ -11,8 +11,7 @@ bool contains(const std::vector<int>& columns, int column) {
     return std::find(columns.begin(), columns.end(), column) != columns.end();
 }
 
-void removeWaiting(std::unordered_map<std::string_view, std::vector<int>>& waitingLanes,
-                   std::string_view hash, int column) {
+void removeWaiting(decltype(LaneLayoutState::waitingLanes)& waitingLanes, std::string_view hash, int column) {
     const auto entry = waitingLanes.find(hash);
     if (entry == waitingLanes.end())
         return;
@@ -24,7 +23,6 @@ void removeWaiting(std::unordered_map<std::string_view, std::vector<int>>& waiti
 CommitRow rowFor(const DAGNode& node, const CommitInfoMap& info) {
     CommitRow row;
     row.hash = node.hash;
-    row.shortHash = node.hash.substr(0, 7);
     if (const CommitInfo* found = info.find(node.hash)) {
         row.message = found->message;
         row.author = found->author;
@@ -50,8 +48,11 @@ void LaneLayoutState::assignLane(int column, std::string_view hash, int colour) 
         removeWaiting(waitingLanes, activeLanes[column]->expectedHash, column);
     if (static_cast<std::size_t>(column) >= activeLanes.size())
         activeLanes.resize(static_cast<std::size_t>(column) + 1);
-    activeLanes[column] = ActiveLane{hash, colour};
-    auto& columns = waitingLanes[hash];
+    activeLanes[column] = ActiveLane{std::string(hash), colour};
+    auto entry = waitingLanes.find(hash);
+    if (entry == waitingLanes.end())
+        entry = waitingLanes.emplace(std::string(hash), std::vector<int>()).first;
+    auto& columns = entry->second;
     columns.insert(std::upper_bound(columns.begin(), columns.end(), column), column);
 }
 
@@ -66,9 +67,13 @@ void LaneLayoutState::releaseLane(int column) {
 }
 
 std::vector<CommitRow> layoutCommitRows(const std::vector<DAGNode>& nodes, const CommitInfoMap& info) {
+    return LaneLayout().append(nodes, info);
+}
+
+std::vector<CommitRow> LaneLayout::append(const std::vector<DAGNode>& nodes, const CommitInfoMap& info) {
     std::vector<CommitRow> rows;
     rows.reserve(nodes.size());
-    LaneLayoutState state;
+    LaneLayoutState& state = state_;
     std::vector<int> waiting;
     std::vector<std::pair<int, int>> closed; // column, colour
     std::vector<int> newLanes;
@@ -93,18 +98,20 @@ std::vector<CommitRow> layoutCommitRows(const std::vector<DAGNode>& nodes, const
             colour = state.activeLanes[lane]->colour;
         }
         GraphLane nodeLane;
-        nodeLane.index = lane;
+        nodeLane.index = static_cast<std::int16_t>(lane);
         nodeLane.colorIndex = static_cast<std::uint8_t>(colour);
         nodeLane.hasNode = true;
         nodeLane.lineUp = state.wasActive(lane);
         nodeLane.lineDown = !node.parents.empty();
+
+        CommitRow row = rowFor(node, info);
 
         // 3. The other columns that reached this commit end here: children that branched off it.
         closed.clear();
         for (std::size_t i = 1; i < waiting.size(); ++i) {
             const int column = waiting[i];
             assert(state.isActive(column));
-            nodeLane.branchesTo.push_back(column);
+            row.branchesTo.push_back(column);
             closed.emplace_back(column, state.activeLanes[column]->colour);
             state.releaseLane(column);
         }
@@ -134,13 +141,12 @@ std::vector<CommitRow> layoutCommitRows(const std::vector<DAGNode>& nodes, const
                 ++state.nextColor;
                 newLanes.push_back(target);
             }
-            nodeLane.mergesFrom.push_back(target);
+            row.mergesFrom.push_back(target);
         }
 
         // 6 to 9. The node lane, every other active column, and the closed ones for their
         // colours, built in column order. A closed column that is active again was reopened
         // for a merge parent in this row and is listed once, as the new column.
-        CommitRow row = rowFor(node, info);
         row.activeLane = lane;
         int lastClosed = -1;
         for (const auto& entry : closed)
@@ -149,10 +155,10 @@ std::vector<CommitRow> layoutCommitRows(const std::vector<DAGNode>& nodes, const
         row.lanes.reserve(static_cast<std::size_t>(width));
         for (int column = 0; column < width; ++column) {
             if (column == lane) {
-                row.lanes.push_back(std::move(nodeLane));
+                row.lanes.push_back(nodeLane);
             } else if (state.isActive(column)) {
                 GraphLane& passing = row.lanes.emplace_back();
-                passing.index = column;
+                passing.index = static_cast<std::int16_t>(column);
                 passing.colorIndex = static_cast<std::uint8_t>(state.activeLanes[column]->colour);
                 // A column opened in this row has no vertical line here: its line starts below.
                 const bool opened = !newLanes.empty() && contains(newLanes, column);
@@ -163,7 +169,7 @@ std::vector<CommitRow> layoutCommitRows(const std::vector<DAGNode>& nodes, const
                     if (closedColumn != column)
                         continue;
                     GraphLane& ended = row.lanes.emplace_back();
-                    ended.index = column;
+                    ended.index = static_cast<std::int16_t>(column);
                     ended.colorIndex = static_cast<std::uint8_t>(closedColour);
                 }
             }

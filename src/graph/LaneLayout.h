@@ -1,5 +1,6 @@
 // Lays the commits of a graph load out in lanes, in one pass from the top row down, with no
-// look-ahead: commits come in `git log --topo-order` order, children above parents.
+// look-ahead: commits come in `git log --topo-order` order, children above parents. The pass keeps
+// its state between pages, so a history laid out a page at a time draws as one laid out whole.
 #pragma once
 
 #include "graph/CommitInfoMap.h"
@@ -14,20 +15,25 @@
 
 namespace orvel {
 
-// The state of one layout pass, dropped at its end. Hashes are views into the nodes being laid
-// out, which outlive the pass.
+// The state of a layout pass between rows. It owns the hashes it waits for, which are few (one a
+// column), so that the nodes of a page need not outlive the page.
 struct LaneLayoutState {
     // A column is active while a line runs in it towards a commit not yet reached.
     struct ActiveLane {
-        std::string_view expectedHash;
+        std::string expectedHash;
         int colour = 0;
+    };
+    // Looks hashes up by view, without a string of their own.
+    struct HashOfText {
+        using is_transparent = void;
+        std::size_t operator()(std::string_view text) const { return std::hash<std::string_view>{}(text); }
     };
 
     // activeLanes, indexed by column; an empty slot is a free column.
     std::vector<std::optional<ActiveLane>> activeLanes;
     // The inverse of activeLanes: the columns that wait for a hash, ascending. A hash has an
     // entry only while it has columns.
-    std::unordered_map<std::string_view, std::vector<int>> waitingLanes;
+    std::unordered_map<std::string, std::vector<int>, HashOfText, std::equal_to<>> waitingLanes;
     // Counts every column that was opened; the colour of the next one is this modulo 8.
     int nextColor = 0;
     // Whether each column was active after the previous row.
@@ -48,7 +54,18 @@ struct LaneLayoutState {
 
 inline constexpr int laneColourCount = 8;
 
-// One row per node, in the same order. A hash missing from `info` shows itself as its message.
+// A layout pass that goes on from where its previous page ended.
+class LaneLayout {
+  public:
+    // One row per node, in the same order, for the nodes that follow those already laid out. A
+    // hash missing from `info` shows itself as its message.
+    std::vector<CommitRow> append(const std::vector<DAGNode>& nodes, const CommitInfoMap& info);
+
+  private:
+    LaneLayoutState state_;
+};
+
+// The rows of `nodes` laid out in one pass from the first.
 std::vector<CommitRow> layoutCommitRows(const std::vector<DAGNode>& nodes, const CommitInfoMap& info);
 
 } // namespace orvel

@@ -1,5 +1,5 @@
-// Loading, rows and selection of the graph pane; the actions and the search stand in files of
-// their own.
+// Loading, rows and selection of the graph pane; the paging, the actions and the search stand in
+// files of their own.
 #include "graph/RepoGraphPaneViewModel.h"
 
 #include "core/service/GitServiceProtocol.h"
@@ -38,12 +38,17 @@ RepoGraphPaneViewModel::RepoGraphPaneViewModel(RepoEntry repo, std::shared_ptr<G
 
 void RepoGraphPaneViewModel::setRepository(RepoEntry repo) {
     loads_.cancel();
+    stopPaging();
+    lookUps_.cancel();
     fileChangeLoads_.cancel();
     searches_.cancel();
     repo_ = std::move(repo);
     cachedGraphCommits_.clear();
     wipCommit_.reset();
     commits_.clear();
+    layout_ = LaneLayout();
+    hasOlderCommits_ = false;
+    wantedRows_ = 0;
     rowOfHash_.clear();
     refsByRow_.clear();
     isLoading_ = false;
@@ -87,27 +92,31 @@ QCoro::Task<void> RepoGraphPaneViewModel::load() {
     qCDebug(lcGraph, "op=graph.load");
     isLoading_ = true;
     emit loadingChanged();
+    stopPaging();
     auto graph = service_->commitGraph(repo_, loadLimit, ticket.stopToken());
     try {
         std::vector<GraphCommit> loaded = co_await std::move(graph);
         if (!ticket.isCurrent())
             co_return;
-        applyCommits(std::move(loaded));
-        qCDebug(lcGraph, "op=graph.loaded count=%ld", static_cast<long>(commits_.size()));
-        if (!selectedHash_ || !commit(*selectedHash_)) {
-            const auto head = std::find_if(cachedGraphCommits_.begin(), cachedGraphCommits_.end(),
-                                           [](const GraphCommit& commit) { return commit.isHead; });
-            if (head != cachedGraphCommits_.end()) {
-                selectCommit(head->hash, false);
-            } else if (selectedHash_) {
-                selectedHash_.reset();
-                fileChangeLoads_.cancel();
-                selectedNodeFileChanges_.reset();
-                isLoadingFileChanges_ = false;
-                emit selectionChanged();
-                emit fileChangesChanged();
-            }
+        // A page asked for meanwhile continued the rows this load replaces.
+        stopPaging();
+        const bool isFullPage = static_cast<long>(loaded.size()) == loadLimit;
+        const int previousRows = static_cast<int>(commits_.size());
+        if (!mergeNewestPage(loaded)) {
+            applyCommits(std::move(loaded));
+            hasOlderCommits_ = isFullPage;
+            // The pages load again as far as they reached, so that the view stays where it was.
+            wantedRows_ = std::max(wantedRows_, previousRows);
         }
+        qCDebug(lcGraph, "op=graph.loaded count=%ld", static_cast<long>(commits_.size()));
+        // The checked-out commit, or the selected one, may lie pages down: the pages load on.
+        if (!selectedHash_) {
+            seeksHead_ = true;
+            revealSought();
+        } else if (!commit(*selectedHash_)) {
+            checksSelection_ = true;
+        }
+        pageOn();
     } catch (const std::exception& error) {
         if (!ticket.isCurrent())
             co_return;
@@ -118,7 +127,7 @@ QCoro::Task<void> RepoGraphPaneViewModel::load() {
 }
 
 void RepoGraphPaneViewModel::applyCommits(std::vector<GraphCommit> commits) {
-    cachedGraphCommits_ = std::move(commits);
+    cachedGraphCommits_.assign(std::make_move_iterator(commits.begin()), std::make_move_iterator(commits.end()));
     rebuildRows();
 }
 
@@ -143,36 +152,50 @@ void RepoGraphPaneViewModel::rebuildRows() {
         wipCommit_ = std::move(wip);
     }
 
-    std::vector<const GraphCommit*> rows;
-    rows.reserve(cachedGraphCommits_.size() + 1);
-    if (wipCommit_)
-        rows.push_back(&*wipCommit_);
-    for (const auto& commit : cachedGraphCommits_)
-        rows.push_back(&commit);
-
+    layout_ = LaneLayout();
+    commits_.clear();
     rowOfHash_.clear();
-    rowOfHash_.reserve(rows.size());
+    layOutFrom(0);
+    if (!matchingHashes_.empty())
+        rebuildOrderedMatches();
+    emit commitsChanged();
+}
+
+void RepoGraphPaneViewModel::layOutFrom(std::size_t first) {
+    std::vector<const GraphCommit*> page;
+    page.reserve(cachedGraphCommits_.size() - first + 1);
+    if (first == 0 && wipCommit_)
+        page.push_back(&*wipCommit_);
+    for (auto commit = cachedGraphCommits_.begin() + static_cast<std::ptrdiff_t>(first);
+         commit != cachedGraphCommits_.end(); ++commit)
+        page.push_back(&*commit);
+
+    const std::size_t firstRow = commits_.size();
     std::vector<DAGNode> nodes;
-    nodes.reserve(rows.size());
+    nodes.reserve(page.size());
     CommitInfoMap info;
-    info.reserve(rows.size());
+    info.reserve(page.size());
     const RelativeDateFormatter dates(
         std::chrono::time_point_cast<std::chrono::seconds>(std::chrono::system_clock::now()));
-    for (std::size_t row = 0; row < rows.size(); ++row) {
-        const GraphCommit& commit = *rows[row];
-        rowOfHash_.emplace(commit.hash, static_cast<int>(row));
+    for (std::size_t index = 0; index < page.size(); ++index) {
+        const GraphCommit& commit = *page[index];
+        rowOfHash_.emplace(commit.hash, static_cast<int>(firstRow + index));
         nodes.push_back({commit.hash, commit.parentHashes});
-        const bool isWorkingTree = wipCommit_ && row == 0;
+        const bool isWorkingTree = &commit == (wipCommit_ ? &*wipCommit_ : nullptr);
         info.emplace(commit.hash,
                      {commit.subject, commit.authors.empty() ? std::string() : commit.authors.front().name,
                       isWorkingTree ? workingTreeSummary(wipUnstagedCount_, wipStagedCount_)
                                     : dates.format(commit.date)});
     }
-    commits_ = layoutCommitRows(nodes, info);
-    refsByRow_ = spreadRefs(rows, rowOfHash_);
-    if (!matchingHashes_.empty())
-        rebuildOrderedMatches();
-    emit commitsChanged();
+    std::vector<CommitRow> laidOut = layout_.append(nodes, info);
+    commits_.insert(commits_.end(), std::make_move_iterator(laidOut.begin()),
+                    std::make_move_iterator(laidOut.end()));
+
+    if (firstRow == 0) {
+        refSpreading_ = RefSpreading();
+        refsByRow_.clear();
+    }
+    refSpreading_.append(page, rowOfHash_, refsByRow_);
 }
 
 void RepoGraphPaneViewModel::selectCommit(std::string hash, bool userDriven) {

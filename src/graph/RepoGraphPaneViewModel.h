@@ -1,5 +1,5 @@
 // The state behind the commit graph of one repository tab: the loaded commits with the working-tree
-// row, their layout in lanes, the ref pills spread over rows, the selection with its file list, the
+// row, read a page at a time from the newest down, their layout in lanes, the ref pills spread over rows, the selection with its file list, the
 // commit search, and the actions of the graph's context menu.
 #pragma once
 
@@ -11,6 +11,8 @@
 #include "core/support/LoadGeneration.h"
 #include "graph/CommitRow.h"
 #include "graph/GraphConfirmation.h"
+#include "graph/LaneLayout.h"
+#include "graph/RefSpreading.h"
 #include "graph/RowRef.h"
 
 #include <QObject>
@@ -19,6 +21,7 @@
 #include <QCoro/QCoroTask>
 
 #include <chrono>
+#include <deque>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -38,7 +41,10 @@ class RepoGraphPaneViewModel final : public QObject {
     Q_OBJECT
 
   public:
+    // The rows of the first page, and of each page loaded ahead of the scroll position.
     static constexpr long loadLimit = 2000;
+    // Pages double up to this size while loading towards a far row, the root or a sought commit.
+    static constexpr long largestPage = 8000;
     static constexpr long searchLimit = 500;
     static constexpr std::chrono::milliseconds searchDebounce{300};
     // The hash of the synthetic working-tree row.
@@ -56,7 +62,7 @@ class RepoGraphPaneViewModel final : public QObject {
     void setActivityCallback(ActivityCallback callback) { activity_ = std::move(callback); }
 
     // Rows top to bottom; row i shows commitAt(i).
-    const std::vector<CommitRow>& commits() const { return commits_; }
+    const std::deque<CommitRow>& commits() const { return commits_; }
     const GraphCommit& commitAt(int row) const;
     // The commit of `hash` among the rows (the working-tree row included), or null.
     const GraphCommit* commit(std::string_view hash) const;
@@ -64,9 +70,13 @@ class RepoGraphPaneViewModel final : public QObject {
     int rowOf(std::string_view hash) const;
     // The pills of each row, in the order they are drawn; refsByRow()[i] belongs to row i.
     const std::vector<std::vector<RowRef>>& refsByRow() const { return refsByRow_; }
-    // The last load as git gave it, without the working-tree row.
-    const std::vector<GraphCommit>& cachedGraphCommits() const { return cachedGraphCommits_; }
+    // The loaded pages as git gave them, without the working-tree row.
+    const std::deque<GraphCommit>& cachedGraphCommits() const { return cachedGraphCommits_; }
     bool isLoading() const { return isLoading_; }
+    // Git has commits below the last loaded row.
+    bool hasOlderCommits() const { return hasOlderCommits_; }
+    // A page or more is on its way.
+    bool isPaging() const { return isPaging_; }
 
     const std::optional<std::string>& selectedHash() const { return selectedHash_; }
     const GraphCommit* selectedCommit() const;
@@ -79,11 +89,21 @@ class RepoGraphPaneViewModel final : public QObject {
     int wipStagedCount() const { return wipStagedCount_; }
     int wipUnstagedCount() const { return wipUnstagedCount_; }
 
-    // Reads the newest commits of all refs and lays them out. A load overtaken by a newer one, or
-    // by a change of repository, changes nothing; a failure keeps the rows.
+    // Reads the newest page of all refs and lays it out, then loads on until the checked-out commit
+    // has a row and selects it. Rows loaded before below the newest page stay when the newest page
+    // still leads into them (commits added on top, refs moved forward); else the history reloads.
+    // A load overtaken by a newer one, or by a change of repository, changes nothing; a failure
+    // keeps the rows.
     QCoro::Task<void> load();
-    // Keeps `commits` as the last load and rebuilds every row, pill and text from them.
+    // Keeps `commits` as the whole load and rebuilds every row, pill and text from them.
     void applyCommits(std::vector<GraphCommit> commits);
+    // The view shows rows up to `row`: loads pages until a page's worth of rows lies below it.
+    void loadAhead(int row);
+    // Loads every page down to the root, with its progress as an activity.
+    void loadToEnd();
+    // Selects the commit a hash, prefix, branch or tag names, loading pages until it has a row; a
+    // name of no commit in the history is told in a toast and moves nothing.
+    QCoro::Task<void> goTo(std::string name);
     // The working tree's counts, from the changes pane: the working-tree row appears, disappears or
     // changes its text without reading the log again.
     void setWorkingTreeCounts(int staged, int unstaged);
@@ -136,6 +156,9 @@ class RepoGraphPaneViewModel final : public QObject {
   signals:
     // The rows, their pills or their texts changed.
     void commitsChanged();
+    // Rows from `first` to the end were added below the others, which kept their lanes and texts;
+    // pills of rows above may have spread onto them.
+    void rowsAppended(int first);
     void loadingChanged();
     void selectionChanged();
     // selectedNodeFileChanges or isLoadingFileChanges changed.
@@ -150,6 +173,25 @@ class RepoGraphPaneViewModel final : public QObject {
 
   private:
     void rebuildRows();
+    // Lays out and indexes the rows of cachedGraphCommits_ from `first` on, after the others.
+    void layOutFrom(std::size_t first);
+    // Adds a page below the loaded rows.
+    void appendCommits(std::vector<GraphCommit> page);
+    // Loads pages while something below the loaded rows is wanted; one such run at a time.
+    QCoro::Task<void> pageOn();
+    bool wantsOlderCommits() const;
+    // Selects what the pages were sought for once it has a row.
+    void revealSought();
+    // Selects `hash`, and loads on to it when it has no row yet.
+    void reveal(std::string hash);
+    void stopPaging();
+    // Once no more pages are wanted: settles the selection and tells of a commit sought in vain.
+    void finishPaging();
+    // The newest page of a refresh merged over the loaded rows, when it leads into them unchanged.
+    bool mergeNewestPage(std::vector<GraphCommit>& page);
+    void selectHeadOrNothing();
+    // After the pages: selects the checked-out commit when nothing else was sought or kept.
+    void settleSelection();
     void loadFileChanges(std::string hash);
     QCoro::Task<void> runFileChanges(std::string hash);
     // The working tree has staged or unstaged changes.
@@ -167,15 +209,33 @@ class RepoGraphPaneViewModel final : public QObject {
     ToastManager& toasts_;
     ActivityCallback activity_;
 
-    std::vector<GraphCommit> cachedGraphCommits_;
+    // A deque, so that the keys of rowOfHash_ stay valid while pages are added.
+    std::deque<GraphCommit> cachedGraphCommits_;
     // The working-tree row, shown above the commits while the working tree has changes.
     std::optional<GraphCommit> wipCommit_;
-    std::vector<CommitRow> commits_;
+    // A deque, so that adding a page to a long history never moves or copies the rows above it.
+    std::deque<CommitRow> commits_;
     // Row of each hash; keys view the hashes of cachedGraphCommits_ and wipCommit_.
     std::unordered_map<std::string_view, int> rowOfHash_;
     std::vector<std::vector<RowRef>> refsByRow_;
+    // The pills' spread after the last row, ready for the next page.
+    RefSpreading refSpreading_;
     bool isLoading_ = false;
     LoadGeneration loads_;
+    // The layout pass after the last row, ready for the next page.
+    LaneLayout layout_;
+    bool hasOlderCommits_ = false;
+    bool isPaging_ = false;
+    LoadGeneration pages_;
+    // Rows the view wants loaded; pages load until there are this many.
+    int wantedRows_ = 0;
+    bool wantsEnd_ = false;
+    bool seeksHead_ = false;
+    // The selection of a refresh waits for the pages to bring its row.
+    bool checksSelection_ = false;
+    std::optional<std::string> soughtHash_;
+    // The look-ups of "go to".
+    LoadGeneration lookUps_;
 
     std::optional<std::string> selectedHash_;
     bool isUserDrivenSelection_ = false;
@@ -192,6 +252,8 @@ class RepoGraphPaneViewModel final : public QObject {
     CommitSearchType searchScope_ = CommitSearchType::all;
     std::unordered_set<std::string> matchingHashes_;
     std::vector<std::string> matchingHashesOrdered_;
+    // Git's hits, in its order; those without a row yet count and are listed after the loaded ones.
+    std::vector<std::string> searchHits_;
     int currentMatchIndex_ = 0;
     bool isSearching_ = false;
     LoadGeneration searches_;

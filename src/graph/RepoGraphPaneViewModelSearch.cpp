@@ -1,5 +1,5 @@
 // The graph pane's commit search: the immediate match over the loaded commits, then, after a pause
-// in typing, `git log` over the whole repository; both feed one set of highlighted rows.
+// in typing, `git log` over the whole repository; both feed one set of hits, those with rows first.
 #include "graph/RepoGraphPaneViewModel.h"
 
 #include "core/service/GitServiceProtocol.h"
@@ -31,6 +31,7 @@ void RepoGraphPaneViewModel::setSearchScope(CommitSearchType scope) {
 void RepoGraphPaneViewModel::clearMatches() {
     matchingHashes_.clear();
     matchingHashesOrdered_.clear();
+    searchHits_.clear();
     currentMatchIndex_ = 0;
 }
 
@@ -39,6 +40,10 @@ void RepoGraphPaneViewModel::rebuildOrderedMatches() {
     for (const auto& row : commits_) {
         if (matchingHashes_.contains(row.hash))
             matchingHashesOrdered_.push_back(row.hash);
+    }
+    for (const auto& hash : searchHits_) {
+        if (rowOf(hash) < 0)
+            matchingHashesOrdered_.push_back(hash);
     }
     // The position follows the selected match when git's answer adds matches above it.
     const auto selected = selectedHash_ ? std::find(matchingHashesOrdered_.begin(),
@@ -61,6 +66,7 @@ QCoro::Task<void> RepoGraphPaneViewModel::runSearch() {
 
     const std::string lowered = lowercased(searchQuery_);
     matchingHashes_.clear();
+    searchHits_.clear();
     for (const auto& commit : cachedGraphCommits_) {
         if (matchesLocally(commit, searchScope_, lowered))
             matchingHashes_.insert(commit.hash);
@@ -83,10 +89,10 @@ QCoro::Task<void> RepoGraphPaneViewModel::runSearch() {
         const std::vector<CommitEntry> found = co_await std::move(search);
         if (!ticket.isCurrent())
             co_return;
-        // Hits beyond the loaded commits have no row to highlight.
+        // Hits beyond the loaded commits count too; moving to one loads on to it.
         for (const auto& entry : found) {
-            if (rowOf(entry.hash) >= 0)
-                matchingHashes_.insert(entry.hash);
+            if (matchingHashes_.insert(entry.hash).second)
+                searchHits_.push_back(entry.hash);
         }
         rebuildOrderedMatches();
     } catch (const std::exception& error) {
@@ -104,7 +110,7 @@ void RepoGraphPaneViewModel::moveMatch(int step) {
         return;
     currentMatchIndex_ = ((currentMatchIndex_ + step) % count + count) % count;
     emit searchChanged();
-    selectCommit(matchingHashesOrdered_[static_cast<std::size_t>(currentMatchIndex_)], true);
+    reveal(matchingHashesOrdered_[static_cast<std::size_t>(currentMatchIndex_)]);
 }
 
 void RepoGraphPaneViewModel::nextMatch() {

@@ -348,6 +348,10 @@ TEST(CommandArguments, DiffAndHistoryCommands) {
          {"origin\n\n  upstream\t\nfork\n"}},
         {call(HistoryCommands::commitGraph, 200, RemoteNameSet{}),
          {{"log", "--all", "--topo-order", "-n", "200", graphLog}}},
+        {call(HistoryCommands::commitGraphPage, 4000, 2000, RemoteNameSet{}),
+         {{"log", "--all", "--topo-order", "-n", "2000", "--skip=4000", graphLog}}},
+        {call(HistoryCommands::resolveCommit, std::string("-v1")),
+         {{"rev-parse", "--verify", "--quiet", "--end-of-options", "-v1^{commit}"}}},
         {call(HistoryCommands::commitHistory, 30), {{"log", "-n", "30", historyLog}}},
     });
 }

@@ -4,6 +4,7 @@
 // appearances.
 #include "graph/ui/GraphPane.h"
 #include "graph/RepoGraphPaneViewModel.h"
+#include "graph/ui/GraphTableModel.h"
 #include "graph/ui/GraphTableView.h"
 
 #include "core/RealGitService.h"
@@ -115,6 +116,10 @@ TEST_F(GraphPaneTest, ShowsSearchesAndHardResetsARealHistory) {
     // A hard reset to the first commit from the context menu: cancelled, then accepted.
     const std::string before = repo.head();
     const std::string target = repo.rev("main~3");
+    // The hash column shows the short hash and tells the whole one in its tooltip.
+    const QModelIndex hashCell = pane.table().model()->index(model.rowOf(target), GraphTableModel::hashColumn);
+    EXPECT_EQ(hashCell.data().toString().toStdString(), target.substr(0, 7));
+    EXPECT_EQ(hashCell.data(Qt::ToolTipRole).toString().toStdString(), target);
     for (const char* answer : {"graph.confirmation.cancel", "graph.confirmation.accept"}) {
         const int row = model.rowOf(target);
         const QRect cell = pane.table().visualRect(pane.table().model()->index(row, 2));

@@ -88,7 +88,7 @@ void checkHistory(const std::vector<DAGNode>& nodes) {
             1);
         const GraphLane& nodeLane = nodeLaneOf(row);
         ASSERT_EQ(nodeLane.lineDown, !nodes[r].parents.empty());
-        ASSERT_EQ(nodeLane.mergesFrom.size(), nodes[r].parents.empty() ? 0 : nodes[r].parents.size() - 1);
+        ASSERT_EQ(row.mergesFrom.size(), nodes[r].parents.empty() ? 0 : nodes[r].parents.size() - 1);
 
         // Colours: a node without a line from above opened its column, and merge parents that
         // open a column follow in parent order; each takes the next colour in the cycle.
@@ -97,7 +97,7 @@ void checkHistory(const std::vector<DAGNode>& nodes) {
             ++opened;
         }
         std::set<int> openedInRow; // a later parent equal to an earlier one joins its new column
-        for (const int column : nodeLane.mergesFrom) {
+        for (const int column : row.mergesFrom) {
             const GraphLane* target = laneAt(row, column);
             ASSERT_TRUE(target) << "row " << r;
             ASSERT_NE(column, row.activeLane);
@@ -112,24 +112,23 @@ void checkHistory(const std::vector<DAGNode>& nodes) {
         // only a column reopened in that row for a merge replaces). A line arriving from above
         // left the previous row downward or was opened there by a merge.
         if (r + 1 < rows.size()) {
-            const GraphLane& nextNode = nodeLaneOf(rows[r + 1]);
             for (const auto& lane : row.lanes) {
                 const GraphLane* below = laneAt(rows[r + 1], lane.index);
                 const bool opensHere =
-                    contains(nodeLane.mergesFrom, lane.index) && !lane.lineDown && !lane.hasNode;
+                    contains(row.mergesFrom, lane.index) && !lane.lineDown && !lane.hasNode;
                 if (!lane.lineDown && !opensHere)
                     continue;
-                const bool endsBelow = contains(nextNode.branchesTo, lane.index);
+                const bool endsBelow = contains(rows[r + 1].branchesTo, lane.index);
                 ASSERT_TRUE(below && (below->lineUp || endsBelow)) << "row " << r << " column " << lane.index;
-                if (!(endsBelow && contains(nextNode.mergesFrom, lane.index)))
+                if (!(endsBelow && contains(rows[r + 1].mergesFrom, lane.index)))
                     ASSERT_EQ(below->colorIndex, lane.colorIndex) << "row " << r << " column " << lane.index;
             }
             for (const auto& lane : rows[r + 1].lanes) {
-                if (!lane.lineUp && !contains(nextNode.branchesTo, lane.index))
+                if (!lane.lineUp && !contains(rows[r + 1].branchesTo, lane.index))
                     continue;
                 const GraphLane* above = laneAt(row, lane.index);
                 ASSERT_TRUE(above) << "row " << r + 1 << " column " << lane.index;
-                ASSERT_TRUE(above->lineDown || contains(nodeLane.mergesFrom, lane.index))
+                ASSERT_TRUE(above->lineDown || contains(row.mergesFrom, lane.index))
                     << "row " << r + 1 << " column " << lane.index;
             }
         }
@@ -140,14 +139,13 @@ void checkHistory(const std::vector<DAGNode>& nodes) {
         for (std::size_t p = 0; p < nodes[r].parents.size(); ++p) {
             const std::string& parent = nodes[r].parents[p];
             const auto parentRow = rowOf.find(parent);
-            int column = p == 0 ? row.activeLane : nodeLane.mergesFrom[p - 1];
+            int column = p == 0 ? row.activeLane : row.mergesFrom[p - 1];
             std::size_t s = r + 1;
             covered.insert({r, column});
             for (; s < rows.size(); ++s) {
                 const GraphLane* lane = laneAt(rows[s], column);
-                const GraphLane& target = nodeLaneOf(rows[s]);
                 ASSERT_TRUE(lane) << "edge " << row.hash << "->" << parent << " broken at row " << s;
-                if ((lane->hasNode && lane->lineUp) || contains(target.branchesTo, column))
+                if ((lane->hasNode && lane->lineUp) || contains(rows[s].branchesTo, column))
                     break;
                 ASSERT_TRUE(lane->lineUp) << "edge " << row.hash << "->" << parent << " broken at row " << s;
                 ASSERT_TRUE(lane->lineDown) << "edge " << row.hash << "->" << parent << " ends at row " << s;

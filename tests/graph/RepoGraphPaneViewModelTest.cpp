@@ -1,5 +1,5 @@
 // The graph pane's model against a canned service: pills fading down first-parent lines, the
-// working-tree row, loads and searches whose late answers are dropped, the file-list cache, and the
+// working-tree row, loads, pages and searches whose late answers are dropped, the file-list cache, and the
 // questions and outcomes of the commit actions.
 #include "graph/RepoGraphPaneViewModel.h"
 
@@ -67,6 +67,15 @@ class HeldBackService final : public MockGitService {
             co_await QCoro::sleepFor(1ms);
         co_return std::vector<GraphCommit>(graphs[number]);
     }
+    // Later pages come from `graph` as it stands when they are asked for, once pages are let go.
+    bool holdPages = false;
+    QCoro::Task<std::vector<GraphCommit>> commitGraphPage(RepoEntry repo, long skip, long limit,
+                                                          std::stop_token cancellation) override {
+        auto page = co_await MockGitService::commitGraphPage(std::move(repo), skip, limit, std::move(cancellation));
+        while (holdPages)
+            co_await QCoro::sleepFor(1ms);
+        co_return page;
+    }
     QCoro::Task<std::vector<CommitEntry>> searchCommits(RepoEntry, std::string query, CommitSearchType, long,
                                                         std::stop_token) override {
         const int number = static_cast<int>(searchQueries.size());
@@ -109,7 +118,7 @@ class GraphModelTest : public ::testing::Test {
         std::vector<double> opacities;
         for (const auto& row : model.refsByRow()) {
             for (const auto& placed : row) {
-                if (placed.ref.id() == refID)
+                if (placed.ref->id() == refID)
                     opacities.push_back(placed.opacity);
             }
         }
@@ -131,8 +140,8 @@ TEST_F(GraphModelTest, PillsFadeDownTheFirstParentLineAndStopWhereTheRowsEnd) {
     EXPECT_TRUE(model.refsByRow()[200].empty());
     EXPECT_EQ(opacitiesOf("localBranch:main").size(), 10u); // steps 0 to 9
     // Pills of the same row keep the order of the commit's refs.
-    EXPECT_EQ(model.refsByRow()[0][0].ref.name, "main");
-    EXPECT_EQ(model.refsByRow()[0][1].ref.name, "v1");
+    EXPECT_EQ(model.refsByRow()[0][0].ref->name, "main");
+    EXPECT_EQ(model.refsByRow()[0][1].ref->name, "v1");
 
     // A tag on a short history fades no further than its rows; a line that leaves them stops.
     auto cut = linearHistory(3, {{"v2", GraphRefType::tag}});
@@ -170,7 +179,7 @@ TEST_F(GraphModelTest, TheWorkingTreeRowFollowsTheCounts) {
     EXPECT_TRUE(model.commits().empty());
 }
 
-TEST_F(GraphModelTest, ALateLoadChangesNothingAndTheSelectionStartsAtHead) {
+TEST_F(GraphModelTest, ALateLoadOrPageChangesNothingAndTheSelectionStartsAtHead) {
     service->holdLoads = true;
     auto first = model.load();
     auto second = model.load();
@@ -182,6 +191,35 @@ TEST_F(GraphModelTest, ALateLoadChangesNothingAndTheSelectionStartsAtHead) {
     EXPECT_EQ(model.selectedHash(), hashOf(0));
     EXPECT_FALSE(model.isUserDrivenSelection());
     EXPECT_FALSE(model.isLoading());
+
+    // A page still on its way when a reload replaced the rows it continued is dropped.
+    const auto limit = static_cast<int>(RepoGraphPaneViewModel::loadLimit);
+    auto older = linearHistory(limit + 500, {{"main", GraphRefType::localBranch, true}});
+    service->graph = older;
+    service->graphs[2] = {older.begin(), older.begin() + limit};
+    service->holdLoads = false;
+    test::await(model.load());
+    ASSERT_TRUE(model.hasOlderCommits());
+    service->holdLoads = true;
+    auto reload = model.load();
+    service->holdPages = true;
+    model.loadAhead(limit - 1);
+    ASSERT_TRUE(model.isPaging());
+    auto rewritten = older;
+    for (auto& commit : rewritten) {
+        commit.hash = "r" + commit.hash;
+        for (auto& parent : commit.parentHashes)
+            parent = "r" + parent;
+    }
+    service->graph = rewritten;
+    service->graphs[3] = {rewritten.begin(), rewritten.begin() + limit};
+    test::await(std::move(reload));
+    service->holdPages = false;
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !model.isPaging(); }));
+    ASSERT_EQ(model.commits().size(), rewritten.size());
+    EXPECT_TRUE(std::all_of(model.commits().begin(), model.commits().end(),
+                            [](const CommitRow& row) { return row.hash.starts_with("r"); }));
+    model.applyCommits(linearHistory(2, {{"main", GraphRefType::localBranch, true}}));
 
     // A second click on a commit takes its files from the cache.
     ASSERT_TRUE(QTest::qWaitFor([&] { return !model.isLoadingFileChanges(); }));
@@ -218,15 +256,20 @@ TEST_F(GraphModelTest, SearchMatchesAtOnceThenAddsGitsAnswerAndDropsALateOne) {
     service->searches[0] = {entryFor(hashOf(0))};
     service->searches[1] = {entryFor(hashOf(3)), entryFor(hashOf(2)), entryFor("beyond-the-rows")};
     ASSERT_TRUE(QTest::qWaitFor([&] { return !model.isSearching(); }));
-    EXPECT_EQ(model.matchingHashesOrdered(), (std::vector<std::string>{hashOf(2), hashOf(3)}));
+    // A hit without a row counts, after those with rows.
+    EXPECT_EQ(model.matchingHashesOrdered(), (std::vector<std::string>{hashOf(2), hashOf(3), "beyond-the-rows"}));
 
-    // Next walks in row order and wraps; the hash scope never asks git.
+    // Next walks in row order and wraps; a hit the whole history lacks is told and selects nothing.
+    // The hash scope never asks git.
     model.nextMatch();
     EXPECT_EQ(model.selectedHash(), hashOf(3));
     model.nextMatch();
+    EXPECT_EQ(model.selectedHash(), hashOf(3));
+    EXPECT_EQ(lastToast(), "Commit beyond- is not in the history");
+    model.nextMatch();
     EXPECT_EQ(model.selectedHash(), hashOf(2));
     model.previousMatch();
-    EXPECT_EQ(model.currentMatchIndex(), 1);
+    EXPECT_EQ(model.currentMatchIndex(), 2);
     model.setSearchScope(CommitSearchType::hash);
     model.setSearchQuery("C1");
     QTest::qWait(400);

@@ -60,6 +60,12 @@ class GitServiceProtocol {
                                                                 std::stop_token cancellation = {}) = 0;
     virtual QCoro::Task<std::vector<GraphCommit>> commitGraph(RepoEntry repo, long limit,
                                                               std::stop_token cancellation = {}) = 0;
+    // The commits of the graph after the first `skip` of them, at most `limit`.
+    virtual QCoro::Task<std::vector<GraphCommit>> commitGraphPage(RepoEntry repo, long skip, long limit,
+                                                                  std::stop_token cancellation = {}) = 0;
+    // The full hash of the commit a hash, prefix, branch or tag names, or nothing.
+    virtual QCoro::Task<std::optional<std::string>> resolveCommit(RepoEntry repo, std::string name,
+                                                                  std::stop_token cancellation = {}) = 0;
     virtual QCoro::Task<DiffResult> diff(RepoEntry repo, DiffContext context, std::optional<int> contextLines,
                                          std::stop_token cancellation = {}) = 0;
     virtual QCoro::Task<DiffResult> commitDiff(RepoEntry repo, std::string hash,

@@ -43,6 +43,10 @@ class MockGitService : public GitServiceProtocol {
                                                         std::stop_token cancellation = {}) override;
     QCoro::Task<std::vector<GraphCommit>> commitGraph(RepoEntry repo, long limit,
                                                       std::stop_token cancellation = {}) override;
+    QCoro::Task<std::vector<GraphCommit>> commitGraphPage(RepoEntry repo, long skip, long limit,
+                                                          std::stop_token cancellation = {}) override;
+    QCoro::Task<std::optional<std::string>> resolveCommit(RepoEntry repo, std::string name,
+                                                          std::stop_token cancellation = {}) override;
     QCoro::Task<DiffResult> diff(RepoEntry repo, DiffContext context, std::optional<int> contextLines,
                                  std::stop_token cancellation = {}) override;
     QCoro::Task<DiffResult> commitDiff(RepoEntry repo, std::string hash, std::optional<int> contextLines,

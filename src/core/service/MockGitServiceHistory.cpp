@@ -150,9 +150,35 @@ QCoro::Task<std::vector<CommitEntry>> MockGitService::commitHistory(RepoEntry, l
     co_return history;
 }
 
-QCoro::Task<std::vector<GraphCommit>> MockGitService::commitGraph(RepoEntry, long limit, std::stop_token) {
-    const auto count = static_cast<std::size_t>(std::clamp<long>(limit, 0, static_cast<long>(graph.size())));
-    co_return std::vector<GraphCommit>(graph.begin(), graph.begin() + static_cast<std::ptrdiff_t>(count));
+QCoro::Task<std::vector<GraphCommit>> MockGitService::commitGraph(RepoEntry repo, long limit,
+                                                                  std::stop_token cancellation) {
+    return commitGraphPage(std::move(repo), 0, limit, std::move(cancellation));
+}
+
+QCoro::Task<std::vector<GraphCommit>> MockGitService::commitGraphPage(RepoEntry, long skip, long limit,
+                                                                      std::stop_token) {
+    const long size = static_cast<long>(graph.size());
+    const long first = std::clamp<long>(skip, 0, size);
+    const long last = first + std::clamp<long>(limit, 0, size - first);
+    co_return std::vector<GraphCommit>(graph.begin() + first, graph.begin() + last);
+}
+
+// A full hash or a unique prefix of one in the canned graph, or a ref's name on it.
+QCoro::Task<std::optional<std::string>> MockGitService::resolveCommit(RepoEntry, std::string name,
+                                                                      std::stop_token) {
+    std::optional<std::string> found;
+    for (const auto& commit : graph) {
+        const bool named = std::any_of(commit.refs.begin(), commit.refs.end(),
+                                       [&](const GraphRef& ref) { return ref.name == name; });
+        if (named)
+            co_return commit.hash;
+        if (!name.empty() && commit.hash.starts_with(name)) {
+            if (found)
+                co_return std::nullopt;
+            found = commit.hash;
+        }
+    }
+    co_return found;
 }
 
 // Message and author searches over the canned graph, compared in ASCII lower case; the scopes

@@ -12,6 +12,8 @@
 #include <QAction>
 #include <QEvent>
 #include <QHeaderView>
+#include <QInputDialog>
+#include <QScrollBar>
 #include <QMenu>
 #include <QMessageBox>
 #include <QPushButton>
@@ -45,7 +47,7 @@ GraphPane::GraphPane(RepoGraphPaneViewModel& model, QWidget* parent)
     : QWidget(parent), model_(model), searchBar_(new GraphSearchBar(model, this)),
       table_(new GraphTableView(this)), rows_(new GraphTableModel(model, this)),
       delegate_(new GraphRowDelegate(model, palette(), this)), searchAction_(new QAction(this)),
-      copyHashAction_(new QAction(this)) {
+      copyHashAction_(new QAction(this)), goToAction_(new QAction(this)) {
     setObjectName(QStringLiteral("graph.pane"));
     table_->setObjectName(QStringLiteral("graph.table"));
     table_->setModel(rows_);
@@ -70,8 +72,16 @@ GraphPane::GraphPane(RepoGraphPaneViewModel& model, QWidget* parent)
             model_.copyHash(*hash);
     });
     table_->addAction(copyHashAction_);
+    goToAction_->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_G));
+    goToAction_->setShortcutContext(Qt::WidgetWithChildrenShortcut);
+    connect(goToAction_, &QAction::triggered, this, &GraphPane::askForCommit);
+    addAction(goToAction_);
 
     connect(&model_, &RepoGraphPaneViewModel::commitsChanged, this, &GraphPane::showRows);
+    connect(&model_, &RepoGraphPaneViewModel::rowsAppended, this, &GraphPane::showAppendedRows);
+    connect(table_->verticalScrollBar(), &QScrollBar::valueChanged, this, &GraphPane::loadAhead);
+    connect(table_->verticalScrollBar(), &QScrollBar::rangeChanged, this, &GraphPane::loadAhead);
+    connect(table_, &GraphTableView::endRequested, this, &GraphPane::loadToEnd);
     connect(&model_, &RepoGraphPaneViewModel::selectionChanged, this, &GraphPane::showSelection);
     connect(&model_, &RepoGraphPaneViewModel::searchChanged, rows_, &GraphTableModel::highlightsChanged);
     connect(&model_, &RepoGraphPaneViewModel::confirmationRequested, this, &GraphPane::ask);
@@ -115,6 +125,48 @@ void GraphPane::keepColumnInBounds(int column, int, int newWidth) {
 void GraphPane::showRows() {
     rows_->reload();
     showSelection();
+}
+
+void GraphPane::showAppendedRows(int first) {
+    rows_->append(first);
+    const int last = static_cast<int>(model_.commits().size()) - 1;
+    if (followsEnd_ != EndFollowing::none && !model_.hasOlderCommits() && last >= 0) {
+        if (followsEnd_ == EndFollowing::select)
+            model_.selectCommit(model_.commits()[static_cast<std::size_t>(last)].hash, true);
+        else
+            table_->scrollToBottom();
+        followsEnd_ = EndFollowing::none;
+    }
+    showSelection();
+    loadAhead();
+}
+
+void GraphPane::loadAhead() {
+    if (!model_.hasOlderCommits())
+        return;
+    const int bottom = table_->rowAt(table_->viewport()->height() - 1);
+    model_.loadAhead(bottom < 0 ? rows_->rowCount() - 1 : bottom);
+}
+
+void GraphPane::loadToEnd(bool byKey) {
+    if (!model_.hasOlderCommits())
+        return;
+    followsEnd_ = byKey ? EndFollowing::select : EndFollowing::scroll;
+    model_.loadToEnd();
+}
+
+void GraphPane::askForCommit() {
+    auto* dialog = new QInputDialog(this);
+    dialog->setObjectName(QStringLiteral("graph.go-to"));
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    dialog->setWindowModality(Qt::WindowModal);
+    dialog->setWindowTitle(localized("Go to Commit"));
+    dialog->setLabelText(localized("Hash, branch or tag:"));
+    connect(dialog, &QInputDialog::textValueSelected, this, [this](const QString& text) {
+        if (const QString name = text.trimmed(); !name.isEmpty())
+            model_.goTo(name.toStdString());
+    });
+    dialog->open();
 }
 
 void GraphPane::showSelection() {
@@ -233,6 +285,7 @@ void GraphPane::restyle() {
 void GraphPane::retranslate() {
     searchAction_->setText(localized("Search Git History…"));
     copyHashAction_->setText(localized("Copy Commit Hash"));
+    goToAction_->setText(localized("Go to Commit…"));
     table_->setAccessibleName(localized("Commit graph"));
     rows_->headerDataChanged(Qt::Horizontal, 0, GraphTableModel::columnCount_ - 1);
     restyle(); // the painted cells hold texts of the previous language

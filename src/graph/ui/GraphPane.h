@@ -1,6 +1,7 @@
 // The commit graph of one repository: the search bar above the table of rows, the context menu of
-// a commit, and the questions asked before a reset or a pick. It shows the pane's model and
-// forwards the user's actions to it.
+// a commit, the questions asked before a reset or a pick, and Ctrl+G's question for a name. It
+// shows the pane's model, asks it for the pages below the rows in view and for the rest of the
+// history on End, and forwards the user's actions to it.
 #pragma once
 
 #include "core/support/UserDefaults.h"
@@ -35,6 +36,11 @@ class GraphPane final : public QWidget {
 
   private:
     void showRows();
+    void showAppendedRows(int first);
+    // Keeps a page of rows loaded below the last one in view.
+    void loadAhead();
+    void loadToEnd(bool byKey);
+    void askForCommit();
     void showSelection();
     void openSearch();
     void userSelected();
@@ -54,6 +60,11 @@ class GraphPane final : public QWidget {
     GraphRowDelegate* delegate_;
     QAction* searchAction_;
     QAction* copyHashAction_;
+    QAction* goToAction_;
+    // From End until the last row is loaded: that row then becomes the current one (after a key)
+    // or comes into view (after a drag of the scroll bar).
+    enum class EndFollowing { none, select, scroll };
+    EndFollowing followsEnd_ = EndFollowing::none;
     // Set while the selection follows the model, so that it isn't sent back as a user's choice.
     bool followingModel_ = false;
 };

@@ -42,7 +42,7 @@ QVariant GraphTableModel::data(const QModelIndex& index, int role) const {
     case hashColumn:
         if (row.hash == RepoGraphPaneViewModel::workingTreeHash)
             return {};
-        return role == Qt::ToolTipRole ? text(row.hash) : text(row.shortHash);
+        return role == Qt::ToolTipRole ? text(row.hash) : text(row.hash.substr(0, 7));
     case dateColumn:
         return text(row.date);
     default:
@@ -57,7 +57,7 @@ QString GraphTableModel::accessibleText(int row) const {
     QStringList refs;
     for (const auto& placed : model_.refsByRow()[static_cast<std::size_t>(row)]) {
         if (placed.opacity >= 1.0)
-            refs << text(placed.ref.name);
+            refs << text(placed.ref->name);
     }
     if (!refs.isEmpty())
         parts << refs.join(QLatin1Char(' '));
@@ -96,6 +96,19 @@ void GraphTableModel::reload() {
     beginResetModel();
     shownRows_ = rows;
     endResetModel();
+}
+
+void GraphTableModel::append(int first) {
+    const int rows = static_cast<int>(model_.commits().size());
+    if (first != shownRows_ || rows <= first) {
+        reload();
+        return;
+    }
+    beginInsertRows({}, first, rows - 1);
+    shownRows_ = rows;
+    endInsertRows();
+    // Pills of the rows above may fade on into the new ones, and are repainted with them.
+    highlightsChanged();
 }
 
 void GraphTableModel::highlightsChanged() {

@@ -33,6 +33,9 @@ class GraphTableModel final : public QAbstractTableModel {
 
     // Re-reads every row after the pane's model rebuilt them.
     void reload();
+    // Tells the view of the rows the pane's model added from `first` on; the rows above keep their
+    // place, and the view its scroll position.
+    void append(int first);
     // Repaints every row: the search's highlights changed.
     void highlightsChanged();
 

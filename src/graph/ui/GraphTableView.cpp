@@ -1,6 +1,7 @@
 #include "graph/ui/GraphTableView.h"
 
 #include <QHeaderView>
+#include <QScrollBar>
 
 namespace orvel {
 
@@ -18,11 +19,17 @@ GraphTableView::GraphTableView(QWidget* parent) : QTableView(parent) {
     verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     horizontalHeader()->setHighlightSections(false);
     horizontalHeader()->setSectionsMovable(false);
+    connect(verticalScrollBar(), &QScrollBar::valueChanged, this, [this](int value) {
+        if (verticalScrollBar()->isSliderDown() && value == verticalScrollBar()->maximum())
+            emit endRequested(false);
+    });
 }
 
 QModelIndex GraphTableView::moveCursor(CursorAction cursorAction, Qt::KeyboardModifiers modifiers) {
     if (cursorAction == MoveHome || cursorAction == MoveEnd)
         modifiers |= Qt::ControlModifier;
+    if (cursorAction == MoveEnd)
+        emit endRequested(true);
     return QTableView::moveCursor(cursorAction, modifiers);
 }
 

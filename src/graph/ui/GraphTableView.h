@@ -1,5 +1,5 @@
 // The table of the commit graph: whole rows are selected, and Home and End go to the first and the
-// last commit rather than to the first and last column.
+// last commit rather than to the first and last column; End also asks for the rest of the history.
 #pragma once
 
 #include <QTableView>
@@ -11,6 +11,10 @@ class GraphTableView final : public QTableView {
 
   public:
     explicit GraphTableView(QWidget* parent = nullptr);
+
+  signals:
+    // End or Ctrl+End was pressed (`byKey`), or the scroll bar was dragged to the bottom.
+    void endRequested(bool byKey);
 
   protected:
     QModelIndex moveCursor(CursorAction cursorAction, Qt::KeyboardModifiers modifiers) override;

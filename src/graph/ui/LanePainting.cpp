@@ -29,6 +29,29 @@ QPen lanePen(const QColor& colour, bool dashed) {
     return pen;
 }
 
+// The node's curves, from the node in column x `lx`: a merged column's curve leaves the bottom of
+// the row in that column and ends in the node; a column that branched off here leaves the node and
+// reaches the top of the row. Each takes the colour of the column at its other end.
+void paintCurves(QPainter& painter, const QRectF& cell, const CommitRow& row, double lx, const GraphRowStyle& style) {
+    const double h = cell.height();
+    const double mid = h * 0.5;
+    const double top = cell.top();
+    const auto x = [&cell](int column) { return cell.left() + laneCentre(column); };
+    for (const int from : row.mergesFrom) {
+        QPainterPath curve(QPointF(x(from), top + h));
+        curve.cubicTo(QPointF(x(from), top + mid + (h - mid) * 0.6), QPointF(lx, top + mid + (h - mid) * 0.4),
+                      QPointF(lx, top + mid));
+        painter.setPen(lanePen(style.lane(colourIndexOf(row.lanes, from)), false));
+        painter.drawPath(curve);
+    }
+    for (const int to : row.branchesTo) {
+        QPainterPath curve(QPointF(lx, top + mid));
+        curve.cubicTo(QPointF(lx, top + mid * 0.6), QPointF(x(to), top + mid * 0.4), QPointF(x(to), top));
+        painter.setPen(lanePen(style.lane(colourIndexOf(row.lanes, to)), false));
+        painter.drawPath(curve);
+    }
+}
+
 } // namespace
 
 void paintLanes(QPainter& painter, const QRectF& cell, const CommitRow& row, bool isWorkingTree,
@@ -49,21 +72,8 @@ void paintLanes(QPainter& painter, const QRectF& cell, const CommitRow& row, boo
             if (lane.lineDown)
                 painter.drawLine(QPointF(lx, top + mid), QPointF(lx, top + h));
         }
-        // A merged column's curve leaves the bottom of the row in that column and ends in the node.
-        for (const int from : lane.mergesFrom) {
-            QPainterPath curve(QPointF(x(from), top + h));
-            curve.cubicTo(QPointF(x(from), top + mid + (h - mid) * 0.6),
-                          QPointF(lx, top + mid + (h - mid) * 0.4), QPointF(lx, top + mid));
-            painter.setPen(lanePen(style.lane(colourIndexOf(row.lanes, from)), false));
-            painter.drawPath(curve);
-        }
-        // A column that branched off here leaves the node and reaches the top of the row.
-        for (const int to : lane.branchesTo) {
-            QPainterPath curve(QPointF(lx, top + mid));
-            curve.cubicTo(QPointF(lx, top + mid * 0.6), QPointF(x(to), top + mid * 0.4), QPointF(x(to), top));
-            painter.setPen(lanePen(style.lane(colourIndexOf(row.lanes, to)), false));
-            painter.drawPath(curve);
-        }
+        if (lane.hasNode)
+            paintCurves(painter, cell, row, lx, style);
         if (lane.index == row.activeLane)
             nodeLane = &lane;
     }
@@ -77,7 +87,7 @@ void paintLanes(QPainter& painter, const QRectF& cell, const CommitRow& row, boo
         painter.setPen(lanePen(colour, true));
         painter.setBrush(Qt::NoBrush);
         painter.drawEllipse(centre, 4.5, 4.5);
-    } else if (!nodeLane->mergesFrom.empty()) {
+    } else if (!row.mergesFrom.empty()) {
         painter.setPen(lanePen(colour, false));
         painter.setBrush(style.nodeOutline);
         painter.drawEllipse(centre, 4, 4);

@@ -25,10 +25,10 @@ const QColor& pillColour(const GraphRef& ref, const GraphRowStyle& style) {
 
 void paintPill(QPainter& painter, const QRectF& pill, const QString& name, const RowRef& placed,
                const GraphRowStyle& style, double baseOpacity, const QFontMetricsF& metrics) {
-    const QColor& colour = pillColour(placed.ref, style);
+    const QColor& colour = pillColour(*placed.ref, style);
     painter.setOpacity(baseOpacity * placed.opacity);
     // Remote branches are outlined: they show where a branch was, not where work goes on.
-    if (placed.ref.type == GraphRefType::remoteBranch) {
+    if (placed.ref->type == GraphRefType::remoteBranch) {
         const double width = placed.opacity < 1.0 ? 1.0 : 1.5;
         painter.setPen(QPen(colour, width));
         painter.setBrush(Qt::NoBrush);
@@ -62,7 +62,7 @@ void paintRefPills(QPainter& painter, const QRectF& cell, const std::vector<RowR
             if (placed.opacity <= 0.0 || (placed.opacity >= 1.0) != own)
                 continue;
             const QString name =
-                QString::fromUtf8(placed.ref.name.data(), static_cast<qsizetype>(placed.ref.name.size()));
+                QString::fromUtf8(placed.ref->name.data(), static_cast<qsizetype>(placed.ref->name.size()));
             const QRectF pill(left, top, metrics.horizontalAdvance(name) + 2 * pillPadding, pillHeight);
             const bool first = left == cell.left() + pillGap;
             if (pill.right() > cell.right() - pillGap && !first) {

@@ -1489,6 +1489,18 @@
         <source>Commit graph</source>
         <translation type="unfinished"></translation>
     </message>
+    <message>
+        <source>Go to Commit</source>
+        <translation>转到提交</translation>
+    </message>
+    <message>
+        <source>Go to Commit…</source>
+        <translation>转到提交…</translation>
+    </message>
+    <message>
+        <source>Hash, branch or tag:</source>
+        <translation>哈希、分支或标签：</translation>
+    </message>
 </context>
 <context>
     <name>orvel::GraphSearchBar</name>
@@ -2218,6 +2230,18 @@
     <message>
         <source>Created tag &apos;%1&apos; at %2</source>
         <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Loading history… %1 commits</source>
+        <translation>正在加载历史… %1 个提交</translation>
+    </message>
+    <message>
+        <source>Commit %1 is not in the history</source>
+        <translation>提交 %1 不在历史中</translation>
+    </message>
+    <message>
+        <source>No commit is named “%1”</source>
+        <translation>没有名为“%1”的提交</translation>
     </message>
 </context>
 <context>
