@@ -60,33 +60,35 @@ QCoro::Task<void> ConflictResolutionViewModel::load() {
     auto ours = readStage(service_, repo_, conflict_.oursHash);
     auto theirs = readStage(service_, repo_, conflict_.theirsHash);
     auto workTree = service_->readWorkTreeFile(repo_, conflict_.path);
-    readSideNames(generation);
+    auto sideNames = readSideNames(generation);
     try {
         std::string baseText = co_await std::move(base);
         std::string oursText = co_await std::move(ours);
         std::string theirsText = co_await std::move(theirs);
         std::string fileText = co_await std::move(workTree);
-        if (!self || generation != self->loadGeneration_)
-            co_return;
-        self->baseText_ = std::move(baseText);
-        self->oursText_ = std::move(oursText);
-        self->theirsText_ = std::move(theirsText);
-        self->rawWorkingTreeText_ = std::move(fileText);
-        self->hunks_ = parseConflictHunks(self->rawWorkingTreeText_);
-        self->decisions_ = defaultDecisions(self->hunks_);
-        self->hasLoaded_ = true;
-        self->isLoading_ = false;
-        qCDebug(lcOps, "op=mergeEditor.loaded hunks=%ld", static_cast<long>(self->hunks_.size()));
-        emit self->loadStateChanged();
-        emit self->decisionsChanged();
+        if (self && generation == self->loadGeneration_) {
+            self->baseText_ = std::move(baseText);
+            self->oursText_ = std::move(oursText);
+            self->theirsText_ = std::move(theirsText);
+            self->rawWorkingTreeText_ = std::move(fileText);
+            self->hunks_ = parseConflictHunks(self->rawWorkingTreeText_);
+            self->decisions_ = defaultDecisions(self->hunks_);
+            self->hasLoaded_ = true;
+            self->isLoading_ = false;
+            qCDebug(lcOps, "op=mergeEditor.loaded hunks=%ld", static_cast<long>(self->hunks_.size()));
+            emit self->loadStateChanged();
+            emit self->decisionsChanged();
+        }
     } catch (const std::exception& error) {
-        if (!self || generation != self->loadGeneration_)
-            co_return;
-        self->loadError_ = errorText(error);
-        self->isLoading_ = false;
-        qCDebug(lcOps, "op=mergeEditor.load reason=%s", redactForLog(error.what()).c_str());
-        emit self->loadStateChanged();
+        if (self && generation == self->loadGeneration_) {
+            self->loadError_ = errorText(error);
+            self->isLoading_ = false;
+            qCDebug(lcOps, "op=mergeEditor.load reason=%s", redactForLog(error.what()).c_str());
+            emit self->loadStateChanged();
+        }
     }
+    // The sides' names end with the load, so that no read outlives it.
+    co_await std::move(sideNames);
 }
 
 QCoro::Task<void> ConflictResolutionViewModel::readSideNames(int generation) {

@@ -6,6 +6,7 @@
 #include "core/queue/GitOpRunner.h"
 #include "core/service/NativeGitService.h"
 #include "core/support/UserDefaults.h"
+#include "support/DrainQueue.h"
 #include "support/GitFixture.h"
 
 #include <gtest/gtest.h>
@@ -19,7 +20,8 @@ struct RealGitService {
     InMemoryUserDefaults defaults;
     std::shared_ptr<SubprocessExecutor> executor =
         std::make_shared<SubprocessExecutor>(std::nullopt, defaults);
-    NativeGitService service{executor, std::make_shared<GitOpRunner>(2)};
+    std::shared_ptr<GitOpRunner> runner = std::make_shared<GitOpRunner>(2);
+    NativeGitService service{executor, runner};
 
     static RepoEntry repoAt(const std::string& path) {
         RepoEntry repo;
@@ -31,6 +33,9 @@ struct RealGitService {
 // A test over one temporary repository, with the service over the real git.
 class RepositoryTest : public ::testing::Test {
   protected:
+    // Loads a test leaves running finish, so that no coroutine frame outlives the test.
+    ~RepositoryTest() override { drainQueue(*real.runner); }
+
     RepoEntry entry() const { return RealGitService::repoAt(repo.path()); }
 
     TempRepo repo;
