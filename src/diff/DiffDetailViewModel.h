@@ -10,7 +10,7 @@
 #include "core/records/RepoEntry.h"
 #include "core/support/LoadGeneration.h"
 #include "diff/DiffDisplayRows.h"
-#include "diff/FileInspection.h"
+#include "diff/FileOpenPolicy.h"
 #include "diff/SourceLanguage.h"
 #include "diff/SubmoduleChange.h"
 

@@ -1,5 +1,5 @@
-// The message git prepares when a merge, a pick or a revert stops: read from real stops (in a
-// linked worktree too, whose git directory stands apart), then the same text cut and bent.
+// The message git prepares when a merge, a pick or a revert stops: read from real stops, then the
+// same text cut and bent. A linked worktree's stop is read with the worktree's opening.
 #include "RealGitService.h"
 
 #include "core/parsers/PreparedMessageParser.h"
@@ -10,7 +10,6 @@
 #include <functional>
 
 using namespace orvel;
-using test::TempDir;
 using test::TempRepo;
 
 TEST(PreparedMessage, RealStopsGiveGitsMessageWithoutItsComments) {
@@ -39,18 +38,6 @@ TEST(PreparedMessage, RealStopsGiveGitsMessageWithoutItsComments) {
         ASSERT_NE(repo.read(".git/MERGE_MSG").find("# Conflicts:"), std::string::npos);
         EXPECT_EQ(test::await(real.service.preparedCommitMessage(entry)), c.expected(repo));
     }
-
-    // A linked worktree keeps its stop in its own git directory, away from the main one's.
-    TempRepo repo;
-    repo.divergeOnOneFile();
-    TempDir place;
-    const std::string worktree = place / "wt";
-    repo.git({"worktree", "add", "-q", worktree, "topic"});
-    EXPECT_NE(test::gitAllowingFailure(worktree, {"merge", "main"}).exitCode, 0);
-    EXPECT_EQ(test::await(real.service.preparedCommitMessage(test::await(real.service.open(worktree)))),
-              "Merge branch 'main' into topic");
-    EXPECT_EQ(test::await(real.service.preparedCommitMessage(test::await(real.service.open(repo.path())))),
-              std::nullopt);
 }
 
 TEST(PreparedMessage, BentTextKeepsOnlyTheMessage) {

@@ -134,6 +134,9 @@ TEST_F(OpenRealRepository, LinkedWorktreeKeepsItsAbsoluteGitDirAndItsOwnState) {
     EXPECT_EQ(entry.commonDirPath, repo / ".git");
     EXPECT_EQ(entry.state, RepositoryState::merging);
     EXPECT_EQ(open(repo.path()).state, RepositoryState::clean);
+    // The stop's prepared message is in the worktree's own git directory, not the main one's.
+    EXPECT_EQ(test::await(service.preparedCommitMessage(entry)), "Merge branch 'main' into topic");
+    EXPECT_EQ(test::await(service.preparedCommitMessage(open(repo.path()))), std::nullopt);
     // The state alone is read from the same git directory.
     EXPECT_EQ(test::await(service.repositoryState(entry)), RepositoryState::merging);
     EXPECT_EQ(test::await(service.repositoryState(open(repo.path()))), RepositoryState::clean);

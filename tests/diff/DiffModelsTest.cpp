@@ -1,7 +1,7 @@
 // The diff subsystem's pure pieces on tables of cases: language detection, the highlighter's
 // rules and priorities, the side-by-side pairing, file inspection on real files, and finding a
 // file of git's diff by its raw path when git quoted it.
-#include "diff/FileInspection.h"
+#include "diff/FileOpenPolicy.h"
 #include "diff/GitPathQuoting.h"
 #include "diff/SourceLanguage.h"
 #include "diff/SplitRows.h"

@@ -1,4 +1,4 @@
-#include "diff/FileInspection.h"
+#include "diff/FileOpenPolicy.h"
 
 #include "core/support/UserDefaults.h"
 
