@@ -40,7 +40,6 @@ std::vector<GraphCommit> busyHistory(int commits) {
     for (int i = 0; i < commits; ++i) {
         GraphCommit commit;
         commit.hash = hashOf(i);
-        commit.abbreviatedHash = commit.hash.substr(0, 7);
         if (i + lineCount < commits)
             commit.parentHashes.push_back(hashOf(i + lineCount));
         if (i % 5 == 0 && i + lineCount + 1 < commits)

@@ -47,7 +47,7 @@ int runGraph(const ScenarioOptions& options) {
             const auto loaded = QCoro::waitFor(service.commitGraph(repo, graphLimit));
             const GraphInputs inputs = graphInputs(loaded);
             commits = loaded.size();
-            rows = layoutCommitRows(inputs.nodes, inputs.info).size();
+            rows = layoutCommitRows(inputs.nodes).size();
         });
     };
     alternate(options.rounds, runGit, runOurs);

@@ -41,7 +41,7 @@ int runLayout(const ScenarioOptions& options) {
         // layout, and a long-running program lays out into memory it has used before.
         rows.clear();
         rows.shrink_to_fit();
-        layout.push_back(milliseconds([&] { rows = layoutCommitRows(inputs.nodes, inputs.info); }));
+        layout.push_back(milliseconds([&] { rows = layoutCommitRows(inputs.nodes); }));
     };
     alternate(options.rounds, runGit, runLayout); // git's round comes first, so the inputs exist
     if (rows.size() != inputs.nodes.size())

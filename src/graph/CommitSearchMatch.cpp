@@ -12,23 +12,12 @@ bool contains(std::string_view text, std::string_view loweredQuery) {
     return lowercased(text).find(loweredQuery) != std::string::npos;
 }
 
-bool matchesMessage(const GraphCommit& commit, std::string_view query) {
-    return contains(commit.subject, query);
+bool matchesAuthor(const CommitAuthor& author, std::string_view query) {
+    return contains(author.name, query) || (author.email && contains(*author.email, query));
 }
 
-bool matchesAuthor(const GraphCommit& commit, std::string_view query) {
-    return std::any_of(commit.authors.begin(), commit.authors.end(), [query](const CommitAuthor& author) {
-        return contains(author.name, query) || (author.email && contains(*author.email, query));
-    });
-}
-
-bool matchesRef(const GraphCommit& commit, std::string_view query) {
-    return std::any_of(commit.refs.begin(), commit.refs.end(),
-                       [query](const GraphRef& ref) { return contains(ref.name, query); });
-}
-
-bool matchesHash(const GraphCommit& commit, std::string_view query) {
-    return commit.hash.starts_with(query) || commit.abbreviatedHash.starts_with(query);
+bool matchesRef(std::span<const GraphRef> refs, std::string_view query) {
+    return std::any_of(refs.begin(), refs.end(), [query](const GraphRef& ref) { return contains(ref.name, query); });
 }
 
 } // namespace
@@ -49,19 +38,20 @@ std::string lowercased(std::string_view text) {
     return lowered;
 }
 
-bool matchesLocally(const GraphCommit& commit, CommitSearchType scope, std::string_view loweredQuery) {
+bool matchesLocally(const CommitStore& store, std::size_t index, CommitSearchType scope,
+                    std::string_view loweredQuery) {
     switch (scope) {
     case CommitSearchType::all:
-        return matchesMessage(commit, loweredQuery) || matchesAuthor(commit, loweredQuery) ||
-               matchesRef(commit, loweredQuery) || matchesHash(commit, loweredQuery);
+        return contains(store.subject(index), loweredQuery) || matchesAuthor(store.author(index), loweredQuery) ||
+               matchesRef(store.refs(index), loweredQuery) || store.hash(index).starts_with(loweredQuery);
     case CommitSearchType::message:
-        return matchesMessage(commit, loweredQuery);
+        return contains(store.subject(index), loweredQuery);
     case CommitSearchType::author:
-        return matchesAuthor(commit, loweredQuery);
+        return matchesAuthor(store.author(index), loweredQuery);
     case CommitSearchType::ref:
-        return matchesRef(commit, loweredQuery);
+        return matchesRef(store.refs(index), loweredQuery);
     case CommitSearchType::hash:
-        return matchesHash(commit, loweredQuery);
+        return store.hash(index).starts_with(loweredQuery);
     case CommitSearchType::diff:
     case CommitSearchType::filePath:
         return false;

@@ -3,7 +3,9 @@
 #pragma once
 
 #include "core/records/CommitSearchType.h"
-#include "core/records/GraphCommit.h"
+#include "graph/CommitStore.h"
+
+#include <cstddef>
 
 #include <string>
 #include <string_view>
@@ -13,8 +15,10 @@ namespace orvel {
 // `text` in lower case; letters beyond ASCII fold as Unicode says.
 std::string lowercased(std::string_view text);
 
-// Whether `commit` matches `loweredQuery` (already lower case) in `scope`. The message scope reads
-// the subject only; the code-change and file-path scopes never match here, only git can tell.
-bool matchesLocally(const GraphCommit& commit, CommitSearchType scope, std::string_view loweredQuery);
+// Whether the commit at `index` matches `loweredQuery` (already lower case) in `scope`. The message
+// scope reads the subject only; the code-change and file-path scopes never match here, only git can
+// tell.
+bool matchesLocally(const CommitStore& store, std::size_t index, CommitSearchType scope,
+                    std::string_view loweredQuery);
 
 } // namespace orvel

@@ -1,14 +1,15 @@
-// One commit as the lane layout sees it: its hash and its parents, first parent first.
+// One commit as the lane layout sees it: its hash and its parents, first parent first. It views
+// texts kept elsewhere for the length of one layout call.
 #pragma once
 
-#include <string>
+#include <string_view>
 #include <vector>
 
 namespace orvel {
 
 struct DAGNode {
-    std::string hash;
-    std::vector<std::string> parents;
+    std::string_view hash;
+    std::vector<std::string_view> parents;
 };
 
 } // namespace orvel

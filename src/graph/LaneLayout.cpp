@@ -20,19 +20,6 @@ void removeWaiting(decltype(LaneLayoutState::waitingLanes)& waitingLanes, std::s
         waitingLanes.erase(entry);
 }
 
-CommitRow rowFor(const DAGNode& node, const CommitInfoMap& info) {
-    CommitRow row;
-    row.hash = node.hash;
-    if (const CommitInfo* found = info.find(node.hash)) {
-        row.message = found->message;
-        row.author = found->author;
-        row.date = found->date;
-    } else {
-        row.message = node.hash;
-    }
-    return row;
-}
-
 } // namespace
 
 int LaneLayoutState::firstFreeLane() const {
@@ -66,11 +53,11 @@ void LaneLayoutState::releaseLane(int column) {
         activeLanes.pop_back();
 }
 
-std::vector<CommitRow> layoutCommitRows(const std::vector<DAGNode>& nodes, const CommitInfoMap& info) {
-    return LaneLayout().append(nodes, info);
+std::vector<CommitRow> layoutCommitRows(const std::vector<DAGNode>& nodes) {
+    return LaneLayout().append(nodes);
 }
 
-std::vector<CommitRow> LaneLayout::append(const std::vector<DAGNode>& nodes, const CommitInfoMap& info) {
+std::vector<CommitRow> LaneLayout::append(const std::vector<DAGNode>& nodes) {
     std::vector<CommitRow> rows;
     rows.reserve(nodes.size());
     LaneLayoutState& state = state_;
@@ -104,7 +91,7 @@ std::vector<CommitRow> LaneLayout::append(const std::vector<DAGNode>& nodes, con
         nodeLane.lineUp = state.wasActive(lane);
         nodeLane.lineDown = !node.parents.empty();
 
-        CommitRow row = rowFor(node, info);
+        CommitRow row;
 
         // 3. The other columns that reached this commit end here: children that branched off it.
         closed.clear();
@@ -125,7 +112,7 @@ std::vector<CommitRow> LaneLayout::append(const std::vector<DAGNode>& nodes, con
         // 5. Further parents join a column that already runs towards them, or open one.
         newLanes.clear();
         for (std::size_t i = 1; i < node.parents.size(); ++i) {
-            const std::string& parent = node.parents[i];
+            const std::string_view parent = node.parents[i];
             int target = -1;
             if (const auto found = state.waitingLanes.find(parent); found != state.waitingLanes.end()) {
                 for (const int column : found->second) {

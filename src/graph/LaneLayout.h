@@ -3,7 +3,7 @@
 // its state between pages, so a history laid out a page at a time draws as one laid out whole.
 #pragma once
 
-#include "graph/CommitInfoMap.h"
+#include "core/support/TextHash.h"
 #include "graph/CommitRow.h"
 #include "graph/DAGNode.h"
 
@@ -23,17 +23,11 @@ struct LaneLayoutState {
         std::string expectedHash;
         int colour = 0;
     };
-    // Looks hashes up by view, without a string of their own.
-    struct HashOfText {
-        using is_transparent = void;
-        std::size_t operator()(std::string_view text) const { return std::hash<std::string_view>{}(text); }
-    };
-
     // activeLanes, indexed by column; an empty slot is a free column.
     std::vector<std::optional<ActiveLane>> activeLanes;
     // The inverse of activeLanes: the columns that wait for a hash, ascending. A hash has an
     // entry only while it has columns.
-    std::unordered_map<std::string, std::vector<int>, HashOfText, std::equal_to<>> waitingLanes;
+    std::unordered_map<std::string, std::vector<int>, TextHash, std::equal_to<>> waitingLanes;
     // Counts every column that was opened; the colour of the next one is this modulo 8.
     int nextColor = 0;
     // Whether each column was active after the previous row.
@@ -57,15 +51,14 @@ inline constexpr int laneColourCount = 8;
 // A layout pass that goes on from where its previous page ended.
 class LaneLayout {
   public:
-    // One row per node, in the same order, for the nodes that follow those already laid out. A
-    // hash missing from `info` shows itself as its message.
-    std::vector<CommitRow> append(const std::vector<DAGNode>& nodes, const CommitInfoMap& info);
+    // One row per node, in the same order, for the nodes that follow those already laid out.
+    std::vector<CommitRow> append(const std::vector<DAGNode>& nodes);
 
   private:
     LaneLayoutState state_;
 };
 
 // The rows of `nodes` laid out in one pass from the first.
-std::vector<CommitRow> layoutCommitRows(const std::vector<DAGNode>& nodes, const CommitInfoMap& info);
+std::vector<CommitRow> layoutCommitRows(const std::vector<DAGNode>& nodes);
 
 } // namespace orvel

@@ -3,11 +3,10 @@
 // with a faint floor, so that the rows below a tip still tell which line they belong to.
 #pragma once
 
-#include "core/records/GraphCommit.h"
+#include "graph/CommitStore.h"
 #include "graph/RowRef.h"
 
-#include <string_view>
-#include <unordered_map>
+#include <string>
 #include <vector>
 
 namespace orvel {
@@ -22,18 +21,18 @@ inline constexpr double opacityStep = 0.1;
 // those of the rows spread at once and a page costs only its own rows.
 class RefSpreading {
   public:
-    // `page` are the commits of the rows from refsByRow.size() on, in row order, and `rowOfHash`
-    // the rows of every loaded commit by hash. Adds one list a row to `refsByRow`, with the refs of
-    // every commit in row order and each commit's refs in their own order. The pills point into the
-    // commits' refs, and the fades left open view their hashes: the commits must stay in place.
-    void append(const std::vector<const GraphCommit*>& page, const std::unordered_map<std::string_view, int>& rowOfHash,
+    // Spreads the refs of the commits of `store` from `first` on, whose rows are their indexes plus
+    // `rowOffset`; `refsByRow` holds the lists of the rows above them. Adds one list a row, with the
+    // refs of every commit in row order and each commit's refs in their own order. The pills point
+    // into the store's refs, which stay in place while commits are added.
+    void append(const CommitStore& store, std::size_t first, int rowOffset,
                 std::vector<std::vector<RowRef>>& refsByRow);
 
   private:
     // A fade that reached a commit without a row yet.
     struct Fade {
         const GraphRef* ref = nullptr;
-        std::string_view hash;
+        std::string hash;
         int step = 0;
     };
 

@@ -4,7 +4,6 @@
 
 #include "core/service/GitServiceProtocol.h"
 #include "core/support/Log.h"
-#include "graph/CommitInfoMap.h"
 #include "graph/LaneLayout.h"
 #include "graph/RefSpreading.h"
 #include "graph/RelativeDateFormatter.h"
@@ -36,6 +35,10 @@ RepoGraphPaneViewModel::RepoGraphPaneViewModel(RepoEntry repo, std::shared_ptr<G
                                                ToastManager& toasts, QObject* parent)
     : QObject(parent), repo_(std::move(repo)), service_(std::move(service)), toasts_(toasts) {}
 
+RepoGraphPaneViewModel::~RepoGraphPaneViewModel() {
+    closeStream();
+}
+
 void RepoGraphPaneViewModel::setRepository(RepoEntry repo) {
     loads_.cancel();
     stopPaging();
@@ -43,16 +46,17 @@ void RepoGraphPaneViewModel::setRepository(RepoEntry repo) {
     fileChangeLoads_.cancel();
     searches_.cancel();
     repo_ = std::move(repo);
-    cachedGraphCommits_.clear();
+    store_.clear();
     wipCommit_.reset();
     commits_.clear();
     layout_ = LaneLayout();
     hasOlderCommits_ = false;
     wantedRows_ = 0;
-    rowOfHash_.clear();
     refsByRow_.clear();
     isLoading_ = false;
     selectedHash_.reset();
+    selectedCommit_.reset();
+    detailLoads_.cancel();
     isUserDrivenSelection_ = false;
     selectedNodeFileChanges_.reset();
     isLoadingFileChanges_ = false;
@@ -63,28 +67,49 @@ void RepoGraphPaneViewModel::setRepository(RepoEntry repo) {
     emit commitsChanged();
     emit loadingChanged();
     emit selectionChanged();
+    emit selectedCommitChanged();
     emit fileChangesChanged();
     emit searchChanged();
 }
 
-const GraphCommit& RepoGraphPaneViewModel::commitAt(int row) const {
-    if (wipCommit_)
-        return row == 0 ? *wipCommit_ : cachedGraphCommits_[static_cast<std::size_t>(row - 1)];
-    return cachedGraphCommits_[static_cast<std::size_t>(row)];
+// The store's index of a row that is not the working-tree row.
+std::size_t RepoGraphPaneViewModel::indexOfRow(int row) const {
+    return static_cast<std::size_t>(wipCommit_ ? row - 1 : row);
+}
+
+std::string_view RepoGraphPaneViewModel::hashAt(int row) const {
+    return isWorkingTreeRow(row) ? std::string_view(wipCommit_->hash) : store_.hash(indexOfRow(row));
+}
+
+std::string_view RepoGraphPaneViewModel::subjectAt(int row) const {
+    return isWorkingTreeRow(row) ? std::string_view(wipCommit_->subject) : store_.subject(indexOfRow(row));
+}
+
+std::string_view RepoGraphPaneViewModel::authorAt(int row) const {
+    return isWorkingTreeRow(row) ? std::string_view() : std::string_view(store_.author(indexOfRow(row)).name);
+}
+
+std::string RepoGraphPaneViewModel::dateTextAt(int row) const {
+    return isWorkingTreeRow(row) ? workingTreeSummary(wipUnstagedCount_, wipStagedCount_)
+                                 : dates_.format(store_.date(indexOfRow(row)));
+}
+
+GraphCommit RepoGraphPaneViewModel::commitAt(int row) const {
+    return isWorkingTreeRow(row) ? *wipCommit_ : store_.commit(indexOfRow(row));
 }
 
 int RepoGraphPaneViewModel::rowOf(std::string_view hash) const {
-    const auto found = rowOfHash_.find(hash);
-    return found == rowOfHash_.end() ? -1 : found->second;
+    if (wipCommit_ && hash == wipCommit_->hash)
+        return 0;
+    const auto index = store_.find(hash);
+    return index ? static_cast<int>(*index) + (wipCommit_ ? 1 : 0) : -1;
 }
 
-const GraphCommit* RepoGraphPaneViewModel::commit(std::string_view hash) const {
+std::optional<GraphCommit> RepoGraphPaneViewModel::commit(std::string_view hash) const {
     const int row = rowOf(hash);
-    return row < 0 ? nullptr : &commitAt(row);
-}
-
-const GraphCommit* RepoGraphPaneViewModel::selectedCommit() const {
-    return selectedHash_ ? commit(*selectedHash_) : nullptr;
+    if (row < 0)
+        return std::nullopt;
+    return commitAt(row);
 }
 
 QCoro::Task<void> RepoGraphPaneViewModel::load() {
@@ -127,7 +152,9 @@ QCoro::Task<void> RepoGraphPaneViewModel::load() {
 }
 
 void RepoGraphPaneViewModel::applyCommits(std::vector<GraphCommit> commits) {
-    cachedGraphCommits_.assign(std::make_move_iterator(commits.begin()), std::make_move_iterator(commits.end()));
+    store_.clear();
+    for (const auto& commit : commits)
+        store_.append(commit);
     rebuildRows();
 }
 
@@ -141,69 +168,90 @@ void RepoGraphPaneViewModel::setWorkingTreeCounts(int staged, int unstaged) {
 
 void RepoGraphPaneViewModel::rebuildRows() {
     wipCommit_.reset();
-    const auto head = std::find_if(cachedGraphCommits_.begin(), cachedGraphCommits_.end(),
-                                   [](const GraphCommit& commit) { return commit.isHead; });
-    if (isWorkingTreeDirty() && head != cachedGraphCommits_.end()) {
+    const auto head = store_.head();
+    if (isWorkingTreeDirty() && head) {
         GraphCommit wip;
         wip.hash = workingTreeHash;
-        wip.parentHashes = {head->hash};
+        wip.parentHashes = {std::string(store_.hash(*head))};
         wip.subject = workingTreeSubject;
         wip.date = std::chrono::time_point_cast<std::chrono::seconds>(std::chrono::system_clock::now());
         wipCommit_ = std::move(wip);
     }
 
+    dates_ = RelativeDateFormatter(
+        std::chrono::time_point_cast<std::chrono::seconds>(std::chrono::system_clock::now()));
     layout_ = LaneLayout();
     commits_.clear();
-    rowOfHash_.clear();
+    refSpreading_ = RefSpreading();
+    refsByRow_.clear();
+    if (wipCommit_)
+        commits_.push_back(layout_.append({DAGNode{wipCommit_->hash, {wipCommit_->parentHashes.front()}}}).front());
     layOutFrom(0);
     if (!matchingHashes_.empty())
         rebuildOrderedMatches();
+    refreshSelectedCommit();
     emit commitsChanged();
 }
 
 void RepoGraphPaneViewModel::layOutFrom(std::size_t first) {
-    std::vector<const GraphCommit*> page;
-    page.reserve(cachedGraphCommits_.size() - first + 1);
-    if (first == 0 && wipCommit_)
-        page.push_back(&*wipCommit_);
-    for (auto commit = cachedGraphCommits_.begin() + static_cast<std::ptrdiff_t>(first);
-         commit != cachedGraphCommits_.end(); ++commit)
-        page.push_back(&*commit);
-
-    const std::size_t firstRow = commits_.size();
     std::vector<DAGNode> nodes;
-    nodes.reserve(page.size());
-    CommitInfoMap info;
-    info.reserve(page.size());
-    const RelativeDateFormatter dates(
-        std::chrono::time_point_cast<std::chrono::seconds>(std::chrono::system_clock::now()));
-    for (std::size_t index = 0; index < page.size(); ++index) {
-        const GraphCommit& commit = *page[index];
-        rowOfHash_.emplace(commit.hash, static_cast<int>(firstRow + index));
-        nodes.push_back({commit.hash, commit.parentHashes});
-        const bool isWorkingTree = &commit == (wipCommit_ ? &*wipCommit_ : nullptr);
-        info.emplace(commit.hash,
-                     {commit.subject, commit.authors.empty() ? std::string() : commit.authors.front().name,
-                      isWorkingTree ? workingTreeSummary(wipUnstagedCount_, wipStagedCount_)
-                                    : dates.format(commit.date)});
-    }
-    std::vector<CommitRow> laidOut = layout_.append(nodes, info);
+    nodes.reserve(store_.size() - first);
+    for (std::size_t index = first; index < store_.size(); ++index)
+        nodes.push_back({store_.hash(index), store_.parents(index)});
+    std::vector<CommitRow> laidOut = layout_.append(nodes);
     commits_.insert(commits_.end(), std::make_move_iterator(laidOut.begin()),
                     std::make_move_iterator(laidOut.end()));
-
-    if (firstRow == 0) {
-        refSpreading_ = RefSpreading();
-        refsByRow_.clear();
-    }
-    refSpreading_.append(page, rowOfHash_, refsByRow_);
+    refSpreading_.append(store_, first, wipCommit_ ? 1 : 0, refsByRow_);
 }
 
 void RepoGraphPaneViewModel::selectCommit(std::string hash, bool userDriven) {
     selectedHash_ = hash;
     isUserDrivenSelection_ = userDriven;
     qCDebug(lcGraph, "op=commit.select");
+    detailLoads_.cancel();
+    selectedCommit_.reset();
     emit selectionChanged();
+    refreshSelectedCommit();
     loadFileChanges(std::move(hash));
+}
+
+// Takes the selected commit from the rows, once it has one, keeping what was read of it; reads its
+// body and abbreviation the first time.
+void RepoGraphPaneViewModel::refreshSelectedCommit() {
+    if (!selectedHash_) {
+        if (std::exchange(selectedCommit_, std::nullopt))
+            emit selectedCommitChanged();
+        return;
+    }
+    std::optional<GraphCommit> fresh = commit(*selectedHash_);
+    if (!fresh && !selectedCommit_)
+        return;
+    const bool isNew = fresh && !selectedCommit_;
+    if (fresh && selectedCommit_) {
+        fresh->body = std::move(selectedCommit_->body);
+        fresh->abbreviatedHash = std::move(selectedCommit_->abbreviatedHash);
+    }
+    selectedCommit_ = std::move(fresh);
+    emit selectedCommitChanged();
+    if (isNew && *selectedHash_ != workingTreeHash)
+        readSelectedDetails(*selectedHash_);
+}
+
+QCoro::Task<void> RepoGraphPaneViewModel::readSelectedDetails(std::string hash) {
+    auto ticket = detailLoads_.begin(this);
+    auto details = service_->commitDetails(repo_, hash, ticket.stopToken());
+    try {
+        const CommitEntry entry = co_await std::move(details);
+        if (!ticket.isCurrent() || !selectedCommit_ || selectedCommit_->hash != hash)
+            co_return;
+        selectedCommit_->body = entry.body;
+        selectedCommit_->abbreviatedHash = entry.abbreviatedHash;
+        emit selectedCommitChanged();
+    } catch (const std::exception& error) {
+        if (!ticket.isCurrent())
+            co_return;
+        qCDebug(lcGraph, "op=commit.details reason=%s", redactForLog(error.what()).c_str());
+    }
 }
 
 void RepoGraphPaneViewModel::loadFileChanges(std::string hash) {

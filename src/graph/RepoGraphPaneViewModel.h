@@ -9,10 +9,13 @@
 #include "core/records/RepoEntry.h"
 #include "core/service/OperationResults.h"
 #include "core/support/LoadGeneration.h"
+#include "core/support/TextHash.h"
 #include "graph/CommitRow.h"
+#include "graph/CommitStore.h"
 #include "graph/GraphConfirmation.h"
 #include "graph/LaneLayout.h"
 #include "graph/RefSpreading.h"
+#include "graph/RelativeDateFormatter.h"
 #include "graph/RowRef.h"
 
 #include <QObject>
@@ -33,6 +36,7 @@
 
 namespace orvel {
 
+class CommitPageChannel;
 class GitServiceProtocol;
 class ToastManager;
 
@@ -44,7 +48,8 @@ class RepoGraphPaneViewModel final : public QObject {
     // The rows of the first page, and of each page loaded ahead of the scroll position.
     static constexpr long loadLimit = 2000;
     // Pages double up to this size while loading towards a far row, the root or a sought commit.
-    static constexpr long largestPage = 8000;
+    // The commits of each page of a load below the first page; each is laid out in a turn of its own.
+    static constexpr std::size_t streamPage = 1000;
     static constexpr long searchLimit = 500;
     static constexpr std::chrono::milliseconds searchDebounce{300};
     // The hash of the synthetic working-tree row.
@@ -55,23 +60,32 @@ class RepoGraphPaneViewModel final : public QObject {
 
     RepoGraphPaneViewModel(RepoEntry repo, std::shared_ptr<GitServiceProtocol> service, ToastManager& toasts,
                            QObject* parent = nullptr);
+    // Ends a load of pages that is still running, so that its git run ends too.
+    ~RepoGraphPaneViewModel() override;
 
     const RepoEntry& repo() const { return repo_; }
     // Another repository: clears the rows, the selection, the file cache and the search.
     void setRepository(RepoEntry repo);
     void setActivityCallback(ActivityCallback callback) { activity_ = std::move(callback); }
 
-    // Rows top to bottom; row i shows commitAt(i).
+    // Rows top to bottom, with their lanes; the texts of row i are read with the row accessors.
     const std::deque<CommitRow>& commits() const { return commits_; }
-    const GraphCommit& commitAt(int row) const;
-    // The commit of `hash` among the rows (the working-tree row included), or null.
-    const GraphCommit* commit(std::string_view hash) const;
+    std::string_view hashAt(int row) const;
+    std::string_view subjectAt(int row) const;
+    std::string_view authorAt(int row) const;
+    // The relative date, or the working-tree row's counts.
+    std::string dateTextAt(int row) const;
+    bool isWorkingTreeRow(int row) const { return wipCommit_ && row == 0; }
+    // The whole commit of a row, without its body.
+    GraphCommit commitAt(int row) const;
+    // The commit of `hash` among the rows (the working-tree row included), or nothing.
+    std::optional<GraphCommit> commit(std::string_view hash) const;
     // The row of `hash`, or -1.
     int rowOf(std::string_view hash) const;
     // The pills of each row, in the order they are drawn; refsByRow()[i] belongs to row i.
     const std::vector<std::vector<RowRef>>& refsByRow() const { return refsByRow_; }
     // The loaded pages as git gave them, without the working-tree row.
-    const std::deque<GraphCommit>& cachedGraphCommits() const { return cachedGraphCommits_; }
+    const CommitStore& store() const { return store_; }
     bool isLoading() const { return isLoading_; }
     // Git has commits below the last loaded row.
     bool hasOlderCommits() const { return hasOlderCommits_; }
@@ -79,7 +93,8 @@ class RepoGraphPaneViewModel final : public QObject {
     bool isPaging() const { return isPaging_; }
 
     const std::optional<std::string>& selectedHash() const { return selectedHash_; }
-    const GraphCommit* selectedCommit() const;
+    // The selected commit with its body and abbreviation once they are read, or null.
+    const GraphCommit* selectedCommit() const { return selectedCommit_ ? &*selectedCommit_ : nullptr; }
     bool isUserDrivenSelection() const { return isUserDrivenSelection_; }
     const std::optional<std::vector<FileChange>>& selectedNodeFileChanges() const {
         return selectedNodeFileChanges_;
@@ -115,7 +130,7 @@ class RepoGraphPaneViewModel final : public QObject {
     // The context menu's actions on the commit `hash`. Resets always ask first; cherry-pick and
     // revert ask only while the working tree has changes. Both raise confirmationRequested.
     void copyHash(const std::string& hash);
-    void copyMessage(const std::string& hash);
+    QCoro::Task<void> copyMessage(std::string hash);
     void requestReset(const std::string& hash, ResetMode mode);
     void requestCherryPick(const std::string& hash);
     void requestRevert(const std::string& hash);
@@ -138,7 +153,7 @@ class RepoGraphPaneViewModel final : public QObject {
     bool isSearchVisible() const { return isSearchVisible_; }
     const std::string& searchQuery() const { return searchQuery_; }
     CommitSearchType searchScope() const { return searchScope_; }
-    const std::unordered_set<std::string>& matchingHashes() const { return matchingHashes_; }
+    const TextSet& matchingHashes() const { return matchingHashes_; }
     const std::vector<std::string>& matchingHashesOrdered() const { return matchingHashesOrdered_; }
     int currentMatchIndex() const { return currentMatchIndex_; }
     bool isSearching() const { return isSearching_; }
@@ -161,6 +176,8 @@ class RepoGraphPaneViewModel final : public QObject {
     void rowsAppended(int first);
     void loadingChanged();
     void selectionChanged();
+    // selectedCommit() changed: another selection, its details read, or its refs reloaded.
+    void selectedCommitChanged();
     // selectedNodeFileChanges or isLoadingFileChanges changed.
     void fileChangesChanged();
     // Any search field changed.
@@ -173,12 +190,18 @@ class RepoGraphPaneViewModel final : public QObject {
 
   private:
     void rebuildRows();
-    // Lays out and indexes the rows of cachedGraphCommits_ from `first` on, after the others.
+    // Lays out the rows of the store's commits from `first` on, after the others.
     void layOutFrom(std::size_t first);
     // Adds a page below the loaded rows.
     void appendCommits(std::vector<GraphCommit> page);
     // Loads pages while something below the loaded rows is wanted; one such run at a time.
     QCoro::Task<void> pageOn();
+    void takeStreamedPage();
+    // Ends the pages' run: what git still prints is not wanted.
+    void stopStreaming();
+    void closeStream();
+    // The status line's count while loading to the root.
+    void showProgress();
     bool wantsOlderCommits() const;
     // Selects what the pages were sought for once it has a row.
     void revealSought();
@@ -192,6 +215,9 @@ class RepoGraphPaneViewModel final : public QObject {
     void selectHeadOrNothing();
     // After the pages: selects the checked-out commit when nothing else was sought or kept.
     void settleSelection();
+    std::size_t indexOfRow(int row) const;
+    void refreshSelectedCommit();
+    QCoro::Task<void> readSelectedDetails(std::string hash);
     void loadFileChanges(std::string hash);
     QCoro::Task<void> runFileChanges(std::string hash);
     // The working tree has staged or unstaged changes.
@@ -200,6 +226,8 @@ class RepoGraphPaneViewModel final : public QObject {
     // Raises repositoryChanged and reloads the rows after an action changed the repository.
     void afterChange();
     QCoro::Task<void> pickOrRevert(std::string hash, bool isRevert);
+    // Adds the hits of the immediate search among the store's commits from `first` on.
+    void matchLocally(std::size_t first);
     void rebuildOrderedMatches();
     void moveMatch(int step);
     void clearMatches();
@@ -209,14 +237,13 @@ class RepoGraphPaneViewModel final : public QObject {
     ToastManager& toasts_;
     ActivityCallback activity_;
 
-    // A deque, so that the keys of rowOfHash_ stay valid while pages are added.
-    std::deque<GraphCommit> cachedGraphCommits_;
+    CommitStore store_;
     // The working-tree row, shown above the commits while the working tree has changes.
     std::optional<GraphCommit> wipCommit_;
     // A deque, so that adding a page to a long history never moves or copies the rows above it.
     std::deque<CommitRow> commits_;
-    // Row of each hash; keys view the hashes of cachedGraphCommits_ and wipCommit_.
-    std::unordered_map<std::string_view, int> rowOfHash_;
+    // The date column's texts, measured from when the rows were laid out.
+    RelativeDateFormatter dates_{Instant()};
     std::vector<std::vector<RowRef>> refsByRow_;
     // The pills' spread after the last row, ready for the next page.
     RefSpreading refSpreading_;
@@ -227,6 +254,10 @@ class RepoGraphPaneViewModel final : public QObject {
     bool hasOlderCommits_ = false;
     bool isPaging_ = false;
     LoadGeneration pages_;
+    std::shared_ptr<CommitPageChannel> stream_;
+    bool streamEnded_ = false;
+    bool reachedRoot_ = false;
+    bool showsProgress_ = false;
     // Rows the view wants loaded; pages load until there are this many.
     int wantedRows_ = 0;
     bool wantsEnd_ = false;
@@ -236,8 +267,11 @@ class RepoGraphPaneViewModel final : public QObject {
     std::optional<std::string> soughtHash_;
     // The look-ups of "go to".
     LoadGeneration lookUps_;
+    LoadGeneration messageCopies_;
 
     std::optional<std::string> selectedHash_;
+    std::optional<GraphCommit> selectedCommit_;
+    LoadGeneration detailLoads_;
     bool isUserDrivenSelection_ = false;
     std::optional<std::vector<FileChange>> selectedNodeFileChanges_;
     bool isLoadingFileChanges_ = false;
@@ -250,7 +284,7 @@ class RepoGraphPaneViewModel final : public QObject {
     bool isSearchVisible_ = false;
     std::string searchQuery_;
     CommitSearchType searchScope_ = CommitSearchType::all;
-    std::unordered_set<std::string> matchingHashes_;
+    TextSet matchingHashes_;
     std::vector<std::string> matchingHashesOrdered_;
     // Git's hits, in its order; those without a row yet count and are listed after the loaded ones.
     std::vector<std::string> searchHits_;

@@ -77,13 +77,25 @@ void RepoGraphPaneViewModel::copyHash(const std::string& hash) {
         toasts_.show(localized("Could not copy to clipboard"), ToastType::error);
 }
 
-void RepoGraphPaneViewModel::copyMessage(const std::string& hash) {
-    const GraphCommit* found = commit(hash);
-    if (!found)
-        return;
-    std::string message = found->subject;
-    if (!found->body.empty())
-        message += "\n\n" + found->body;
+// The rows keep subjects only: the whole message is read from git.
+QCoro::Task<void> RepoGraphPaneViewModel::copyMessage(std::string hash) {
+    auto ticket = messageCopies_.begin(this);
+    auto details = service_->commitDetails(repo_, hash, ticket.stopToken());
+    CommitEntry entry;
+    try {
+        entry = co_await std::move(details);
+    } catch (const std::exception& error) {
+        if (!ticket.isCurrent())
+            co_return;
+        qCDebug(lcGraph, "op=commit.copyMessage reason=%s", redactForLog(error.what()).c_str());
+        toasts_.show(localized("Could not copy to clipboard"), ToastType::error);
+        co_return;
+    }
+    if (!ticket.isCurrent())
+        co_return;
+    std::string message = entry.subject;
+    if (!entry.body.empty())
+        message += "\n\n" + entry.body;
     if (!copyToClipboard(QString::fromUtf8(message.data(), static_cast<qsizetype>(message.size()))))
         toasts_.show(localized("Could not copy to clipboard"), ToastType::error);
 }

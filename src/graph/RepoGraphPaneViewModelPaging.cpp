@@ -1,9 +1,11 @@
 // The graph pane's pages: the history below the newest page loads a page ahead of the view, all
 // the way to the root on request, or on to a commit that is sought (the checked-out one, a search
 // hit, a "go to" name); and a refresh keeps the older pages when the newest one still leads into
-// them.
+// them. The pages come from one `git log` that runs while they are wanted, each laid out in a turn
+// of the event loop of its own, so that the view stays responsive however far the load goes.
 #include "graph/RepoGraphPaneViewModel.h"
 
+#include "core/service/CommitPageChannel.h"
 #include "core/service/GitServiceProtocol.h"
 #include "core/support/Log.h"
 #include "graph/CommitSearchMatch.h"
@@ -34,6 +36,7 @@ bool RepoGraphPaneViewModel::wantsOlderCommits() const {
 
 void RepoGraphPaneViewModel::stopPaging() {
     pages_.cancel();
+    closeStream();
     if (isPaging_ && wantsEnd_ && activity_)
         activity_(std::nullopt);
     isPaging_ = false;
@@ -41,6 +44,12 @@ void RepoGraphPaneViewModel::stopPaging() {
     seeksHead_ = false;
     checksSelection_ = false;
     soughtHash_.reset();
+}
+
+void RepoGraphPaneViewModel::closeStream() {
+    if (stream_)
+        stream_->close();
+    stream_.reset();
 }
 
 QCoro::Task<void> RepoGraphPaneViewModel::pageOn() {
@@ -52,40 +61,69 @@ QCoro::Task<void> RepoGraphPaneViewModel::pageOn() {
     }
     auto ticket = pages_.begin(this);
     isPaging_ = true;
-    long size = loadLimit;
-    bool showsProgress = false;
-    while (wantsOlderCommits()) {
-        // Far rows come in growing pages: fewer runs of git, each skipping what is loaded.
-        const bool far = wantsEnd_ || seeksHead_ || soughtHash_ ||
-                         wantedRows_ > static_cast<int>(commits_.size()) + static_cast<int>(loadLimit);
-        if (wantsEnd_ && activity_) {
-            showsProgress = true;
-            activity_(localized("Loading history… %1 commits",
-                                QLocale().toString(static_cast<qlonglong>(cachedGraphCommits_.size()))));
-        }
-        const long skip = static_cast<long>(cachedGraphCommits_.size());
-        qCDebug(lcGraph, "op=graph.page skip=%ld limit=%ld", skip, size);
-        auto page = service_->commitGraphPage(repo_, skip, size, ticket.stopToken());
-        try {
-            std::vector<GraphCommit> loaded = co_await std::move(page);
-            if (!ticket.isCurrent())
-                co_return;
-            hasOlderCommits_ = static_cast<long>(loaded.size()) == size;
-            appendCommits(std::move(loaded));
-        } catch (const std::exception& error) {
-            if (!ticket.isCurrent())
-                co_return;
-            qCDebug(lcGraph, "op=graph.page reason=%s", redactForLog(error.what()).c_str());
-            break;
-        }
-        revealSought();
-        if (far)
-            size = std::min(size * 2, largestPage);
+    showsProgress_ = false;
+    streamEnded_ = false;
+    reachedRoot_ = false;
+    stream_ = std::make_shared<CommitPageChannel>(
+        [this] { QMetaObject::invokeMethod(this, &RepoGraphPaneViewModel::takeStreamedPage, Qt::QueuedConnection); },
+        streamPage);
+    const long skip = static_cast<long>(store_.size());
+    qCDebug(lcGraph, "op=graph.page skip=%ld", skip);
+    showProgress();
+    auto run = service_->streamCommitGraph(repo_, skip, stream_, ticket.stopToken());
+    try {
+        co_await std::move(run);
+        reachedRoot_ = true;
+    } catch (const std::exception& error) {
+        if (!ticket.isCurrent())
+            co_return;
+        // A load ended because nothing more was wanted is no failure.
+        qCDebug(lcGraph, "op=graph.page reason=%s", redactForLog(error.what()).c_str());
     }
+    if (!ticket.isCurrent())
+        co_return;
+    streamEnded_ = true;
+    takeStreamedPage();
+}
+
+// One page a turn; the next turn takes the next page, if one came meanwhile.
+void RepoGraphPaneViewModel::takeStreamedPage() {
+    if (!stream_)
+        return;
+    if (auto page = stream_->take()) {
+        appendCommits(std::move(*page));
+        revealSought();
+        if (!wantsOlderCommits()) {
+            // The rest of git's run is not wanted: closing ends it, and a later load goes on from here.
+            stopStreaming();
+            return;
+        }
+        showProgress();
+        if (stream_->hasPages() || streamEnded_)
+            QMetaObject::invokeMethod(this, &RepoGraphPaneViewModel::takeStreamedPage, Qt::QueuedConnection);
+        return;
+    }
+    if (!streamEnded_)
+        return;
+    hasOlderCommits_ = !reachedRoot_;
+    stopStreaming();
+}
+
+void RepoGraphPaneViewModel::stopStreaming() {
+    closeStream();
+    pages_.cancel();
     isPaging_ = false;
-    if (showsProgress && activity_)
+    if (showsProgress_ && activity_)
         activity_(std::nullopt);
+    showsProgress_ = false;
     finishPaging();
+}
+
+void RepoGraphPaneViewModel::showProgress() {
+    if (!wantsEnd_ || !activity_)
+        return;
+    showsProgress_ = true;
+    activity_(localized("Loading history… %1 commits", QLocale().toString(static_cast<qlonglong>(store_.size()))));
 }
 
 void RepoGraphPaneViewModel::finishPaging() {
@@ -99,19 +137,13 @@ void RepoGraphPaneViewModel::finishPaging() {
 }
 
 void RepoGraphPaneViewModel::appendCommits(std::vector<GraphCommit> page) {
-    const std::size_t first = cachedGraphCommits_.size();
+    const std::size_t first = store_.size();
     const int firstRow = static_cast<int>(commits_.size());
     const bool bringsHead = std::any_of(page.begin(), page.end(), [](const GraphCommit& c) { return c.isHead; });
-    cachedGraphCommits_.insert(cachedGraphCommits_.end(), std::make_move_iterator(page.begin()),
-                               std::make_move_iterator(page.end()));
-    if (!searchQuery_.empty()) {
-        const std::string lowered = lowercased(searchQuery_);
-        for (auto commit = cachedGraphCommits_.begin() + static_cast<std::ptrdiff_t>(first);
-             commit != cachedGraphCommits_.end(); ++commit) {
-            if (matchesLocally(*commit, searchScope_, lowered))
-                matchingHashes_.insert(commit->hash);
-        }
-    }
+    for (const auto& commit : page)
+        store_.append(commit);
+    if (!searchQuery_.empty())
+        matchLocally(first);
     // The working-tree row sits above the checked-out commit and moves every lane below it.
     if (bringsHead && isWorkingTreeDirty()) {
         rebuildRows();
@@ -123,17 +155,17 @@ void RepoGraphPaneViewModel::appendCommits(std::vector<GraphCommit> page) {
         rebuildOrderedMatches();
         emit searchChanged();
     }
+    if (selectedHash_ && !selectedCommit_)
+        refreshSelectedCommit();
     emit rowsAppended(firstRow);
 }
 
 void RepoGraphPaneViewModel::revealSought() {
     if (seeksHead_) {
-        const auto head = std::find_if(cachedGraphCommits_.begin(), cachedGraphCommits_.end(),
-                                       [](const GraphCommit& commit) { return commit.isHead; });
-        if (head != cachedGraphCommits_.end()) {
+        if (const auto head = store_.head()) {
             seeksHead_ = false;
-            if (!selectedHash_ || !commit(*selectedHash_))
-                selectCommit(head->hash, false);
+            if (!selectedHash_ || rowOf(*selectedHash_) < 0)
+                selectCommit(std::string(store_.hash(*head)), false);
         }
     }
     if (soughtHash_ && rowOf(*soughtHash_) >= 0) {
@@ -153,7 +185,7 @@ void RepoGraphPaneViewModel::reveal(std::string hash) {
 }
 
 void RepoGraphPaneViewModel::settleSelection() {
-    const bool lost = checksSelection_ && (!selectedHash_ || !commit(*selectedHash_));
+    const bool lost = checksSelection_ && (!selectedHash_ || rowOf(*selectedHash_) < 0);
     if (seeksHead_ || lost)
         selectHeadOrNothing();
     seeksHead_ = false;
@@ -161,15 +193,14 @@ void RepoGraphPaneViewModel::settleSelection() {
 }
 
 void RepoGraphPaneViewModel::selectHeadOrNothing() {
-    const auto head = std::find_if(cachedGraphCommits_.begin(), cachedGraphCommits_.end(),
-                                   [](const GraphCommit& commit) { return commit.isHead; });
-    if (head != cachedGraphCommits_.end()) {
-        selectCommit(head->hash, false);
+    if (const auto head = store_.head()) {
+        selectCommit(std::string(store_.hash(*head)), false);
         return;
     }
     if (!selectedHash_)
         return;
     selectedHash_.reset();
+    refreshSelectedCommit();
     fileChangeLoads_.cancel();
     selectedNodeFileChanges_.reset();
     isLoadingFileChanges_ = false;
@@ -203,16 +234,17 @@ QCoro::Task<void> RepoGraphPaneViewModel::goTo(std::string name) {
 // git would list next. Their refs that the page shows have moved up and leave them. A page equal
 // to the loaded one changes nothing, and the long layout below it is not redone.
 bool RepoGraphPaneViewModel::mergeNewestPage(std::vector<GraphCommit>& page) {
-    if (static_cast<long>(page.size()) < loadLimit || cachedGraphCommits_.size() <= page.size() ||
+    if (static_cast<long>(page.size()) < loadLimit || store_.size() <= page.size() ||
         std::none_of(page.begin(), page.end(), [](const GraphCommit& commit) { return commit.isHead; }))
         return false;
-    if (std::equal(page.begin(), page.end(), cachedGraphCommits_.begin()))
-        return true;
-    const std::string& last = page.back().hash;
-    const auto end = std::find_if(cachedGraphCommits_.begin(), cachedGraphCommits_.end(),
-                                  [&](const GraphCommit& commit) { return commit.hash == last; });
-    if (end == cachedGraphCommits_.end())
+    const auto end = store_.find(page.back().hash);
+    if (!end)
         return false;
+    bool unchanged = *end + 1 == page.size();
+    for (std::size_t index = 0; unchanged && index < page.size(); ++index)
+        unchanged = store_.commit(index) == page[index];
+    if (unchanged)
+        return true;
     std::unordered_set<std::string_view> onPage;
     std::unordered_set<std::string> pageRefs;
     for (const auto& commit : page) {
@@ -220,22 +252,24 @@ bool RepoGraphPaneViewModel::mergeNewestPage(std::vector<GraphCommit>& page) {
         for (const auto& ref : commit.refs)
             pageRefs.insert(ref.id());
     }
-    const auto below = end + 1;
-    const bool abovePaged = std::all_of(cachedGraphCommits_.begin(), below,
-                                        [&](const GraphCommit& commit) { return onPage.contains(commit.hash); });
-    if (!abovePaged || std::any_of(below, cachedGraphCommits_.end(),
-                                   [&](const GraphCommit& commit) { return onPage.contains(commit.hash); }))
-        return false;
-    qCDebug(lcGraph, "op=graph.load kept=%ld", static_cast<long>(cachedGraphCommits_.end() - below));
-    std::deque<GraphCommit> merged(std::make_move_iterator(page.begin()), std::make_move_iterator(page.end()));
-    for (auto commit = below; commit != cachedGraphCommits_.end(); ++commit) {
-        std::erase_if(commit->refs, [&](const GraphRef& ref) { return pageRefs.contains(ref.id()); });
-        commit->isHead = false;
-        for (auto& ref : commit->refs)
-            ref.isCurrent = false;
-        merged.push_back(std::move(*commit));
+    const std::size_t below = *end + 1;
+    for (std::size_t index = 0; index < store_.size(); ++index) {
+        if ((index < below) != onPage.contains(store_.hash(index)))
+            return false;
     }
-    cachedGraphCommits_ = std::move(merged);
+    qCDebug(lcGraph, "op=graph.load kept=%ld", static_cast<long>(store_.size() - below));
+    CommitStore merged;
+    for (const auto& commit : page)
+        merged.append(commit);
+    for (std::size_t index = below; index < store_.size(); ++index) {
+        GraphCommit kept = store_.commit(index);
+        std::erase_if(kept.refs, [&](const GraphRef& ref) { return pageRefs.contains(ref.id()); });
+        kept.isHead = false;
+        for (auto& ref : kept.refs)
+            ref.isCurrent = false;
+        merged.append(kept);
+    }
+    store_ = std::move(merged);
     rebuildRows();
     return true;
 }

@@ -35,11 +35,20 @@ void RepoGraphPaneViewModel::clearMatches() {
     currentMatchIndex_ = 0;
 }
 
+void RepoGraphPaneViewModel::matchLocally(std::size_t first) {
+    const std::string lowered = lowercased(searchQuery_);
+    for (std::size_t index = first; index < store_.size(); ++index) {
+        if (matchesLocally(store_, index, searchScope_, lowered))
+            matchingHashes_.emplace(store_.hash(index));
+    }
+}
+
 void RepoGraphPaneViewModel::rebuildOrderedMatches() {
     matchingHashesOrdered_.clear();
-    for (const auto& row : commits_) {
-        if (matchingHashes_.contains(row.hash))
-            matchingHashesOrdered_.push_back(row.hash);
+    for (int row = 0; row < static_cast<int>(commits_.size()); ++row) {
+        const std::string_view hash = hashAt(row);
+        if (matchingHashes_.contains(hash))
+            matchingHashesOrdered_.emplace_back(hash);
     }
     for (const auto& hash : searchHits_) {
         if (rowOf(hash) < 0)
@@ -64,13 +73,9 @@ QCoro::Task<void> RepoGraphPaneViewModel::runSearch() {
         co_return;
     }
 
-    const std::string lowered = lowercased(searchQuery_);
     matchingHashes_.clear();
     searchHits_.clear();
-    for (const auto& commit : cachedGraphCommits_) {
-        if (matchesLocally(commit, searchScope_, lowered))
-            matchingHashes_.insert(commit.hash);
-    }
+    matchLocally(0);
     rebuildOrderedMatches();
     emit searchChanged();
     if (!matchingHashesOrdered_.empty())

@@ -65,7 +65,7 @@ void expectArguments(const std::vector<Row>& table) {
     }
 }
 
-const std::string graphLog = "--format=%H%x1f%h%x1f%P%x1f%aN%x1f%aE%x1f%aI%x1f%s%x1f%b%x1f%D%x1e";
+const std::string graphLog = "--format=%H%x1f%P%x1f%aN%x1f%aE%x1f%aI%x1f%s%x1f%D%x1e";
 const std::string historyLog =
     "--format=%x01%H%x00%h%x00%P%x00%aN%x00%aE%x00%aI%x00%cN%x00%cE%x00%cI%x00%s%x00%b%x00%D%x00%G?%x00"
     "%(trailers:key=Co-Authored-By,valueonly,separator=%x1E)";
@@ -348,8 +348,13 @@ TEST(CommandArguments, DiffAndHistoryCommands) {
          {"origin\n\n  upstream\t\nfork\n"}},
         {call(HistoryCommands::commitGraph, 200, RemoteNameSet{}),
          {{"log", "--all", "--topo-order", "-n", "200", graphLog}}},
-        {call(HistoryCommands::commitGraphPage, 4000, 2000, RemoteNameSet{}),
-         {{"log", "--all", "--topo-order", "-n", "2000", "--skip=4000", graphLog}}},
+        {call(HistoryCommands::streamCommitGraph, 4000, std::size_t{2000}, RemoteNameSet{},
+              std::function<void(std::vector<GraphCommit>)>()),
+         {{"log", "--all", "--topo-order", "--skip=4000", graphLog}}},
+        {call(HistoryCommands::commitDetails, std::string("-p")),
+         {{"log", "-n", "1", historyLog, "--end-of-options", "-p"}},
+         {"\x01" + std::string(40, 'a') + "\0aaaaaaa\0\0A\0a@x\0" + "2026-01-01T00:00:00+00:00\0"
+          "C\0c@x\0" "2026-01-01T00:00:00+00:00\0subject\0body\0\0N\0"}},
         {call(HistoryCommands::resolveCommit, std::string("-v1")),
          {{"rev-parse", "--verify", "--quiet", "--end-of-options", "-v1^{commit}"}}},
         {call(HistoryCommands::commitHistory, 30), {{"log", "-n", "30", historyLog}}},

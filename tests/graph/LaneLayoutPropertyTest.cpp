@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <deque>
 #include <map>
 #include <random>
 #include <set>
@@ -14,6 +15,12 @@
 using namespace orvel;
 
 namespace {
+
+// The layout's nodes view their hashes: the names live here for the whole test run.
+std::string_view kept(std::string name) {
+    static std::deque<std::string> names;
+    return names.emplace_back(std::move(name));
+}
 
 // A random history listed children first: commit n may only have parents below n, so listing
 // from the newest down is a topological order. Roots, merges, octopus merges and duplicate
@@ -32,9 +39,9 @@ std::vector<DAGNode> randomHistory(std::mt19937& random, int count) {
     }
     std::vector<DAGNode> nodes;
     for (int n = count - 1; n >= 0; --n) {
-        DAGNode node{"c" + std::to_string(n), {}};
+        DAGNode node{kept("c" + std::to_string(n)), {}};
         for (const int parent : parents[n])
-            node.parents.push_back("c" + std::to_string(parent));
+            node.parents.push_back(kept("c" + std::to_string(parent)));
         nodes.push_back(std::move(node));
     }
     // A real load sorts children before parents but interleaves branches; a few swaps of
@@ -69,9 +76,9 @@ const GraphLane& nodeLaneOf(const CommitRow& row) {
 }
 
 void checkHistory(const std::vector<DAGNode>& nodes) {
-    const auto rows = layoutCommitRows(nodes, {});
+    const auto rows = layoutCommitRows(nodes);
     ASSERT_EQ(rows.size(), nodes.size());
-    std::map<std::string, std::size_t> rowOf;
+    std::map<std::string, std::size_t, std::less<>> rowOf;
     for (std::size_t r = 0; r < nodes.size(); ++r)
         rowOf.emplace(nodes[r].hash, r);
 
@@ -79,7 +86,6 @@ void checkHistory(const std::vector<DAGNode>& nodes) {
     std::set<std::pair<std::size_t, int>> covered; // (row, column) segments below a row's centre
     for (std::size_t r = 0; r < rows.size(); ++r) {
         const CommitRow& row = rows[r];
-        ASSERT_EQ(row.hash, nodes[r].hash);
         // Columns are unique and ascending, and exactly one lane holds the node.
         for (std::size_t i = 1; i < row.lanes.size(); ++i)
             ASSERT_LT(row.lanes[i - 1].index, row.lanes[i].index) << "row " << r;
@@ -137,22 +143,22 @@ void checkHistory(const std::vector<DAGNode>& nodes) {
         // parent's row, in the node or in a column that branches off there; an edge to a parent
         // outside the load runs out of the bottom.
         for (std::size_t p = 0; p < nodes[r].parents.size(); ++p) {
-            const std::string& parent = nodes[r].parents[p];
+            const std::string_view parent = nodes[r].parents[p];
             const auto parentRow = rowOf.find(parent);
             int column = p == 0 ? row.activeLane : row.mergesFrom[p - 1];
             std::size_t s = r + 1;
             covered.insert({r, column});
             for (; s < rows.size(); ++s) {
                 const GraphLane* lane = laneAt(rows[s], column);
-                ASSERT_TRUE(lane) << "edge " << row.hash << "->" << parent << " broken at row " << s;
+                ASSERT_TRUE(lane) << "edge " << nodes[r].hash << "->" << parent << " broken at row " << s;
                 if ((lane->hasNode && lane->lineUp) || contains(rows[s].branchesTo, column))
                     break;
-                ASSERT_TRUE(lane->lineUp) << "edge " << row.hash << "->" << parent << " broken at row " << s;
-                ASSERT_TRUE(lane->lineDown) << "edge " << row.hash << "->" << parent << " ends at row " << s;
+                ASSERT_TRUE(lane->lineUp) << "edge " << nodes[r].hash << "->" << parent << " broken at row " << s;
+                ASSERT_TRUE(lane->lineDown) << "edge " << nodes[r].hash << "->" << parent << " ends at row " << s;
                 covered.insert({s, column});
             }
             if (parentRow != rowOf.end() && parentRow->second > r) {
-                ASSERT_EQ(s, parentRow->second) << "edge " << row.hash << "->" << parent;
+                ASSERT_EQ(s, parentRow->second) << "edge " << nodes[r].hash << "->" << parent;
             } else {
                 ASSERT_EQ(s, rows.size()) << "edge to unloaded " << parent << " stopped";
             }
@@ -186,12 +192,12 @@ TEST(LaneLayoutProperties, HoldForWideHistoriesWithManyTips) {
     std::vector<DAGNode> nodes;
     // Forty branch tips that all come back to a shared trunk, newest first.
     for (int tip = 0; tip < 40; ++tip)
-        nodes.push_back({"tip" + std::to_string(tip), {"trunk" + std::to_string(tip % 10)}});
+        nodes.push_back({kept("tip" + std::to_string(tip)), {kept("trunk" + std::to_string(tip % 10))}});
     for (int trunk = 0; trunk < 10; ++trunk)
-        nodes.push_back({"trunk" + std::to_string(trunk),
-                         {"trunk" + std::to_string(trunk + 1), "side" + std::to_string(trunk)}});
+        nodes.push_back({kept("trunk" + std::to_string(trunk)),
+                         {kept("trunk" + std::to_string(trunk + 1)), kept("side" + std::to_string(trunk))}});
     for (int side = 0; side < 10; ++side)
-        nodes.push_back({"side" + std::to_string(side), {"trunk10"}});
+        nodes.push_back({kept("side" + std::to_string(side)), {"trunk10"}});
     nodes.push_back({"trunk10", {}});
     checkHistory(nodes);
 }

@@ -95,7 +95,7 @@ TEST_F(ChangesPageTest, StageAllThenUnstageOneMovesRowsAndTheTreeShowsFolders) {
     test::saveScreenshot(view, "changes-page");
 
     // The graph's working-tree row lists the same files on the history page, one row a path.
-    ASSERT_TRUE(QTest::qWaitFor([&] { return tab.graph().commit(RepoGraphPaneViewModel::workingTreeHash); }));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return tab.graph().rowOf(RepoGraphPaneViewModel::workingTreeHash) == 0; }));
     tab.graph().selectCommit(std::string(RepoGraphPaneViewModel::workingTreeHash));
     EXPECT_TRUE(QTest::qWaitFor([&] { return rows("history.file-list") == 4; }));
 
@@ -134,8 +134,8 @@ TEST_F(ChangesPageTest, CommitFromTheFormReachesTheGraph) {
     // A second press can't reach the running commit.
     EXPECT_FALSE(find<QPushButton>("commit-form.submit").isEnabled());
     ASSERT_TRUE(QTest::qWaitFor([&] {
-        const auto& commits = tab.graph().cachedGraphCommits();
-        return !commits.empty() && commits.front().subject == "Add the notes";
+        const auto& commits = tab.graph().store();
+        return !commits.empty() && commits.subject(0) == "Add the notes";
     }));
     EXPECT_TRUE(listsShow(0, 0));
     EXPECT_EQ(find<QLineEdit>("commit-form.subject").text(), "");

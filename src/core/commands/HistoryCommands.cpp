@@ -17,16 +17,47 @@ RemoteNameSet remoteNames(GitExecutorProtocol& git, const std::string& repoPath)
 
 std::vector<GraphCommit> commitGraph(GitExecutorProtocol& git, const std::string& repoPath, long limit,
                                      const RemoteNameSet& remoteNames) {
-    return commitGraphPage(git, repoPath, 0, limit, remoteNames);
+    const GitExecutorProtocol::Arguments arguments{"log", "--all", "--topo-order", "-n", std::to_string(limit),
+                                                   std::string(graphFormat)};
+    return GitOutputParser::parseCommitGraph(git.execute(arguments, repoPath), remoteNames);
 }
 
-std::vector<GraphCommit> commitGraphPage(GitExecutorProtocol& git, const std::string& repoPath, long skip,
-                                         long limit, const RemoteNameSet& remoteNames) {
-    GitExecutorProtocol::Arguments arguments{"log", "--all", "--topo-order", "-n", std::to_string(limit)};
+void streamCommitGraph(GitExecutorProtocol& git, const std::string& repoPath, long skip, std::size_t pageSize,
+                       const RemoteNameSet& remoteNames,
+                       const std::function<void(std::vector<GraphCommit>)>& deliver) {
+    GitExecutorProtocol::Arguments arguments{"log", "--all", "--topo-order"};
     if (skip > 0)
         arguments.push_back("--skip=" + std::to_string(skip));
     arguments.emplace_back(graphFormat);
-    return GitOutputParser::parseCommitGraph(git.execute(arguments, repoPath), remoteNames);
+    std::string unread; // the piece after the last whole record
+    std::vector<GraphCommit> page;
+    const auto take = [&](std::string_view records) {
+        for (auto& commit : GitOutputParser::parseCommitGraph(records, remoteNames)) {
+            page.push_back(std::move(commit));
+            if (page.size() == pageSize)
+                deliver(std::exchange(page, {}));
+        }
+    };
+    git.executeStreaming(arguments, repoPath, [&](std::string_view piece) {
+        unread.append(piece);
+        const std::size_t end = unread.rfind(graphRecordEnd);
+        if (end == std::string::npos)
+            return;
+        take(std::string_view(unread).substr(0, end + 1));
+        unread.erase(0, end + 1);
+    });
+    take(unread);
+    if (!page.empty())
+        deliver(std::move(page));
+}
+
+CommitEntry commitDetails(GitExecutorProtocol& git, const std::string& repoPath, const std::string& hash) {
+    const std::string output =
+        git.execute({"log", "-n", "1", std::string(historyFormat), "--end-of-options", hash}, repoPath);
+    auto entries = GitOutputParser::parseCommitHistory(output);
+    if (entries.empty())
+        throw GitServiceError::commandFailed("log", "no commit " + hash);
+    return std::move(entries.front());
 }
 
 std::optional<std::string> resolveCommit(GitExecutorProtocol& git, const std::string& repoPath,

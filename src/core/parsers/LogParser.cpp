@@ -13,11 +13,10 @@ namespace orvel::GitOutputParser {
 
 namespace {
 
-constexpr char graphRecordEnd = '\x1e';
 constexpr char graphFieldSeparator = '\x1f';
 constexpr char historyRecordStart = '\x01';
 constexpr char historyFieldSeparator = '\0';
-constexpr std::size_t graphFieldCount = 9;
+constexpr std::size_t graphFieldCount = 7;
 constexpr std::size_t historyFieldCount = 14;
 
 std::string_view trimmedView(std::string_view text, std::string_view characters) {
@@ -147,15 +146,13 @@ std::vector<GraphCommit> parseCommitGraph(std::string_view output, const RemoteN
             return true;
         GraphCommit commit;
         commit.hash = fields[0];
-        commit.abbreviatedHash = fields[1];
-        commit.parentHashes = nonEmptyPieces(fields[2], " ");
-        commit.date = readIsoDateOrDistantPast(fields[5]);
+        commit.parentHashes = nonEmptyPieces(fields[1], " ");
+        commit.date = readIsoDateOrDistantPast(fields[4]);
         commit.authors.push_back(
-            {freshAuthorId(), std::string(fields[3]), std::string(fields[4]), std::nullopt, commit.date});
-        commit.subject = fields[6];
-        commit.body = fields[7];
-        if (!fields[8].empty())
-            readDecorations(fields[8], remoteNames, commit);
+            {freshAuthorId(), std::string(fields[2]), std::string(fields[3]), std::nullopt, commit.date});
+        commit.subject = fields[5];
+        if (!fields[6].empty())
+            readDecorations(fields[6], remoteNames, commit);
         commits.push_back(std::move(commit));
         return true;
     });

@@ -15,6 +15,7 @@ namespace orvel {
 struct GraphCommit {
     // The full hash; "wip" marks the synthetic working-tree row of the graph pane.
     std::string hash;
+    // Both empty as the graph reads its commits; the detail pane reads them for the selected one.
     std::string abbreviatedHash;
     std::vector<std::string> parentHashes; // first parent first
     std::string subject;

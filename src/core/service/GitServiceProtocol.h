@@ -18,10 +18,12 @@
 #include "core/records/RepoEntry.h"
 #include "core/records/StashEntry.h"
 #include "core/records/TagEntry.h"
+#include "core/service/CommitPageChannel.h"
 #include "core/service/OperationResults.h"
 
 #include <QCoro/QCoroTask>
 
+#include <memory>
 #include <optional>
 #include <stop_token>
 #include <string>
@@ -60,9 +62,13 @@ class GitServiceProtocol {
                                                                 std::stop_token cancellation = {}) = 0;
     virtual QCoro::Task<std::vector<GraphCommit>> commitGraph(RepoEntry repo, long limit,
                                                               std::stop_token cancellation = {}) = 0;
-    // The commits of the graph after the first `skip` of them, at most `limit`.
-    virtual QCoro::Task<std::vector<GraphCommit>> commitGraphPage(RepoEntry repo, long skip, long limit,
-                                                                  std::stop_token cancellation = {}) = 0;
+    // The commits of the graph after the first `skip` of them, down to the root, pushed to `pages`
+    // while git prints them; ends when git has ended, or with OperationCancelled once `pages` closes.
+    virtual QCoro::Task<void> streamCommitGraph(RepoEntry repo, long skip, std::shared_ptr<CommitPageChannel> pages,
+                                                std::stop_token cancellation = {}) = 0;
+    // The whole record of one commit: its body and git's abbreviation of its hash.
+    virtual QCoro::Task<CommitEntry> commitDetails(RepoEntry repo, std::string hash,
+                                                   std::stop_token cancellation = {}) = 0;
     // The full hash of the commit a hash, prefix, branch or tag names, or nothing.
     virtual QCoro::Task<std::optional<std::string>> resolveCommit(RepoEntry repo, std::string name,
                                                                   std::stop_token cancellation = {}) = 0;

@@ -43,8 +43,10 @@ class MockGitService : public GitServiceProtocol {
                                                         std::stop_token cancellation = {}) override;
     QCoro::Task<std::vector<GraphCommit>> commitGraph(RepoEntry repo, long limit,
                                                       std::stop_token cancellation = {}) override;
-    QCoro::Task<std::vector<GraphCommit>> commitGraphPage(RepoEntry repo, long skip, long limit,
-                                                          std::stop_token cancellation = {}) override;
+    QCoro::Task<void> streamCommitGraph(RepoEntry repo, long skip, std::shared_ptr<CommitPageChannel> pages,
+                                        std::stop_token cancellation = {}) override;
+    QCoro::Task<CommitEntry> commitDetails(RepoEntry repo, std::string hash,
+                                           std::stop_token cancellation = {}) override;
     QCoro::Task<std::optional<std::string>> resolveCommit(RepoEntry repo, std::string name,
                                                           std::stop_token cancellation = {}) override;
     QCoro::Task<DiffResult> diff(RepoEntry repo, DiffContext context, std::optional<int> contextLines,

@@ -3,6 +3,10 @@
 // authors.
 #include "core/service/MockGitService.h"
 
+#include "core/service/GitServiceError.h"
+
+#include <QCoro/QCoroTimer>
+
 #include <algorithm>
 #include <cctype>
 #include <chrono>
@@ -16,7 +20,6 @@ GraphCommit cannedCommit(std::string hash, std::vector<std::string> parents, std
                          int dayOfMonth, std::vector<GraphRef> refs = {}) {
     using namespace std::chrono;
     GraphCommit commit;
-    commit.abbreviatedHash = hash.substr(0, 7);
     commit.hash = std::move(hash);
     commit.parentHashes = std::move(parents);
     commit.subject = std::move(subject);
@@ -51,7 +54,7 @@ std::vector<std::string> decorationsOf(const GraphCommit& commit) {
 CommitEntry MockGitService::entryOf(const GraphCommit& commit) {
     CommitEntry entry;
     entry.hash = commit.hash;
-    entry.abbreviatedHash = commit.abbreviatedHash;
+    entry.abbreviatedHash = commit.hash.substr(0, 7);
     if (!commit.authors.empty()) {
         entry.authorName = commit.authors.front().name;
         entry.authorEmail = commit.authors.front().email.value_or("");
@@ -150,17 +153,28 @@ QCoro::Task<std::vector<CommitEntry>> MockGitService::commitHistory(RepoEntry, l
     co_return history;
 }
 
-QCoro::Task<std::vector<GraphCommit>> MockGitService::commitGraph(RepoEntry repo, long limit,
-                                                                  std::stop_token cancellation) {
-    return commitGraphPage(std::move(repo), 0, limit, std::move(cancellation));
+QCoro::Task<std::vector<GraphCommit>> MockGitService::commitGraph(RepoEntry, long limit, std::stop_token) {
+    co_return std::vector<GraphCommit>(graph.begin(), graph.begin() + std::clamp<long>(limit, 0, graph.size()));
 }
 
-QCoro::Task<std::vector<GraphCommit>> MockGitService::commitGraphPage(RepoEntry, long skip, long limit,
-                                                                      std::stop_token) {
-    const long size = static_cast<long>(graph.size());
-    const long first = std::clamp<long>(skip, 0, size);
-    const long last = first + std::clamp<long>(limit, 0, size - first);
-    co_return std::vector<GraphCommit>(graph.begin() + first, graph.begin() + last);
+// Pushes a page only once the one before was taken: this service runs on the consumer's thread,
+// where a full channel would wait forever.
+QCoro::Task<void> MockGitService::streamCommitGraph(RepoEntry, long skip, std::shared_ptr<CommitPageChannel> pages,
+                                                    std::stop_token) {
+    const auto size = static_cast<long>(graph.size());
+    const auto pageSize = static_cast<long>(pages->pageSize());
+    for (long first = std::clamp<long>(skip, 0, size); first < size; first += pageSize) {
+        while (pages->hasPages())
+            co_await QCoro::sleepFor(std::chrono::milliseconds(1));
+        pages->push(std::vector<GraphCommit>(graph.begin() + first, graph.begin() + std::min(first + pageSize, size)));
+    }
+}
+
+QCoro::Task<CommitEntry> MockGitService::commitDetails(RepoEntry, std::string hash, std::stop_token) {
+    const auto found = std::ranges::find(graph, hash, &GraphCommit::hash);
+    if (found == graph.end())
+        throw GitServiceError::commandFailed("log", "no commit " + hash);
+    co_return entryOf(*found);
 }
 
 // A full hash or a unique prefix of one in the canned graph, or a ref's name on it.

@@ -32,7 +32,7 @@ QCoro::Task<std::vector<RebaseTodoEntry>> MockGitService::rebaseTodoList(RepoEnt
     while (current != graph.end() && current != target) {
         RebaseTodoEntry entry;
         entry.id = QUuid::createUuid();
-        entry.hash = current->abbreviatedHash;
+        entry.hash = current->hash.substr(0, 7);
         entry.subject = current->subject;
         entries.push_back(std::move(entry));
         if (current->parentHashes.empty())

@@ -134,7 +134,6 @@ GraphCommit& MockGitService::addCommit(const std::string& message, bool amend) {
     char hash[41];
     std::snprintf(hash, sizeof hash, "%08x%032x", 0xc0ffee00u + static_cast<unsigned>(++madeCommits_), 0u);
     made.hash = hash;
-    made.abbreviatedHash = made.hash.substr(0, 7);
     // git reads the first paragraph as the subject, joined into one line, and ends a body with a
     // newline.
     const auto paragraphEnd = message.find("\n\n");

@@ -89,7 +89,7 @@ std::string MockGitService::wipMessage() const {
     const auto head = std::ranges::find_if(graph, &GraphCommit::isHead);
     std::string message = "WIP on " + repository.currentBranch.value_or("(no branch)") + ":";
     if (head != graph.end())
-        message += " " + head->abbreviatedHash + " " + head->subject;
+        message += " " + head->hash.substr(0, 7) + " " + head->subject;
     return message;
 }
 

@@ -25,13 +25,24 @@ QCoro::Task<std::vector<GraphCommit>> NativeGitService::commitGraph(RepoEntry re
                   });
 }
 
-QCoro::Task<std::vector<GraphCommit>> NativeGitService::commitGraphPage(RepoEntry repo, long skip, long limit,
-                                                                        std::stop_token cancellation) {
-    qCDebug(lcGraph, "commitGraphPage: skip=%ld limit=%ld in %s", skip, limit, repo.path.c_str());
+QCoro::Task<void> NativeGitService::streamCommitGraph(RepoEntry repo, long skip,
+                                                     std::shared_ptr<CommitPageChannel> pages,
+                                                     std::stop_token cancellation) {
+    qCDebug(lcGraph, "streamCommitGraph: skip=%ld in %s", skip, repo.path.c_str());
     return queued(repo.path, cancellation,
-                  [cache = remoteNames_, skip, limit](GitExecutorProtocol& git, const std::string& repoPath) {
-                      return HistoryCommands::commitGraphPage(git, repoPath, skip, limit,
-                                                              cache->names(git, repoPath));
+                  [cache = remoteNames_, skip, pages](GitExecutorProtocol& git, const std::string& repoPath) {
+                      HistoryCommands::streamCommitGraph(
+                          git, repoPath, skip, pages->pageSize(), cache->names(git, repoPath),
+                          [&pages](std::vector<GraphCommit> page) { pages->push(std::move(page)); });
+                  });
+}
+
+QCoro::Task<CommitEntry> NativeGitService::commitDetails(RepoEntry repo, std::string hash,
+                                                         std::stop_token cancellation) {
+    qCDebug(lcGraph, "commitDetails: in %s", repo.path.c_str());
+    return queued(repo.path, cancellation,
+                  [hash = std::move(hash)](GitExecutorProtocol& git, const std::string& repoPath) {
+                      return HistoryCommands::commitDetails(git, repoPath, hash);
                   });
 }
 

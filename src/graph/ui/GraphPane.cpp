@@ -132,7 +132,7 @@ void GraphPane::showAppendedRows(int first) {
     const int last = static_cast<int>(model_.commits().size()) - 1;
     if (followsEnd_ != EndFollowing::none && !model_.hasOlderCommits() && last >= 0) {
         if (followsEnd_ == EndFollowing::select)
-            model_.selectCommit(model_.commits()[static_cast<std::size_t>(last)].hash, true);
+            model_.selectCommit(std::string(model_.hashAt(last)), true);
         else
             table_->scrollToBottom();
         followsEnd_ = EndFollowing::none;
@@ -192,7 +192,7 @@ void GraphPane::userSelected() {
     const int row = table_->currentIndex().row();
     if (row < 0 || static_cast<std::size_t>(row) >= model_.commits().size())
         return;
-    model_.selectCommit(model_.commits()[static_cast<std::size_t>(row)].hash, true);
+    model_.selectCommit(std::string(model_.hashAt(row)), true);
 }
 
 void GraphPane::openSearch() {
@@ -205,9 +205,9 @@ void GraphPane::showContextMenu(const QPoint& position) {
     const QModelIndex index = table_->indexAt(position);
     if (!index.isValid())
         return;
-    const std::string hash = model_.commits()[static_cast<std::size_t>(index.row())].hash;
-    if (hash == RepoGraphPaneViewModel::workingTreeHash)
+    if (model_.isWorkingTreeRow(index.row()))
         return;
+    const std::string hash(model_.hashAt(index.row()));
     QMenu* menu = contextMenu(hash);
     menu->setAttribute(Qt::WA_DeleteOnClose);
     menu->popup(table_->viewport()->mapToGlobal(position));

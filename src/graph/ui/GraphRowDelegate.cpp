@@ -42,11 +42,11 @@ void GraphRowDelegate::paint(QPainter* painter, const QStyleOptionViewItem& opti
     style->drawPrimitive(QStyle::PE_PanelItemViewItem, &option, painter, widget);
 
     const CommitRow& commit = model_.commits()[static_cast<std::size_t>(row)];
-    const bool isWorkingTree = commit.hash == RepoGraphPaneViewModel::workingTreeHash;
+    const bool isWorkingTree = model_.isWorkingTreeRow(row);
     const bool isSelected = option.state & QStyle::State_Selected;
     const bool highlighting = !model_.searchQuery().empty();
     const bool faded =
-        highlighting && !isSelected && !isWorkingTree && !model_.matchingHashes().contains(commit.hash);
+        highlighting && !isSelected && !isWorkingTree && !model_.matchingHashes().contains(model_.hashAt(row));
 
     const qreal ratio = painter->device()->devicePixelRatioF();
     const GraphCellCache::Key key{row, index.column(), option.rect.width(), option.rect.height(), isSelected, ratio};

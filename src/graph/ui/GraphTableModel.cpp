@@ -9,7 +9,7 @@ namespace orvel {
 
 namespace {
 
-QString text(const std::string& bytes) {
+QString text(std::string_view bytes) {
     return QString::fromUtf8(bytes.data(), static_cast<qsizetype>(bytes.size()));
 }
 
@@ -29,22 +29,22 @@ int GraphTableModel::columnCount(const QModelIndex& parent) const {
 QVariant GraphTableModel::data(const QModelIndex& index, int role) const {
     if (!index.isValid() || static_cast<std::size_t>(index.row()) >= model_.commits().size())
         return {};
-    const CommitRow& row = model_.commits()[static_cast<std::size_t>(index.row())];
+    const int row = index.row();
     if (role == Qt::AccessibleTextRole)
         return accessibleText(index.row());
     if (role != Qt::DisplayRole && role != Qt::ToolTipRole)
         return {};
     switch (index.column()) {
     case messageColumn:
-        return text(row.message);
+        return text(model_.subjectAt(row));
     case authorColumn:
-        return text(row.author);
+        return text(model_.authorAt(row));
     case hashColumn:
-        if (row.hash == RepoGraphPaneViewModel::workingTreeHash)
+        if (model_.isWorkingTreeRow(row))
             return {};
-        return role == Qt::ToolTipRole ? text(row.hash) : text(row.hash.substr(0, 7));
+        return role == Qt::ToolTipRole ? text(model_.hashAt(row)) : text(model_.hashAt(row).substr(0, 7));
     case dateColumn:
-        return text(row.date);
+        return text(model_.dateTextAt(row));
     default:
         return {};
     }
@@ -52,8 +52,7 @@ QVariant GraphTableModel::data(const QModelIndex& index, int role) const {
 
 // A row reads as "subject, author, date, refs".
 QString GraphTableModel::accessibleText(int row) const {
-    const CommitRow& commit = model_.commits()[static_cast<std::size_t>(row)];
-    QStringList parts{text(commit.message), text(commit.author), text(commit.date)};
+    QStringList parts{text(model_.subjectAt(row)), text(model_.authorAt(row)), text(model_.dateTextAt(row))};
     QStringList refs;
     for (const auto& placed : model_.refsByRow()[static_cast<std::size_t>(row)]) {
         if (placed.opacity >= 1.0)

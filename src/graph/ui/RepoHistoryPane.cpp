@@ -73,9 +73,7 @@ RepoHistoryPane::RepoHistoryPane(RepoGraphPaneViewModel& graph, QWidget* parent)
             &RepoHistoryPane::showWorkingTreeDiffRequested);
     connect(authors_, &RepoHistoryAuthorsSection::parentActivated, this,
             [this](const std::string& hash) { graph_.selectCommit(hash); });
-    connect(&graph_, &RepoGraphPaneViewModel::selectionChanged, this, &RepoHistoryPane::showSelection);
-    // A reload can replace the selected commit's record while the hash stays.
-    connect(&graph_, &RepoGraphPaneViewModel::commitsChanged, this, &RepoHistoryPane::showSelection);
+    connect(&graph_, &RepoGraphPaneViewModel::selectedCommitChanged, this, &RepoHistoryPane::showSelection);
     retranslate();
     showSelection();
 }
