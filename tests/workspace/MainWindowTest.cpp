@@ -1,6 +1,7 @@
 // The window end to end on real repositories: two tabs side by side that keep their views when
-// switched, the welcome page after the last tab closes, and a change made from a terminal that
-// reaches the open tab through the file-system watcher.
+// switched, the welcome page after the last tab closes, tabs and the window title named by folder
+// and branch, and a change made from a terminal that reaches the open tab through the file-system
+// watcher.
 #include "workspace/ui/MainWindow.h"
 
 #include "content/ui/WelcomeView.h"
@@ -17,6 +18,7 @@
 #include "workspace/FileSystemWatcher.h"
 #include "workspace/ui/RepositoryTabView.h"
 
+#include <QFileInfo>
 #include <QStackedWidget>
 #include <QTabBar>
 #include <QTest>
@@ -44,7 +46,13 @@ class Window : public ::testing::Test {
     QWidget& currentView() {
         return *window.findChild<QStackedWidget*>("main-window.tab-views")->currentWidget();
     }
-    void open(const test::TempRepo& repo) { test::await(model.openRepository(repo.path())); }
+    void open(const std::string& path) { test::await(model.openRepository(path)); }
+    void open(const test::TempRepo& repo) { open(repo.path()); }
+    // "folder — branch", as the tab of the repository at `path` reads.
+    static QString tabTitle(const std::string& path, const char* branch) {
+        return QFileInfo(QString::fromStdString(path)).fileName() + QStringLiteral(" — ") +
+               QString::fromLatin1(branch);
+    }
 
     test::TempRepo alpha, beta;
     InMemoryUserDefaults defaults;
@@ -63,8 +71,8 @@ TEST_F(Window, TwoTabsKeepTheirViewsWhenSwitchedAndClosingTheLastShowsWelcome) {
     open(alpha);
     open(beta);
     ASSERT_EQ(tabBar().count(), 2);
-    EXPECT_EQ(tabBar().tabText(0), "main");
-    EXPECT_EQ(tabBar().tabText(1), "topic");
+    EXPECT_EQ(tabBar().tabText(0), tabTitle(alpha.path(), "main"));
+    EXPECT_EQ(tabBar().tabText(1), tabTitle(beta.path(), "topic"));
     QWidget* betaView = &currentView();
     WorkspaceTabState& alphaTab = *model.openTabs()[0];
     ASSERT_TRUE(QTest::qWaitFor([&] { return !alphaTab.graph().commits().empty(); }, 5000));
@@ -101,5 +109,41 @@ TEST_F(Window, ChangesFromATerminalReachTheOpenTab) {
     const std::string third = alpha.commitAll("third");
     alpha.git({"checkout", "-q", "-b", "feature"});
     EXPECT_TRUE(QTest::qWaitFor([&] { return tab.graph().rowOf(third) == 0; }, 5000));
-    EXPECT_TRUE(QTest::qWaitFor([&] { return tabBar().tabText(0) == "feature"; }, 5000));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return tabBar().tabText(0) == tabTitle(alpha.path(), "feature"); }, 5000));
+}
+
+// Two clones on "main" differ by their folders: the tab names the folder and the branch, its
+// tooltip the whole path, and the window title the active one. One open repository keeps its tab.
+TEST_F(Window, TabsAndTitleNameTheFolderAndTheBranch) {
+    test::TempDir clones;
+    const std::string first = clones / "orvel";
+    const std::string second = clones / "orvel-fix";
+    test::git(clones.path(), {"clone", "-q", alpha.path(), first});
+    test::git(clones.path(), {"clone", "-q", alpha.path(), second});
+    window.resize(900, 600);
+    window.show();
+
+    open(first);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return tabBar().tabText(0) == QStringLiteral("orvel — main"); }, 5000))
+        << tabBar().tabText(0).toStdString();
+    EXPECT_TRUE(tabBar().isVisible());
+    EXPECT_EQ(tabBar().tabToolTip(0), QString::fromStdString(first));
+    EXPECT_EQ(window.windowTitle(), QStringLiteral("orvel — main — Orvel"));
+
+    open(second);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return tabBar().tabText(1) == QStringLiteral("orvel-fix — main"); }, 5000))
+        << tabBar().tabText(1).toStdString();
+    EXPECT_EQ(tabBar().tabText(0), QStringLiteral("orvel — main"));
+    EXPECT_EQ(tabBar().tabToolTip(1), QString::fromStdString(second));
+    EXPECT_EQ(window.windowTitle(), QStringLiteral("orvel-fix — main — Orvel"));
+    test::git(second, {"checkout", "-q", "--detach", "HEAD~1"});
+    model.activeTab()->refresh();
+    const QString detached = QStringLiteral("orvel-fix — ") + QString::fromStdString(alpha.rev("HEAD~1").substr(0, 7));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return tabBar().tabText(1) == detached; }, 5000))
+        << tabBar().tabText(1).toStdString();
+    EXPECT_EQ(window.windowTitle(), detached + QStringLiteral(" — Orvel"));
+    test::saveScreenshot(window, "main-window-tabs-named-by-folder");
+
+    QTest::keyClick(&window, Qt::Key_PageUp, Qt::ControlModifier);
+    EXPECT_EQ(window.windowTitle(), QStringLiteral("orvel — main — Orvel"));
 }

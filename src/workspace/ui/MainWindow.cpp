@@ -310,8 +310,7 @@ void MainWindow::updateTitle() {
         setWindowTitle(QStringLiteral("Orvel"));
         return;
     }
-    const QString folder = QFileInfo(QString::fromStdString(active->repo().path)).fileName();
-    setWindowTitle(QStringLiteral("%1 (%2) — Orvel").arg(folder, active->title()));
+    setWindowTitle(QStringLiteral("%1 — Orvel").arg(active->title()));
 }
 
 void MainWindow::stepTab(int step) {
