@@ -1,7 +1,7 @@
 // The window end to end on real repositories: two tabs side by side that keep their views when
 // switched, the welcome page after the last tab closes, tabs and the window title named by folder
-// and branch, and a change made from a terminal that reaches the open tab through the file-system
-// watcher.
+// and branch, the Window menu's shortcuts as the keys read, and a change made from a terminal that
+// reaches the open tab through the file-system watcher.
 #include "workspace/ui/MainWindow.h"
 
 #include "content/ui/WelcomeView.h"
@@ -16,9 +16,14 @@
 #include "support/Screenshot.h"
 #include "workspace/AppViewModel.h"
 #include "workspace/FileSystemWatcher.h"
+#include "workspace/ShortcutText.h"
 #include "workspace/ui/RepositoryTabView.h"
 
 #include <QFileInfo>
+#include <QMenu>
+#include <QPainter>
+#include <QProxyStyle>
+#include <QStyleOptionMenuItem>
 #include <QStackedWidget>
 #include <QTabBar>
 #include <QTest>
@@ -63,7 +68,62 @@ class Window : public ::testing::Test {
     MainWindow window{model, defaults};
 };
 
+// Remembers the text of every menu item it is asked to draw.
+class MenuTextRecorder final : public QProxyStyle {
+  public:
+    QStringList drawn;
+
+    void drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
+                     const QWidget* widget) const override {
+        if (element == CE_MenuItem)
+            if (const auto* item = qstyleoption_cast<const QStyleOptionMenuItem*>(option))
+                const_cast<MenuTextRecorder*>(this)->drawn.append(item->text);
+        QProxyStyle::drawControl(element, option, painter, widget);
+    }
+};
+
 } // namespace
+
+TEST(ShortcutText, NamesTheKeysAsTheyArePressed) {
+    const std::pair<QKeySequence, QString> cases[] = {
+        {QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Backtab), "Ctrl+Shift+Tab"},
+        {QKeySequence(Qt::CTRL | Qt::Key_Backtab), "Ctrl+Shift+Tab"},
+        {QKeySequence(Qt::Key_Backtab), "Shift+Tab"},
+        {QKeySequence(Qt::CTRL | Qt::Key_Tab), "Ctrl+Tab"},
+        {QKeySequence(Qt::CTRL | Qt::Key_PageUp), "Ctrl+PgUp"},
+        {QKeySequence(Qt::CTRL | Qt::Key_K, Qt::SHIFT | Qt::Key_Backtab), "Ctrl+K, Shift+Tab"},
+        {QKeySequence(), ""},
+    };
+    for (const auto& [sequence, text] : cases)
+        EXPECT_EQ(shortcutText(sequence), text) << sequence.toString().toStdString();
+}
+
+// The Window menu reads "Ctrl+Shift+Tab", and the keys that name still step back through the tabs.
+TEST_F(Window, WindowMenuNamesTheTabKeysAsTheyArePressed) {
+    window.show();
+    open(alpha);
+    open(beta);
+    QAction& previous = *window.findChild<QAction*>("menu.previous-tab");
+    QMenu* menu = nullptr;
+    for (QObject* associated : previous.associatedObjects())
+        if ((menu = qobject_cast<QMenu*>(associated)))
+            break;
+    ASSERT_NE(menu, nullptr);
+    MenuTextRecorder recorder;
+    menu->setStyle(&recorder);
+    menu->popup(window.mapToGlobal(QPoint(0, 0)));
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(menu));
+    test::saveScreenshot(*menu, QStringLiteral("main-window-window-menu"), menu->size());
+    menu->hide();
+    menu->setStyle(nullptr);
+    EXPECT_TRUE(recorder.drawn.contains(QStringLiteral("Next Tab\tCtrl+Tab"))) << recorder.drawn.join(" | ").toStdString();
+    EXPECT_TRUE(recorder.drawn.contains(QStringLiteral("Previous Tab\tCtrl+Shift+Tab")))
+        << recorder.drawn.join(" | ").toStdString();
+
+    ASSERT_EQ(tabBar().currentIndex(), 1);
+    QTest::keyClick(&window, Qt::Key_Backtab, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_EQ(tabBar().currentIndex(), 0);
+}
 
 TEST_F(Window, TwoTabsKeepTheirViewsWhenSwitchedAndClosingTheLastShowsWelcome) {
     window.show();
