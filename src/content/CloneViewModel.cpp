@@ -14,9 +14,10 @@ namespace orvel {
 
 CloneViewModel::CloneViewModel(std::shared_ptr<GitServiceProtocol> service,
                                std::shared_ptr<UserDefaults> defaults, QObject* parent)
-    : QObject(parent), service_(std::move(service)), defaults_(std::move(defaults)) {}
+    : QObject(parent), service_(std::move(service)), defaults_(std::move(defaults)),
+      destinationFolder_(QDir::homePath()) {}
 
-QString CloneViewModel::cloneDestination(const QString& url, const QString& folder) {
+QString CloneViewModel::repositoryName(const QString& url) {
     const QString trimmed = url.trimmed();
     const QUrl parsed(trimmed);
     // "git@host:owner/name.git" is no URL; its path follows the colon.
@@ -27,23 +28,37 @@ QString CloneViewModel::cloneDestination(const QString& url, const QString& fold
     name = name.section(QLatin1Char(':'), -1);
     if (name.endsWith(QLatin1String(".git")))
         name.chop(4);
-    if (name.isEmpty() || name == QLatin1String(".") || name == QLatin1String(".."))
-        return folder;
-    return QDir(folder).filePath(name);
+    if (name == QLatin1String(".") || name == QLatin1String(".."))
+        return {};
+    return name;
+}
+
+QString CloneViewModel::cloneDestination(const QString& url, const QString& folder) {
+    const QString name = repositoryName(url);
+    return name.isEmpty() ? folder : QDir(folder).filePath(name);
 }
 
 void CloneViewModel::setUrlText(const QString& text) {
     urlText_ = text;
+    if (!destinationTyped_) {
+        // A URL that names no repository yet leaves nothing to fill in.
+        destinationPath_ =
+            repositoryName(text).isEmpty() ? QString() : cloneDestination(text, destinationFolder_);
+    }
     emit formChanged();
 }
 
 void CloneViewModel::setDestinationPath(const QString& path) {
     destinationPath_ = path;
+    destinationTyped_ = !path.trimmed().isEmpty();
     emit formChanged();
 }
 
 void CloneViewModel::chooseDestinationFolder(const QString& folder) {
-    setDestinationPath(cloneDestination(urlText_, folder));
+    destinationFolder_ = folder;
+    destinationTyped_ = false;
+    destinationPath_ = cloneDestination(urlText_, folder);
+    emit formChanged();
 }
 
 bool CloneViewModel::canClone() const {

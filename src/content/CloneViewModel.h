@@ -26,15 +26,22 @@ class CloneViewModel final : public QObject {
     CloneViewModel(std::shared_ptr<GitServiceProtocol> service, std::shared_ptr<UserDefaults> defaults,
                    QObject* parent = nullptr);
 
-    // The folder a clone of `url` lands in below `folder`: the URL's last path component without
-    // ".git", or the folder itself when the URL names none.
+    // The name of the folder a clone of `url` makes: the URL's last path component without ".git",
+    // for "host:path" addresses too, or empty when the URL names none.
+    static QString repositoryName(const QString& url);
+    // The folder a clone of `url` lands in below `folder`: the folder joined with the repository's
+    // name, or the folder itself when the URL names none.
     static QString cloneDestination(const QString& url, const QString& folder);
 
     const QString& urlText() const { return urlText_; }
     const QString& destinationPath() const { return destinationPath_; }
+    // Until the user types a destination of their own, the destination follows the URL: the
+    // repository's name in the home folder, or in the folder last chosen with Browse.
     void setUrlText(const QString& text);
+    // A destination the user typed; URL edits leave it alone unless it is emptied.
     void setDestinationPath(const QString& path);
-    // What the Browse panel chose: the destination becomes the folder joined with the URL's name.
+    // What the Browse panel chose: the destination becomes the folder joined with the URL's name,
+    // and follows the URL again.
     void chooseDestinationFolder(const QString& folder);
 
     bool isCloning() const { return isCloning_; }
@@ -68,6 +75,9 @@ class CloneViewModel final : public QObject {
     std::shared_ptr<UserDefaults> defaults_;
     QString urlText_;
     QString destinationPath_;
+    // Where a destination that follows the URL is made.
+    QString destinationFolder_;
+    bool destinationTyped_ = false;
     bool isCloning_ = false;
     std::optional<QString> errorMessage_;
     std::optional<RepoEntry> emptyRepository_;

@@ -15,6 +15,10 @@ constexpr std::string_view squashPrefix = "squash! ";
 
 } // namespace
 
+bool isExecStep(const RebaseTodoEntry& entry) {
+    return entry.hash.empty();
+}
+
 RebasePlanModel::RebasePlanModel(std::string ontoBranch, std::vector<RebaseTodoEntry> initialEntries)
     : ontoBranch_(std::move(ontoBranch)), initialEntries_(std::move(initialEntries)),
       entries_(initialEntries_) {}
@@ -27,7 +31,7 @@ RebaseTodoEntry* RebasePlanModel::find(const QUuid& id) {
 
 void RebasePlanModel::setAction(const QUuid& id, RebaseAction action) {
     RebaseTodoEntry* entry = find(id);
-    if (entry && entry->action != RebaseAction::exec)
+    if (entry && !isExecStep(*entry))
         entry->action = action;
 }
 
@@ -57,13 +61,13 @@ void RebasePlanModel::setExecCommand(const QUuid& id, std::string command) {
 
 void RebasePlanModel::removeExec(const QUuid& id) {
     std::erase_if(entries_,
-                  [&](const auto& entry) { return entry.id == id && entry.action == RebaseAction::exec; });
+                  [&](const auto& entry) { return entry.id == id && isExecStep(entry); });
 }
 
 void RebasePlanModel::beginReword(const QUuid& id) {
     const RebaseTodoEntry* entry = find(id);
-    // An exec row is a command, not a commit: it has no message to edit.
-    if (!entry || entry->action == RebaseAction::exec)
+    // An exec step is a command, not a commit: it has no message to edit.
+    if (!entry || isExecStep(*entry))
         return;
     rewordingEntryID_ = id;
     rewordText_ = entry->rewordMessage.value_or(entry->subject);

@@ -14,6 +14,10 @@
 
 namespace orvel {
 
+// A step added to run a command. It stands for no commit, so it never takes a commit's action; a
+// commit row given the exec action stays a commit row and can be given its own action back.
+bool isExecStep(const RebaseTodoEntry& entry);
+
 class RebasePlanModel {
   public:
     RebasePlanModel(std::string ontoBranch, std::vector<RebaseTodoEntry> initialEntries);
@@ -29,13 +33,15 @@ class RebasePlanModel {
     std::function<void(RebasePlan)> onStart;
     std::function<void()> onCancel;
 
-    // Any of the seven actions for a commit row; an exec row keeps its action.
+    // Any of the seven actions for a commit row, whatever its action was; an exec step keeps its own.
     void setAction(const QUuid& id, RebaseAction action);
     // Moves the row at `from` so that it ends at `to`; positions outside the list do nothing.
     void move(std::size_t from, std::size_t to);
     // Appends an exec row with an empty command; the user drags it to where it is to run.
     void addExec();
+    // The command of a row whose action is exec.
     void setExecCommand(const QUuid& id, std::string command);
+    // Removes an exec step; a commit row stays, whatever its action.
     void removeExec(const QUuid& id);
 
     // Starts editing a commit row's message from its reworded message, or its subject.

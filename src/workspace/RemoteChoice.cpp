@@ -5,8 +5,9 @@
 namespace orvel {
 
 const BranchEntry* currentLocalBranch(const std::vector<BranchEntry>& branches) {
+    // git lists a detached HEAD as a current "(HEAD detached at …)" entry that names no branch.
     const auto found = std::find_if(branches.begin(), branches.end(), [](const BranchEntry& branch) {
-        return branch.isCurrent && !branch.isRemote;
+        return branch.isCurrent && branch.fullRefName.starts_with("refs/heads/");
     });
     return found == branches.end() ? nullptr : &*found;
 }

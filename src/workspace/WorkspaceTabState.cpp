@@ -80,12 +80,19 @@ WorkspaceTabState::~WorkspaceTabState() {
     qCDebug(lcApp, "op=repo.tab.closed count=1");
 }
 
-QString WorkspaceTabState::title() const {
+QString WorkspaceTabState::headName() const {
     if (currentBranchName_)
         return QString::fromStdString(*currentBranchName_);
     if (detachedHead_)
         return QString::fromStdString(detachedHead_->substr(0, 7));
-    return QString::fromStdString(std::filesystem::path(repo_.path).filename().string());
+    return {};
+}
+
+// The folder tells two clones on the same branch apart; the branch tells two worktrees apart.
+QString WorkspaceTabState::title() const {
+    const QString folder = QString::fromStdString(std::filesystem::path(repo_.path).filename().string());
+    const QString head = headName();
+    return head.isEmpty() ? folder : QStringLiteral("%1 — %2").arg(folder, head);
 }
 
 void WorkspaceTabState::showConflicts() {
@@ -123,11 +130,9 @@ void WorkspaceTabState::branchesLoaded(const std::vector<BranchEntry>& branches)
         branches_ = branches;
         emit branchesChanged();
     }
-    const auto current = std::find_if(branches.begin(), branches.end(), [](const BranchEntry& branch) {
-        return branch.isCurrent && !branch.isRemote;
-    });
+    const BranchEntry* current = currentLocalBranch(branches);
     // A detached HEAD is named by its commit, which only a fresh read gives.
-    if (current == branches.end()) {
+    if (!current) {
         loadCurrentBranch();
         return;
     }

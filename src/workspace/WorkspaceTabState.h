@@ -56,7 +56,10 @@ class WorkspaceTabState final : public QObject {
     // The local and remote branches of the last branch read: the remote of a fetch and the
     // ahead and behind counts come from it.
     const std::vector<BranchEntry>& branches() const { return branches_; }
-    // What the tab bar shows: the current branch, or the short hash of a detached HEAD.
+    // The current branch, or the short hash of a detached HEAD; empty until the first read.
+    QString headName() const;
+    // What the tab bar and the window title show: the repository's folder and its head, as in
+    // "orvel — main"; the folder alone until the head is read.
     QString title() const;
     // The sidebar lists at least one stash: there is something to pop.
     bool hasStashes() const;

@@ -1,5 +1,6 @@
-// Cloning through the dialog on real repositories: a bare repository with history opens at once;
-// an empty one is offered its first commit and push, and a rejected push keeps the commit.
+// Cloning through the dialog on real repositories: a bare repository with history opens at once,
+// where the destination that follows the URL or the one the user typed says; an empty one is
+// offered its first commit and push, and a rejected push keeps the commit.
 #include "content/ui/CloneSheet.h"
 #include "content/CloneViewModel.h"
 #include "content/EmptyRepositoryStart.h"
@@ -11,6 +12,7 @@
 
 #include <QCoro/QCoroTimer>
 
+#include <QDir>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
@@ -37,18 +39,26 @@ class HeldCloneService final : public MockGitService {
     }
 };
 
+// Types `text` in place of what the field shows, as a user who selects it all first.
+void typeOver(QLineEdit& field, const std::string& text) {
+    field.selectAll();
+    QTest::keyClicks(&field, QString::fromStdString(text));
+}
+
 CloneSheet* fillCloneSheet(test::WelcomeOnRealGit& welcome, const std::string& url,
                            const std::string& destination) {
     auto* sheet = welcome.openSheet<CloneSheet>("welcome.clone");
     EXPECT_TRUE(sheet && sheet->isVisible());
     QTest::keyClicks(sheet->findChild<QLineEdit*>("clone.url"), QString::fromStdString("  " + url + " "));
-    QTest::keyClicks(sheet->findChild<QLineEdit*>("clone.destination"), QString::fromStdString(destination));
+    typeOver(*sheet->findChild<QLineEdit*>("clone.destination"), destination);
     return sheet;
 }
 
 } // namespace
 
-TEST(CloneSheet, ClonesALocalRepositoryAndAsksTheWindowToOpenIt) {
+// The destination follows the URL as it is typed, in the home folder; a destination typed over it
+// stays through later URL edits, and the clone lands there and asks the window to open it.
+TEST(CloneSheet, ClonesALocalRepositoryWhereTheUserSaysAndAsksTheWindowToOpenIt) {
     test::TempRepo source;
     source.write("README.md", "# Source\n");
     const std::string head = source.commitAll("First");
@@ -56,13 +66,63 @@ TEST(CloneSheet, ClonesALocalRepositoryAndAsksTheWindowToOpenIt) {
     test::git(place.path(), {"clone", "--bare", source.path(), "source.git"});
 
     test::WelcomeOnRealGit welcome;
-    CloneSheet* sheet = fillCloneSheet(welcome, place / "source.git", place / "copy");
+    auto* sheet = welcome.openSheet<CloneSheet>("welcome.clone");
+    ASSERT_NE(sheet, nullptr);
+    auto& url = *sheet->findChild<QLineEdit*>("clone.url");
+    auto& destination = *sheet->findChild<QLineEdit*>("clone.destination");
+    QTest::keyClicks(&url, QString::fromStdString("  " + place / "source.git// "));
+    EXPECT_EQ(destination.text().toStdString(), QDir::home().filePath(QStringLiteral("source")).toStdString());
     test::saveScreenshot(*sheet, QStringLiteral("clone-sheet"), QSize(560, 200));
+
+    typeOver(destination, place / "mine");
+    for (int removed = 0; removed < 3; ++removed)
+        QTest::keyClick(&url, Qt::Key_Backspace);
+    EXPECT_EQ(url.text().toStdString(), "  " + place / "source.git");
+    EXPECT_EQ(destination.text().toStdString(), place / "mine");
     sheet->findChild<QPushButton*>("clone.submit")->click();
 
     ASSERT_TRUE(welcome.waitForOpen());
-    EXPECT_EQ(welcome.openedPath(), place / "copy");
-    EXPECT_EQ(test::git(place / "copy", {"rev-parse", "HEAD"}), head + "\n");
+    EXPECT_EQ(welcome.openedPath(), place / "mine");
+    EXPECT_EQ(test::git(place / "mine", {"rev-parse", "HEAD"}), head + "\n");
+}
+
+// URL edits fill the destination until the user types one; Browse picks the folder it is made in
+// and makes it follow the URL again, as does emptying the field.
+TEST(CloneSheet, TypedDestinationIsNeverOverwrittenByTheUrl) {
+    CloneViewModel model(std::make_shared<MockGitService>(), std::make_shared<InMemoryUserDefaults>());
+    const QString home = QDir::homePath();
+    struct Step {
+        const char* url; // typed into the URL field; null for no URL edit
+        const char* destination; // typed into the destination field; null for none
+        const char* browsed;     // chosen with Browse; null for none
+        QString expected;
+    };
+    const Step steps[] = {
+        {"https://example.com/owner/orvel.git", nullptr, nullptr, home + "/orvel"},
+        {"git@example.com:owner/tool.git/", nullptr, nullptr, home + "/tool"},
+        {"example.com:plain", nullptr, nullptr, home + "/plain"},
+        {"https://example.com/", nullptr, nullptr, QString()},
+        {"https://example.com/tool", nullptr, "/srv/src", "/srv/src/tool"},
+        {"https://example.com/other.git", nullptr, nullptr, "/srv/src/other"},
+        {nullptr, "/data/mine", nullptr, "/data/mine"},
+        {"https://example.com/third.git", nullptr, nullptr, "/data/mine"},
+        {"", nullptr, nullptr, "/data/mine"},
+        {nullptr, "", nullptr, QString()},
+        {"host:again", nullptr, nullptr, "/srv/src/again"},
+        {nullptr, "/data/typed", "/opt", "/opt/again"},
+        {"https://example.com/last.git", nullptr, nullptr, "/opt/last"},
+    };
+    int index = 0;
+    for (const Step& step : steps) {
+        if (step.url)
+            model.setUrlText(QString::fromUtf8(step.url));
+        if (step.destination)
+            model.setDestinationPath(QString::fromUtf8(step.destination));
+        if (step.browsed)
+            model.chooseDestinationFolder(QString::fromUtf8(step.browsed));
+        EXPECT_EQ(model.destinationPath().toStdString(), step.expected.toStdString()) << "step " << index;
+        ++index;
+    }
 }
 
 TEST(CloneSheet, EmptyRepositoryGetsItsFirstCommitAndPushAndAFailedPushKeepsTheCommit) {
@@ -137,6 +197,12 @@ TEST(CloneSheet, DestinationIsTheFolderJoinedWithTheRepositoryName) {
         {"git@github.com:owner/thing.git", "/work/thing"},
         {"/srv/git/plain", "/work/plain"},
         {"https://example.com/", "/work"},
+        {"host:tool", "/work/tool"},
+        {"git@example.com:owner/thing.git//", "/work/thing"},
+        {"ssh://git@example.com:2222/srv/repo.git/", "/work/repo"},
+        {"file:///srv/git/x.git", "/work/x"},
+        {"git@example.com:", "/work"},
+        {"https://example.com/a/..", "/work"},
     };
     for (const Case& c : cases)
         EXPECT_EQ(CloneViewModel::cloneDestination(c.url, "/work").toStdString(), c.destination) << c.url;

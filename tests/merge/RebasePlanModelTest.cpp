@@ -71,19 +71,26 @@ TEST(RebasePlanModelTest, StartsFromTheInitialEntriesAndHandsThePlanOverWhenSome
     EXPECT_FALSE(RebasePlanModel("main", {}).canStart());
 }
 
-TEST(RebasePlanModelTest, SetActionTakesEveryActionButLeavesExecRowsAndUnknownIds) {
+TEST(RebasePlanModelTest, SetActionTakesEveryActionButLeavesExecStepsAndUnknownIds) {
+    // A commit row made exec stays a commit row: it can take every action back.
+    for (const RebaseAction first : allRebaseActions)
+        for (const RebaseAction then : allRebaseActions) {
+            auto model = modelOf({{"a1", "one"}});
+            model.setAction(model.entries()[0].id, first);
+            model.setAction(model.entries()[0].id, then);
+            EXPECT_EQ(rawValue(model.entries()[0].action), rawValue(then))
+                << rawValue(first) << " then " << rawValue(then);
+        }
+
+    // Remove Exec leaves a commit row made exec in the plan; an added exec step takes no action.
     auto model = modelOf({{"a1", "one"}, {"b2", "two"}});
-    const QUuid id = model.entries()[0].id;
-    for (const RebaseAction action : allRebaseActions) {
-        model.setAction(id, action);
-        EXPECT_EQ(model.entries()[0].action, action);
-    }
-    // Made an exec row, it has no action menu any more, like an added one.
-    model.setAction(id, RebaseAction::pick);
+    model.setAction(model.entries()[0].id, RebaseAction::exec);
+    model.removeExec(model.entries()[0].id);
     model.addExec();
-    model.setAction(model.entries()[2].id, RebaseAction::pick);
+    model.setAction(model.entries().back().id, RebaseAction::pick);
     model.setAction(QUuid::createUuid(), RebaseAction::drop);
     EXPECT_EQ(summary(model), "a1:exec b2:pick <exec>:exec");
+    EXPECT_EQ(model.entries()[0].subject, "one");
 }
 
 TEST(RebasePlanModelTest, MoveLeavesTheRowAtTheTargetPosition) {

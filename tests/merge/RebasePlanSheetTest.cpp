@@ -9,6 +9,7 @@
 #include "support/Screenshot.h"
 #include "notices/ToastManager.h"
 
+#include <QComboBox>
 #include <QLineEdit>
 #include <QMimeData>
 #include <QPlainTextEdit>
@@ -97,6 +98,59 @@ TEST_F(RebasePlanSheetTest, RewordMoveExecAndAutosquashRunThroughGit) {
     EXPECT_EQ(repo.git({"show", "HEAD~2:one.txt"}), "one fixed\n");
     EXPECT_TRUE(std::filesystem::exists(repo / "exec-ran.txt"));
     EXPECT_FALSE(std::filesystem::exists(repo / "pwned"));
+}
+
+// Chooses `action` in the menu the row's action cell opens, as a double click does.
+void chooseAction(QTreeView& list, int row, const QString& action) {
+    const QModelIndex cell = list.model()->index(row, RebasePlanItemModel::ActionColumn);
+    ASSERT_TRUE(cell.flags() & Qt::ItemIsEditable) << "row " << row << " offers no actions";
+    list.setCurrentIndex(cell);
+    list.edit(cell);
+    auto* menu = list.viewport()->findChild<QComboBox*>();
+    ASSERT_NE(menu, nullptr);
+    menu->setCurrentText(action);
+    QTest::keyClick(menu, Qt::Key_Return);
+    QTRY_VERIFY(list.viewport()->findChild<QComboBox*>() == nullptr);
+}
+
+// A commit row given the exec action runs the command in place of the commit, and one given exec
+// and then pick is picked again under its own subject.
+TEST_F(RebasePlanSheetTest, ACommitRowMadeExecTakesItsActionBack) {
+    repo.write("base.txt", "base\n");
+    const std::string base = repo.commitAll("base");
+    for (const char* name : {"one", "two", "three"}) {
+        repo.write(std::string(name) + ".txt", std::string(name) + "\n");
+        repo.commitAll(name);
+    }
+    QPointer<RebasePlanSheet> sheet = new RebasePlanSheet(entry(), base, service, toasts);
+    sheet->model().load();
+    QTRY_VERIFY(sheet->isVisible());
+    auto* list = sheet->findChild<QTreeView*>(QStringLiteral("rebase-sheet.commit-list"));
+    auto& rows = *static_cast<RebasePlanItemModel*>(list->model());
+    auto* removeExec = sheet->findChild<QPushButton*>(QStringLiteral("rebase-sheet.remove-exec"));
+    const auto subjectOf = [&](int row) {
+        return rows.index(row, RebasePlanItemModel::SubjectColumn).data().toString();
+    };
+
+    chooseAction(*list, 1, QStringLiteral("exec"));
+    EXPECT_EQ(subjectOf(1), QString());
+    EXPECT_FALSE(removeExec->isEnabled());
+    test::saveScreenshot(*sheet, QStringLiteral("rebase-sheet-commit-made-exec"), sheet->size());
+    chooseAction(*list, 1, QStringLiteral("pick"));
+    EXPECT_EQ(subjectOf(1), QStringLiteral("two"));
+
+    chooseAction(*list, 0, QStringLiteral("exec"));
+    const QModelIndex command = rows.index(0, RebasePlanItemModel::SubjectColumn);
+    ASSERT_TRUE(command.flags() & Qt::ItemIsEditable);
+    rows.setData(command, QStringLiteral("echo ran > exec-ran.txt"), Qt::EditRole);
+    EXPECT_EQ(subjectOf(0), QStringLiteral("echo ran > exec-ran.txt"));
+    QTest::keyClick(list, Qt::Key_Delete);
+    EXPECT_EQ(rows.rowCount(), 3);
+
+    sheet->findChild<QPushButton*>(QStringLiteral("rebase-sheet.start"))->click();
+    QTRY_VERIFY_WITH_TIMEOUT(sheet.isNull(), 20000);
+    EXPECT_EQ(repo.git({"log", "--format=%s", base + "..HEAD"}), "three\ntwo\n");
+    EXPECT_TRUE(std::filesystem::exists(repo / "exec-ran.txt"));
 }
 
 TEST_F(RebasePlanSheetTest, NothingToRebaseIsAToastAndNoSheet) {

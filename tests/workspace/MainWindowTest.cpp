@@ -1,5 +1,6 @@
 // The window end to end on real repositories: two tabs side by side that keep their views when
-// switched, the welcome page after the last tab closes, and a change made from a terminal that
+// switched, the welcome page after the last tab closes, tabs and the window title named by folder
+// and branch, the Window menu's shortcuts as the keys read, and a change made from a terminal that
 // reaches the open tab through the file-system watcher.
 #include "workspace/ui/MainWindow.h"
 
@@ -15,8 +16,14 @@
 #include "support/Screenshot.h"
 #include "workspace/AppViewModel.h"
 #include "workspace/FileSystemWatcher.h"
+#include "workspace/ShortcutText.h"
 #include "workspace/ui/RepositoryTabView.h"
 
+#include <QFileInfo>
+#include <QMenu>
+#include <QPainter>
+#include <QProxyStyle>
+#include <QStyleOptionMenuItem>
 #include <QStackedWidget>
 #include <QTabBar>
 #include <QTest>
@@ -44,7 +51,13 @@ class Window : public ::testing::Test {
     QWidget& currentView() {
         return *window.findChild<QStackedWidget*>("main-window.tab-views")->currentWidget();
     }
-    void open(const test::TempRepo& repo) { test::await(model.openRepository(repo.path())); }
+    void open(const std::string& path) { test::await(model.openRepository(path)); }
+    void open(const test::TempRepo& repo) { open(repo.path()); }
+    // "folder — branch", as the tab of the repository at `path` reads.
+    static QString tabTitle(const std::string& path, const char* branch) {
+        return QFileInfo(QString::fromStdString(path)).fileName() + QStringLiteral(" — ") +
+               QString::fromLatin1(branch);
+    }
 
     test::TempRepo alpha, beta;
     InMemoryUserDefaults defaults;
@@ -55,7 +68,62 @@ class Window : public ::testing::Test {
     MainWindow window{model, defaults};
 };
 
+// Remembers the text of every menu item it is asked to draw.
+class MenuTextRecorder final : public QProxyStyle {
+  public:
+    QStringList drawn;
+
+    void drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
+                     const QWidget* widget) const override {
+        if (element == CE_MenuItem)
+            if (const auto* item = qstyleoption_cast<const QStyleOptionMenuItem*>(option))
+                const_cast<MenuTextRecorder*>(this)->drawn.append(item->text);
+        QProxyStyle::drawControl(element, option, painter, widget);
+    }
+};
+
 } // namespace
+
+TEST(ShortcutText, NamesTheKeysAsTheyArePressed) {
+    const std::pair<QKeySequence, QString> cases[] = {
+        {QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Backtab), "Ctrl+Shift+Tab"},
+        {QKeySequence(Qt::CTRL | Qt::Key_Backtab), "Ctrl+Shift+Tab"},
+        {QKeySequence(Qt::Key_Backtab), "Shift+Tab"},
+        {QKeySequence(Qt::CTRL | Qt::Key_Tab), "Ctrl+Tab"},
+        {QKeySequence(Qt::CTRL | Qt::Key_PageUp), "Ctrl+PgUp"},
+        {QKeySequence(Qt::CTRL | Qt::Key_K, Qt::SHIFT | Qt::Key_Backtab), "Ctrl+K, Shift+Tab"},
+        {QKeySequence(), ""},
+    };
+    for (const auto& [sequence, text] : cases)
+        EXPECT_EQ(shortcutText(sequence), text) << sequence.toString().toStdString();
+}
+
+// The Window menu reads "Ctrl+Shift+Tab", and the keys that name still step back through the tabs.
+TEST_F(Window, WindowMenuNamesTheTabKeysAsTheyArePressed) {
+    window.show();
+    open(alpha);
+    open(beta);
+    QAction& previous = *window.findChild<QAction*>("menu.previous-tab");
+    QMenu* menu = nullptr;
+    for (QObject* associated : previous.associatedObjects())
+        if ((menu = qobject_cast<QMenu*>(associated)))
+            break;
+    ASSERT_NE(menu, nullptr);
+    MenuTextRecorder recorder;
+    menu->setStyle(&recorder);
+    menu->popup(window.mapToGlobal(QPoint(0, 0)));
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(menu));
+    test::saveScreenshot(*menu, QStringLiteral("main-window-window-menu"), menu->size());
+    menu->hide();
+    menu->setStyle(nullptr);
+    EXPECT_TRUE(recorder.drawn.contains(QStringLiteral("Next Tab\tCtrl+Tab"))) << recorder.drawn.join(" | ").toStdString();
+    EXPECT_TRUE(recorder.drawn.contains(QStringLiteral("Previous Tab\tCtrl+Shift+Tab")))
+        << recorder.drawn.join(" | ").toStdString();
+
+    ASSERT_EQ(tabBar().currentIndex(), 1);
+    QTest::keyClick(&window, Qt::Key_Backtab, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_EQ(tabBar().currentIndex(), 0);
+}
 
 TEST_F(Window, TwoTabsKeepTheirViewsWhenSwitchedAndClosingTheLastShowsWelcome) {
     window.show();
@@ -63,8 +131,8 @@ TEST_F(Window, TwoTabsKeepTheirViewsWhenSwitchedAndClosingTheLastShowsWelcome) {
     open(alpha);
     open(beta);
     ASSERT_EQ(tabBar().count(), 2);
-    EXPECT_EQ(tabBar().tabText(0), "main");
-    EXPECT_EQ(tabBar().tabText(1), "topic");
+    EXPECT_EQ(tabBar().tabText(0), tabTitle(alpha.path(), "main"));
+    EXPECT_EQ(tabBar().tabText(1), tabTitle(beta.path(), "topic"));
     QWidget* betaView = &currentView();
     WorkspaceTabState& alphaTab = *model.openTabs()[0];
     ASSERT_TRUE(QTest::qWaitFor([&] { return !alphaTab.graph().commits().empty(); }, 5000));
@@ -101,5 +169,41 @@ TEST_F(Window, ChangesFromATerminalReachTheOpenTab) {
     const std::string third = alpha.commitAll("third");
     alpha.git({"checkout", "-q", "-b", "feature"});
     EXPECT_TRUE(QTest::qWaitFor([&] { return tab.graph().rowOf(third) == 0; }, 5000));
-    EXPECT_TRUE(QTest::qWaitFor([&] { return tabBar().tabText(0) == "feature"; }, 5000));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return tabBar().tabText(0) == tabTitle(alpha.path(), "feature"); }, 5000));
+}
+
+// Two clones on "main" differ by their folders: the tab names the folder and the branch, its
+// tooltip the whole path, and the window title the active one. One open repository keeps its tab.
+TEST_F(Window, TabsAndTitleNameTheFolderAndTheBranch) {
+    test::TempDir clones;
+    const std::string first = clones / "orvel";
+    const std::string second = clones / "orvel-fix";
+    test::git(clones.path(), {"clone", "-q", alpha.path(), first});
+    test::git(clones.path(), {"clone", "-q", alpha.path(), second});
+    window.resize(900, 600);
+    window.show();
+
+    open(first);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return tabBar().tabText(0) == QStringLiteral("orvel — main"); }, 5000))
+        << tabBar().tabText(0).toStdString();
+    EXPECT_TRUE(tabBar().isVisible());
+    EXPECT_EQ(tabBar().tabToolTip(0), QString::fromStdString(first));
+    EXPECT_EQ(window.windowTitle(), QStringLiteral("orvel — main — Orvel"));
+
+    open(second);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return tabBar().tabText(1) == QStringLiteral("orvel-fix — main"); }, 5000))
+        << tabBar().tabText(1).toStdString();
+    EXPECT_EQ(tabBar().tabText(0), QStringLiteral("orvel — main"));
+    EXPECT_EQ(tabBar().tabToolTip(1), QString::fromStdString(second));
+    EXPECT_EQ(window.windowTitle(), QStringLiteral("orvel-fix — main — Orvel"));
+    test::git(second, {"checkout", "-q", "--detach", "HEAD~1"});
+    model.activeTab()->refresh();
+    const QString detached = QStringLiteral("orvel-fix — ") + QString::fromStdString(alpha.rev("HEAD~1").substr(0, 7));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return tabBar().tabText(1) == detached; }, 5000))
+        << tabBar().tabText(1).toStdString();
+    EXPECT_EQ(window.windowTitle(), detached + QStringLiteral(" — Orvel"));
+    test::saveScreenshot(window, "main-window-tabs-named-by-folder");
+
+    QTest::keyClick(&window, Qt::Key_PageUp, Qt::ControlModifier);
+    EXPECT_EQ(window.windowTitle(), QStringLiteral("orvel — main — Orvel"));
 }

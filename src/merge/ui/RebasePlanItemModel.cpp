@@ -64,7 +64,7 @@ void RebasePlanItemModel::addExec() {
 
 void RebasePlanItemModel::removeExec(int row) {
     const RebaseTodoEntry* removed = entry(row);
-    if (!removed || removed->action != RebaseAction::exec)
+    if (!removed || !isExecStep(*removed))
         return;
     beginRemoveRows({}, row, row);
     plan_.removeExec(removed->id);
@@ -73,7 +73,7 @@ void RebasePlanItemModel::removeExec(int row) {
 }
 
 void RebasePlanItemModel::beginReword(int row) {
-    if (const RebaseTodoEntry* edited = entry(row); edited && edited->action != RebaseAction::exec)
+    if (const RebaseTodoEntry* edited = entry(row))
         plan_.beginReword(edited->id);
 }
 
@@ -107,7 +107,9 @@ QVariant RebasePlanItemModel::data(const QModelIndex& index, int role) const {
     const RebaseTodoEntry* row = index.isValid() ? entry(index.row()) : nullptr;
     if (!row)
         return {};
-    const bool isExec = row->action == RebaseAction::exec;
+    // A commit row given the exec action shows the command in place of its subject until it is
+    // given another action.
+    const bool runsCommand = row->action == RebaseAction::exec;
     const QString action = QString::fromLatin1(rawValue(row->action));
     switch (role) {
     case Qt::DisplayRole:
@@ -116,19 +118,17 @@ QVariant RebasePlanItemModel::data(const QModelIndex& index, int role) const {
             return action;
         if (index.column() == CommitColumn)
             return decoded(row->hash);
-        return isExec ? decoded(row->execCommand.value_or(std::string())) : shownSubject(*row);
+        return runsCommand ? decoded(row->execCommand.value_or(std::string())) : shownSubject(*row);
     case Qt::ToolTipRole:
-        if (!isExec && row->action == RebaseAction::reword && row->rewordMessage)
+        if (row->action == RebaseAction::reword && row->rewordMessage)
             return decoded(*row->rewordMessage);
         return {};
     case Qt::AccessibleTextRole:
-        if (isExec)
+        if (isExecStep(*row))
             return localized("Exec step: %1", row->execCommand.value_or(std::string()));
         return localized("Commit %1: %2, action: %3", row->hash, shownSubject(*row), action);
     case ActionRole:
         return static_cast<int>(row->action);
-    case IsExecRole:
-        return isExec;
     default:
         return {};
     }
@@ -151,7 +151,7 @@ bool RebasePlanItemModel::setData(const QModelIndex& index, const QVariant& valu
     const RebaseTodoEntry* row = index.isValid() ? entry(index.row()) : nullptr;
     if (!row || role != Qt::EditRole)
         return false;
-    if (index.column() == ActionColumn && row->action != RebaseAction::exec) {
+    if (index.column() == ActionColumn && !isExecStep(*row)) {
         const auto action = rebaseActionFromRawValue(value.toString().toStdString());
         if (!action)
             return false;
@@ -172,8 +172,8 @@ Qt::ItemFlags RebasePlanItemModel::flags(const QModelIndex& index) const {
         return Qt::ItemIsDropEnabled; // drops land between rows, never on one
     Qt::ItemFlags flags =
         Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemIsDragEnabled | Qt::ItemNeverHasChildren;
-    const bool isExec = row->action == RebaseAction::exec;
-    if ((index.column() == ActionColumn && !isExec) || (index.column() == SubjectColumn && isExec))
+    if ((index.column() == ActionColumn && !isExecStep(*row)) ||
+        (index.column() == SubjectColumn && row->action == RebaseAction::exec))
         flags |= Qt::ItemIsEditable;
     return flags;
 }

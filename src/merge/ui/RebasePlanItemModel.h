@@ -14,7 +14,7 @@ class RebasePlanItemModel final : public QAbstractTableModel {
 
   public:
     enum Column { ActionColumn, CommitColumn, SubjectColumn, ColumnCount };
-    enum Role { ActionRole = Qt::UserRole + 1, IsExecRole };
+    enum Role { ActionRole = Qt::UserRole + 1 };
 
     explicit RebasePlanItemModel(RebasePlanModel& plan, QObject* parent = nullptr);
 

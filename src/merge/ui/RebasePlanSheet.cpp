@@ -152,7 +152,7 @@ void RebasePlanSheet::retranslate() {
 void RebasePlanSheet::showState() {
     const bool editable = rows_ && !model_->isRunning();
     const RebaseTodoEntry* current = rows_ ? rows_->entry(currentRow()) : nullptr;
-    const bool isExec = current && current->action == RebaseAction::exec;
+    const bool isExec = current && isExecStep(*current);
     list_->setEnabled(editable);
     moveUp_->setEnabled(editable && current && currentRow() > 0);
     moveDown_->setEnabled(editable && current && currentRow() + 1 < rows_->rowCount());
@@ -178,7 +178,7 @@ void RebasePlanSheet::moveCurrent(int offset) {
 
 void RebasePlanSheet::editMessage(int row) {
     const RebaseTodoEntry* entry = rows_ ? rows_->entry(row) : nullptr;
-    if (!entry || entry->action == RebaseAction::exec)
+    if (!entry || isExecStep(*entry))
         return;
     rows_->beginReword(row);
     const std::string& text = model_->plan()->rewordText();
@@ -205,7 +205,7 @@ bool RebasePlanSheet::eventFilter(QObject* watched, QEvent* event) {
     const RebaseTodoEntry* current = rows_->entry(currentRow());
     if (!current || key->modifiers() != Qt::NoModifier)
         return OSheet::eventFilter(watched, event);
-    if (current->action == RebaseAction::exec) {
+    if (isExecStep(*current)) {
         if (key->key() == Qt::Key_Delete || key->key() == Qt::Key_Backspace) {
             rows_->removeExec(currentRow());
             return true;

@@ -6,6 +6,7 @@
 #include "settings/LocalizationManager.h"
 #include "widgets/BoundShortcut.h"
 #include "workspace/AppViewModel.h"
+#include "workspace/ShortcutText.h"
 #include "workspace/ui/GitToolbar.h"
 #include "workspace/ui/RepositoryTabView.h"
 #include "workspace/ui/ToastOverlay.h"
@@ -45,6 +46,12 @@ QStringList droppedFolders(const QMimeData* data) {
         if (url.isLocalFile() && QFileInfo(url.toLocalFile()).isDir())
             folders.append(url.toLocalFile());
     return folders;
+}
+
+// A menu shows what follows a tab in an action's text as its shortcut, in place of Qt's own name
+// for the keys.
+void setMenuText(QAction& action, const QString& label) {
+    action.setText(label + QLatin1Char('\t') + shortcutText(action.shortcut()));
 }
 
 // Sends an editing command to the focused widget, whichever kind of text field it is.
@@ -235,8 +242,8 @@ void MainWindow::retranslate() {
     workspaceMenu_->setTitle(localized("Workspace"));
     refreshAction_->setText(localized("Refresh"));
     windowMenu_->setTitle(localized("&Window"));
-    nextTabAction_->setText(localized("Next Tab"));
-    previousTabAction_->setText(localized("Previous Tab"));
+    setMenuText(*nextTabAction_, localized("Next Tab"));
+    setMenuText(*previousTabAction_, localized("Previous Tab"));
     helpMenu_->setTitle(localized("&Help"));
     aboutAction_->setText(localized("About Orvel"));
     tabBar_->setAccessibleName(localized("Repositories"));
@@ -310,8 +317,7 @@ void MainWindow::updateTitle() {
         setWindowTitle(QStringLiteral("Orvel"));
         return;
     }
-    const QString folder = QFileInfo(QString::fromStdString(active->repo().path)).fileName();
-    setWindowTitle(QStringLiteral("%1 (%2) — Orvel").arg(folder, active->title()));
+    setWindowTitle(QStringLiteral("%1 — Orvel").arg(active->title()));
 }
 
 void MainWindow::stepTab(int step) {

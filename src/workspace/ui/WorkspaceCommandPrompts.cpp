@@ -50,7 +50,8 @@ void WorkspaceCommandPrompts::askNewBranch() {
     WorkspaceTabState* tab = app_.activeTab();
     if (!tab)
         return;
-    auto* sheet = new CreateBranchSheet(tab->title(), true, window_);
+    const QString head = tab->headName();
+    auto* sheet = new CreateBranchSheet(head.isEmpty() ? QStringLiteral("HEAD") : head, true, window_);
     sheet->setAttribute(Qt::WA_DeleteOnClose);
     connect(sheet, &CreateBranchSheet::createRequested, &commands_,
             [this](const QString& name, bool checkout, LocalChangesOption localChanges) {
