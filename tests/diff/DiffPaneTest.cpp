@@ -457,8 +457,10 @@ TEST_F(DiffPaneTest, ImageChangeShowsBothImages) {
     bool saidLoading = false;
     QObject::connect(&model, &DiffDetailViewModel::contentChanged, &pane, [&] {
         for (const QLabel* label : pane.findChildren<QLabel*>())
-            saidLoading =
-                saidLoading || (label->isVisible() && label->text() == QStringLiteral("Loading image…"));
+            if (label->isVisible() && label->text() == QStringLiteral("Loading image…") && !saidLoading) {
+                saidLoading = true;
+                test::saveScreenshot(pane, "diff-image-loading", {900, 500});
+            }
     });
     showAndWait("logo.png", modified());
     ASSERT_EQ(model.content(), Content::image);

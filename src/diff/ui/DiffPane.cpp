@@ -68,6 +68,8 @@ DiffPane::DiffPane(DiffDetailViewModel& model, QWidget* parent)
     QFont sideFont = side_->font();
     sideFont.setBold(true);
     side_->setFont(sideFont);
+    // Apart from the path; a hidden side takes no room.
+    side_->setContentsMargins(0, 0, 8, 0);
     path_->setObjectName(QStringLiteral("diff-pane.path"));
     path_->setTextInteractionFlags(Qt::TextSelectableByMouse);
     path_->setTextFormat(Qt::PlainText);
