@@ -167,7 +167,8 @@ bool showsButtons(DiffTextView& view, int hunk) {
 }
 
 // The buttons of a hunk show while the pointer is over any of its lines, and on the hunk the keys
-// act on while the text has the focus; never on every hunk at once.
+// act on while the text has the focus; never on every hunk at once. The menu key acts on that
+// hunk too.
 TEST_F(DiffPaneTest, HunkButtonsShowOnTheHunkUnderThePointerOrWithTheFocus) {
     repo.write("app.cpp", numberedLines(40, 3, 35));
     pane.resize(1100, 700);
@@ -219,6 +220,22 @@ TEST_F(DiffPaneTest, HunkButtonsShowOnTheHunkUnderThePointerOrWithTheFocus) {
     }
     QTest::mouseMove(view.viewport(), inSecondHunk);
     test::saveScreenshot(pane, "diff-hunk-buttons-on-hover", {1100, 700});
+
+    // From the keyboard the menu key offers the actions of the hunk whose buttons the focus shows,
+    // wherever the window system puts the menu's event.
+    view.setFocus();
+    QTimer::singleShot(0, &pane, [] {
+        auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+        ASSERT_NE(menu, nullptr);
+        menu->actions().at(0)->trigger();
+        menu->close();
+    });
+    const QPoint atSecondHunk = view.viewport()->mapTo(&view, inSecondHunk);
+    QContextMenuEvent menuKey(QContextMenuEvent::Keyboard, atSecondHunk, view.mapToGlobal(atSecondHunk));
+    QApplication::sendEvent(&view, &menuKey);
+    QTRY_VERIFY_WITH_TIMEOUT(!repo.git({"diff", "--cached"}).empty(), 20000);
+    EXPECT_NE(repo.git({"diff", "--cached"}).find("changed = 3"), std::string::npos);
+    EXPECT_EQ(repo.git({"diff", "--cached"}).find("changed = 35"), std::string::npos);
 }
 
 // The header says which list a working-tree change belongs to; a commit's change has no side.
