@@ -27,6 +27,7 @@
 #include <QMenu>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QScrollBar>
 #include <QTest>
 #include <QTimer>
 #include <QToolButton>
@@ -236,6 +237,35 @@ TEST_F(DiffPaneTest, HunkButtonsShowOnTheHunkUnderThePointerOrWithTheFocus) {
     QTRY_VERIFY_WITH_TIMEOUT(!repo.git({"diff", "--cached"}).empty(), 20000);
     EXPECT_NE(repo.git({"diff", "--cached"}).find("changed = 3"), std::string::npos);
     EXPECT_EQ(repo.git({"diff", "--cached"}).find("changed = 35"), std::string::npos);
+}
+
+// A hunk longer than the view keeps its header pinned at the top once the header scrolls away, so
+// its buttons stay in reach of the pointer and of the keys.
+TEST_F(DiffPaneTest, ALongHunkKeepsItsHeaderAndButtonsInReach) {
+    std::string rewritten = numberedLines(40);
+    for (std::size_t at = 0; (at = rewritten.find("int value", at)) != std::string::npos;)
+        rewritten.replace(at, 9, "int other");
+    repo.write("app.cpp", rewritten);
+    pane.resize(1100, 400);
+    pane.show();
+    pane.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&pane));
+    showAndWait("app.cpp", modified());
+    ASSERT_EQ(model.fileDiff()->hunks.size(), 1u);
+    DiffTextView& view = pane.textView();
+    view.setFocus();
+    const QRect inPlace = view.hunkButtonRect(0, 0);
+    view.verticalScrollBar()->setValue(view.verticalScrollBar()->maximum() / 2);
+    QApplication::processEvents();
+    const QRect pinned = view.hunkButtonRect(0, 0);
+    ASSERT_FALSE(pinned.isEmpty());
+    EXPECT_EQ(pinned, inPlace);
+    EXPECT_TRUE(showsButtons(view, 0));
+    test::saveScreenshot(pane, "diff-pinned-hunk-header", {1100, 400});
+
+    clickHunkButton(0, 0);
+    QTRY_VERIFY_WITH_TIMEOUT(repo.git({"diff", "--cached"}).find("int other = 20") != std::string::npos,
+                             20000);
 }
 
 // The header says which list a working-tree change belongs to; a commit's change has no side.

@@ -273,22 +273,37 @@ bool DiffTextView::showsButtons(int hunk) const {
            (hasFocus() && currentHunk() == hunk);
 }
 
+int DiffTextView::pinnedHeaderRow() const {
+    const int first = rowAt(0);
+    if (first < 0 || rows_[std::size_t(first)].isHunkHeader)
+        return -1;
+    const auto after = std::upper_bound(headerRows_.begin(), headerRows_.end(), first);
+    if (after == headerRows_.begin())
+        return -1;
+    const int header = *std::prev(after);
+    return rows_[std::size_t(header)].hunk == rows_[std::size_t(first)].hunk ? header : -1;
+}
+
+int DiffTextView::headerTop(int row) const {
+    return row == pinnedHeaderRow() ? 0 : row * style_.lineHeight - verticalScrollBar()->value();
+}
+
 std::optional<DiffTextView::Button> DiffTextView::shownButtonAt(QPoint point) const {
-    const int row = rowAt(point.y());
+    const int pinned = pinnedHeaderRow();
+    const int row = pinned >= 0 && point.y() < style_.lineHeight ? pinned : rowAt(point.y());
     if (row < 0 || !showsButtons(rows_[std::size_t(row)].hunk))
         return std::nullopt;
-    for (const Button& button : buttonsOf(row, row * style_.lineHeight - verticalScrollBar()->value()))
+    for (const Button& button : buttonsOf(row, headerTop(row)))
         if (button.rect.contains(point))
             return button;
     return std::nullopt;
 }
 
 QRect DiffTextView::hunkButtonRect(int hunk, int action) const {
-    const int top = verticalScrollBar()->value();
     for (const int row : headerRows_) {
         if (rows_[std::size_t(row)].hunk != hunk)
             continue;
-        const int y = row * style_.lineHeight - top;
+        const int y = headerTop(row);
         if (y < 0 || y >= viewport()->height())
             return {};
         for (const Button& button : buttonsOf(row, y))
@@ -317,6 +332,12 @@ void DiffTextView::paintEvent(QPaintEvent* event) {
         painter.setPen(style_.divider);
         const int middle = viewport()->width() / 2;
         painter.drawLine(middle, event->rect().top(), middle, event->rect().bottom());
+    }
+    // A line under the pinned header tells it from the hunk's own header rows.
+    if (const int pinned = pinnedHeaderRow(); pinned >= 0 && event->rect().top() < style_.lineHeight) {
+        paintHeader(painter, pinned, 0);
+        painter.setPen(style_.divider);
+        painter.drawLine(0, style_.lineHeight - 1, viewport()->width(), style_.lineHeight - 1);
     }
 }
 

@@ -3,7 +3,9 @@
 // row the first time it is seen, so a change of 10,000 lines scrolls as smoothly as a short one.
 // A hunk's header row carries its buttons (stage, unstage, discard) while the pointer is over the
 // hunk, or while the view has the focus and the hunk is the one in sight, which the keys act on:
-// S stages, U unstages, D discards, N and P move between hunks, the menu key opens its menu.
+// S stages, U unstages, D discards, N and P move between hunks, the menu key opens its menu. The
+// header of a hunk scrolled partly out of sight stays pinned at the top, so its buttons stay in
+// reach.
 #pragma once
 
 #include "diff/DiffDetailViewModel.h"
@@ -97,6 +99,11 @@ class DiffTextView final : public QAbstractScrollArea {
                    std::optional<int> first, std::optional<int> second, RowTone tone);
     void paintHeader(QPainter& painter, int row, int y);
     std::vector<Button> buttonsOf(int row, int y) const;
+    // The header row pinned at the top: the first row in sight lies in a hunk whose header has
+    // scrolled above it. -1 when there is none.
+    int pinnedHeaderRow() const;
+    // Where the header `row` is drawn, pinned or in its place.
+    int headerTop(int row) const;
     // Whether the buttons of `hunk` show: it is under the pointer, or the keys act on it.
     bool showsButtons(int hunk) const;
     // The button of the header row under `point` that shows there, if any.
