@@ -99,6 +99,16 @@ class DiffPaneTest : public ::testing::Test {
         ASSERT_TRUE(QTest::qWaitFor([&] { return model.content() != Content::loading; }, 20000));
     }
 
+    // The pane in an active window of `size`, so that its text can take the focus, showing the
+    // working tree's change of `path`.
+    void showActiveAndWait(QSize size, const std::string& path) {
+        pane.resize(size);
+        pane.show();
+        pane.activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&pane));
+        showAndWait(path, modified());
+    }
+
     void clickHunkButton(int hunk, int action) {
         DiffTextView& view = pane.textView();
         const QRect button = view.hunkButtonRect(hunk, action);
@@ -172,11 +182,7 @@ bool showsButtons(DiffTextView& view, int hunk) {
 // hunk too.
 TEST_F(DiffPaneTest, HunkButtonsShowOnTheHunkUnderThePointerOrWithTheFocus) {
     repo.write("app.cpp", numberedLines(40, 3, 35));
-    pane.resize(1100, 700);
-    pane.show();
-    pane.activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&pane));
-    showAndWait("app.cpp", modified());
+    showActiveAndWait({1100, 700}, "app.cpp");
     ASSERT_EQ(model.fileDiff()->hunks.size(), 2u);
     DiffTextView& view = pane.textView();
     auto* modeButton = pane.findChild<QToolButton*>(QStringLiteral("diff-pane.mode.diff"));
@@ -246,11 +252,7 @@ TEST_F(DiffPaneTest, ALongHunkKeepsItsHeaderAndButtonsInReach) {
     for (std::size_t at = 0; (at = rewritten.find("int value", at)) != std::string::npos;)
         rewritten.replace(at, 9, "int other");
     repo.write("app.cpp", rewritten);
-    pane.resize(1100, 400);
-    pane.show();
-    pane.activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&pane));
-    showAndWait("app.cpp", modified());
+    showActiveAndWait({1100, 400}, "app.cpp");
     ASSERT_EQ(model.fileDiff()->hunks.size(), 1u);
     DiffTextView& view = pane.textView();
     view.setFocus();
