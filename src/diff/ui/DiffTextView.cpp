@@ -328,16 +328,16 @@ void DiffTextView::paintEvent(QPaintEvent* event) {
     painter.setFont(style_.font);
     for (int row = first; row <= last; ++row)
         paintRow(painter, row, row * style_.lineHeight - top);
-    if (layout_ == Layout::sideBySide) {
-        painter.setPen(style_.divider);
-        const int middle = viewport()->width() / 2;
-        painter.drawLine(middle, event->rect().top(), middle, event->rect().bottom());
-    }
     // A line under the pinned header tells it from the hunk's own header rows.
     if (const int pinned = pinnedHeaderRow(); pinned >= 0 && event->rect().top() < style_.lineHeight) {
         paintHeader(painter, pinned, 0);
         painter.setPen(style_.divider);
         painter.drawLine(0, style_.lineHeight - 1, viewport()->width(), style_.lineHeight - 1);
+    }
+    if (layout_ == Layout::sideBySide) {
+        painter.setPen(style_.divider);
+        const int middle = viewport()->width() / 2;
+        painter.drawLine(middle, event->rect().top(), middle, event->rect().bottom());
     }
 }
 
