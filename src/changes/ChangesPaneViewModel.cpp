@@ -98,9 +98,7 @@ void ChangesPaneViewModel::setSelectedIDs(std::set<std::string> ids) {
 }
 
 void ChangesPaneViewModel::setSelectedFiles(bool staged, const std::vector<FileChange>& files) {
-    std::set<std::string> ids = selectedIDs_;
-    for (const FileChange& file : staged ? stagedFiles_ : unstagedFiles_)
-        ids.erase(rowID(file, staged));
+    std::set<std::string> ids;
     for (const FileChange& file : files)
         ids.insert(rowID(file, staged));
     setSelectedIDs(std::move(ids));

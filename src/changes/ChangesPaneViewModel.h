@@ -69,7 +69,8 @@ class ChangesPaneViewModel final : public QObject {
     // The selection, by row id (see rowID): a staged and an unstaged row of one file are apart.
     const std::set<std::string>& selectedIDs() const { return selectedIDs_; }
     void setSelectedIDs(std::set<std::string> ids);
-    // Replaces the selection within one list and keeps the other list's.
+    // One selection spans both lists: selecting rows of one list lets go of the other list's, so a
+    // file never looks selected on both sides at once.
     void setSelectedFiles(bool staged, const std::vector<FileChange>& files);
     // The selected rows of one list that the filter shows.
     std::vector<FileChange> selectedFiles(bool staged) const;
@@ -119,9 +120,10 @@ class ChangesPaneViewModel final : public QObject {
     QCoro::Task<void> stashFile(FileChange file);
     QCoro::Task<void> resolveConflictOurs(FileChange file);
     QCoro::Task<void> resolveConflictTheirs(FileChange file);
-    // Blame and history are shown by sheets of the diff's views; the tab connects these.
-    void requestBlame(const FileChange& file) { emit blameRequested(file.path); }
-    void requestFileHistory(const FileChange& file) { emit fileHistoryRequested(file.path); }
+    // Blame and history are shown by sheets of the diff's views; the tab connects these. A file git
+    // doesn't track has neither (see hasHistory), and asking for it does nothing.
+    void requestBlame(const FileChange& file);
+    void requestFileHistory(const FileChange& file);
     // The file's full path to the clipboard; its folder in the desktop's file manager.
     void copyPath(const FileChange& file);
     void showInFileManager(const FileChange& file);

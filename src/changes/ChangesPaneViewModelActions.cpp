@@ -120,6 +120,16 @@ QCoro::Task<void> discardRow(std::shared_ptr<GitServiceProtocol> service, RepoEn
 
 } // namespace
 
+void ChangesPaneViewModel::requestBlame(const FileChange& file) {
+    if (hasHistory(file))
+        emit blameRequested(file.path);
+}
+
+void ChangesPaneViewModel::requestFileHistory(const FileChange& file) {
+    if (hasHistory(file))
+        emit fileHistoryRequested(file.path);
+}
+
 void ChangesPaneViewModel::copyPath(const FileChange& file) {
     const QString path = QString::fromStdString(fullPath(repo_, file.path));
     QClipboard* clipboard = QGuiApplication::clipboard();

@@ -47,4 +47,8 @@ bool isNestedRepository(const FileChange& file) {
     return file.status.kind == FileStatusKind::Case::untracked && file.path.ends_with('/');
 }
 
+bool hasHistory(const FileChange& file) {
+    return file.status.kind != FileStatusKind::Case::untracked;
+}
+
 } // namespace orvel

@@ -26,4 +26,8 @@ std::string rowID(const FileChange& file, bool staged);
 // singly and prints such a folder with a trailing slash.
 bool isNestedRepository(const FileChange& file);
 
+// Whether git knows the row's file, so that it has a blame and a history: an untracked file has
+// neither.
+bool hasHistory(const FileChange& file);
+
 } // namespace orvel

@@ -141,6 +141,7 @@ std::string DiffDetailViewModel::fullPath() const {
 
 void DiffDetailViewModel::setContent(Content content) {
     content_ = content;
+    isReadingImage_ = false;
     rebuildRows();
     emit contentChanged();
 }
@@ -175,6 +176,7 @@ QCoro::Task<void> DiffDetailViewModel::reload() {
         fullContext_ ? std::optional<int>(fullContextLines) : std::nullopt;
     language_ = detectLanguage(path);
     diffLoadError_.clear();
+    const bool imageInSight = content_ == Content::image && imagesOf_ == selection;
     setContent(Content::loading);
     try {
         // A submodule's folder is another repository: its diff is the commit it moved to.
@@ -203,6 +205,12 @@ QCoro::Task<void> DiffDetailViewModel::reload() {
             setContent(Content::untrackedFolder);
             co_return;
         case FileOpenPolicy::image:
+            // Reading both sides of a large image takes a while: the pane says so, unless the
+            // image is already in sight.
+            if (!imageInSight) {
+                isReadingImage_ = true;
+                emit contentChanged();
+            }
             co_await loadImages(selection, ticket);
             co_return;
         case FileOpenPolicy::unsupported:
@@ -304,6 +312,7 @@ QCoro::Task<void> DiffDetailViewModel::loadImages(const Selection& selection, Lo
         co_return;
     oldImage_ = std::move(before);
     newImage_ = std::move(after);
+    imagesOf_ = selection;
     setContent(Content::image);
 }
 

@@ -73,6 +73,9 @@ class DiffDetailViewModel final : public QObject {
 
     const std::optional<Selection>& selection() const { return selection_; }
     Content content() const { return content_; }
+    // While loading: the file is an image whose sides are being read (not when the same image is
+    // read again, which stays in sight meanwhile).
+    bool isReadingImage() const { return isReadingImage_; }
     const std::optional<FileDiff>& fileDiff() const { return fileDiff_; }
     const std::optional<FileInspection>& inspection() const { return inspection_; }
     const std::optional<SubmoduleChange>& submoduleChange() const { return submoduleChange_; }
@@ -154,6 +157,9 @@ class DiffDetailViewModel final : public QObject {
     SourceLanguage language_ = SourceLanguage::unknown;
     QImage oldImage_;
     QImage newImage_;
+    // The selection whose sides oldImage_ and newImage_ are.
+    std::optional<Selection> imagesOf_;
+    bool isReadingImage_ = false;
     QString diffLoadError_;
     std::optional<QString> hunkActionError_;
     std::optional<ChosenHunk> pendingDiscard_;

@@ -1,9 +1,10 @@
 // The diff pane on real repositories: a hunk staged from its button reaches the index, a hunk
-// discarded after its confirmation leaves the other changes' bytes on disk, a hunk action chosen
-// before a reload refuses the other hunk the reload put in its place, a conflicted file shows its
-// conflict and offers the merge editor, the modes and the
-// whole-file context, a sparse 2 GB file stops at the gate having read only its first bytes, an
-// image change shows both images, a commit that doesn't exist fails with Retry, and the blame
+// discarded after its confirmation leaves the other changes' bytes on disk, hunk buttons show on
+// the hunk under the pointer or with the focus only, the header names the change's side, a hunk
+// action chosen before a reload refuses the other hunk the reload put in its place, a conflicted
+// file shows its conflict and offers the merge editor, the modes and the whole-file context, a
+// sparse 2 GB file stops at the gate having read only its first bytes, an image change says it is
+// loading and then shows both images, a commit that doesn't exist fails with Retry, and the blame
 // sheet lists the file's lines. Screenshots of each.
 #include "diff/ui/DiffPane.h"
 #include "diff/DiffDetailViewModel.h"
@@ -14,6 +15,7 @@
 #include "core/queue/GitOpRunner.h"
 #include "core/service/NativeGitService.h"
 #include "core/support/UserDefaults.h"
+#include "support/Await.h"
 #include "support/DrainQueue.h"
 #include "support/GitFixture.h"
 #include "support/Screenshot.h"
@@ -21,9 +23,11 @@
 #include <QApplication>
 #include <QContextMenuEvent>
 #include <QImage>
+#include <QLabel>
 #include <QMenu>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QScrollBar>
 #include <QTest>
 #include <QTimer>
 #include <QToolButton>
@@ -32,6 +36,7 @@
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
+#include <functional>
 
 #include <gtest/gtest.h>
 
@@ -94,6 +99,16 @@ class DiffPaneTest : public ::testing::Test {
         ASSERT_TRUE(QTest::qWaitFor([&] { return model.content() != Content::loading; }, 20000));
     }
 
+    // The pane in an active window of `size`, so that its text can take the focus, showing the
+    // working tree's change of `path`.
+    void showActiveAndWait(QSize size, const std::string& path) {
+        pane.resize(size);
+        pane.show();
+        pane.activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&pane));
+        showAndWait(path, modified());
+    }
+
     void clickHunkButton(int hunk, int action) {
         DiffTextView& view = pane.textView();
         const QRect button = view.hunkButtonRect(hunk, action);
@@ -149,6 +164,137 @@ TEST_F(DiffPaneTest, StagesOneHunkAndDiscardsAnotherAfterConfirming) {
 // A hunk action that waits for the person (the context menu, the discard confirmation) while the
 // diff is read again must not act on whatever hunk the reload put in its place: it does nothing,
 // says so, and the diff is read anew.
+// Whether the header of `hunk` shows its buttons: the place of its Stage button is then more than
+// the header's one fill.
+bool showsButtons(DiffTextView& view, int hunk) {
+    const QRect place = view.hunkButtonRect(hunk, 0);
+    EXPECT_FALSE(place.isEmpty()) << "hunk " << hunk << " is out of sight";
+    const QImage image = view.viewport()->grab().toImage();
+    for (int y = place.top(); y <= place.bottom(); ++y)
+        for (int x = place.left(); x <= place.right(); ++x)
+            if (image.pixel(x, y) != image.pixel(place.topLeft()))
+                return true;
+    return false;
+}
+
+// The buttons of a hunk show while the pointer is over any of its lines, and on the hunk the keys
+// act on while the text has the focus; never on every hunk at once. The menu key acts on that
+// hunk too.
+TEST_F(DiffPaneTest, HunkButtonsShowOnTheHunkUnderThePointerOrWithTheFocus) {
+    repo.write("app.cpp", numberedLines(40, 3, 35));
+    showActiveAndWait({1100, 700}, "app.cpp");
+    ASSERT_EQ(model.fileDiff()->hunks.size(), 2u);
+    DiffTextView& view = pane.textView();
+    auto* modeButton = pane.findChild<QToolButton*>(QStringLiteral("diff-pane.mode.diff"));
+    const QPoint outside = modeButton->mapTo(&pane, modeButton->rect().center());
+    // A line in the body of the second hunk, well left of the buttons.
+    const QRect secondButton = view.hunkButtonRect(1, 0);
+    const QPoint inSecondHunk(100, secondButton.center().y() + 3 * secondButton.height());
+
+    const struct {
+        const char* state;
+        std::function<void()> enter;
+        bool first, second;
+    } cases[] = {
+        {"pointer elsewhere, focus elsewhere",
+         [&] {
+             modeButton->setFocus();
+             QTest::mouseMove(&pane, outside);
+         },
+         false, false},
+        {"pointer over the second hunk", [&] { QTest::mouseMove(view.viewport(), inSecondHunk); }, false,
+         true},
+        {"focus on the text, the first hunk in sight",
+         [&] {
+             QTest::mouseMove(&pane, outside);
+             view.setFocus();
+         },
+         true, false},
+        {"focus and pointer", [&] { QTest::mouseMove(view.viewport(), inSecondHunk); }, true, true},
+        {"focus leaves",
+         [&] {
+             modeButton->setFocus();
+             QTest::mouseMove(&pane, outside);
+         },
+         false, false},
+    };
+    for (const auto& each : cases) {
+        SCOPED_TRACE(each.state);
+        each.enter();
+        QApplication::processEvents();
+        EXPECT_EQ(showsButtons(view, 0), each.first);
+        EXPECT_EQ(showsButtons(view, 1), each.second);
+    }
+    QTest::mouseMove(view.viewport(), inSecondHunk);
+    test::saveScreenshot(pane, "diff-hunk-buttons-on-hover", {1100, 700});
+
+    // From the keyboard the menu key offers the actions of the hunk whose buttons the focus shows,
+    // wherever the window system puts the menu's event.
+    view.setFocus();
+    QTimer::singleShot(0, &pane, [] {
+        auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+        ASSERT_NE(menu, nullptr);
+        menu->actions().at(0)->trigger();
+        menu->close();
+    });
+    const QPoint atSecondHunk = view.viewport()->mapTo(&view, inSecondHunk);
+    QContextMenuEvent menuKey(QContextMenuEvent::Keyboard, atSecondHunk, view.mapToGlobal(atSecondHunk));
+    QApplication::sendEvent(&view, &menuKey);
+    QTRY_VERIFY_WITH_TIMEOUT(!repo.git({"diff", "--cached"}).empty(), 20000);
+    EXPECT_NE(repo.git({"diff", "--cached"}).find("changed = 3"), std::string::npos);
+    EXPECT_EQ(repo.git({"diff", "--cached"}).find("changed = 35"), std::string::npos);
+}
+
+// A hunk longer than the view keeps its header pinned at the top once the header scrolls away, so
+// its buttons stay in reach of the pointer and of the keys.
+TEST_F(DiffPaneTest, ALongHunkKeepsItsHeaderAndButtonsInReach) {
+    std::string rewritten = numberedLines(40);
+    for (std::size_t at = 0; (at = rewritten.find("int value", at)) != std::string::npos;)
+        rewritten.replace(at, 9, "int other");
+    repo.write("app.cpp", rewritten);
+    showActiveAndWait({1100, 400}, "app.cpp");
+    ASSERT_EQ(model.fileDiff()->hunks.size(), 1u);
+    DiffTextView& view = pane.textView();
+    view.setFocus();
+    const QRect inPlace = view.hunkButtonRect(0, 0);
+    view.verticalScrollBar()->setValue(view.verticalScrollBar()->maximum() / 2);
+    QApplication::processEvents();
+    const QRect pinned = view.hunkButtonRect(0, 0);
+    ASSERT_FALSE(pinned.isEmpty());
+    EXPECT_EQ(pinned, inPlace);
+    EXPECT_TRUE(showsButtons(view, 0));
+    test::saveScreenshot(pane, "diff-pinned-hunk-header", {1100, 400});
+
+    clickHunkButton(0, 0);
+    QTRY_VERIFY_WITH_TIMEOUT(repo.git({"diff", "--cached"}).find("int other = 20") != std::string::npos,
+                             20000);
+}
+
+// The header says which list a working-tree change belongs to; a commit's change has no side.
+TEST_F(DiffPaneTest, TheHeaderNamesTheSideOfAWorkingTreeChange) {
+    repo.write("app.cpp", numberedLines(40, 3));
+    repo.git({"add", "app.cpp"});
+    repo.write("app.cpp", numberedLines(40, 3, 35));
+    pane.resize(900, 500);
+    pane.show();
+    auto* side = pane.findChild<QLabel*>(QStringLiteral("diff-pane.side"));
+    ASSERT_NE(side, nullptr);
+    const std::string head = repo.git({"rev-parse", "HEAD"}).substr(0, 40);
+    const struct {
+        bool staged;
+        std::optional<std::string> commit;
+        const char* side;
+    } cases[] = {{false, std::nullopt, "Unstaged"}, {true, std::nullopt, "Staged"}, {false, head, ""}};
+    for (const auto& each : cases) {
+        SCOPED_TRACE(each.side);
+        showAndWait("app.cpp", modified(), each.staged, each.commit);
+        EXPECT_EQ(side->isVisible() ? side->text() : QString(), QString::fromLatin1(each.side));
+        if (!each.commit)
+            test::saveScreenshot(pane, each.staged ? "diff-header-staged" : "diff-header-unstaged",
+                                 {900, 500});
+    }
+}
+
 TEST_F(DiffPaneTest, AHunkActionChosenBeforeAReloadRefusesAnotherHunkInItsPlace) {
     struct Case {
         const char* name;
@@ -355,11 +501,28 @@ TEST_F(DiffPaneTest, ImageChangeShowsBothImages) {
     blue.fill(Qt::blue);
     blue.save(QString::fromStdString(repo / "logo.png"));
     pane.show();
+    // While the sides are read the pane says so, in place of the file shown before.
+    showAndWait("app.cpp", modified());
+    bool saidLoading = false;
+    QObject::connect(&model, &DiffDetailViewModel::contentChanged, &pane, [&] {
+        for (const QLabel* label : pane.findChildren<QLabel*>())
+            if (label->isVisible() && label->text() == QStringLiteral("Loading image…") && !saidLoading) {
+                saidLoading = true;
+                test::saveScreenshot(pane, "diff-image-loading", {900, 500});
+            }
+    });
     showAndWait("logo.png", modified());
     ASSERT_EQ(model.content(), Content::image);
+    EXPECT_TRUE(saidLoading);
     EXPECT_EQ(model.oldImage().size(), QSize(60, 40));
     EXPECT_EQ(model.newImage().size(), QSize(40, 60));
     test::saveScreenshot(pane, "diff-image", {900, 500});
+
+    // Reading the image in sight again keeps it there: no flash of the message.
+    saidLoading = false;
+    test::await(model.reload());
+    EXPECT_EQ(model.content(), Content::image);
+    EXPECT_FALSE(saidLoading);
 }
 
 TEST_F(DiffPaneTest, UnknownCommitFailsWithRetryAndBlameListsLines) {

@@ -107,9 +107,12 @@ void showChangesFileMenu(ChangesPaneViewModel& model, const FileChange& file, bo
         if (file.status.kind == FileStatusKind::Case::untracked)
             add(localized("Add to .gitignore"), [file](ChangesPaneViewModel& m) { m.ignoreFile(file); });
     }
-    menu->addSeparator();
-    add(localized("Blame This File"), [file](ChangesPaneViewModel& m) { m.requestBlame(file); });
-    add(localized("File History"), [file](ChangesPaneViewModel& m) { m.requestFileHistory(file); });
+    // A file git doesn't track has no lines to blame and no commits to list.
+    if (hasHistory(file)) {
+        menu->addSeparator();
+        add(localized("Blame This File"), [file](ChangesPaneViewModel& m) { m.requestBlame(file); });
+        add(localized("File History"), [file](ChangesPaneViewModel& m) { m.requestFileHistory(file); });
+    }
     menu->addSeparator();
     add(localized("Copy Path"), [file](ChangesPaneViewModel& m) { m.copyPath(file); });
     add(localized("Show in File Manager"), [file](ChangesPaneViewModel& m) { m.showInFileManager(file); });

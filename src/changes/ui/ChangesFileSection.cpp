@@ -71,14 +71,17 @@ ChangesFileSection::ChangesFileSection(ChangesPaneViewModel& model, bool staged,
     connect(view_, &QTreeView::customContextMenuRequested, this, &ChangesFileSection::openMenu);
     connect(view_->selectionModel(), &QItemSelectionModel::selectionChanged, this,
             &ChangesFileSection::selectionEdited);
-    // A click, Enter or moving the current row with the keys shows the file's diff.
+    // A click or moving the current row with the keys shows the file's diff.
     auto select = [this](const QModelIndex& index) {
         if (const FileChange* file = files_->file(index); file && !restoring_)
             emit fileSelected(*file, staged_);
     };
     connect(view_, &QTreeView::clicked, this, select);
-    connect(view_, &QTreeView::activated, this, select);
     connect(view_->selectionModel(), &QItemSelectionModel::currentChanged, this, select);
+    connect(view_, &QTreeView::doubleClicked, this, [this](const QModelIndex& index) {
+        if (const FileChange* file = files_->file(index))
+            moveToOtherList(*file);
+    });
     connect(&model_, &ChangesPaneViewModel::listsChanged, this, &ChangesFileSection::showFiles);
     connect(&model_, &ChangesPaneViewModel::selectionChanged, this, [this] {
         // The section whose view made the change already shows it.
@@ -149,17 +152,22 @@ void ChangesFileSection::openMenu(const QPoint& position) {
     showChangesFileMenu(model_, *file, staged_, this, view_->viewport()->mapToGlobal(position));
 }
 
+void ChangesFileSection::moveToOtherList(const FileChange& file) {
+    const bool many = model_.selectedFiles(staged_).size() > 1;
+    if (staged_)
+        many ? model_.unstageSelected() : model_.unstageFile(file);
+    else
+        many ? model_.stageSelected() : model_.stageFile(file);
+}
+
 bool ChangesFileSection::eventFilter(QObject* watched, QEvent* event) {
-    // Space stages or unstages the current file; the menu key opens the row's menu.
+    // Space or Enter stages or unstages the current file; the menu key opens the row's menu.
     if (watched == view_ && event->type() == QEvent::KeyPress) {
         const auto* key = static_cast<QKeyEvent*>(event);
         const FileChange* file = files_->file(view_->currentIndex());
-        if (file && key->key() == Qt::Key_Space) {
-            const bool many = model_.selectedFiles(staged_).size() > 1;
-            if (staged_)
-                many ? model_.unstageSelected() : model_.unstageFile(*file);
-            else
-                many ? model_.stageSelected() : model_.stageFile(*file);
+        if (file &&
+            (key->key() == Qt::Key_Space || key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter)) {
+            moveToOtherList(*file);
             return true;
         }
         if (file && key->key() == Qt::Key_Menu) {

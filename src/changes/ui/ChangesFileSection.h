@@ -1,6 +1,7 @@
 // One list of the changes page, staged or unstaged: its title with the count, the button for the
 // whole list (or the selection), and the files flat or as a tree. Selecting a file asks for its
-// diff; the context menu holds the row's actions.
+// diff; Enter, Space or a double-click moves it to the other list; the context menu holds the
+// row's actions.
 #pragma once
 
 #include "core/records/FileChange.h"
@@ -38,6 +39,8 @@ class ChangesFileSection final : public QWidget {
     void restoreSelection();
     void selectionEdited();
     void runListAction();
+    // Stages or unstages the file, or the whole selection when it holds more rows.
+    void moveToOtherList(const FileChange& file);
     void openMenu(const QPoint& position);
 
     ChangesPaneViewModel& model_;

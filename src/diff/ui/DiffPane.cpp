@@ -51,8 +51,9 @@ QString kindOf(const DiffDetailViewModel& model) {
 } // namespace
 
 DiffPane::DiffPane(DiffDetailViewModel& model, QWidget* parent)
-    : QWidget(parent), model_(model), path_(new QLabel(this)), kind_(new QLabel(this)),
-      modes_(new QButtonGroup(this)), diffMode_(toolButton("diff-pane.mode.diff", this, true)),
+    : QWidget(parent), model_(model), side_(new QLabel(this)), path_(new QLabel(this)),
+      kind_(new QLabel(this)), modes_(new QButtonGroup(this)),
+      diffMode_(toolButton("diff-pane.mode.diff", this, true)),
       splitMode_(toolButton("diff-pane.mode.split", this, true)),
       fileMode_(toolButton("diff-pane.mode.file", this, true)),
       fullContext_(toolButton("diff-pane.full-context", this, true)),
@@ -63,6 +64,12 @@ DiffPane::DiffPane(DiffDetailViewModel& model, QWidget* parent)
       messageAction_(new QPushButton(messagePage_)), image_(new ImagePairView(this)),
       markdownView_(new MarkdownView(this)) {
     setObjectName(QStringLiteral("diff-pane"));
+    side_->setObjectName(QStringLiteral("diff-pane.side"));
+    QFont sideFont = side_->font();
+    sideFont.setBold(true);
+    side_->setFont(sideFont);
+    // Apart from the path; a hidden side takes no room.
+    side_->setContentsMargins(0, 0, 8, 0);
     path_->setObjectName(QStringLiteral("diff-pane.path"));
     path_->setTextInteractionFlags(Qt::TextSelectableByMouse);
     path_->setTextFormat(Qt::PlainText);
@@ -80,6 +87,7 @@ DiffPane::DiffPane(DiffDetailViewModel& model, QWidget* parent)
 
     auto* header = new QHBoxLayout;
     header->setContentsMargins(8, 4, 4, 4);
+    header->addWidget(side_);
     header->addWidget(path_, 1);
     header->addWidget(kind_);
     header->addSpacing(8);
@@ -181,6 +189,12 @@ void DiffPane::showContent() {
     const auto& selection = model_.selection();
     const bool fileMode = model_.mode() == CodeDiffMode::file;
     const bool isMarkdown = model_.language() == SourceLanguage::markdown;
+    // Which list the change is of; a commit's change has no side.
+    const bool workingTree = selection && !selection->commitHash;
+    side_->setText(!workingTree          ? QString()
+                   : selection->isStaged ? localized("Staged")
+                                         : localized("Unstaged"));
+    side_->setVisible(workingTree);
     path_->setText(selection ? QString::fromUtf8(selection->file.path) : QString());
     kind_->setText(selection ? kindOf(model_) : QString());
     fullContext_->setVisible(!fileMode);
@@ -190,7 +204,10 @@ void DiffPane::showContent() {
     const auto& metadata = model_.inspection() ? model_.inspection()->metadata : FileMetadata{};
     switch (model_.content()) {
     case Content::loading:
-        return; // the previous state stays until the answer, without a flash
+        // The previous state stays until the answer, without a flash; an image may take a while.
+        if (model_.isReadingImage())
+            showMessage(QStringLiteral("view-refresh"), localized("Loading image…"), {});
+        return;
     case Content::none:
         showMessage(QStringLiteral("document-open"), localized("No file selected"),
                     localized("Select a file to see its changes."));

@@ -1,8 +1,9 @@
 // The diff pane: the selected file's change unified, side by side or as the whole file, with the
-// hunk buttons its diff offers, "Show full file", and in place of the text whatever the file's
-// inspection decided (the large-file gate, an image, a type that can't be shown, a folder) or the
-// failure with Retry. A conflicted file shows its conflicts with "Open Merge Editor". It shows the
-// model's state and forwards what the person does.
+// side of a working-tree change ("Unstaged" or "Staged") in its header, the hunk buttons its diff
+// offers, "Show full file", and in place of the text whatever the file's inspection decided (the
+// large-file gate, an image and "Loading image…" while it is read, a type that can't be shown, a
+// folder) or the failure with Retry. A conflicted file shows its conflicts with "Open Merge
+// Editor". It shows the model's state and forwards what the person does.
 #pragma once
 
 #include <QWidget>
@@ -50,6 +51,7 @@ class DiffPane final : public QWidget {
     void confirmDiscard();
 
     DiffDetailViewModel& model_;
+    QLabel* side_;
     QLabel* path_;
     QLabel* kind_;
     QButtonGroup* modes_;

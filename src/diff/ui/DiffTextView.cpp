@@ -265,12 +265,45 @@ std::vector<DiffTextView::Button> DiffTextView::buttonsOf(int row, int y) const 
     return buttons;
 }
 
+bool DiffTextView::showsButtons(int hunk) const {
+    if (hunk < 0)
+        return false;
+    const int hovered = viewport()->rect().contains(hoverPoint_) ? rowAt(hoverPoint_.y()) : -1;
+    return (hovered >= 0 && rows_[std::size_t(hovered)].hunk == hunk) ||
+           (hasFocus() && currentHunk() == hunk);
+}
+
+int DiffTextView::pinnedHeaderRow() const {
+    const int first = rowAt(0);
+    if (first < 0 || rows_[std::size_t(first)].isHunkHeader)
+        return -1;
+    const auto after = std::upper_bound(headerRows_.begin(), headerRows_.end(), first);
+    if (after == headerRows_.begin())
+        return -1;
+    const int header = *std::prev(after);
+    return rows_[std::size_t(header)].hunk == rows_[std::size_t(first)].hunk ? header : -1;
+}
+
+int DiffTextView::headerTop(int row) const {
+    return row == pinnedHeaderRow() ? 0 : row * style_.lineHeight - verticalScrollBar()->value();
+}
+
+std::optional<DiffTextView::Button> DiffTextView::shownButtonAt(QPoint point) const {
+    const int pinned = pinnedHeaderRow();
+    const int row = pinned >= 0 && point.y() < style_.lineHeight ? pinned : rowAt(point.y());
+    if (row < 0 || !showsButtons(rows_[std::size_t(row)].hunk))
+        return std::nullopt;
+    for (const Button& button : buttonsOf(row, headerTop(row)))
+        if (button.rect.contains(point))
+            return button;
+    return std::nullopt;
+}
+
 QRect DiffTextView::hunkButtonRect(int hunk, int action) const {
-    const int top = verticalScrollBar()->value();
     for (const int row : headerRows_) {
         if (rows_[std::size_t(row)].hunk != hunk)
             continue;
-        const int y = row * style_.lineHeight - top;
+        const int y = headerTop(row);
         if (y < 0 || y >= viewport()->height())
             return {};
         for (const Button& button : buttonsOf(row, y))
@@ -295,6 +328,12 @@ void DiffTextView::paintEvent(QPaintEvent* event) {
     painter.setFont(style_.font);
     for (int row = first; row <= last; ++row)
         paintRow(painter, row, row * style_.lineHeight - top);
+    // A line under the pinned header tells it from the hunk's own header rows.
+    if (const int pinned = pinnedHeaderRow(); pinned >= 0 && event->rect().top() < style_.lineHeight) {
+        paintHeader(painter, pinned, 0);
+        painter.setPen(style_.divider);
+        painter.drawLine(0, style_.lineHeight - 1, viewport()->width(), style_.lineHeight - 1);
+    }
     if (layout_ == Layout::sideBySide) {
         painter.setPen(style_.divider);
         const int middle = viewport()->width() / 2;
@@ -396,6 +435,8 @@ void DiffTextView::paintHeader(QPainter& painter, int row, int y) {
     painter.fillRect(area, style_.hunkHeader);
     painter.setPen(style_.headerText);
     drawPlain(painter, QPointF(cellPadding, y + style_.ascent), colouredLine(row, false).text);
+    if (!showsButtons(rows_[std::size_t(row)].hunk))
+        return;
     const QPoint hover = hoverPoint_;
     painter.save();
     painter.setFont(font());
@@ -437,12 +478,7 @@ void DiffTextView::resizeEvent(QResizeEvent* event) {
 
 void DiffTextView::mouseMoveEvent(QMouseEvent* event) {
     hoverPoint_ = event->position().toPoint();
-    const int row = rowAt(hoverPoint_.y());
-    bool overButton = false;
-    if (row >= 0)
-        for (const Button& button : buttonsOf(row, row * style_.lineHeight - verticalScrollBar()->value()))
-            overButton = overButton || button.rect.contains(hoverPoint_);
-    viewport()->setCursor(overButton ? Qt::PointingHandCursor : Qt::IBeamCursor);
+    viewport()->setCursor(shownButtonAt(hoverPoint_) ? Qt::PointingHandCursor : Qt::IBeamCursor);
     viewport()->update();
 }
 
@@ -453,16 +489,25 @@ void DiffTextView::leaveEvent(QEvent* event) {
 }
 
 void DiffTextView::mousePressEvent(QMouseEvent* event) {
-    const QPoint point = event->position().toPoint();
-    const int row = rowAt(point.y());
-    if (event->button() == Qt::LeftButton && row >= 0)
-        for (const Button& button : buttonsOf(row, row * style_.lineHeight - verticalScrollBar()->value()))
-            if (button.rect.contains(point)) {
-                requestAction(button.action, rows_[std::size_t(row)].hunk,
-                              shownHunk(rows_, rows_[std::size_t(row)].hunk));
-                return;
-            }
+    // The press is where the pointer is, whether or not a move told so before.
+    hoverPoint_ = event->position().toPoint();
+    if (event->button() == Qt::LeftButton)
+        if (const std::optional<Button> button = shownButtonAt(hoverPoint_)) {
+            const int hunk = rows_[std::size_t(rowAt(hoverPoint_.y()))].hunk;
+            requestAction(button->action, hunk, shownHunk(rows_, hunk));
+            return;
+        }
     QAbstractScrollArea::mousePressEvent(event);
+}
+
+void DiffTextView::focusInEvent(QFocusEvent* event) {
+    viewport()->update();
+    QAbstractScrollArea::focusInEvent(event);
+}
+
+void DiffTextView::focusOutEvent(QFocusEvent* event) {
+    viewport()->update();
+    QAbstractScrollArea::focusOutEvent(event);
 }
 
 void DiffTextView::keyPressEvent(QKeyEvent* event) {
@@ -504,7 +549,8 @@ void DiffTextView::keyPressEvent(QKeyEvent* event) {
 }
 
 void DiffTextView::contextMenuEvent(QContextMenuEvent* event) {
-    const int row = rowAt(event->pos().y());
+    // From the keyboard the menu is the hunk's that the keys act on; from the mouse, the one under it.
+    const int row = event->reason() == QContextMenuEvent::Keyboard ? -1 : rowAt(event->pos().y());
     const int hunk = row >= 0 ? rows_[std::size_t(row)].hunk : currentHunk();
     if (hunk < 0 || !(actions_.stage || actions_.unstage || actions_.discard))
         return;

@@ -1,8 +1,11 @@
 // The painted lines of a diff or a file: line numbers, a marker column, and the text coloured by
 // the highlighter on the background of its change. It paints only the rows in sight and colours a
 // row the first time it is seen, so a change of 10,000 lines scrolls as smoothly as a short one.
-// A hunk's header row carries its buttons (stage, unstage, discard); the keyboard reaches them
-// through the hunk in sight: S stages, U unstages, D discards, N and P move between hunks.
+// A hunk's header row carries its buttons (stage, unstage, discard) while the pointer is over the
+// hunk, or while the view has the focus and the hunk is the one in sight, which the keys act on:
+// S stages, U unstages, D discards, N and P move between hunks, the menu key opens its menu. The
+// header of a hunk scrolled partly out of sight stays pinned at the top, so its buttons stay in
+// reach.
 #pragma once
 
 #include "diff/DiffDetailViewModel.h"
@@ -35,8 +38,9 @@ class DiffTextView final : public QAbstractScrollArea {
     // The hunk of the first row in sight, or -1.
     int currentHunk() const;
     void scrollToHunk(int hunk);
-    // Where the header row of `hunk` shows the button of `action` (0 stage, 1 unstage, 2 discard),
-    // in viewport coordinates; empty when it isn't offered or not in sight.
+    // Where the header row of `hunk` shows the button of `action` (0 stage, 1 unstage, 2 discard)
+    // when the hunk's buttons show, in viewport coordinates; empty when it isn't offered or not in
+    // sight.
     QRect hunkButtonRect(int hunk, int action) const;
 
   signals:
@@ -52,6 +56,8 @@ class DiffTextView final : public QAbstractScrollArea {
     void mousePressEvent(QMouseEvent* event) override;
     void leaveEvent(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
     void changeEvent(QEvent* event) override;
     bool viewportEvent(QEvent* event) override;
@@ -93,6 +99,15 @@ class DiffTextView final : public QAbstractScrollArea {
                    std::optional<int> first, std::optional<int> second, RowTone tone);
     void paintHeader(QPainter& painter, int row, int y);
     std::vector<Button> buttonsOf(int row, int y) const;
+    // The header row pinned at the top: the first row in sight lies in a hunk whose header has
+    // scrolled above it. -1 when there is none.
+    int pinnedHeaderRow() const;
+    // Where the header `row` is drawn, pinned or in its place.
+    int headerTop(int row) const;
+    // Whether the buttons of `hunk` show: it is under the pointer, or the keys act on it.
+    bool showsButtons(int hunk) const;
+    // The button of the header row under `point` that shows there, if any.
+    std::optional<Button> shownButtonAt(QPoint point) const;
     int rowAt(int y) const;
     void requestAction(int action, int hunk, const std::string& shown);
     QString buttonTitle(int action) const;

@@ -1229,6 +1229,18 @@
         <source>Resolve this file&apos;s conflicts in the merge editor</source>
         <translation>在合并编辑器中解决此文件的冲突</translation>
     </message>
+    <message>
+        <source>Staged</source>
+        <translation>已暂存</translation>
+    </message>
+    <message>
+        <source>Unstaged</source>
+        <translation>未暂存</translation>
+    </message>
+    <message>
+        <source>Loading image…</source>
+        <translation>正在加载图像…</translation>
+    </message>
 </context>
 <context>
     <name>orvel::DiffTextView</name>
