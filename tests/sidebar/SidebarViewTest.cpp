@@ -12,10 +12,13 @@
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QCheckBox>
 #include <QContextMenuEvent>
+#include <QDialog>
 #include <QLineEdit>
 #include <QMenu>
 #include <QMessageBox>
+#include <QPointer>
 #include <QStackedWidget>
 #include <QTest>
 #include <QToolButton>
@@ -137,4 +140,50 @@ TEST_F(SidebarWidget, TheFilterNarrowsEverySectionAndSaysWhenNothingMatches) {
     field->clear();
     QTRY_VERIFY(row(QStringLiteral("tag/v1.0")).isValid());
     test::saveScreenshot(view, QStringLiteral("sidebar-light"), QSize(320, 700));
+}
+
+// The sheets of a row's menu hand their answer to the sidebar, which creates the ref at the row's
+// commit and says so, or says why git refused.
+TEST_F(SidebarWidget, CreatingABranchOrATagFromARowTellsTheOutcome) {
+    test::await(sidebar.loadBranches(entry));
+    const std::string topic = repo.rev("topic");
+    const struct {
+        const char* action;
+        const char* field;
+        const char* name;
+        const char* toast;
+    } cases[] = {
+        {"Create Branch from 'topic'…", "create-branch.name-field", "from-topic", "Created branch 'from-topic'"},
+        {"Create Tag at 'topic'…", "create-tag.name-field", "v2.0", "Created tag 'v2.0'"},
+        {"Create Tag at 'topic'…", "create-tag.name-field", "v2.0", "Create tag failed: "},
+    };
+    for (const auto& create : cases) {
+        SCOPED_TRACE(create.toast);
+        QMenu* menu = openMenu(row(QStringLiteral("local/topic")));
+        ASSERT_NE(menu, nullptr);
+        QAction* action = actionNamed(*menu, QString::fromUtf8(create.action));
+        ASSERT_NE(action, nullptr);
+        menu->close();
+        action->trigger();
+        QPointer<QDialog> sheet;
+        ASSERT_TRUE(QTest::qWaitFor(
+            [&] {
+                for (QDialog* dialog : view.findChildren<QDialog*>())
+                    if (dialog->isVisible())
+                        sheet = dialog;
+                return !sheet.isNull();
+            },
+            5000));
+        if (auto* checkout = sheet->findChild<QCheckBox*>(QStringLiteral("create-branch.checkout-toggle")))
+            checkout->setChecked(false);
+        QTest::keyClicks(sheet->findChild<QLineEdit*>(QString::fromLatin1(create.field)),
+                         QString::fromLatin1(create.name));
+        QTest::keyClick(sheet->findChild<QLineEdit*>(QString::fromLatin1(create.field)), Qt::Key_Return);
+        QTRY_VERIFY_WITH_TIMEOUT(lastToast().startsWith(QString::fromUtf8(create.toast)), 10000);
+        EXPECT_TRUE(!sheet || !sheet->isVisible());
+        EXPECT_EQ(repo.rev(create.name), topic);
+    }
+    EXPECT_EQ(repo.git({"branch", "--show-current"}), "main\n");
+    QTRY_VERIFY(row(QStringLiteral("tag/v2.0")).isValid());
+    QTRY_VERIFY(row(QStringLiteral("local/from-topic")).isValid());
 }

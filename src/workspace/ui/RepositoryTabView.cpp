@@ -207,7 +207,7 @@ void RepositoryTabView::showCreateBranch(const std::string& hash) {
 }
 
 void RepositoryTabView::showCreateTag(const std::string& hash) {
-    auto* sheet = new CreateTagSheet(tab_.repo(), hash, tab_.service(), this, true);
+    auto* sheet = new CreateTagSheet(tab_.repo(), hash, tab_.service(), this);
     sheet->setAttribute(Qt::WA_DeleteOnClose);
     connect(sheet, &CreateTagSheet::createRequested, &tab_.graph(),
             [graph = &tab_.graph()](const QString& name, const std::optional<QString>& message,
