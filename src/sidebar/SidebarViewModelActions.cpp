@@ -9,6 +9,7 @@
 #include "core/support/Log.h"
 #include "notices/ToastManager.h"
 #include "settings/LocalizationManager.h"
+#include "sidebar/TagVersionOrder.h"
 
 #include <QPointer>
 
@@ -390,6 +391,7 @@ QCoro::Task<void> SidebarViewModel::reloadTags() {
         std::vector<TagEntry> tags = co_await std::move(read);
         if (!ticket.isCurrent())
             co_return;
+        sortNewestFirst(tags);
         localTags_ = std::move(tags);
         emit detailsChanged();
         updateFilterSources();

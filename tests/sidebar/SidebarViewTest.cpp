@@ -62,7 +62,7 @@ class SidebarWidget : public ::testing::Test, public test::SidebarOnRealGit {
         return opened ? menu : nullptr;
     }
 
-    SidebarView view{sidebar};
+    SidebarView view{sidebar, defaults};
 };
 
 QAction* actionNamed(QMenu& menu, const QString& text) {
@@ -186,4 +186,74 @@ TEST_F(SidebarWidget, CreatingABranchOrATagFromARowTellsTheOutcome) {
     EXPECT_EQ(repo.git({"branch", "--show-current"}), "main\n");
     QTRY_VERIFY(row(QStringLiteral("tag/v2.0")).isValid());
     QTRY_VERIFY(row(QStringLiteral("local/from-topic")).isValid());
+}
+
+// Hundreds of tags would push everything below them out of sight: a section of more than fifty
+// rows starts closed. What the user opens or closes stays so for that repository, in the settings.
+TEST_F(SidebarWidget, ALongSectionStartsClosedAndTheUsersChoiceIsKeptPerRepository) {
+    test::TempRepo other;
+    other.write("a.txt", "other\n");
+    other.commitAll("other");
+    for (int tag = 1; tag <= 51; ++tag)
+        for (const test::TempRepo* each : {&repo, &other})
+            each->git({"tag", "t" + std::to_string(tag)});
+    RepoEntry otherEntry;
+    otherEntry.path = other.path();
+    const SidebarTreeModel& model = view.treeModel();
+    const auto isOpen = [](const SidebarView& sidebarView, SidebarTreeModel::Section section) {
+        return sidebarView.tree().isExpanded(sidebarView.treeModel().sectionIndex(section));
+    };
+    using Section = SidebarTreeModel::Section;
+
+    test::await(sidebar.loadBranches(entry));
+    QTRY_COMPARE(model.rowCount(model.sectionIndex(Section::tags)), 51);
+    EXPECT_FALSE(isOpen(view, Section::tags));
+    EXPECT_TRUE(isOpen(view, Section::local));
+    EXPECT_TRUE(isOpen(view, Section::stashes));
+    test::saveScreenshot(view, QStringLiteral("sidebar-long-tags-closed"), QSize(320, 400));
+
+    view.tree().expand(model.sectionIndex(Section::tags));
+    view.tree().collapse(model.sectionIndex(Section::local));
+    {
+        SidebarView again(sidebar, defaults);
+        EXPECT_TRUE(isOpen(again, Section::tags));
+        EXPECT_FALSE(isOpen(again, Section::local));
+    }
+
+    test::await(sidebar.loadBranches(otherEntry));
+    QTRY_COMPARE(sidebar.repo()->path, other.path());
+    QTRY_COMPARE(model.rowCount(model.sectionIndex(Section::tags)), 51);
+    EXPECT_FALSE(isOpen(view, Section::tags));
+    EXPECT_TRUE(isOpen(view, Section::local));
+
+    test::await(sidebar.loadBranches(entry));
+    QTRY_VERIFY(isOpen(view, Section::tags));
+    EXPECT_FALSE(isOpen(view, Section::local));
+}
+
+// A narrow column cuts long names in the middle; every named row carries its whole name.
+TEST_F(SidebarWidget, EveryNamedRowCarriesItsWholeNameInATooltip) {
+    const std::string branch = "feature/a-branch-name-long-enough-that-a-narrow-column-cuts-it-in-the-middle";
+    const std::string tag = "release-candidate-for-the-spring-version-2.0.0-built-on-the-long-night";
+    repo.git({"branch", branch});
+    repo.git({"tag", tag});
+    test::await(sidebar.loadBranches(entry));
+    QTRY_VERIFY(row(QString::fromStdString("tag/" + tag)).isValid());
+    const std::pair<std::string, std::string> rows[] = {
+        {"local/feature", "feature"},
+        {"local/" + branch, branch},
+        {"remote/origin", "origin"},
+        {"origin/feature/login", "origin/feature/login"},
+        {"tag/" + tag, tag},
+    };
+    for (const auto& [id, name] : rows) {
+        const QModelIndex index = row(QString::fromStdString(id));
+        ASSERT_TRUE(index.isValid()) << id;
+        EXPECT_EQ(index.data(Qt::ToolTipRole).toString().section(QLatin1Char('\n'), 0, 0),
+                  QString::fromStdString(name))
+            << id;
+    }
+    view.tree().expand(row(QStringLiteral("local/feature")));
+    view.resize(220, 500);
+    test::saveScreenshot(view, QStringLiteral("sidebar-long-names"), QSize(220, 500));
 }
