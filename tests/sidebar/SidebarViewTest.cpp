@@ -1,6 +1,8 @@
 // The sidebar end to end on a real repository: deleting an unmerged branch from a row's menu asks
-// whether to force it and then does; the filter narrows every section to its finds, and says so
-// when nothing matches. Screenshots in both appearances.
+// whether to force it and then does; creating a branch or a tag from a row says how it went; the
+// filter narrows every section to its finds, and says so when nothing matches; a long section
+// starts closed and keeps the user's choice per repository; long names show whole in tooltips.
+// Screenshots in both appearances.
 #include "sidebar/ui/SidebarView.h"
 #include "settings/ThemeEngine.h"
 #include "sidebar/SidebarOnRealGit.h"

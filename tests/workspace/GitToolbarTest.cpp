@@ -1,6 +1,6 @@
 // The toolbar in the window on a real repository two commits ahead of and one behind its origin:
-// the badges and the status, a force push through its warning, and a stash named through the
-// prompt, with the screenshots of the toolbar and the prompt.
+// the badges and the status, a force push through its warning, a stash named through the prompt,
+// and New Tag with its activity and toasts, with the screenshots of the toolbar and the prompt.
 #include "workspace/ui/GitToolbar.h"
 
 #include "RemoteFixture.h"
