@@ -104,11 +104,7 @@ std::strong_ordering compareVersions(const Version& a, const Version& b) {
     return compareNatural(a.suffix, b.suffix);
 }
 
-} // namespace
-
-bool listsBefore(std::string_view a, std::string_view b) {
-    const Version first = versionOf(a);
-    const Version second = versionOf(b);
+bool listedBefore(const Version& first, std::string_view a, const Version& second, std::string_view b) {
     if (first.numbers.empty() != second.numbers.empty())
         return second.numbers.empty();
     if (const auto order = compareVersions(first, second); order != 0)
@@ -119,8 +115,26 @@ bool listsBefore(std::string_view a, std::string_view b) {
     return a < b;
 }
 
+} // namespace
+
+bool listsBefore(std::string_view a, std::string_view b) {
+    return listedBefore(versionOf(a), a, versionOf(b), b);
+}
+
+// Each name is read once; the versions point into the names, which stay put until the end.
 void sortNewestFirst(std::vector<TagEntry>& tags) {
-    std::ranges::stable_sort(tags, [](const TagEntry& a, const TagEntry& b) { return listsBefore(a.name, b.name); });
+    std::vector<std::pair<Version, std::size_t>> keys;
+    keys.reserve(tags.size());
+    for (std::size_t index = 0; index < tags.size(); ++index)
+        keys.emplace_back(versionOf(tags[index].name), index);
+    std::ranges::stable_sort(keys, [&](const auto& x, const auto& y) {
+        return listedBefore(x.first, tags[x.second].name, y.first, tags[y.second].name);
+    });
+    std::vector<TagEntry> sorted;
+    sorted.reserve(tags.size());
+    for (const auto& key : keys)
+        sorted.push_back(std::move(tags[key.second]));
+    tags = std::move(sorted);
 }
 
 } // namespace orvel
