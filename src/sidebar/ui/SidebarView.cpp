@@ -180,7 +180,8 @@ void SidebarView::rememberExpansion(const QModelIndex& index, bool expanded) {
         return;
     const QString id = index.data(SidebarTreeModel::IdRole).toString();
     if (model_->kind(index) == Kind::section) {
-        sections_.setExpanded(sidebar_.repo() ? sidebar_.repo()->path : std::string(), id, expanded);
+        if (sidebar_.repo())
+            sections_.setExpanded(sidebar_.repo()->path, id, expanded);
         return;
     }
     if (expanded)
