@@ -8,6 +8,7 @@
 #include "core/support/UserDefaults.h"
 #include "sidebar/ui/CreateTagSheet.h"
 #include "support/GitFixture.h"
+#include "support/Eventually.h"
 #include "support/Screenshot.h"
 
 #include <QCheckBox>
@@ -74,13 +75,13 @@ TEST_F(CreateRefSheets, CreateABranchAtACommitWithoutCheckingItOut) {
     child<QCheckBox>(sheet, "create-branch.checkout-toggle")->setChecked(false);
     EXPECT_EQ(create->text(), QStringLiteral("Create"));
     create->click();
-    QTRY_VERIFY(sheet.findChild<QLabel*>(QStringLiteral("create-branch.error"))->isVisible());
+    ASSERT_TRUE(test::eventually([&] { return sheet.findChild<QLabel*>(QStringLiteral("create-branch.error"))->isVisible(); }));
     EXPECT_TRUE(sheet.isVisible());
 
     retype(field, QStringLiteral("feature one"));
     EXPECT_EQ(field->text(), QStringLiteral("feature-one"));
     QTest::keyClick(field, Qt::Key_Return);
-    QTRY_COMPARE(created.count(), 1);
+    ASSERT_TRUE(test::eventually([&] { return created.count() == 1; }));
     EXPECT_FALSE(sheet.isVisible());
     EXPECT_EQ(repo.rev("feature-one"), first);
     EXPECT_EQ(repo.git({"branch", "--show-current"}), "main\n");

@@ -8,6 +8,7 @@
 #include "sidebar/SidebarOnRealGit.h"
 #include "sidebar/SidebarTreeModel.h"
 #include "support/Await.h"
+#include "support/Eventually.h"
 #include "support/Screenshot.h"
 #include "widgets/OEmptyState.h"
 #include "widgets/TokenPalette.h"
@@ -95,9 +96,9 @@ TEST_F(SidebarWidget, DeletingAnUnmergedBranchAsksWhetherToForceIt) {
         if (button->text() == QStringLiteral("Force Delete"))
             button->click();
 
-    QTRY_COMPARE_WITH_TIMEOUT(lastToast(), QStringLiteral("Force deleted branch 'topic'"), 10000);
+    ASSERT_TRUE(test::eventually([&] { return lastToast() == QStringLiteral("Force deleted branch 'topic'"); }));
     EXPECT_EQ(repo.gitAllowingFailure({"rev-parse", "--verify", "-q", "topic"}).exitCode, 1);
-    QTRY_VERIFY(!row(QStringLiteral("local/topic")).isValid());
+    ASSERT_TRUE(test::eventually([&] { return !row(QStringLiteral("local/topic")).isValid(); }));
     EXPECT_FALSE(sidebar.pendingForceDeleteBranch());
 }
 
@@ -110,12 +111,12 @@ TEST_F(SidebarWidget, TheFilterNarrowsEverySectionAndSaysWhenNothingMatches) {
     repo.write("a.txt", "draft\n");
     repo.git({"stash", "push", "-q", "-m", "login form draft"});
     test::await(sidebar.loadBranches(entry));
-    QTRY_COMPARE(sidebar.stashEntries().size(), 1u);
-    QTRY_VERIFY(row(QStringLiteral("tag/v1.0")).isValid());
+    ASSERT_TRUE(test::eventually([&] { return sidebar.stashEntries().size() == 1u; }));
+    ASSERT_TRUE(test::eventually([&] { return row(QStringLiteral("tag/v1.0")).isValid(); }));
 
     auto* field = view.findChild<QLineEdit*>(QStringLiteral("sidebar.filter-field"));
     QTest::keyClicks(field, QStringLiteral("login"));
-    QTRY_VERIFY_WITH_TIMEOUT(!row(QStringLiteral("tag/v1.0")).isValid(), 5000);
+    ASSERT_TRUE(test::eventually([&] { return !row(QStringLiteral("tag/v1.0")).isValid(); }));
     for (const char* id :
          {"local/feature/login", "local/feature/ui/login-form", "origin/feature/login", "tag/login-beta"})
         EXPECT_TRUE(row(QString::fromLatin1(id)).isValid()) << id;
@@ -131,16 +132,16 @@ TEST_F(SidebarWidget, TheFilterNarrowsEverySectionAndSaysWhenNothingMatches) {
     QCoreApplication::processEvents();
 
     view.findChild<QToolButton*>(QStringLiteral("sidebar.filter.word-match"))->click();
-    QTRY_VERIFY(!row(QStringLiteral("local/feature/ui/login-form")).isValid());
+    ASSERT_TRUE(test::eventually([&] { return !row(QStringLiteral("local/feature/ui/login-form")).isValid(); }));
     EXPECT_TRUE(row(QStringLiteral("local/feature/login")).isValid());
 
     field->clear();
     QTest::keyClicks(field, QStringLiteral("nothing-like-this"));
     auto* pages = view.findChild<QStackedWidget*>();
-    QTRY_VERIFY(qobject_cast<OEmptyState*>(pages->currentWidget()));
+    ASSERT_TRUE(test::eventually([&] { return qobject_cast<OEmptyState*>(pages->currentWidget()) != nullptr; }));
 
     field->clear();
-    QTRY_VERIFY(row(QStringLiteral("tag/v1.0")).isValid());
+    ASSERT_TRUE(test::eventually([&] { return row(QStringLiteral("tag/v1.0")).isValid(); }));
     test::saveScreenshot(view, QStringLiteral("sidebar-light"), QSize(320, 700));
 }
 
@@ -181,13 +182,14 @@ TEST_F(SidebarWidget, CreatingABranchOrATagFromARowTellsTheOutcome) {
         QTest::keyClicks(sheet->findChild<QLineEdit*>(QString::fromLatin1(create.field)),
                          QString::fromLatin1(create.name));
         QTest::keyClick(sheet->findChild<QLineEdit*>(QString::fromLatin1(create.field)), Qt::Key_Return);
-        QTRY_VERIFY_WITH_TIMEOUT(lastToast().startsWith(QString::fromUtf8(create.toast)), 10000);
+        ASSERT_TRUE(test::eventually([&] { return lastToast().startsWith(QString::fromUtf8(create.toast)); }))
+            << lastToast().toStdString();
         EXPECT_TRUE(!sheet || !sheet->isVisible());
         EXPECT_EQ(repo.rev(create.name), topic);
     }
     EXPECT_EQ(repo.git({"branch", "--show-current"}), "main\n");
-    QTRY_VERIFY(row(QStringLiteral("tag/v2.0")).isValid());
-    QTRY_VERIFY(row(QStringLiteral("local/from-topic")).isValid());
+    ASSERT_TRUE(test::eventually([&] { return row(QStringLiteral("tag/v2.0")).isValid(); }));
+    ASSERT_TRUE(test::eventually([&] { return row(QStringLiteral("local/from-topic")).isValid(); }));
 }
 
 // Hundreds of tags would push everything below them out of sight: a section of more than fifty
@@ -208,7 +210,7 @@ TEST_F(SidebarWidget, ALongSectionStartsClosedAndTheUsersChoiceIsKeptPerReposito
     using Section = SidebarTreeModel::Section;
 
     test::await(sidebar.loadBranches(entry));
-    QTRY_COMPARE(model.rowCount(model.sectionIndex(Section::tags)), 51);
+    ASSERT_TRUE(test::eventually([&] { return model.rowCount(model.sectionIndex(Section::tags)) == 51; }));
     EXPECT_FALSE(isOpen(view, Section::tags));
     EXPECT_TRUE(isOpen(view, Section::local));
     EXPECT_TRUE(isOpen(view, Section::stashes));
@@ -223,13 +225,13 @@ TEST_F(SidebarWidget, ALongSectionStartsClosedAndTheUsersChoiceIsKeptPerReposito
     }
 
     test::await(sidebar.loadBranches(otherEntry));
-    QTRY_COMPARE(sidebar.repo()->path, other.path());
-    QTRY_COMPARE(model.rowCount(model.sectionIndex(Section::tags)), 51);
+    ASSERT_TRUE(test::eventually([&] { return sidebar.repo()->path == other.path(); }));
+    ASSERT_TRUE(test::eventually([&] { return model.rowCount(model.sectionIndex(Section::tags)) == 51; }));
     EXPECT_FALSE(isOpen(view, Section::tags));
     EXPECT_TRUE(isOpen(view, Section::local));
 
     test::await(sidebar.loadBranches(entry));
-    QTRY_VERIFY(isOpen(view, Section::tags));
+    ASSERT_TRUE(test::eventually([&] { return isOpen(view, Section::tags); }));
     EXPECT_FALSE(isOpen(view, Section::local));
 }
 
@@ -240,7 +242,7 @@ TEST_F(SidebarWidget, EveryNamedRowCarriesItsWholeNameInATooltip) {
     repo.git({"branch", branch});
     repo.git({"tag", tag});
     test::await(sidebar.loadBranches(entry));
-    QTRY_VERIFY(row(QString::fromStdString("tag/" + tag)).isValid());
+    ASSERT_TRUE(test::eventually([&] { return row(QString::fromStdString("tag/" + tag)).isValid(); }));
     const std::pair<std::string, std::string> rows[] = {
         {"local/feature", "feature"},
         {"local/" + branch, branch},
