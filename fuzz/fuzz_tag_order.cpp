@@ -19,7 +19,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     }
     // Every pair and triple among the first names: never before itself, never both ways, transitive.
     const std::size_t checked = std::min<std::size_t>(tags.size(), 12);
-    const auto before = [&](std::size_t x, std::size_t y) { return orvel::listsBefore(tags[x].name, tags[y].name); };
+    const auto before = [&](std::size_t x, std::size_t y) {
+        return orvel::listsBefore(tags[x].name, tags[y].name);
+    };
     for (std::size_t a = 0; a < checked; ++a) {
         if (before(a, a))
             __builtin_trap();
@@ -32,7 +34,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         }
     }
     orvel::sortNewestFirst(tags);
-    if (!std::ranges::is_sorted(tags, [](const auto& x, const auto& y) { return orvel::listsBefore(x.name, y.name); }))
+    if (!std::ranges::is_sorted(
+            tags, [](const auto& x, const auto& y) { return orvel::listsBefore(x.name, y.name); }))
         __builtin_trap();
     return 0;
 }

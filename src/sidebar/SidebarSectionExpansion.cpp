@@ -20,7 +20,8 @@ bool SidebarSectionExpansion::isExpanded(const std::string& repoPath, const QStr
     return chosen.isValid() ? chosen.toBool() : rowCount <= collapsedAbove;
 }
 
-void SidebarSectionExpansion::setExpanded(const std::string& repoPath, const QString& sectionId, bool expanded) {
+void SidebarSectionExpansion::setExpanded(const std::string& repoPath, const QString& sectionId,
+                                          bool expanded) {
     QVariantMap repositories = defaults_.value(settingsKey).toMap();
     const QString repository = QString::fromStdString(repoPath);
     QVariantMap sections = repositories.value(repository).toMap();

@@ -354,7 +354,8 @@ QCoro::Task<void> SidebarViewModel::createBranch(std::string name, std::string s
     if (!co_await std::move(created))
         co_return;
     qCDebug(lcRefs, "op=branch.created checkout=%d", checkout ? 1 : 0);
-    toasts.show(checkout ? localized("Created and checked out '%1'", name) : localized("Created branch '%1'", name),
+    toasts.show(checkout ? localized("Created and checked out '%1'", name)
+                         : localized("Created branch '%1'", name),
                 ToastType::notice);
     if (!self)
         co_return;
@@ -371,9 +372,10 @@ QCoro::Task<void> SidebarViewModel::createTag(std::string name, std::optional<st
     QPointer<SidebarViewModel> self(this);
     ToastManager& toasts = toasts_;
     const bool annotated = message.has_value();
-    auto created = attempt(service_->createTag(*repo_, name, hash.empty() ? std::nullopt : std::optional(hash),
-                                               std::move(message)),
-                           toasts, "op=tag.create", "Create tag failed: %1");
+    auto created =
+        attempt(service_->createTag(*repo_, name, hash.empty() ? std::nullopt : std::optional(hash),
+                                    std::move(message)),
+                toasts, "op=tag.create", "Create tag failed: %1");
     if (!co_await std::move(created))
         co_return;
     qCDebug(lcRefs, "op=tag.created annotated=%d", annotated ? 1 : 0);

@@ -61,11 +61,11 @@ struct Version {
 bool namesPreRelease(std::string_view suffix) {
     while (!suffix.empty() && isSeparator(suffix.front()))
         suffix.remove_prefix(1);
-    static constexpr std::array<std::string_view, 7> words = {"alpha", "beta", "rc",      "pre",
-                                                               "dev",   "preview", "snapshot"};
+    static constexpr std::array<std::string_view, 7> words = {"alpha", "beta",    "rc",      "pre",
+                                                              "dev",   "preview", "snapshot"};
     for (const std::string_view word : words)
-        if (suffix.size() >= word.size() &&
-            std::equal(word.begin(), word.end(), suffix.begin(), [](char w, char s) { return w == lower(s); }))
+        if (suffix.size() >= word.size() && std::equal(word.begin(), word.end(), suffix.begin(),
+                                                       [](char w, char s) { return w == lower(s); }))
             return true;
     // "1.0a1", "1.0b2": a single letter before a number.
     return suffix.size() >= 2 && (lower(suffix[0]) == 'a' || lower(suffix[0]) == 'b') && isDigit(suffix[1]);
@@ -98,7 +98,9 @@ std::strong_ordering compareVersions(const Version& a, const Version& b) {
         if (const auto order = compareNumbers(x, y); order != 0)
             return order;
     }
-    const auto rank = [](const Version& version) { return version.suffix.empty() ? 1 : version.preRelease ? 0 : 2; };
+    const auto rank = [](const Version& version) {
+        return version.suffix.empty() ? 1 : version.preRelease ? 0 : 2;
+    };
     if (const auto order = rank(a) <=> rank(b); order != 0)
         return order;
     return compareNatural(a.suffix, b.suffix);

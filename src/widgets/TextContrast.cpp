@@ -42,7 +42,8 @@ double contrastRatio(const QColor& foreground, const QColor& background) {
 QColor readableOn(const QColor& background, const QColor& preferred, double ratio) {
     const QColor start = laidOver(preferred, background);
     const double ground = luminance(background);
-    const QColor extreme = ratioOf(ground, 0.0) >= ratioOf(ground, 1.0) ? QColor(Qt::black) : QColor(Qt::white);
+    const QColor extreme =
+        ratioOf(ground, 0.0) >= ratioOf(ground, 1.0) ? QColor(Qt::black) : QColor(Qt::white);
     constexpr int steps = 64;
     for (int step = 0; step < steps; ++step) {
         const QColor candidate = mixed(start, extreme, static_cast<double>(step) / steps);

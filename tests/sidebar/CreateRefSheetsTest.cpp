@@ -7,8 +7,8 @@
 #include "core/service/NativeGitService.h"
 #include "core/support/UserDefaults.h"
 #include "sidebar/ui/CreateTagSheet.h"
-#include "support/GitFixture.h"
 #include "support/Eventually.h"
+#include "support/GitFixture.h"
 #include "support/Screenshot.h"
 
 #include <QCheckBox>
@@ -75,7 +75,8 @@ TEST_F(CreateRefSheets, CreateABranchAtACommitWithoutCheckingItOut) {
     child<QCheckBox>(sheet, "create-branch.checkout-toggle")->setChecked(false);
     EXPECT_EQ(create->text(), QStringLiteral("Create"));
     create->click();
-    ASSERT_TRUE(test::eventually([&] { return sheet.findChild<QLabel*>(QStringLiteral("create-branch.error"))->isVisible(); }));
+    ASSERT_TRUE(test::eventually(
+        [&] { return sheet.findChild<QLabel*>(QStringLiteral("create-branch.error"))->isVisible(); }));
     EXPECT_TRUE(sheet.isVisible());
 
     retype(field, QStringLiteral("feature one"));
@@ -95,10 +96,11 @@ TEST_F(CreateRefSheets, TheTagSheetHandsOverAValidNameWithItsMessageAndCommit) {
         std::string commit;
     };
     std::vector<Request> requests;
-    QObject::connect(&sheet, &CreateTagSheet::createRequested,
-                     [&](const QString& name, const std::optional<QString>& message, const std::string& commit) {
-                         requests.push_back({name, message, commit});
-                     });
+    QObject::connect(
+        &sheet, &CreateTagSheet::createRequested,
+        [&](const QString& name, const std::optional<QString>& message, const std::string& commit) {
+            requests.push_back({name, message, commit});
+        });
     sheet.open();
     auto* field = child<QLineEdit>(sheet, "create-tag.name-field");
     auto* create = child<QPushButton>(sheet, "create-tag.create-button");

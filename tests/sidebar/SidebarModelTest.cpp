@@ -2,13 +2,13 @@
 // its limits, the one-call refresh when the refs are unchanged, the merged-branch limit, and the
 // checks before a checkout.
 #include "core/service/MockGitService.h"
+#include "notices/ToastManager.h"
 #include "sidebar/BranchTree.h"
 #include "sidebar/FilterMatcher.h"
 #include "sidebar/SidebarFilterViewModel.h"
 #include "sidebar/SidebarViewModel.h"
 #include "support/Await.h"
 #include "support/Eventually.h"
-#include "notices/ToastManager.h"
 
 #include <QTest>
 

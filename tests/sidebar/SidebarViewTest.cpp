@@ -96,7 +96,8 @@ TEST_F(SidebarWidget, DeletingAnUnmergedBranchAsksWhetherToForceIt) {
         if (button->text() == QStringLiteral("Force Delete"))
             button->click();
 
-    ASSERT_TRUE(test::eventually([&] { return lastToast() == QStringLiteral("Force deleted branch 'topic'"); }));
+    ASSERT_TRUE(
+        test::eventually([&] { return lastToast() == QStringLiteral("Force deleted branch 'topic'"); }));
     EXPECT_EQ(repo.gitAllowingFailure({"rev-parse", "--verify", "-q", "topic"}).exitCode, 1);
     ASSERT_TRUE(test::eventually([&] { return !row(QStringLiteral("local/topic")).isValid(); }));
     EXPECT_FALSE(sidebar.pendingForceDeleteBranch());
@@ -132,13 +133,15 @@ TEST_F(SidebarWidget, TheFilterNarrowsEverySectionAndSaysWhenNothingMatches) {
     QCoreApplication::processEvents();
 
     view.findChild<QToolButton*>(QStringLiteral("sidebar.filter.word-match"))->click();
-    ASSERT_TRUE(test::eventually([&] { return !row(QStringLiteral("local/feature/ui/login-form")).isValid(); }));
+    ASSERT_TRUE(
+        test::eventually([&] { return !row(QStringLiteral("local/feature/ui/login-form")).isValid(); }));
     EXPECT_TRUE(row(QStringLiteral("local/feature/login")).isValid());
 
     field->clear();
     QTest::keyClicks(field, QStringLiteral("nothing-like-this"));
     auto* pages = view.findChild<QStackedWidget*>();
-    ASSERT_TRUE(test::eventually([&] { return qobject_cast<OEmptyState*>(pages->currentWidget()) != nullptr; }));
+    ASSERT_TRUE(
+        test::eventually([&] { return qobject_cast<OEmptyState*>(pages->currentWidget()) != nullptr; }));
 
     field->clear();
     ASSERT_TRUE(test::eventually([&] { return row(QStringLiteral("tag/v1.0")).isValid(); }));
@@ -156,7 +159,8 @@ TEST_F(SidebarWidget, CreatingABranchOrATagFromARowTellsTheOutcome) {
         const char* name;
         const char* toast;
     } cases[] = {
-        {"Create Branch from 'topic'…", "create-branch.name-field", "from-topic", "Created branch 'from-topic'"},
+        {"Create Branch from 'topic'…", "create-branch.name-field", "from-topic",
+         "Created branch 'from-topic'"},
         {"Create Tag at 'topic'…", "create-tag.name-field", "v2.0", "Created tag 'v2.0'"},
         {"Create Tag at 'topic'…", "create-tag.name-field", "v2.0", "Create tag failed: "},
     };
@@ -244,10 +248,8 @@ TEST_F(SidebarWidget, EveryNamedRowCarriesItsWholeNameInATooltip) {
     test::await(sidebar.loadBranches(entry));
     ASSERT_TRUE(test::eventually([&] { return row(QString::fromStdString("tag/" + tag)).isValid(); }));
     const std::pair<std::string, std::string> rows[] = {
-        {"local/feature", "feature"},
-        {"local/" + branch, branch},
-        {"remote/origin", "origin"},
-        {"origin/feature/login", "origin/feature/login"},
+        {"local/feature", "feature"}, {"local/" + branch, branch},
+        {"remote/origin", "origin"},  {"origin/feature/login", "origin/feature/login"},
         {"tag/" + tag, tag},
     };
     for (const auto& [id, name] : rows) {

@@ -258,7 +258,8 @@ TEST_F(Toolbar, NewTagShowsItsActivityAndTellsTheOutcomeInAToast) {
         find<QToolButton>("toolbar.new-tag").click();
         QPointer<QDialog> sheet = openDialog<QDialog>();
         ASSERT_TRUE(sheet);
-        QTest::keyClicks(sheet->findChild<QLineEdit*>("create-tag.name-field"), QString::fromLatin1(tag.name));
+        QTest::keyClicks(sheet->findChild<QLineEdit*>("create-tag.name-field"),
+                         QString::fromLatin1(tag.name));
         sheet->findChild<QPushButton*>("create-tag.create-button")->click();
         ASSERT_TRUE(test::eventually([&] {
             return !model.activityMessage() && !shown.isEmpty() && shown.back().startsWith(tag.toast);

@@ -2,12 +2,12 @@
 // outline of a pill on a selected row by 3 to 1), in the light and the dark palette of every
 // catalogue theme, under each built-in file theme: the sidebar's rows and their CURRENT badge, the
 // conflict banner and its buttons, and the graph's texts and ref pills, selected or not.
+#include "widgets/TextContrast.h"
 #include "graph/ui/GraphRowStyle.h"
 #include "merge/ui/ConflictBanner.h"
 #include "settings/ThemeDecoder.h"
 #include "settings/ThemeEngine.h"
 #include "sidebar/ui/SidebarRowDelegate.h"
-#include "widgets/TextContrast.h"
 #include "widgets/TokenPalette.h"
 
 #include <QDir>
@@ -55,14 +55,17 @@ std::vector<Pair> pairsOf(const Theme& theme, const ThemeTokens& tokens) {
 
     const ConflictBannerColours banner = ConflictBannerColours::of(theme.colors.conflict);
     pairs.push_back({"conflict banner", banner.text, banner.background});
-    pairs.push_back({"conflict banner button", banner.buttonText, laidOver(banner.button, banner.background)});
     pairs.push_back(
-        {"pressed conflict banner button", banner.buttonText, laidOver(banner.pressedButton, banner.background)});
+        {"conflict banner button", banner.buttonText, laidOver(banner.button, banner.background)});
+    pairs.push_back({"pressed conflict banner button", banner.buttonText,
+                     laidOver(banner.pressedButton, banner.background)});
 
     const GraphRowStyle rows = GraphRowStyle::from(theme, tokens, palette);
     const QColor base = palette.color(QPalette::Base);
-    for (const auto& [what, colour] : {std::pair{"graph text", rows.text}, {"graph author", rows.secondaryText},
-                                       {"graph hash", rows.tertiaryText}, {"working tree", rows.workingTreeCount},
+    for (const auto& [what, colour] : {std::pair{"graph text", rows.text},
+                                       {"graph author", rows.secondaryText},
+                                       {"graph hash", rows.tertiaryText},
+                                       {"working tree", rows.workingTreeCount},
                                        {"remote branch pill", rows.remoteBranch}})
         pairs.push_back({what, colour, base});
     const GraphRowStyle selected = rows.onSelection(highlight);
@@ -73,7 +76,8 @@ std::vector<Pair> pairsOf(const Theme& theme, const ThemeTokens& tokens) {
           {"current branch pill", rows.currentBranch, selected.currentBranch}}) {
         pairs.push_back({what, rows.pillText(plain), plain});
         pairs.push_back({std::string("selected row: ") + what, selected.pillText(onSelection), onSelection});
-        pairs.push_back({std::string("selected row: shape of ") + what, onSelection, highlight, shapeContrast});
+        pairs.push_back(
+            {std::string("selected row: shape of ") + what, onSelection, highlight, shapeContrast});
     }
     return pairs;
 }
@@ -85,14 +89,14 @@ TEST(TextContrast, EveryPaintedTextReadsOnItsBackgroundInBothPalettesOfEveryThem
     ASSERT_FALSE(themes.empty());
     for (const Theme& theme : themes)
         for (const OrvelTheme& catalogue : themeCatalogue())
-            for (const auto& [scheme, tokens] : {std::pair{"light", &catalogue.palette.light},
-                                                 std::pair{"dark", &catalogue.palette.dark}})
+            for (const auto& [scheme, tokens] :
+                 {std::pair{"light", &catalogue.palette.light}, std::pair{"dark", &catalogue.palette.dark}})
                 for (const Pair& pair : pairsOf(theme, *tokens)) {
                     const double ratio = contrastRatio(pair.text, pair.background);
                     EXPECT_GE(ratio, pair.needed)
-                        << pair.what << ", " << theme.id.toStdString() << " with " << catalogue.id.toStdString()
-                        << " " << scheme << ": " << pair.text.name().toStdString() << " on "
-                        << pair.background.name().toStdString();
+                        << pair.what << ", " << theme.id.toStdString() << " with "
+                        << catalogue.id.toStdString() << " " << scheme << ": "
+                        << pair.text.name().toStdString() << " on " << pair.background.name().toStdString();
                 }
 }
 
@@ -108,7 +112,8 @@ TEST(TextContrast, TheRatioOfKnownPairs) {
         {QColor(255, 255, 255, 0), Qt::black, 1.0}, // a transparent text shows its background
     };
     for (const auto& pair : cases)
-        EXPECT_NEAR(contrastRatio(pair.text, pair.background), pair.ratio, 0.01) << pair.text.name().toStdString();
+        EXPECT_NEAR(contrastRatio(pair.text, pair.background), pair.ratio, 0.01)
+            << pair.text.name().toStdString();
     const QColor moved = readableOn(QColor(0xFF, 0x95, 0x00), Qt::white);
     EXPECT_GE(contrastRatio(moved, QColor(0xFF, 0x95, 0x00)), textContrast);
     EXPECT_EQ(readableOn(Qt::white, Qt::black), QColor(Qt::black));

@@ -79,9 +79,10 @@ void ConflictBanner::showState() {
     setVisible(state != RepositoryState::clean);
     const ConflictBannerContent content = conflictBannerContent(state);
     text_->setText(content.text);
-    icon_->setPixmap(tintedPixmap(
-        themedIcon(content.iconName), iconSize,
-        ConflictBannerColours::of(ThemeEngine::shared().currentTheme().colors.conflict).text, devicePixelRatioF()));
+    icon_->setPixmap(
+        tintedPixmap(themedIcon(content.iconName), iconSize,
+                     ConflictBannerColours::of(ThemeEngine::shared().currentTheme().colors.conflict).text,
+                     devicePixelRatioF()));
     openMergeEditor_->setText(localized("Open Merge Editor"));
     openMergeEditor_->setAccessibleName(localized("Open the merge editor on the selected conflicted file"));
     skip_->setText(localized("Skip"));
@@ -135,9 +136,8 @@ ConflictBannerColours ConflictBannerColours::of(const ConflictColors& theme) {
     colours.text = readableOn(colours.background, theme.bannerForeground.color());
     colours.button = theme.buttonBackground.color();
     colours.pressedButton = withAlpha(colours.button, 2.2);
-    colours.buttonText =
-        readableOn(laidOver(colours.pressedButton, colours.background),
-                   readableOn(laidOver(colours.button, colours.background), colours.text));
+    colours.buttonText = readableOn(laidOver(colours.pressedButton, colours.background),
+                                    readableOn(laidOver(colours.button, colours.background), colours.text));
     return colours;
 }
 
@@ -171,7 +171,8 @@ void ConflictBanner::applyColours() {
 
 void ConflictBanner::paintEvent(QPaintEvent*) {
     QPainter painter(this);
-    painter.fillRect(rect(), ConflictBannerColours::of(ThemeEngine::shared().currentTheme().colors.conflict).background);
+    painter.fillRect(
+        rect(), ConflictBannerColours::of(ThemeEngine::shared().currentTheme().colors.conflict).background);
 }
 
 void ConflictBanner::changeEvent(QEvent* event) {

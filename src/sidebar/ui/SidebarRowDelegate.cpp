@@ -69,7 +69,8 @@ void paintBadge(QPainter* painter, QRect& area, const QString& text, const QFont
 SidebarRowColours SidebarRowColours::of(const ThemeTokens& tokens, const QPalette& palette, bool selected) {
     SidebarRowColours colours;
     colours.background = palette.color(selected ? QPalette::Highlight : QPalette::Base);
-    colours.text = readableOn(colours.background, selected ? palette.color(QPalette::HighlightedText) : tokens.fg);
+    colours.text =
+        readableOn(colours.background, selected ? palette.color(QPalette::HighlightedText) : tokens.fg);
     colours.secondary = selected ? colours.text : readableOn(colours.background, tokens.fg2);
     colours.quiet = readableOn(colours.background, tokens.fg3);
     colours.badgeFill = tokens.accent;

@@ -42,7 +42,8 @@ QString splitterKey(const QSplitter& splitter) {
 } // namespace
 
 RepositoryTabView::RepositoryTabView(WorkspaceTabState& tab, UserDefaults& defaults, QWidget* parent)
-    : QWidget(parent), tab_(tab), defaults_(defaults), sidebar_(new SidebarView(tab.sidebar(), defaults, this)),
+    : QWidget(parent), tab_(tab), defaults_(defaults),
+      sidebar_(new SidebarView(tab.sidebar(), defaults, this)),
       historyPane_(new RepoHistoryPane(tab.graph(), this)), diffPane_(new DiffPane(tab.diff(), this)),
       changesPage_(new ChangesPage(tab.changes(), this)), pageSwitch_(new QTabBar(this)),
       pages_(new QStackedWidget(this)), historyAndDiff_(new QSplitter(Qt::Vertical, this)) {
