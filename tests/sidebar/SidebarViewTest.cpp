@@ -260,6 +260,13 @@ TEST_F(SidebarWidget, EveryNamedRowCarriesItsWholeNameInATooltip) {
             << id;
     }
     view.tree().expand(row(QStringLiteral("local/feature")));
+    view.tree().setCurrentIndex(row(QStringLiteral("local/topic")));
     view.resize(220, 500);
-    test::saveScreenshot(view, QStringLiteral("sidebar-long-names"), QSize(220, 500));
+    test::saveScreenshot(view, QStringLiteral("sidebar-long-names-light"), QSize(220, 500));
+    const QPalette light = QApplication::palette();
+    QApplication::setPalette(tokenPalette(ThemeEngine::shared().tokens(ColorScheme::dark)));
+    QCoreApplication::processEvents();
+    test::saveScreenshot(view, QStringLiteral("sidebar-long-names-dark"), QSize(220, 500));
+    QApplication::setPalette(light);
+    QCoreApplication::processEvents();
 }
