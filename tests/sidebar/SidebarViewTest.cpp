@@ -65,6 +65,17 @@ class SidebarWidget : public ::testing::Test, public test::SidebarOnRealGit {
         return opened ? menu : nullptr;
     }
 
+    // Saves the view as it looks in the light and in the dark palette.
+    void saveInBothAppearances(const QString& name, QSize size) {
+        test::saveScreenshot(view, name + QStringLiteral("-light"), size);
+        const QPalette light = QApplication::palette();
+        QApplication::setPalette(tokenPalette(ThemeEngine::shared().tokens(ColorScheme::dark)));
+        QCoreApplication::processEvents();
+        test::saveScreenshot(view, name + QStringLiteral("-dark"), size);
+        QApplication::setPalette(light);
+        QCoreApplication::processEvents();
+    }
+
     SidebarView view{sidebar, defaults};
 };
 
@@ -124,13 +135,7 @@ TEST_F(SidebarWidget, TheFilterNarrowsEverySectionAndSaysWhenNothingMatches) {
     EXPECT_FALSE(row(QStringLiteral("local/release/2.0")).isValid());
     EXPECT_EQ(view.treeModel().rowCount(view.treeModel().sectionIndex(SidebarTreeModel::Section::stashes)),
               1);
-    test::saveScreenshot(view, QStringLiteral("sidebar-filtered-light"), QSize(320, 520));
-    const QPalette light = QApplication::palette();
-    QApplication::setPalette(tokenPalette(ThemeEngine::shared().tokens(ColorScheme::dark)));
-    QCoreApplication::processEvents();
-    test::saveScreenshot(view, QStringLiteral("sidebar-filtered-dark"), QSize(320, 520));
-    QApplication::setPalette(light);
-    QCoreApplication::processEvents();
+    saveInBothAppearances(QStringLiteral("sidebar-filtered"), QSize(320, 520));
 
     view.findChild<QToolButton*>(QStringLiteral("sidebar.filter.word-match"))->click();
     ASSERT_TRUE(
@@ -262,11 +267,5 @@ TEST_F(SidebarWidget, EveryNamedRowCarriesItsWholeNameInATooltip) {
     view.tree().expand(row(QStringLiteral("local/feature")));
     view.tree().setCurrentIndex(row(QStringLiteral("local/topic")));
     view.resize(220, 500);
-    test::saveScreenshot(view, QStringLiteral("sidebar-long-names-light"), QSize(220, 500));
-    const QPalette light = QApplication::palette();
-    QApplication::setPalette(tokenPalette(ThemeEngine::shared().tokens(ColorScheme::dark)));
-    QCoreApplication::processEvents();
-    test::saveScreenshot(view, QStringLiteral("sidebar-long-names-dark"), QSize(220, 500));
-    QApplication::setPalette(light);
-    QCoreApplication::processEvents();
+    saveInBothAppearances(QStringLiteral("sidebar-long-names"), QSize(220, 500));
 }
