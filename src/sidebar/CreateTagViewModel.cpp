@@ -1,7 +1,6 @@
 #include "sidebar/CreateTagViewModel.h"
 
 #include "content/BranchNameValidator.h"
-#include "content/OperationFailure.h"
 #include "core/service/GitServiceProtocol.h"
 #include "core/support/Log.h"
 #include "settings/LocalizationManager.h"
@@ -14,7 +13,7 @@ CreateTagViewModel::CreateTagViewModel(RepoEntry repo, std::string targetHash,
       service_(std::move(service)), selectedCommit_(targetHash_) {}
 
 bool CreateTagViewModel::canCreate() const {
-    return !tagName_.isEmpty() && !validationErrorMessage_ && !isCreating_;
+    return !tagName_.isEmpty() && !validationErrorMessage_;
 }
 
 void CreateTagViewModel::setTagName(const QString& name) {
@@ -55,36 +54,6 @@ QCoro::Task<void> CreateTagViewModel::loadCommits() {
     commits_ = std::move(commits);
     isLoadingCommits_ = false;
     emit commitsChanged();
-}
-
-QCoro::Task<bool> CreateTagViewModel::create() {
-    if (!canCreate())
-        co_return false;
-    auto ticket = creations_.begin(this);
-    const QString name = tagName_;
-    const bool annotated = !message_.isEmpty();
-    isCreating_ = true;
-    createError_.reset();
-    emit stateChanged();
-    auto creation = service_->createTag(
-        repo_, name.toStdString(), selectedCommit_.empty() ? std::nullopt : std::optional(selectedCommit_),
-        annotated ? std::optional(message_.toStdString()) : std::nullopt, ticket.stopToken());
-    auto outcome = failureOf(std::move(creation));
-    const std::optional<std::string> failure = co_await std::move(outcome);
-    if (!ticket.isCurrent())
-        co_return false;
-    isCreating_ = false;
-    if (failure) {
-        qCDebug(lcRefs, "op=tag.create reason=%s", failure->c_str());
-        createError_ = localized("Create tag failed: %1", QString::fromUtf8(*failure));
-    } else {
-        qCDebug(lcRefs, "op=tag.create annotated=%d", annotated ? 1 : 0);
-    }
-    emit stateChanged();
-    if (failure)
-        co_return false;
-    emit created(name);
-    co_return true;
 }
 
 } // namespace orvel

@@ -1,6 +1,6 @@
 // The state of the create-tag sheet: the name checked by the branch-name rules, the optional
 // message that makes the tag annotated, the commit to tag (the given target, or one of HEAD's
-// recent commits), and the creation through the git service.
+// recent commits), read through the git service.
 #pragma once
 
 #include "core/records/CommitEntry.h"
@@ -41,8 +41,6 @@ class CreateTagViewModel final : public QObject {
     // HEAD's recent commits, once loadCommits() has read them.
     const std::vector<CommitEntry>& commits() const { return commits_; }
     bool isLoadingCommits() const { return isLoadingCommits_; }
-    bool isCreating() const { return isCreating_; }
-    const std::optional<QString>& createError() const { return createError_; }
     bool canCreate() const;
 
     void setTagName(const QString& name);
@@ -51,14 +49,10 @@ class CreateTagViewModel final : public QObject {
 
     // Reads HEAD's recent commits for the picker; a failure leaves the list empty.
     QCoro::Task<void> loadCommits();
-    // Creates the tag: annotated when the message has text. Answers whether it was created; a
-    // failure sets createError and keeps everything else.
-    QCoro::Task<bool> create();
 
   signals:
     void stateChanged();
     void commitsChanged();
-    void created(const QString& name);
 
   private:
     RepoEntry repo_;
@@ -70,10 +64,7 @@ class CreateTagViewModel final : public QObject {
     std::string selectedCommit_;
     std::vector<CommitEntry> commits_;
     bool isLoadingCommits_ = false;
-    bool isCreating_ = false;
-    std::optional<QString> createError_;
     LoadGeneration commitLoads_;
-    LoadGeneration creations_;
 };
 
 } // namespace orvel

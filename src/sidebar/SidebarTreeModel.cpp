@@ -270,11 +270,8 @@ QVariant SidebarTreeModel::data(const QModelIndex& index, int role) const {
                 tip += QLatin1Char('\n') + decoded(*entry->lastCommitSubject);
             return tip;
         }
-        if (row.kind == Kind::tag || row.kind == Kind::stash)
-            return row.text;
-        if (row.kind == Kind::placeholder) // a narrow column cuts it short
-            return data(index, Qt::DisplayRole);
-        return {};
+        // The whole name of any other row, which a narrow column cuts short.
+        return row.kind == Kind::section ? QVariant() : data(index, Qt::DisplayRole);
     case Qt::AccessibleTextRole: {
         QString text = data(index, Qt::DisplayRole).toString();
         if (entry && entry->isCurrent)

@@ -5,6 +5,7 @@
 #include "core/support/Log.h"
 #include "notices/ToastManager.h"
 #include "settings/LocalizationManager.h"
+#include "sidebar/TagVersionOrder.h"
 
 #include <QPointer>
 
@@ -150,6 +151,7 @@ QCoro::Task<void> SidebarViewModel::loadDetails(LoadTicket ticket, RepoEntry rep
             co_return;
     }
     mainBranchName_ = std::move(mainBranch);
+    sortNewestFirst(tagList);
     localTags_ = std::move(tagList);
     stashEntries_ = std::move(stashList);
     mergedBranchNames_ = std::set<std::string>(merged.begin(), merged.end());

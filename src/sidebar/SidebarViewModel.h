@@ -106,11 +106,10 @@ class SidebarViewModel final : public QObject {
     // from there and runs the rebase.
     QCoro::Task<void> loadRebaseTodo(BranchEntry branch);
     void clearInteractiveRebaseContext();
-    // Reloads the branches and tells the tab that HEAD, the working tree or the refs changed, as
-    // after a sheet created a branch and perhaps checked it out.
-    void reloadAfterCheckout();
-    // Reads the tags again, as after a sheet created one.
-    QCoro::Task<void> reloadTags();
+    // Creates the branch at `startPoint`, checked out when asked; a checkout reloads as one does.
+    QCoro::Task<void> createBranch(std::string name, std::string startPoint, bool checkout);
+    // Tags `hash` (HEAD when empty); a message makes the tag annotated.
+    QCoro::Task<void> createTag(std::string name, std::optional<std::string> message, std::string hash);
     // The new name is checked by the branch-name rules before git sees it.
     QCoro::Task<void> renameBranch(BranchEntry branch, QString newName);
     // A delete git refuses as not fully merged sets pendingForceDeleteBranch and shows nothing.
@@ -152,6 +151,10 @@ class SidebarViewModel final : public QObject {
 
   private:
     bool checkRepository();
+    // Reloads the branches and tells the tab that HEAD, the working tree or the refs changed.
+    void reloadAfterCheckout();
+    // Reads the tags again, after one was created.
+    QCoro::Task<void> reloadTags();
     QCoro::Task<void> loadDetails(LoadTicket ticket, RepoEntry repo);
     // Whether "stash@{index}" still names the stash's commit; when not, the rows follow git and the
     // user is told. A failed read is told with `failureFormat`.

@@ -9,6 +9,7 @@
 #include "core/support/Log.h"
 #include "notices/ToastManager.h"
 #include "settings/LocalizationManager.h"
+#include "sidebar/TagVersionOrder.h"
 
 #include <QPointer>
 
@@ -342,6 +343,47 @@ QCoro::Task<void> SidebarViewModel::loadRebaseTodo(BranchEntry branch) {
     emit self->interactiveRebaseRequested(branch.name);
 }
 
+QCoro::Task<void> SidebarViewModel::createBranch(std::string name, std::string startPoint, bool checkout) {
+    if (!checkRepository())
+        co_return;
+    QPointer<SidebarViewModel> self(this);
+    ToastManager& toasts = toasts_;
+    auto created = attempt(checkout ? service_->checkoutNewBranch(*repo_, name, startPoint)
+                                    : service_->createBranch(*repo_, name, startPoint),
+                           toasts, "op=branch.create", "Create branch failed: %1");
+    if (!co_await std::move(created))
+        co_return;
+    qCDebug(lcRefs, "op=branch.created checkout=%d", checkout ? 1 : 0);
+    toasts.show(checkout ? localized("Created and checked out '%1'", name)
+                         : localized("Created branch '%1'", name),
+                ToastType::notice);
+    if (!self)
+        co_return;
+    if (checkout)
+        self->reloadAfterCheckout();
+    else
+        self->reload();
+}
+
+QCoro::Task<void> SidebarViewModel::createTag(std::string name, std::optional<std::string> message,
+                                              std::string hash) {
+    if (!checkRepository())
+        co_return;
+    QPointer<SidebarViewModel> self(this);
+    ToastManager& toasts = toasts_;
+    const bool annotated = message.has_value();
+    auto created =
+        attempt(service_->createTag(*repo_, name, hash.empty() ? std::nullopt : std::optional(hash),
+                                    std::move(message)),
+                toasts, "op=tag.create", "Create tag failed: %1");
+    if (!co_await std::move(created))
+        co_return;
+    qCDebug(lcRefs, "op=tag.created annotated=%d", annotated ? 1 : 0);
+    toasts.show(localized("Created tag '%1'", name), ToastType::notice);
+    if (self)
+        co_await self->reloadTags();
+}
+
 QCoro::Task<void> SidebarViewModel::reloadTags() {
     if (!repo_)
         co_return;
@@ -351,6 +393,7 @@ QCoro::Task<void> SidebarViewModel::reloadTags() {
         std::vector<TagEntry> tags = co_await std::move(read);
         if (!ticket.isCurrent())
             co_return;
+        sortNewestFirst(tags);
         localTags_ = std::move(tags);
         emit detailsChanged();
         updateFilterSources();

@@ -330,6 +330,25 @@ QCoro::Task<void> WorkspaceCommands::runBranchCreation(Target target, BranchRequ
     target.refresh();
 }
 
+QCoro::Task<void> WorkspaceCommands::createTag(QString name, std::optional<QString> message,
+                                               std::string commit) {
+    const std::optional<Target> target = activeTarget();
+    if (!target)
+        co_return;
+    QPointer<WorkspaceCommands> self(this);
+    ToastManager& toasts = app_.toastManager();
+    ActivityScope activity(app_, localized("Creating tag '%1'…", name));
+    auto created =
+        attempt(app_.service()->createTag(target->repo, name.toStdString(),
+                                          commit.empty() ? std::nullopt : std::optional(commit),
+                                          message ? std::optional(message->toStdString()) : std::nullopt),
+                toasts, logOp("createTag"), "Tag creation failed: %1");
+    if (!co_await std::move(created) || !self)
+        co_return;
+    toasts.show(localized("Created tag '%1'", name), ToastType::notice);
+    target->refresh();
+}
+
 QString WorkspaceCommands::forcePushWarning(int behind) {
     if (behind > 0)
         return localized("The remote branch has %1 commit(s) that are not in yours. Force pushing replaces "

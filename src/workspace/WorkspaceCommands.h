@@ -1,5 +1,6 @@
 // The daily remote and branch commands of the "Workspace" menu and the toolbar: fetch, pull, push,
-// force push, stash, pop, and creating a branch with a choice of what happens to local changes.
+// force push, stash, pop, creating a branch with a choice of what happens to local changes, and
+// creating a tag.
 // Each works on the active tab, shows an activity while git runs and tells its outcome in a toast.
 // The menu and the toolbar each hold their own instance; they differ only in their log names.
 #pragma once
@@ -68,6 +69,9 @@ class WorkspaceCommands final : public QObject {
     const std::optional<PendingDiscard>& discardConfirmPending() const { return discardConfirmPending_; }
     QCoro::Task<void> confirmDiscard();
     void cancelDiscard();
+
+    // Tags `commit` (HEAD when empty); a message makes the tag annotated.
+    QCoro::Task<void> createTag(QString name, std::optional<QString> message, std::string commit);
 
     // The force-push question's text, naming the remote commits that would be lost.
     static QString forcePushWarning(int behind);

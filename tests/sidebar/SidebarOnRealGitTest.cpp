@@ -4,6 +4,7 @@
 #include "sidebar/SidebarOnRealGit.h"
 #include "sidebar/ManageRemotesViewModel.h"
 #include "support/Await.h"
+#include "support/Eventually.h"
 
 #include <QSignalSpy>
 #include <QTest>
@@ -56,7 +57,7 @@ TEST_F(SidebarGit, ARemoteBranchIsCheckedOutAsANewTrackingBranchThenAsTheLocalOn
     EXPECT_EQ(repo.git({"rev-parse", "--abbrev-ref", "feature/login@{upstream}"}), "origin/feature/login\n");
 
     repo.git({"checkout", "-q", "main"});
-    QTRY_VERIFY(find("feature/login") != nullptr);
+    ASSERT_TRUE(test::eventually([&] { return find("feature/login") != nullptr; }));
     test::await(sidebar.checkoutRemoteBranch(remote));
     EXPECT_EQ(lastToast(), "Switched to local branch 'feature/login'");
     EXPECT_EQ(repo.git({"rev-parse", "--abbrev-ref", "HEAD"}), "feature/login\n");
@@ -78,9 +79,9 @@ TEST_F(SidebarGit, RemotesAreAddedUnderNewNamesOnlyAndRemoved) {
     EXPECT_EQ(repo.git({"remote"}), "origin\n");
 
     EXPECT_TRUE(test::await(remotes.addRemote(QStringLiteral("backup"), QStringLiteral("/srv/backup.git"))));
-    QTRY_COMPARE(remotes.remotes().size(), 2u);
+    ASSERT_TRUE(test::eventually([&] { return remotes.remotes().size() == 2u; }));
     test::await(remotes.removeRemote("backup"));
-    QTRY_COMPARE(remotes.remotes().size(), 1u);
+    ASSERT_TRUE(test::eventually([&] { return remotes.remotes().size() == 1u; }));
     EXPECT_EQ(changed.count(), 2);
     EXPECT_EQ(repo.git({"remote"}), "origin\n");
 }
@@ -100,12 +101,12 @@ TEST_F(SidebarGit, StashesApplyPopAndDrop) {
     EXPECT_EQ(lastToast(), "Applied stash: On main: one");
     test::await(sidebar.applyAndDropStash(two));
     EXPECT_EQ(repo.read("b.txt"), "stashed two\n");
-    QTRY_COMPARE(sidebar.stashEntries().size(), 1u);
+    ASSERT_TRUE(test::eventually([&] { return sidebar.stashEntries().size() == 1u; }));
     EXPECT_EQ(sidebar.stashEntries()[0].message, "On main: one");
 
     sidebar.requestDropStash(sidebar.stashEntries()[0]);
     test::await(sidebar.dropStash());
     EXPECT_FALSE(sidebar.pendingDropStash());
-    QTRY_VERIFY(sidebar.stashEntries().empty());
+    ASSERT_TRUE(test::eventually([&] { return sidebar.stashEntries().empty(); }));
     EXPECT_EQ(repo.git({"stash", "list"}), "");
 }

@@ -1,6 +1,6 @@
 // The toolbar in the window on a real repository two commits ahead of and one behind its origin:
-// the badges and the status, a force push through its warning, and a stash named through the
-// prompt, with the screenshots of the toolbar and the prompt.
+// the badges and the status, a force push through its warning, a stash named through the prompt,
+// and New Tag with its activity and toasts, with the screenshots of the toolbar and the prompt.
 #include "workspace/ui/GitToolbar.h"
 
 #include "RemoteFixture.h"
@@ -17,6 +17,7 @@
 #include <QMenu>
 #include <QMessageBox>
 #include <QPlainTextEdit>
+#include <QPointer>
 #include <QPushButton>
 #include <QTest>
 #include <QToolButton>
@@ -235,5 +236,37 @@ TEST_F(Toolbar, CreateTagFromAGraphRowRunsTheGraphsAction) {
         test::drainQueue(*runner);
         EXPECT_EQ(local.rev(std::string(name) + "^{commit}"), row);
         EXPECT_EQ(local.head(), head);
+    }
+}
+
+// New Tag runs as the other commands do: an activity while git runs, then a notice, or an error toast
+// when git refuses, with nothing left open over the window.
+TEST_F(Toolbar, NewTagShowsItsActivityAndTellsTheOutcomeInAToast) {
+    openWithASecondCommit();
+    QStringList activities;
+    QObject::connect(&model, &AppViewModel::activityChanged, [&] {
+        if (model.activityMessage())
+            activities.append(*model.activityMessage());
+    });
+    const struct {
+        const char* name;
+        const char* toast;
+    } cases[] = {{"v1.0", "Created tag 'v1.0'"}, {"v1.0", "Tag creation failed: "}};
+    for (const auto& tag : cases) {
+        SCOPED_TRACE(tag.toast);
+        activities.clear();
+        find<QToolButton>("toolbar.new-tag").click();
+        QPointer<QDialog> sheet = openDialog<QDialog>();
+        ASSERT_TRUE(sheet);
+        QTest::keyClicks(sheet->findChild<QLineEdit*>("create-tag.name-field"),
+                         QString::fromLatin1(tag.name));
+        sheet->findChild<QPushButton*>("create-tag.create-button")->click();
+        ASSERT_TRUE(test::eventually([&] {
+            return !model.activityMessage() && !shown.isEmpty() && shown.back().startsWith(tag.toast);
+        })) << shown.join(" | ").toStdString();
+        EXPECT_EQ(activities, QStringList{"Creating tag 'v1.0'…"});
+        EXPECT_TRUE(!sheet || !sheet->isVisible());
+        test::drainQueue(*runner);
+        EXPECT_EQ(local.rev("v1.0"), local.head());
     }
 }

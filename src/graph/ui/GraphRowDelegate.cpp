@@ -19,12 +19,13 @@ constexpr int textPadding = 6;
 GraphRowDelegate::GraphRowDelegate(const RepoGraphPaneViewModel& model, const QPalette& palette,
                                    QObject* parent)
     : QStyledItemDelegate(parent), model_(model), style_(GraphRowStyle::current(palette)),
-      cells_(cellCacheBytes) {
+      selectedStyle_(style_.onSelection(palette.color(QPalette::Highlight))), cells_(cellCacheBytes) {
     connect(&model_, &RepoGraphPaneViewModel::commitsChanged, this, [this] { cells_.clear(); });
 }
 
 void GraphRowDelegate::refreshStyle(const QPalette& palette) {
     style_ = GraphRowStyle::current(palette);
+    selectedStyle_ = style_.onSelection(palette.color(QPalette::Highlight));
     cells_.clear();
 }
 
@@ -78,7 +79,7 @@ void GraphRowDelegate::paintCell(QPainter& painter, const QRect& cell, const QPa
         paintLanes(painter, cell, model_.commits()[row], isWorkingTree, style_);
         break;
     case GraphTableModel::refsColumn:
-        paintRefPills(painter, cell, model_.refsByRow()[row], style_);
+        paintRefPills(painter, cell, model_.refsByRow()[row], isSelected ? selectedStyle_ : style_);
         break;
     default:
         paintText(painter, cell, palette, index, isSelected, isWorkingTree);

@@ -40,6 +40,7 @@ class GraphRowDelegate final : public QStyledItemDelegate {
 
     const RepoGraphPaneViewModel& model_;
     GraphRowStyle style_;
+    GraphRowStyle selectedStyle_;
     mutable GraphCellCache cells_;
 };
 

@@ -2,6 +2,9 @@
 // every theme or palette change, so that painting a row parses no colour.
 #pragma once
 
+#include "settings/Theme.h"
+#include "settings/ThemeTokens.h"
+
 #include <QColor>
 #include <QFont>
 #include <QPalette>
@@ -21,12 +24,16 @@ struct GraphRowStyle {
 
     // From the current theme, the catalogue's tokens and `palette` for the texts.
     static GraphRowStyle current(const QPalette& palette);
+    static GraphRowStyle from(const Theme& theme, const ThemeTokens& tokens, const QPalette& palette);
+    // The style of a selected row: the refs' colours moved off the selection's `highlight`, so that
+    // a filled pill keeps its shape and an outlined pill's name can be read.
+    GraphRowStyle onSelection(const QColor& highlight) const;
 
     const QColor& lane(int colorIndex) const {
         return lanes[static_cast<std::size_t>(colorIndex) % lanes.size()];
     }
     // The text colour that reads on a pill filled with `fill`.
-    const QColor& pillText(const QColor& fill) const;
+    QColor pillText(const QColor& fill) const;
 };
 
 } // namespace orvel

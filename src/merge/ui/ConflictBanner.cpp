@@ -7,6 +7,7 @@
 #include "settings/ThemeEngine.h"
 #include "widgets/Icons.h"
 #include "widgets/OAlert.h"
+#include "widgets/TextContrast.h"
 
 #include <QApplication>
 #include <QEvent>
@@ -78,9 +79,10 @@ void ConflictBanner::showState() {
     setVisible(state != RepositoryState::clean);
     const ConflictBannerContent content = conflictBannerContent(state);
     text_->setText(content.text);
-    icon_->setPixmap(tintedPixmap(
-        themedIcon(content.iconName), iconSize,
-        ThemeEngine::shared().currentTheme().colors.conflict.bannerForeground.color(), devicePixelRatioF()));
+    icon_->setPixmap(
+        tintedPixmap(themedIcon(content.iconName), iconSize,
+                     ConflictBannerColours::of(ThemeEngine::shared().currentTheme().colors.conflict).text,
+                     devicePixelRatioF()));
     openMergeEditor_->setText(localized("Open Merge Editor"));
     openMergeEditor_->setAccessibleName(localized("Open the merge editor on the selected conflicted file"));
     skip_->setText(localized("Skip"));
@@ -128,13 +130,25 @@ QColor withAlpha(QColor colour, double factor) {
 
 } // namespace
 
+ConflictBannerColours ConflictBannerColours::of(const ConflictColors& theme) {
+    ConflictBannerColours colours;
+    colours.background = theme.bannerBackground.color();
+    colours.text = readableOn(colours.background, theme.bannerForeground.color());
+    colours.button = theme.buttonBackground.color();
+    colours.pressedButton = withAlpha(colours.button, 2.2);
+    colours.buttonText = readableOn(laidOver(colours.pressedButton, colours.background),
+                                    readableOn(laidOver(colours.button, colours.background), colours.text));
+    return colours;
+}
+
 // The buttons are flat and translucent over the banner's colour, which a native button cannot be.
 void ConflictBanner::applyColours() {
-    const ConflictColors& colours = ThemeEngine::shared().currentTheme().colors.conflict;
-    const QColor foreground = colours.bannerForeground.color();
-    const QColor button = colours.buttonBackground.color();
+    const ConflictBannerColours colours =
+        ConflictBannerColours::of(ThemeEngine::shared().currentTheme().colors.conflict);
+    const QColor& foreground = colours.buttonText;
+    const QColor& button = colours.button;
     QPalette palette = this->palette();
-    palette.setColor(QPalette::WindowText, foreground);
+    palette.setColor(QPalette::WindowText, colours.text);
     icon_->setPalette(palette);
     text_->setPalette(palette);
     const QString sheet =
@@ -147,7 +161,7 @@ void ConflictBanner::applyColours() {
                        "QPushButton:focus, QToolButton:focus { border-color: %2; }"
                        "QPushButton:disabled, QToolButton:disabled { color: %5; }")
             .arg(cssColour(button), cssColour(foreground), cssColour(withAlpha(button, 1.6)),
-                 cssColour(withAlpha(button, 2.2)), cssColour(withAlpha(foreground, 0.5)));
+                 cssColour(colours.pressedButton), cssColour(withAlpha(foreground, 0.5)));
     for (QWidget* control : {static_cast<QWidget*>(openMergeEditor_), static_cast<QWidget*>(skip_),
                              static_cast<QWidget*>(continue_), static_cast<QWidget*>(abort_)})
         control->setStyleSheet(sheet);
@@ -157,7 +171,8 @@ void ConflictBanner::applyColours() {
 
 void ConflictBanner::paintEvent(QPaintEvent*) {
     QPainter painter(this);
-    painter.fillRect(rect(), ThemeEngine::shared().currentTheme().colors.conflict.bannerBackground.color());
+    painter.fillRect(
+        rect(), ConflictBannerColours::of(ThemeEngine::shared().currentTheme().colors.conflict).background);
 }
 
 void ConflictBanner::changeEvent(QEvent* event) {

@@ -3,6 +3,9 @@
 // for a rebase, and Abort after a confirmation. Hidden while the repository is clean.
 #pragma once
 
+#include "settings/Theme.h"
+
+#include <QColor>
 #include <QWidget>
 
 class QLabel;
@@ -14,6 +17,18 @@ namespace orvel {
 
 class ConflictBannerViewModel;
 struct ConflictEntry;
+
+// The banner's colours from the theme's: its text, and the text of its translucent buttons, moved
+// where needed to be read on the banner and on a button, whether at rest or pressed.
+struct ConflictBannerColours {
+    QColor background;
+    QColor text;
+    QColor button;        // translucent, over the banner
+    QColor pressedButton; // the same, stronger
+    QColor buttonText;
+
+    static ConflictBannerColours of(const ConflictColors& theme);
+};
 
 class ConflictBanner final : public QWidget {
     Q_OBJECT

@@ -3094,6 +3094,14 @@
         <translation type="unfinished"></translation>
     </message>
     <message>
+        <source>Created tag &apos;%1&apos;</source>
+        <translation>已创建标签“%1”</translation>
+    </message>
+    <message>
+        <source>Tag creation failed: %1</source>
+        <translation>创建标签失败：%1</translation>
+    </message>
+    <message>
         <source>Branch created, but your changes are still on the stash stack. Reapply from the Stash section. (%1)</source>
         <translation type="unfinished"></translation>
     </message>

@@ -25,14 +25,14 @@ QString shortHash(const std::string& hash) {
 } // namespace
 
 CreateTagSheet::CreateTagSheet(RepoEntry repo, std::string targetHash,
-                               std::shared_ptr<GitServiceProtocol> service, QWidget* parent, bool handsOver)
+                               std::shared_ptr<GitServiceProtocol> service, QWidget* parent)
     : OSheet(parent),
       model_(new CreateTagViewModel(std::move(repo), std::move(targetHash), std::move(service), this)),
       nameLabel_(new QLabel(this)), nameField_(new QLineEdit(this)), validation_(new OInlineMessage(this)),
       messageLabel_(new QLabel(this)), messageField_(new QPlainTextEdit(this)),
       targetLabel_(new QLabel(this)), target_(new QLabel(this)), advancedToggle_(new QToolButton(this)),
       advanced_(new QWidget(this)), commitLabel_(new QLabel(advanced_)),
-      commitPicker_(new QComboBox(advanced_)), loadingCommits_(new QLabel(advanced_)), handsOver_(handsOver) {
+      commitPicker_(new QComboBox(advanced_)), loadingCommits_(new QLabel(advanced_)) {
     setObjectName(QStringLiteral("create-tag-sheet"));
     setMinimumWidth(440);
     nameField_->setObjectName(QStringLiteral("create-tag.name-field"));
@@ -50,7 +50,6 @@ CreateTagSheet::CreateTagSheet(RepoEntry repo, std::string targetHash,
     advancedToggle_->setAutoRaise(true);
     commitLabel_->setBuddy(commitPicker_);
     advanced_->hide();
-    errorLine()->setObjectName(QStringLiteral("create-tag.error"));
     cancelButton()->setObjectName(QStringLiteral("create-tag.cancel-button"));
     acceptButton()->setObjectName(QStringLiteral("create-tag.create-button"));
 
@@ -78,20 +77,12 @@ CreateTagSheet::CreateTagSheet(RepoEntry repo, std::string targetHash,
     connect(model_, &CreateTagViewModel::stateChanged, this, &CreateTagSheet::showState);
     connect(model_, &CreateTagViewModel::commitsChanged, this, &CreateTagSheet::showCommits);
     connect(acceptButton(), &QPushButton::clicked, this, &CreateTagSheet::confirm);
-    connect(model_, &CreateTagViewModel::created, this, [this] {
-        emit created();
-        accept();
-    });
 
     retranslate();
     nameField_->setFocus();
 }
 
 void CreateTagSheet::confirm() {
-    if (!handsOver_) {
-        model_->create();
-        return;
-    }
     if (!model_->canCreate())
         return;
     const QString& message = model_->message();
@@ -121,12 +112,9 @@ void CreateTagSheet::retranslate() {
 
 void CreateTagSheet::showState() {
     validation_->setMessage(model_->validationErrorMessage());
-    errorLine()->setMessage(model_->createError());
     const std::string& selected = model_->selectedCommit();
     target_->setText(selected.empty() ? QStringLiteral("HEAD") : shortHash(selected));
     acceptButton()->setEnabled(model_->canCreate());
-    nameField_->setEnabled(!model_->isCreating());
-    messageField_->setEnabled(!model_->isCreating());
 }
 
 // The given target comes first (HEAD when none was given), then HEAD's recent commits.

@@ -1,6 +1,6 @@
 // The sheet that creates a tag on a commit: the name, checked as it is typed, an optional message
 // that makes the tag annotated, and under "Advanced Options" a choice among HEAD's recent commits.
-// A failure of git shows in the sheet; success raises created() and closes it.
+// Create hands the answer to the owner's own action, which runs git and tells the outcome.
 #pragma once
 
 #include "core/records/RepoEntry.h"
@@ -25,13 +25,11 @@ class CreateTagSheet final : public OSheet {
     Q_OBJECT
 
   public:
-    // An empty `targetHash` tags HEAD. A sheet that `handsOver` runs no git to create the tag:
-    // Create raises createRequested, for the owner's own action (the graph's, at a commit).
+    // An empty `targetHash` tags HEAD; `service` reads the recent commits for the picker.
     CreateTagSheet(RepoEntry repo, std::string targetHash, std::shared_ptr<GitServiceProtocol> service,
-                   QWidget* parent = nullptr, bool handsOver = false);
+                   QWidget* parent = nullptr);
 
   signals:
-    void created();
     // An empty `commit` means HEAD; a message makes the tag annotated.
     void createRequested(const QString& name, const std::optional<QString>& message,
                          const std::string& commit);
@@ -58,7 +56,6 @@ class CreateTagSheet final : public OSheet {
     QLabel* commitLabel_;
     QComboBox* commitPicker_;
     QLabel* loadingCommits_;
-    bool handsOver_;
 };
 
 } // namespace orvel

@@ -4,6 +4,7 @@
 #include "settings/ThemeEngine.h"
 #include "sidebar/SidebarTreeModel.h"
 #include "widgets/Icons.h"
+#include "widgets/TextContrast.h"
 
 #include <QApplication>
 #include <QPainter>
@@ -49,21 +50,33 @@ void paintTrailing(QPainter* painter, QRect& area, const QString& text, const QF
 }
 
 void paintBadge(QPainter* painter, QRect& area, const QString& text, const QFont& font,
-                const ThemeTokens& tokens) {
+                const SidebarRowColours& colours) {
     const QFontMetrics metrics(font);
     const int width = metrics.horizontalAdvance(text) + 2 * padding;
     const int height = metrics.height() + 2;
     const QRect badge(area.right() - width, area.center().y() - height / 2, width, height);
     painter->setPen(Qt::NoPen);
-    painter->setBrush(tokens.accent);
+    painter->setBrush(colours.badgeFill);
     painter->drawRoundedRect(badge, badgeRadius, badgeRadius);
     painter->setFont(font);
-    painter->setPen(tokens.accentText);
+    painter->setPen(colours.badgeText);
     painter->drawText(badge, Qt::AlignCenter, text);
     area.setRight(badge.left() - padding);
 }
 
 } // namespace
+
+SidebarRowColours SidebarRowColours::of(const ThemeTokens& tokens, const QPalette& palette, bool selected) {
+    SidebarRowColours colours;
+    colours.background = palette.color(selected ? QPalette::Highlight : QPalette::Base);
+    colours.text =
+        readableOn(colours.background, selected ? palette.color(QPalette::HighlightedText) : tokens.fg);
+    colours.secondary = selected ? colours.text : readableOn(colours.background, tokens.fg2);
+    colours.quiet = readableOn(colours.background, tokens.fg3);
+    colours.badgeFill = tokens.accent;
+    colours.badgeText = readableOn(tokens.accent, tokens.accentText);
+    return colours;
+}
 
 void SidebarRowDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
                                const QModelIndex& index) const {
@@ -77,10 +90,11 @@ void SidebarRowDelegate::paint(QPainter* painter, const QStyleOptionViewItem& op
     style->drawControl(QStyle::CE_ItemViewItem, &background, painter, widget);
 
     const Theme& theme = ThemeEngine::shared().currentTheme();
-    const ThemeTokens& tokens = ThemeEngine::shared().currentTokens();
     const bool selected = option.state & QStyle::State_Selected;
-    const QColor primary = selected ? option.palette.color(QPalette::HighlightedText) : tokens.fg;
-    const QColor secondary = selected ? primary : tokens.fg2;
+    const SidebarRowColours colours =
+        SidebarRowColours::of(ThemeEngine::shared().currentTokens(), option.palette, selected);
+    const QColor& primary = colours.text;
+    const QColor& secondary = colours.secondary;
     QRect area = option.rect.adjusted(padding / 2, 0, -padding, 0);
     painter->save();
     painter->setRenderHint(QPainter::Antialiasing);
@@ -101,7 +115,7 @@ void SidebarRowDelegate::paint(QPainter* painter, const QStyleOptionViewItem& op
     }
     if (kind == Kind::placeholder) {
         painter->setFont(small);
-        painter->setPen(tokens.fg3);
+        painter->setPen(colours.quiet);
         painter->drawText(
             area, Qt::AlignLeft | Qt::AlignVCenter,
             option.fontMetrics.elidedText(index.data().toString(), Qt::ElideRight, area.width()));
@@ -128,7 +142,7 @@ void SidebarRowDelegate::paint(QPainter* painter, const QStyleOptionViewItem& op
         if (isCurrent) {
             QFont badgeFont = small;
             badgeFont.setBold(true);
-            paintBadge(painter, area, localized("CURRENT"), badgeFont, tokens);
+            paintBadge(painter, area, localized("CURRENT"), badgeFont, colours);
             font.setBold(true);
         }
         // A branch already merged into the default branch is shown quieter: it can go.

@@ -4,9 +4,26 @@
 // stash with its index. Colours come from the theme at every paint.
 #pragma once
 
+#include "settings/ThemeTokens.h"
+
+#include <QColor>
+#include <QPalette>
 #include <QStyledItemDelegate>
 
 namespace orvel {
+
+// The colours of a row's texts, from the theme's tokens, each moved where needed to be read on the
+// row: the list's base colour, or the selection's.
+struct SidebarRowColours {
+    QColor background;
+    QColor text;
+    QColor secondary; // section titles, distances, merged branches
+    QColor quiet;     // what stands in for an empty section
+    QColor badgeFill;
+    QColor badgeText;
+
+    static SidebarRowColours of(const ThemeTokens& tokens, const QPalette& palette, bool selected);
+};
 
 class SidebarRowDelegate final : public QStyledItemDelegate {
     Q_OBJECT

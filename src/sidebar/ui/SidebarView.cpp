@@ -38,14 +38,14 @@ QToolButton* filterToggle(const char* objectName, const QString& text, QWidget* 
 
 } // namespace
 
-SidebarView::SidebarView(SidebarViewModel& sidebar, QWidget* parent)
+SidebarView::SidebarView(SidebarViewModel& sidebar, UserDefaults& defaults, QWidget* parent)
     : QWidget(parent), sidebar_(sidebar), model_(new SidebarTreeModel(sidebar, this)),
       filterField_(new QLineEdit(this)),
       wordToggle_(filterToggle("sidebar.filter.word-match", QStringLiteral("W"), this)),
       regexToggle_(filterToggle("sidebar.filter.regex", QStringLiteral(".*"), this)),
       remotesButton_(new QToolButton(this)), errorBanner_(new OInlineBanner(this)),
       pages_(new QStackedWidget(this)), tree_(new QTreeView(pages_)),
-      state_(new OEmptyState(QStringLiteral("vcs-branch"), {}, {}, pages_)) {
+      state_(new OEmptyState(QStringLiteral("vcs-branch"), {}, {}, pages_)), sections_(defaults) {
     setObjectName(QStringLiteral("sidebar"));
     setMinimumWidth(200);
     filterField_->setObjectName(QStringLiteral("sidebar.filter-field"));
@@ -106,9 +106,6 @@ SidebarView::SidebarView(SidebarViewModel& sidebar, QWidget* parent)
     connect(&ThemeEngine::shared(), &ThemeEngine::themeChanged, tree_->viewport(),
             qOverload<>(&QWidget::update));
 
-    for (const auto section : {SidebarTreeModel::Section::local, SidebarTreeModel::Section::remote,
-                               SidebarTreeModel::Section::tags, SidebarTreeModel::Section::stashes})
-        expandedIds_.insert(model_->sectionIndex(section).data(SidebarTreeModel::IdRole).toString());
     restoreExpansion({});
     retranslate();
 }
@@ -182,24 +179,34 @@ void SidebarView::rememberExpansion(const QModelIndex& index, bool expanded) {
     if (restoringExpansion_)
         return;
     const QString id = index.data(SidebarTreeModel::IdRole).toString();
+    if (model_->kind(index) == Kind::section) {
+        if (sidebar_.repo())
+            sections_.setExpanded(sidebar_.repo()->path, id, expanded);
+        return;
+    }
     if (expanded)
         expandedIds_.insert(id);
     else
         expandedIds_.remove(id);
 }
 
-// While a query is in force every folder opens, so that each find shows; the user's own choice of
-// open folders comes back when the query is cleared.
+// While a query is in force every section and folder opens, so that each find shows; the user's
+// own choice comes back when the query is cleared.
 void SidebarView::restoreExpansion(const QModelIndex& parent) {
     const bool outermost = !parent.isValid();
     if (outermost)
         restoringExpansion_ = true;
     const bool openAll = sidebar_.filter().isActive();
+    const std::string repoPath = sidebar_.repo() ? sidebar_.repo()->path : std::string();
     for (int row = 0, rows = model_->rowCount(parent); row < rows; ++row) {
         const QModelIndex index = model_->index(row, 0, parent);
         if (!model_->hasChildren(index))
             continue;
-        if (openAll || expandedIds_.contains(index.data(SidebarTreeModel::IdRole).toString())) {
+        const QString id = index.data(SidebarTreeModel::IdRole).toString();
+        const bool open = model_->kind(index) == Kind::section
+                              ? sections_.isExpanded(repoPath, id, model_->rowCount(index))
+                              : expandedIds_.contains(id);
+        if (openAll || open) {
             tree_->expand(index);
             restoreExpansion(index);
         }

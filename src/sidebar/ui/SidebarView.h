@@ -1,8 +1,11 @@
 // The tab's left column: the filter field with its whole-word and regular-expression switches, the
 // tree of local branches, remotes, tags and stashes, and what stands in the tree's place while
 // branches load, when the repository is empty or when nothing matches. Every action is in the rows'
-// context menus; the questions before a destructive one follow the model's pending fields.
+// context menus; the questions before a destructive one follow the model's pending fields. Which
+// sections are open is kept per repository in the settings.
 #pragma once
+
+#include "sidebar/SidebarSectionExpansion.h"
 
 #include <QPointer>
 #include <QSet>
@@ -23,6 +26,7 @@ class OEmptyState;
 class OInlineBanner;
 class SidebarTreeModel;
 class SidebarViewModel;
+class UserDefaults;
 struct BranchEntry;
 struct TagEntry;
 struct StashEntry;
@@ -31,7 +35,7 @@ class SidebarView final : public QWidget {
     Q_OBJECT
 
   public:
-    explicit SidebarView(SidebarViewModel& sidebar, QWidget* parent = nullptr);
+    SidebarView(SidebarViewModel& sidebar, UserDefaults& defaults, QWidget* parent = nullptr);
 
     SidebarTreeModel& treeModel() const { return *model_; }
     QTreeView& tree() const { return *tree_; }
@@ -70,7 +74,8 @@ class SidebarView final : public QWidget {
     QTreeView* tree_;
     OEmptyState* state_;
     QPointer<QMessageBox> question_;
-    // Ids of the rows the user has expanded, so that a rebuild opens them again.
+    SidebarSectionExpansion sections_;
+    // Ids of the folders the user has expanded, so that a rebuild opens them again.
     QSet<QString> expandedIds_;
     bool restoringExpansion_ = false;
 };

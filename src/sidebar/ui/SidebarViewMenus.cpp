@@ -165,9 +165,12 @@ void SidebarView::renameBranch(const BranchEntry& branch) {
 void SidebarView::createBranchAt(const BranchEntry& branch) {
     if (!sidebar_.repo())
         return;
-    auto* sheet = new CreateBranchSheet(*sidebar_.repo(), branch.name, sidebar_.service(), this);
+    auto* sheet = new CreateBranchSheet(decoded(branch.name), false, this);
     sheet->setAttribute(Qt::WA_DeleteOnClose);
-    connect(sheet, &CreateBranchSheet::created, &sidebar_, &SidebarViewModel::reloadAfterCheckout);
+    connect(sheet, &CreateBranchSheet::createRequested, &sidebar_,
+            [this, startPoint = branch.name](const QString& name, bool checkout) {
+                sidebar_.createBranch(name.toStdString(), startPoint, checkout);
+            });
     sheet->open();
 }
 
@@ -176,7 +179,11 @@ void SidebarView::createTagAt(const std::string& hash) {
         return;
     auto* sheet = new CreateTagSheet(*sidebar_.repo(), hash, sidebar_.service(), this);
     sheet->setAttribute(Qt::WA_DeleteOnClose);
-    connect(sheet, &CreateTagSheet::created, &sidebar_, &SidebarViewModel::reloadTags);
+    connect(sheet, &CreateTagSheet::createRequested, &sidebar_,
+            [this](const QString& name, const std::optional<QString>& message, const std::string& commit) {
+                sidebar_.createTag(name.toStdString(),
+                                   message ? std::optional(message->toStdString()) : std::nullopt, commit);
+            });
     sheet->open();
 }
 

@@ -42,7 +42,8 @@ QString splitterKey(const QSplitter& splitter) {
 } // namespace
 
 RepositoryTabView::RepositoryTabView(WorkspaceTabState& tab, UserDefaults& defaults, QWidget* parent)
-    : QWidget(parent), tab_(tab), defaults_(defaults), sidebar_(new SidebarView(tab.sidebar(), this)),
+    : QWidget(parent), tab_(tab), defaults_(defaults),
+      sidebar_(new SidebarView(tab.sidebar(), defaults, this)),
       historyPane_(new RepoHistoryPane(tab.graph(), this)), diffPane_(new DiffPane(tab.diff(), this)),
       changesPage_(new ChangesPage(tab.changes(), this)), pageSwitch_(new QTabBar(this)),
       pages_(new QStackedWidget(this)), historyAndDiff_(new QSplitter(Qt::Vertical, this)) {
@@ -207,7 +208,7 @@ void RepositoryTabView::showCreateBranch(const std::string& hash) {
 }
 
 void RepositoryTabView::showCreateTag(const std::string& hash) {
-    auto* sheet = new CreateTagSheet(tab_.repo(), hash, tab_.service(), this, true);
+    auto* sheet = new CreateTagSheet(tab_.repo(), hash, tab_.service(), this);
     sheet->setAttribute(Qt::WA_DeleteOnClose);
     connect(sheet, &CreateTagSheet::createRequested, &tab_.graph(),
             [graph = &tab_.graph()](const QString& name, const std::optional<QString>& message,

@@ -66,7 +66,10 @@ void WorkspaceCommandPrompts::askNewTag() {
         return;
     auto* sheet = new CreateTagSheet(tab->repo(), std::string(), tab->service(), window_);
     sheet->setAttribute(Qt::WA_DeleteOnClose);
-    connect(sheet, &CreateTagSheet::created, tab, &WorkspaceTabState::refresh);
+    connect(sheet, &CreateTagSheet::createRequested, &commands_,
+            [this](const QString& name, const std::optional<QString>& message, const std::string& commit) {
+                commands_.createTag(name, message, commit);
+            });
     sheet->open();
 }
 
