@@ -8,9 +8,11 @@ namespace orvel {
 
 namespace {
 
-std::size_t hashCode(std::string_view hash) {
-    return std::hash<std::string_view>{}(hash);
+std::uint32_t hashCode(std::string_view hash) {
+    return static_cast<std::uint32_t>(std::hash<std::string_view>{}(hash));
 }
+
+constexpr std::size_t blockSize = 1 << 20;
 
 } // namespace
 
@@ -32,23 +34,29 @@ std::uint32_t CommitStore::internAuthor(const CommitAuthor& author) {
 
 void CommitStore::append(const GraphCommit& commit) {
     Entry entry;
-    entry.text = text_.size();
     // git prints hashes of 40 or 64 digits; anything longer is cut rather than mis-read.
-    const std::string_view hash = std::string_view(commit.hash).substr(0, std::numeric_limits<std::uint8_t>::max());
-    entry.hashLength = static_cast<std::uint8_t>(hash.size());
-    text_.append(hash);
-    for (const auto& parent : commit.parentHashes) {
-        if (entry.parentCount == std::numeric_limits<std::uint16_t>::max())
-            break;
-        const std::string_view kept = std::string_view(parent).substr(0, std::numeric_limits<std::uint8_t>::max());
-        text_.push_back(static_cast<char>(kept.size()));
-        text_.append(kept);
-        ++entry.parentCount;
+    constexpr std::size_t longestHash = std::numeric_limits<std::uint8_t>::max();
+    const std::string_view hash = std::string_view(commit.hash).substr(0, longestHash);
+    const std::size_t parentCount =
+        std::min<std::size_t>(commit.parentHashes.size(), std::numeric_limits<std::uint16_t>::max());
+    const std::string_view subject = std::string_view(commit.subject).substr(0, blockSize);
+    const std::size_t length = hash.size() + parentCount * (1 + longestHash) + subject.size();
+    if (text_.empty() || text_.back().size() + length > text_.back().capacity()) {
+        text_.emplace_back().reserve(std::max(blockSize, length));
     }
-    const std::string_view subject =
-        std::string_view(commit.subject).substr(0, std::numeric_limits<std::uint32_t>::max());
+    std::string& block = text_.back();
+    entry.block = static_cast<std::uint32_t>(text_.size() - 1);
+    entry.offset = static_cast<std::uint32_t>(block.size());
+    entry.hashLength = static_cast<std::uint8_t>(hash.size());
+    block.append(hash);
+    for (std::size_t n = 0; n < parentCount; ++n) {
+        const std::string_view kept = std::string_view(commit.parentHashes[n]).substr(0, longestHash);
+        block.push_back(static_cast<char>(kept.size()));
+        block.append(kept);
+    }
+    entry.parentCount = static_cast<std::uint16_t>(parentCount);
     entry.subjectLength = static_cast<std::uint32_t>(subject.size());
-    text_.append(subject);
+    block.append(subject);
     entry.author = commit.authors.empty() ? internAuthor(CommitAuthor{}) : internAuthor(commit.authors.front());
     if (!commit.refs.empty()) {
         refLists_.push_back(commit.refs);
@@ -64,19 +72,23 @@ void CommitStore::clear() {
     *this = CommitStore();
 }
 
+std::string_view CommitStore::text(const Entry& entry, std::size_t from, std::size_t length) const {
+    return std::string_view(text_[entry.block]).substr(entry.offset + from, length);
+}
+
 std::string_view CommitStore::hash(std::size_t index) const {
     const Entry& entry = entries_[index];
-    return std::string_view(text_).substr(entry.text, entry.hashLength);
+    return text(entry, 0, entry.hashLength);
 }
 
 std::vector<std::string_view> CommitStore::parents(std::size_t index) const {
     const Entry& entry = entries_[index];
     std::vector<std::string_view> parents;
     parents.reserve(entry.parentCount);
-    std::size_t at = entry.text + entry.hashLength;
+    std::size_t at = entry.hashLength;
     for (std::uint16_t n = 0; n < entry.parentCount; ++n) {
-        const auto length = static_cast<unsigned char>(text_[at]);
-        parents.push_back(std::string_view(text_).substr(at + 1, length));
+        const auto length = static_cast<unsigned char>(text(entry, at, 1).front());
+        parents.push_back(text(entry, at + 1, length));
         at += 1 + length;
     }
     return parents;
@@ -86,14 +98,15 @@ std::string_view CommitStore::firstParent(std::size_t index) const {
     const Entry& entry = entries_[index];
     if (entry.parentCount == 0)
         return {};
-    const std::size_t at = entry.text + entry.hashLength;
-    return std::string_view(text_).substr(at + 1, static_cast<unsigned char>(text_[at]));
+    return text(entry, entry.hashLength + 1, static_cast<unsigned char>(text(entry, entry.hashLength, 1).front()));
 }
 
 std::string_view CommitStore::subject(std::size_t index) const {
     const Entry& entry = entries_[index];
-    const std::size_t end = index + 1 < entries_.size() ? entries_[index + 1].text : text_.size();
-    return std::string_view(text_).substr(end - entry.subjectLength, entry.subjectLength);
+    std::size_t at = entry.hashLength;
+    for (std::uint16_t n = 0; n < entry.parentCount; ++n)
+        at += 1 + static_cast<unsigned char>(text(entry, at, 1).front());
+    return text(entry, at, entry.subjectLength);
 }
 
 const CommitAuthor& CommitStore::author(std::size_t index) const {
@@ -124,10 +137,11 @@ GraphCommit CommitStore::commit(std::size_t index) const {
 std::optional<std::size_t> CommitStore::find(std::string_view hash) const {
     if (slots_.empty())
         return std::nullopt;
+    const std::uint32_t code = hashCode(hash);
     const std::size_t mask = slots_.size() - 1;
-    for (std::size_t slot = hashCode(hash) & mask; slots_[slot] != 0; slot = (slot + 1) & mask) {
-        if (this->hash(slots_[slot] - 1) == hash)
-            return slots_[slot] - 1;
+    for (std::size_t slot = code & mask; slots_[slot].entry != 0; slot = (slot + 1) & mask) {
+        if (slots_[slot].code == code && this->hash(slots_[slot].entry - 1) == hash)
+            return slots_[slot].entry - 1;
     }
     return std::nullopt;
 }
@@ -142,26 +156,34 @@ std::optional<std::size_t> CommitStore::head() const {
 void CommitStore::index(std::size_t entry) {
     if ((entry + 1) * 2 > slots_.size())
         rebuildIndex(std::max<std::size_t>(16, slots_.size() * 2));
-    else
-        place(entry);
+    place(static_cast<std::uint32_t>(entry), hashCode(hash(entry)));
 }
 
+// Places the kept entries by the codes they keep, without reading their hashes again.
 void CommitStore::rebuildIndex(std::size_t slotCount) {
-    slots_.assign(slotCount, 0);
-    for (std::size_t entry = 0; entry < entries_.size(); ++entry)
-        place(entry);
+    std::vector<Slot> old(slotCount);
+    old.swap(slots_);
+    const std::size_t mask = slotCount - 1;
+    for (const Slot& kept : old) {
+        if (kept.entry == 0)
+            continue;
+        std::size_t slot = kept.code & mask;
+        while (slots_[slot].entry != 0)
+            slot = (slot + 1) & mask;
+        slots_[slot] = kept;
+    }
 }
 
 // A hash that is already indexed keeps its first entry, as git lists each commit once.
-void CommitStore::place(std::size_t entry) {
+void CommitStore::place(std::uint32_t entry, std::uint32_t code) {
     const std::string_view key = hash(entry);
     const std::size_t mask = slots_.size() - 1;
-    std::size_t slot = hashCode(key) & mask;
-    for (; slots_[slot] != 0; slot = (slot + 1) & mask) {
-        if (hash(slots_[slot] - 1) == key)
+    std::size_t slot = code & mask;
+    for (; slots_[slot].entry != 0; slot = (slot + 1) & mask) {
+        if (slots_[slot].code == code && hash(slots_[slot].entry - 1) == key)
             return;
     }
-    slots_[slot] = static_cast<std::uint32_t>(entry + 1);
+    slots_[slot] = {entry + 1, code};
 }
 
 } // namespace orvel

@@ -1,7 +1,9 @@
 // The commits of a graph load, kept compactly enough for a whole history of hundreds of thousands
-// of commits: one fixed record each, their hashes, parents and subjects in one text, each author
-// once, refs only where there are any, and an open-addressed index by hash. A commit comes back
-// whole (GraphCommit) only when it is asked for by itself.
+// of commits: one fixed record each, their hashes, parents and subjects in blocks of text, each
+// author once, refs only where there are any, and an open-addressed index by hash. Nothing grows by
+// copying what it holds: records and text are added in blocks, so that a page added to a long
+// history costs only its own commits. A commit comes back whole (GraphCommit) only when it is
+// asked for by itself.
 #pragma once
 
 #include "core/records/CommitAuthor.h"
@@ -9,6 +11,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <deque>
 #include <optional>
 #include <span>
 #include <string>
@@ -46,7 +49,8 @@ class CommitStore {
 
   private:
     struct Entry {
-        std::uint64_t text = 0;        // where the hash begins in text_; the parents and subject follow
+        std::uint32_t block = 0;       // the block of text_ that holds the commit's text
+        std::uint32_t offset = 0;      // where the hash begins in it; the parents and subject follow
         std::uint32_t subjectLength = 0;
         std::uint32_t author = 0;      // into authors_
         std::uint32_t refs = 0;        // into refLists_ plus one; 0 for none
@@ -67,16 +71,26 @@ class CommitStore {
     std::uint32_t internAuthor(const CommitAuthor& author);
     void index(std::size_t entry);
     void rebuildIndex(std::size_t slotCount);
-    void place(std::size_t entry);
+    void place(std::uint32_t entry, std::uint32_t code);
 
-    std::vector<Entry> entries_;
-    // Per commit: the hash, then each parent as a length byte and its text, then the subject.
-    std::string text_;
+    // The index's slot: the entry plus one (0 for a free slot) and the low bits of its hash's code,
+    // which place it again when the index grows.
+    struct Slot {
+        std::uint32_t entry = 0;
+        std::uint32_t code = 0;
+    };
+
+    std::string_view text(const Entry& entry, std::size_t from, std::size_t length) const;
+
+    std::deque<Entry> entries_;
+    // Per commit: the hash, then each parent as a length byte and its text, then the subject; a
+    // commit's text never spans two blocks.
+    std::vector<std::string> text_;
     std::vector<CommitAuthor> authors_;
     std::unordered_map<AuthorKey, std::uint32_t, AuthorKeyHash> authorIds_;
     std::vector<std::vector<GraphRef>> refLists_;
-    // Entry index plus one per slot, 0 for a free one; a power of two in size, at most half full.
-    std::vector<std::uint32_t> slots_;
+    // A power of two in size, at most half full.
+    std::vector<Slot> slots_;
 };
 
 } // namespace orvel

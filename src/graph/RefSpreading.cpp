@@ -5,7 +5,7 @@
 namespace orvel {
 
 void RefSpreading::append(const CommitStore& store, std::size_t first, int rowOffset,
-                          std::vector<std::vector<RowRef>>& refsByRow) {
+                          std::deque<std::vector<RowRef>>& refsByRow) {
     refsByRow.resize(store.size() + static_cast<std::size_t>(rowOffset));
     std::vector<Fade> stillOpen;
     // Goes down the first-parent line from `hash`; a parent beyond the rows keeps the fade open.

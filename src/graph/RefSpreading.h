@@ -6,6 +6,7 @@
 #include "graph/CommitStore.h"
 #include "graph/RowRef.h"
 
+#include <deque>
 #include <string>
 #include <vector>
 
@@ -26,7 +27,7 @@ class RefSpreading {
     // refs of every commit in row order and each commit's refs in their own order. The pills point
     // into the store's refs, which stay in place while commits are added.
     void append(const CommitStore& store, std::size_t first, int rowOffset,
-                std::vector<std::vector<RowRef>>& refsByRow);
+                std::deque<std::vector<RowRef>>& refsByRow);
 
   private:
     // A fade that reached a commit without a row yet.

@@ -83,7 +83,7 @@ class RepoGraphPaneViewModel final : public QObject {
     // The row of `hash`, or -1.
     int rowOf(std::string_view hash) const;
     // The pills of each row, in the order they are drawn; refsByRow()[i] belongs to row i.
-    const std::vector<std::vector<RowRef>>& refsByRow() const { return refsByRow_; }
+    const std::deque<std::vector<RowRef>>& refsByRow() const { return refsByRow_; }
     // The loaded pages as git gave them, without the working-tree row.
     const CommitStore& store() const { return store_; }
     bool isLoading() const { return isLoading_; }
@@ -244,7 +244,7 @@ class RepoGraphPaneViewModel final : public QObject {
     std::deque<CommitRow> commits_;
     // The date column's texts, measured from when the rows were laid out.
     RelativeDateFormatter dates_{Instant()};
-    std::vector<std::vector<RowRef>> refsByRow_;
+    std::deque<std::vector<RowRef>> refsByRow_;
     // The pills' spread after the last row, ready for the next page.
     RefSpreading refSpreading_;
     bool isLoading_ = false;

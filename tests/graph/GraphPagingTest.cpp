@@ -77,7 +77,7 @@ class GraphPagingTest : public test::RepositoryTest {
 // Each row's pills as ref and opacity.
 using Pills = std::vector<std::vector<std::pair<std::string, double>>>;
 
-Pills pillsOf(const std::vector<std::vector<RowRef>>& refsByRow) {
+Pills pillsOf(const std::deque<std::vector<RowRef>>& refsByRow) {
     Pills pills;
     for (const auto& row : refsByRow) {
         auto& named = pills.emplace_back();
@@ -93,7 +93,7 @@ struct PagedGraph {
     LaneLayout layout;
     RefSpreading spreading;
     std::vector<CommitRow> rows;
-    std::vector<std::vector<RowRef>> refsByRow;
+    std::deque<std::vector<RowRef>> refsByRow;
 
     void append(const std::vector<GraphCommit>& page) {
         const std::size_t first = commits.size();
