@@ -117,14 +117,15 @@ QCoro::Task<void> RepoGraphPaneViewModel::load() {
     qCDebug(lcGraph, "op=graph.load");
     isLoading_ = true;
     emit loadingChanged();
-    stopPaging();
+    // What the pages were asked for (the end, a sought commit) is asked of the reloaded rows.
+    haltPages();
     auto graph = service_->commitGraph(repo_, loadLimit, ticket.stopToken());
     try {
         std::vector<GraphCommit> loaded = co_await std::move(graph);
         if (!ticket.isCurrent())
             co_return;
         // A page asked for meanwhile continued the rows this load replaces.
-        stopPaging();
+        haltPages();
         const bool isFullPage = static_cast<long>(loaded.size()) == loadLimit;
         const int previousRows = static_cast<int>(commits_.size());
         if (!mergeNewestPage(loaded)) {
@@ -135,12 +136,11 @@ QCoro::Task<void> RepoGraphPaneViewModel::load() {
         }
         qCDebug(lcGraph, "op=graph.loaded count=%ld", static_cast<long>(commits_.size()));
         // The checked-out commit, or the selected one, may lie pages down: the pages load on.
-        if (!selectedHash_) {
+        if (!selectedHash_)
             seeksHead_ = true;
-            revealSought();
-        } else if (!commit(*selectedHash_)) {
+        else if (rowOf(*selectedHash_) < 0)
             checksSelection_ = true;
-        }
+        revealSought();
         pageOn();
     } catch (const std::exception& error) {
         if (!ticket.isCurrent())

@@ -123,6 +123,9 @@ class RepoGraphPaneViewModel final : public QObject {
     // changes its text without reading the log again.
     void setWorkingTreeCounts(int staged, int unstaged);
 
+    // Selects `hash`, and loads pages on to it when it has no row yet; a commit that is not in the
+    // history is told in a toast.
+    void reveal(std::string hash);
     // Selects `hash` and loads its file list (from the cache when it has one). A hash without a row
     // is still selected: the rows may not have loaded yet.
     void selectCommit(std::string hash, bool userDriven = true);
@@ -205,8 +208,9 @@ class RepoGraphPaneViewModel final : public QObject {
     bool wantsOlderCommits() const;
     // Selects what the pages were sought for once it has a row.
     void revealSought();
-    // Selects `hash`, and loads on to it when it has no row yet.
-    void reveal(std::string hash);
+    // Ends the run of pages; what they were asked for stays.
+    void haltPages();
+    // Ends the run of pages and forgets what they were asked for.
     void stopPaging();
     // Once no more pages are wanted: settles the selection and tells of a commit sought in vain.
     void finishPaging();

@@ -34,12 +34,17 @@ bool RepoGraphPaneViewModel::wantsOlderCommits() const {
            (static_cast<int>(commits_.size()) < wantedRows_ || wantsEnd_ || seeksHead_ || soughtHash_);
 }
 
-void RepoGraphPaneViewModel::stopPaging() {
+void RepoGraphPaneViewModel::haltPages() {
     pages_.cancel();
     closeStream();
-    if (isPaging_ && wantsEnd_ && activity_)
+    if (showsProgress_ && activity_)
         activity_(std::nullopt);
+    showsProgress_ = false;
     isPaging_ = false;
+}
+
+void RepoGraphPaneViewModel::stopPaging() {
+    haltPages();
     wantsEnd_ = false;
     seeksHead_ = false;
     checksSelection_ = false;
@@ -110,12 +115,7 @@ void RepoGraphPaneViewModel::takeStreamedPage() {
 }
 
 void RepoGraphPaneViewModel::stopStreaming() {
-    closeStream();
-    pages_.cancel();
-    isPaging_ = false;
-    if (showsProgress_ && activity_)
-        activity_(std::nullopt);
-    showsProgress_ = false;
+    haltPages();
     finishPaging();
 }
 

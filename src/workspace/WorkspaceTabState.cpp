@@ -66,7 +66,7 @@ WorkspaceTabState::WorkspaceTabState(RepoEntry repo, std::shared_ptr<GitServiceP
     connect(sidebar_.get(), &SidebarViewModel::detailsChanged, this, &WorkspaceTabState::stashesChanged);
     connect(sidebar_.get(), &SidebarViewModel::checkoutComplete, this, &WorkspaceTabState::checkoutComplete);
     connect(sidebar_.get(), &SidebarViewModel::branchSelected, this, [this](const BranchEntry& branch) {
-        graph_->selectCommit(branch.hash);
+        graph_->reveal(branch.hash);
         workspace_->setActiveTab(WorkspaceTab::repoHistory);
         sidebar_->acknowledgeNavigation();
     });

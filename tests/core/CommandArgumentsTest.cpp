@@ -353,8 +353,8 @@ TEST(CommandArguments, DiffAndHistoryCommands) {
          {{"log", "--all", "--topo-order", "--skip=4000", graphLog}}},
         {call(HistoryCommands::commitDetails, std::string("-p")),
          {{"log", "-n", "1", historyLog, "--end-of-options", "-p"}},
-         {"\x01" + std::string(40, 'a') + "\0aaaaaaa\0\0A\0a@x\0" + "2026-01-01T00:00:00+00:00\0"
-          "C\0c@x\0" "2026-01-01T00:00:00+00:00\0subject\0body\0\0N\0"}},
+         {"\x01"s + std::string(40, 'a') + "\0aaaaaaa\0\0A\0a@x\0"s + "2026-01-01T00:00:00+00:00\0C\0c@x\0"s +
+          "2026-01-01T00:00:00+00:00\0subject\0body\0\0N\0"s}},
         {call(HistoryCommands::resolveCommit, std::string("-v1")),
          {{"rev-parse", "--verify", "--quiet", "--end-of-options", "-v1^{commit}"}}},
         {call(HistoryCommands::commitHistory, 30), {{"log", "-n", "30", historyLog}}},

@@ -45,6 +45,10 @@ class CommitGraphOfRepository : public ::testing::Test {
     std::vector<GraphCommit> graph(long limit = 100) {
         return test::await(git.service.commitGraph(test::RealGitService::repoAt(repo.path()), limit));
     }
+    // What the detail pane reads of one commit.
+    CommitEntry details(const std::string& hash) {
+        return test::await(git.service.commitDetails(test::RealGitService::repoAt(repo.path()), hash));
+    }
 
     TempRepo repo;
     test::RealGitService git;
@@ -76,7 +80,7 @@ TEST_F(CommitGraphOfRepository, RootsMergesAndOctopusKeepTheirParentsInOrder) {
               (std::vector<std::string>{side, repo.rev("b1"), repo.rev("b2"), repo.rev("b3")}));
     EXPECT_EQ(commitOf(commits, octopus).subject, "octopus");
     EXPECT_EQ(commitOf(commits, twice).parentHashes, (std::vector<std::string>{secondRoot, secondRoot}));
-    EXPECT_EQ(commitOf(commits, twice).abbreviatedHash + "\n", repo.git({"rev-parse", "--short", twice}));
+    EXPECT_EQ(details(twice).abbreviatedHash + "\n", repo.git({"rev-parse", "--short", twice}));
     // Children come before their parents.
     auto position = [&](const std::string& hash) {
         return std::find_if(commits.begin(), commits.end(),
@@ -111,7 +115,8 @@ TEST_F(CommitGraphOfRepository, RefsOfEveryKindAndABodyThatLooksLikeADecoration)
     EXPECT_EQ(head.refs, (std::vector<GraphRef>{{"main", GraphRefType::localBranch, true}}));
     const GraphCommit& tagged = commitOf(commits, first);
     EXPECT_FALSE(tagged.isHead);
-    EXPECT_EQ(tagged.body, "HEAD -> x, tag: fake\nmore\n");
+    EXPECT_EQ(tagged.subject, "first");
+    EXPECT_EQ(details(first).body, "HEAD -> x, tag: fake\nmore\n");
     const std::vector<GraphRef> expected{
         {"v1", GraphRefType::tag, false},
         {"v2", GraphRefType::tag, false},

@@ -17,9 +17,9 @@ const std::string hashA(40, 'a');
 const std::string hashB(40, 'b');
 
 std::string graphRecord(const std::string& hash, const std::string& decorations,
-                        const std::string& date = "2026-01-02T03:04:05+01:00", const std::string& body = "") {
-    return hash + "\x1f" + hash.substr(0, 7) + "\x1f" + hashB + "\x1f" + "Ada\x1f" + "ada@x\x1f" + date +
-           "\x1f" + "subject\x1f" + body + "\x1f" + decorations + "\x1e\n";
+                        const std::string& date = "2026-01-02T03:04:05+01:00", const std::string& subject = "subject") {
+    return hash + "\x1f" + hashB + "\x1f" + "Ada\x1f" + "ada@x\x1f" + date + "\x1f" + subject + "\x1f" +
+           decorations + "\x1e\n";
 }
 
 // Fourteen fields by default, as the history format asks for.
@@ -78,15 +78,14 @@ TEST(CommitGraphDecorations, DetachedHeadAndBlankItemsAddNoRef) {
 }
 
 TEST(CommitGraphRecords, FieldsDatesAndMalformedRecords) {
-    const std::string output = graphRecord(hashA, "", "2026-01-02T03:04:05+01:00", "HEAD -> x\nline") +
-                               graphRecord(hashB, "", "yesterday") + "\x1f\x1f\x1f\x1f\x1f\x1f\x1f\x1f\x1e" +
+    const std::string output = graphRecord(hashA, "", "2026-01-02T03:04:05+01:00", "HEAD -> x, tag: y") +
+                               graphRecord(hashB, "", "yesterday") + "\x1f\x1f\x1f\x1f\x1f\x1f\x1e" +
                                hashA + "\x1f\x1f\x1f\x1e" + "\n \n\x1e";
     const auto commits = GitOutputParser::parseCommitGraph(output, {});
     ASSERT_EQ(commits.size(), 2u);
     EXPECT_EQ(commits[0].hash, hashA);
-    EXPECT_EQ(commits[0].abbreviatedHash, hashA.substr(0, 7));
     EXPECT_EQ(commits[0].parentHashes, std::vector<std::string>{hashB});
-    EXPECT_EQ(commits[0].body, "HEAD -> x\nline");
+    EXPECT_EQ(commits[0].subject, "HEAD -> x, tag: y");
     EXPECT_TRUE(commits[0].refs.empty());
     EXPECT_FALSE(commits[0].isHead);
     using namespace std::chrono;

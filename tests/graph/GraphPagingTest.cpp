@@ -3,7 +3,7 @@
 // ahead of the view, to the root, to a search hit or a "go to" name; a refresh keeps the older pages
 // unless history was rewritten. The view scrolled, sent to its end and asked to go to a name; a
 // screenshot near the root.
-#include "GeneratedHistory.h"
+#include "support/GeneratedHistory.h"
 #include "core/DatedCommits.h"
 #include "core/RealGitService.h"
 #include "core/commands/HistoryCommands.h"

@@ -1,4 +1,4 @@
-// Long histories for the graph's paging tests, imported by `git fast-import` in one run: several
+// Long histories for the paging tests, imported by `git fast-import` in one run: several
 // lines of development with frequent merges and a few root commits, at fixed dates, the same at
 // every run.
 #pragma once

@@ -1,4 +1,4 @@
-#include "GeneratedHistory.h"
+#include "support/GeneratedHistory.h"
 
 #include "core/process/ChildProcess.h"
 
