@@ -144,7 +144,7 @@ class SidebarViewModel final : public QObject {
     // HEAD, the working tree or the refs changed under an action: the tab reloads the graph, the
     // branch name and the working-tree status.
     void checkoutComplete();
-    // The user clicked a branch (or a tag): the graph shows its commit.
+    // The user clicked a branch, a tag or a stash: the graph shows its commit.
     void branchSelected(const orvel::BranchEntry& branch);
     // The plan of an interactive rebase onto the branch `target` is in interactiveRebaseContext.
     void interactiveRebaseRequested(const std::string& target);

@@ -201,6 +201,36 @@ TEST_F(SidebarWidget, CreatingABranchOrATagFromARowTellsTheOutcome) {
     ASSERT_TRUE(test::eventually([&] { return row(QStringLiteral("local/from-topic")).isValid(); }));
 }
 
+// A click on a branch, a tag or a stash asks the history to show its commit.
+TEST_F(SidebarWidget, AClickOnABranchATagOrAStashNamesItsCommit) {
+    repo.git({"tag", "-a", "v1", "-m", "annotated", "topic"});
+    repo.write("a.txt", "changed\n");
+    repo.git({"stash", "-q"});
+    test::await(sidebar.loadBranches(entry));
+    test::await(sidebar.loadStashes(entry));
+    std::vector<std::string> selected;
+    QObject::connect(&sidebar, &SidebarViewModel::branchSelected,
+                     [&](const BranchEntry& branch) { selected.push_back(branch.hash); });
+    const struct {
+        QString id;
+        std::string hash;
+    } cases[] = {
+        {QStringLiteral("local/topic"), repo.rev("topic")},
+        {QStringLiteral("tag/v1"), repo.rev("topic")},
+        {QStringLiteral("stash/") + QString::fromStdString(repo.rev("stash@{0}")), repo.rev("stash@{0}")},
+    };
+    for (const auto& click : cases) {
+        SCOPED_TRACE(click.id.toStdString());
+        const QModelIndex index = row(click.id);
+        ASSERT_TRUE(index.isValid());
+        view.tree().scrollTo(index);
+        QTest::mouseClick(view.tree().viewport(), Qt::LeftButton, {}, view.tree().visualRect(index).center());
+        ASSERT_FALSE(selected.empty());
+        EXPECT_EQ(selected.back(), click.hash);
+        selected.clear();
+    }
+}
+
 // Hundreds of tags would push everything below them out of sight: a section of more than fifty
 // rows starts closed. What the user opens or closes stays so for that repository, in the settings.
 TEST_F(SidebarWidget, ALongSectionStartsClosedAndTheUsersChoiceIsKeptPerRepository) {

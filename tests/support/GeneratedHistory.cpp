@@ -35,7 +35,10 @@ void importHistory(const TempRepo& repo, const GeneratedHistoryShape& shape) {
                 while (!tips[static_cast<std::size_t>(line)])
                     line = (line + 1) % lineCount;
             }
-            const std::string message = "commit " + std::to_string(n) + " of the history";
+            std::string message = "commit " + std::to_string(n) + " of the history";
+            if (shape.longSubjects)
+                message += ": rework the way the scheduler hands queued operations to its workers, and "
+                           "keep their order per repository\n\nA body line that the graph does not show.";
             const long date = 1767268800L + 60L * n;
             out << "commit refs/heads/" << (line == 0 ? "later" : "line" + std::to_string(line)) << "\n"
                 << "mark :" << n + 1 << "\n"
@@ -62,6 +65,19 @@ void importHistory(const TempRepo& repo, const GeneratedHistoryShape& shape) {
         }
         if (mainTip)
             out << "reset refs/heads/main\nfrom :" << *mainTip + 1 << "\n\n";
+        for (int k = 0; k < shape.extraTags && shape.commits > 0; ++k) {
+            const int at = static_cast<int>(static_cast<long>(k) * shape.commits / shape.extraTags);
+            const std::string name = k % 3 == 0   ? "v" + std::to_string(k / 300) + "." + std::to_string(k / 30 % 10) +
+                                                        "." + std::to_string(k % 30)
+                                     : k % 3 == 1 ? "release-" + std::to_string(2015 + k / 100) + "." +
+                                                        std::to_string(k % 100)
+                                                  : "build_" + std::to_string(k);
+            out << "reset refs/tags/" << name << "\nfrom :" << at + 1 << "\n\n";
+        }
+        for (int k = 0; k < shape.extraBranches && shape.commits > 0; ++k) {
+            const int at = shape.commits - 1 - static_cast<int>(static_cast<long>(k) * shape.commits / (2 * shape.extraBranches));
+            out << "reset refs/heads/feature/topic-" << k << "\nfrom :" << at + 1 << "\n\n";
+        }
     }
     ChildRequest request;
     request.executable = "/usr/bin/git";

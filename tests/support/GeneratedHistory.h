@@ -16,6 +16,12 @@ struct GeneratedHistoryShape {
     // from it to the newest commit of its line, so `--all --topo-order` lists main's tip far down.
     // Negative: main is the newest line.
     int mainStopsAt = -1;
+    // Subjects of about a hundred characters, as real projects write, with a body.
+    bool longSubjects = false;
+    // Tags in three naming schemes ("v<a>.<b>.<c>", "release-<year>.<n>", "build_<n>") spread over
+    // the history, and branches "feature/topic-<k>" at older commits.
+    int extraTags = 0;
+    int extraBranches = 0;
 };
 
 // Fills the empty repository `repo` and checks "main" out. Branches "line1".."line3" end the

@@ -225,6 +225,12 @@ void SidebarView::select(const QModelIndex& index) {
         target.fullRefName = "refs/tags/" + tag->name;
         target.hash = tag->targetHash.value_or(tag->hash);
         sidebar_.selectBranch(target);
+    } else if (const StashEntry* stash = model_->stash(index)) {
+        // A stash is a commit of the history too (`--all` lists refs/stash).
+        BranchEntry target;
+        target.name = "stash@{" + std::to_string(stash->index) + "}";
+        target.hash = stash->hash;
+        sidebar_.selectBranch(target);
     }
 }
 
