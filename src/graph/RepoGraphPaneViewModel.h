@@ -177,6 +177,8 @@ class RepoGraphPaneViewModel final : public QObject {
     // Rows from `first` to the end were added below the others, which kept their lanes and texts;
     // pills of rows above may have spread onto them.
     void rowsAppended(int first);
+    // The last page came: the root commit has its row, and no page follows.
+    void rootReached();
     void loadingChanged();
     void selectionChanged();
     // selectedCommit() changed: another selection, its details read, or its refs reloaded.

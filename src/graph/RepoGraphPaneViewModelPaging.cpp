@@ -112,6 +112,8 @@ void RepoGraphPaneViewModel::takeStreamedPage() {
         return;
     hasOlderCommits_ = !reachedRoot_;
     stopStreaming();
+    if (reachedRoot_)
+        emit rootReached();
 }
 
 void RepoGraphPaneViewModel::stopStreaming() {

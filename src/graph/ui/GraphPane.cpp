@@ -82,6 +82,7 @@ GraphPane::GraphPane(RepoGraphPaneViewModel& model, QWidget* parent)
     connect(table_->verticalScrollBar(), &QScrollBar::valueChanged, this, &GraphPane::loadAhead);
     connect(table_->verticalScrollBar(), &QScrollBar::rangeChanged, this, &GraphPane::loadAhead);
     connect(table_, &GraphTableView::endRequested, this, &GraphPane::loadToEnd);
+    connect(&model_, &RepoGraphPaneViewModel::rootReached, this, &GraphPane::followEnd);
     connect(&model_, &RepoGraphPaneViewModel::selectionChanged, this, &GraphPane::showSelection);
     connect(&model_, &RepoGraphPaneViewModel::searchChanged, rows_, &GraphTableModel::highlightsChanged);
     connect(&model_, &RepoGraphPaneViewModel::confirmationRequested, this, &GraphPane::ask);
@@ -129,16 +130,21 @@ void GraphPane::showRows() {
 
 void GraphPane::showAppendedRows(int first) {
     rows_->append(first);
-    const int last = static_cast<int>(model_.commits().size()) - 1;
-    if (followsEnd_ != EndFollowing::none && !model_.hasOlderCommits() && last >= 0) {
-        if (followsEnd_ == EndFollowing::select)
-            model_.selectCommit(std::string(model_.hashAt(last)), true);
-        else
-            table_->scrollToBottom();
-        followsEnd_ = EndFollowing::none;
-    }
+    followEnd();
     showSelection();
     loadAhead();
+}
+
+// Once the last row has come, the jump to the end that asked for it lands there.
+void GraphPane::followEnd() {
+    const int last = static_cast<int>(model_.commits().size()) - 1;
+    if (followsEnd_ == EndFollowing::none || model_.hasOlderCommits() || last < 0)
+        return;
+    if (followsEnd_ == EndFollowing::select)
+        model_.selectCommit(std::string(model_.hashAt(last)), true);
+    else
+        table_->scrollToBottom();
+    followsEnd_ = EndFollowing::none;
 }
 
 void GraphPane::loadAhead() {

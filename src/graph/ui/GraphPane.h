@@ -37,6 +37,7 @@ class GraphPane final : public QWidget {
   private:
     void showRows();
     void showAppendedRows(int first);
+    void followEnd();
     // Keeps a page of rows loaded below the last one in view.
     void loadAhead();
     void loadToEnd(bool byKey);
