@@ -50,7 +50,6 @@ class RepoGraphPaneViewModel final : public QObject {
     // Pages double up to this size while loading towards a far row, the root or a sought commit.
     // The commits of each page of a load below the first page; each is laid out in a turn of its own.
     static constexpr std::size_t streamPage = 1000;
-    static constexpr long searchLimit = 500;
     static constexpr std::chrono::milliseconds searchDebounce{300};
     // The hash of the synthetic working-tree row.
     static constexpr std::string_view workingTreeHash = "wip";

@@ -89,15 +89,15 @@ QCoro::Task<void> RepoGraphPaneViewModel::runSearch() {
         co_return;
     isSearching_ = true;
     emit searchChanged();
-    auto search = service_->searchCommits(repo_, searchQuery_, searchScope_, searchLimit, ticket.stopToken());
+    auto search = service_->searchCommits(repo_, searchQuery_, searchScope_, ticket.stopToken());
     try {
-        const std::vector<CommitEntry> found = co_await std::move(search);
+        std::vector<std::string> found = co_await std::move(search);
         if (!ticket.isCurrent())
             co_return;
         // Hits beyond the loaded commits count too; moving to one loads on to it.
-        for (const auto& entry : found) {
-            if (matchingHashes_.insert(entry.hash).second)
-                searchHits_.push_back(entry.hash);
+        for (auto& hash : found) {
+            if (matchingHashes_.insert(hash).second)
+                searchHits_.push_back(std::move(hash));
         }
         rebuildOrderedMatches();
     } catch (const std::exception& error) {

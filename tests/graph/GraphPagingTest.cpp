@@ -212,6 +212,15 @@ TEST_F(GraphPagingTest, GoToAndSearchReachCommitsBelowTheLoadedPages) {
     ASSERT_TRUE(test::eventually([&] { return model->selectedHash() == hit; }));
     EXPECT_GE(model->rowOf(hit), 0);
     EXPECT_EQ(model->matchingHashesOrdered(), std::vector<std::string>{hit});
+
+    // A word in every subject, in a fresh pane: git's hits count every commit of the history,
+    // loaded or not.
+    model = std::make_unique<RepoGraphPaneViewModel>(entry(), service, toasts);
+    open();
+    model->setSearchQuery("of the history");
+    EXPECT_TRUE(test::eventually([&] { return model->matchingHashesOrdered().size() == order.size(); }))
+        << model->matchingHashesOrdered().size();
+    EXPECT_LT(model->commits().size(), order.size());
 }
 
 TEST_F(GraphPagingTest, RefreshKeepsOlderPagesUnlessHistoryWasRewritten) {

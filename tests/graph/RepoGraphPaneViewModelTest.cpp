@@ -55,7 +55,7 @@ class HeldBackService final : public MockGitService {
     bool holdLoads = false;
     std::map<int, std::vector<GraphCommit>> graphs; // answers of held loads, by number from 0
     int loadsStarted = 0;
-    std::map<int, std::vector<CommitEntry>> searches; // answers of the searches, by number
+    std::map<int, std::vector<std::string>> searches; // answers of the searches, by number
     std::vector<std::string> searchQueries;
     int fileListsRead = 0;
     bool failResets = false;
@@ -74,13 +74,13 @@ class HeldBackService final : public MockGitService {
             co_await QCoro::sleepFor(1ms);
         co_await MockGitService::streamCommitGraph(std::move(repo), skip, std::move(pages), std::move(cancellation));
     }
-    QCoro::Task<std::vector<CommitEntry>> searchCommits(RepoEntry, std::string query, CommitSearchType, long,
+    QCoro::Task<std::vector<std::string>> searchCommits(RepoEntry, std::string query, CommitSearchType,
                                                         std::stop_token) override {
         const int number = static_cast<int>(searchQueries.size());
         searchQueries.push_back(query);
         while (!searches.contains(number))
             co_await QCoro::sleepFor(1ms);
-        co_return std::vector<CommitEntry>(searches[number]);
+        co_return std::vector<std::string>(searches[number]);
     }
     QCoro::Task<std::vector<FileChange>> commitFileChanges(RepoEntry, std::string, std::stop_token) override {
         ++fileListsRead;
@@ -97,12 +97,6 @@ RepoEntry repoAt(std::string path) {
     RepoEntry repo;
     repo.path = std::move(path);
     return repo;
-}
-
-CommitEntry entryFor(const std::string& hash) {
-    CommitEntry entry;
-    entry.hash = hash;
-    return entry;
 }
 
 class GraphModelTest : public ::testing::Test {
@@ -251,8 +245,8 @@ TEST_F(GraphModelTest, SearchMatchesAtOnceThenAddsGitsAnswerAndDropsALateOne) {
     // The answer of a search that a newer one replaced changes nothing.
     model.setSearchQuery("fix");
     ASSERT_TRUE(QTest::qWaitFor([&] { return service->searchQueries.size() == 2; }));
-    service->searches[0] = {entryFor(hashOf(0))};
-    service->searches[1] = {entryFor(hashOf(3)), entryFor(hashOf(2)), entryFor("beyond-the-rows")};
+    service->searches[0] = {hashOf(0)};
+    service->searches[1] = {hashOf(3), hashOf(2), "beyond-the-rows"};
     ASSERT_TRUE(QTest::qWaitFor([&] { return !model.isSearching(); }));
     // A hit without a row counts, after those with rows.
     EXPECT_EQ(model.matchingHashesOrdered(), (std::vector<std::string>{hashOf(2), hashOf(3), "beyond-the-rows"}));

@@ -3,7 +3,7 @@
 // literally.
 #include "core/commands/SearchCommands.h"
 #include "core/RealGitService.h"
-#include "core/parsers/LogParser.h"
+#include "core/support/Text.h"
 #include "support/Await.h"
 
 #include <gtest/gtest.h>
@@ -14,38 +14,37 @@ using namespace orvel;
 using Lists = std::vector<std::vector<std::string>>;
 
 TEST(SearchCommands, ArgumentListsByScope) {
-    const std::string format(historyFormat);
+    const std::string format(SearchCommands::hashFormat);
     struct Case {
         CommitSearchType scope;
         std::string query;
         Lists expected;
     };
     const std::vector<Case> cases{
-        {CommitSearchType::message, "Fix", {{"log", "--all", "--grep=Fix", "-i", "-n", "500", format}}},
-        {CommitSearchType::author, "-ada", {{"log", "--all", "--author=-ada", "-i", "-n", "500", format}}},
+        {CommitSearchType::message, "Fix", {{"log", "--all", "--grep=Fix", "-i", format}}},
+        {CommitSearchType::author, "-ada", {{"log", "--all", "--author=-ada", "-i", format}}},
         {CommitSearchType::diff,
          "a.*b",
-         {{"log", "--all", "-S", "a.*b", "--fixed-strings", "-n", "500", format}}},
-        {CommitSearchType::filePath, "--all", {{"log", "--all", "-n", "500", format, "--", "--all"}}},
+         {{"log", "--all", "-S", "a.*b", "--fixed-strings", format}}},
+        {CommitSearchType::filePath, "--all", {{"log", "--all", format, "--", "--all"}}},
         {CommitSearchType::all,
          "x",
-         {{"log", "--all", "--grep=x", "-i", "-n", "500", format},
-          {"log", "--all", "--author=x", "-i", "-n", "500", format}}},
+         {{"log", "--all", "--grep=x", "-i", format},
+          {"log", "--all", "--author=x", "-i", format}}},
         {CommitSearchType::hash, "abc", {}},
         {CommitSearchType::ref, "main", {}},
         {CommitSearchType::message, "", {}},
     };
     for (const auto& c : cases)
-        EXPECT_EQ(SearchCommands::searchCommandLines(c.query, c.scope, 500), c.expected) << c.query;
+        EXPECT_EQ(SearchCommands::searchCommandLines(c.query, c.scope), c.expected) << c.query;
 }
 
 class SearchRepositoryTest : public test::RepositoryTest {
   protected:
     std::vector<std::string> subjectsFound(const std::string& query, CommitSearchType scope) {
-        auto found = test::await(real.service.searchCommits(entry(), query, scope, 500));
         std::vector<std::string> subjects;
-        for (const auto& commit : found)
-            subjects.push_back(commit.subject);
+        for (const auto& hash : test::await(real.service.searchCommits(entry(), query, scope)))
+            subjects.push_back(trimmed(repo.git({"log", "-1", "--format=%s", hash})));
         std::sort(subjects.begin(), subjects.end());
         return subjects;
     }

@@ -1,19 +1,17 @@
 #include "core/commands/SearchCommands.h"
 
-#include "core/parsers/LogParser.h"
+#include "core/support/Text.h"
 
 #include <unordered_set>
 
 namespace orvel::SearchCommands {
 
-std::vector<std::vector<std::string>> searchCommandLines(const std::string& query, CommitSearchType scope,
-                                                         long limit) {
+std::vector<std::vector<std::string>> searchCommandLines(const std::string& query, CommitSearchType scope) {
     if (query.empty())
         return {};
-    const std::string count = std::to_string(limit);
-    const std::string format(historyFormat);
-    const std::vector<std::string> message{"log", "--all", "--grep=" + query, "-i", "-n", count, format};
-    const std::vector<std::string> author{"log", "--all", "--author=" + query, "-i", "-n", count, format};
+    const std::string format(hashFormat);
+    const std::vector<std::string> message{"log", "--all", "--grep=" + query, "-i", format};
+    const std::vector<std::string> author{"log", "--all", "--author=" + query, "-i", format};
     switch (scope) {
     case CommitSearchType::all:
         return {message, author};
@@ -22,9 +20,9 @@ std::vector<std::vector<std::string>> searchCommandLines(const std::string& quer
     case CommitSearchType::author:
         return {author};
     case CommitSearchType::diff:
-        return {{"log", "--all", "-S", query, "--fixed-strings", "-n", count, format}};
+        return {{"log", "--all", "-S", query, "--fixed-strings", format}};
     case CommitSearchType::filePath:
-        return {{"log", "--all", "-n", count, format, "--", query}};
+        return {{"log", "--all", format, "--", query}};
     case CommitSearchType::ref:
     case CommitSearchType::hash:
         return {};
@@ -32,18 +30,22 @@ std::vector<std::vector<std::string>> searchCommandLines(const std::string& quer
     return {};
 }
 
-std::vector<CommitEntry> searchCommits(GitExecutorProtocol& git, const std::string& repoPath,
+std::vector<std::string> searchCommits(GitExecutorProtocol& git, const std::string& repoPath,
                                        const std::vector<std::string>& arguments) {
-    return GitOutputParser::parseCommitHistory(git.execute(arguments, repoPath));
+    const std::string output = git.execute(arguments, repoPath);
+    std::vector<std::string> hashes;
+    for (const auto line : splitLines(output)) {
+        if (std::string hash = trimmed(line); !hash.empty())
+            hashes.push_back(std::move(hash));
+    }
+    return hashes;
 }
 
-void joinSearchResults(std::vector<CommitEntry>& found, std::vector<CommitEntry> more) {
-    std::unordered_set<std::string> seen;
-    for (const auto& entry : found)
-        seen.insert(entry.hash);
-    for (auto& entry : more) {
-        if (seen.insert(entry.hash).second)
-            found.push_back(std::move(entry));
+void joinSearchResults(std::vector<std::string>& found, std::vector<std::string> more) {
+    std::unordered_set<std::string> seen(found.begin(), found.end());
+    for (auto& hash : more) {
+        if (seen.insert(hash).second)
+            found.push_back(std::move(hash));
     }
 }
 

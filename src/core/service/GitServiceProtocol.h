@@ -187,8 +187,8 @@ class GitServiceProtocol {
                                                    std::stop_token cancellation = {}) = 0;
     virtual QCoro::Task<RepoEntry> initRepository(std::string path, std::optional<std::string> initialBranch,
                                                   std::stop_token cancellation = {}) = 0;
-    virtual QCoro::Task<std::vector<CommitEntry>> searchCommits(RepoEntry repo, std::string query,
-                                                                CommitSearchType scope, long limit,
+    virtual QCoro::Task<std::vector<std::string>> searchCommits(RepoEntry repo, std::string query,
+                                                                CommitSearchType scope,
                                                                 std::stop_token cancellation = {}) = 0;
     // Writes git's commit-graph file when it is missing or older than the refs; answers whether
     // it wrote one.

@@ -155,8 +155,8 @@ class MockGitService : public GitServiceProtocol {
                                            std::stop_token cancellation = {}) override;
     QCoro::Task<RepoEntry> initRepository(std::string path, std::optional<std::string> initialBranch,
                                           std::stop_token cancellation = {}) override;
-    QCoro::Task<std::vector<CommitEntry>> searchCommits(RepoEntry repo, std::string query, CommitSearchType scope,
-                                                        long limit, std::stop_token cancellation = {}) override;
+    QCoro::Task<std::vector<std::string>> searchCommits(RepoEntry repo, std::string query, CommitSearchType scope,
+                                                        std::stop_token cancellation = {}) override;
     QCoro::Task<bool> updateCommitGraph(RepoEntry repo, std::stop_token cancellation = {}) override;
 
     // The canned repository: `open` answers it with the requested path.

@@ -197,9 +197,8 @@ QCoro::Task<std::optional<std::string>> MockGitService::resolveCommit(RepoEntry,
 
 // Message and author searches over the canned graph, compared in ASCII lower case; the scopes
 // that need the content of commits find nothing.
-QCoro::Task<std::vector<CommitEntry>> MockGitService::searchCommits(RepoEntry, std::string query,
-                                                                    CommitSearchType scope, long limit,
-                                                                    std::stop_token) {
+QCoro::Task<std::vector<std::string>> MockGitService::searchCommits(RepoEntry, std::string query,
+                                                                    CommitSearchType scope, std::stop_token) {
     const auto lowered = [](std::string text) {
         std::transform(text.begin(), text.end(), text.begin(),
                        [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
@@ -208,9 +207,9 @@ QCoro::Task<std::vector<CommitEntry>> MockGitService::searchCommits(RepoEntry, s
     const std::string needle = lowered(query);
     const bool byMessage = scope == CommitSearchType::all || scope == CommitSearchType::message;
     const bool byAuthor = scope == CommitSearchType::all || scope == CommitSearchType::author;
-    std::vector<CommitEntry> found;
+    std::vector<std::string> found;
     for (const auto& commit : graph) {
-        if (needle.empty() || static_cast<long>(found.size()) >= limit)
+        if (needle.empty())
             break;
         const CommitEntry entry = entryOf(commit);
         const bool hit =
@@ -218,7 +217,7 @@ QCoro::Task<std::vector<CommitEntry>> MockGitService::searchCommits(RepoEntry, s
             (byAuthor &&
              lowered(entry.authorName + " " + entry.authorEmail).find(needle) != std::string::npos);
         if (hit)
-            found.push_back(entry);
+            found.push_back(entry.hash);
     }
     co_return found;
 }
