@@ -158,6 +158,8 @@ class RepoGraphPaneViewModel final : public QObject {
     const TextSet& matchingHashes() const { return matchingHashes_; }
     const std::vector<std::string>& matchingHashesOrdered() const { return matchingHashesOrdered_; }
     int currentMatchIndex() const { return currentMatchIndex_; }
+    // The place of the selected commit among the matches, or -1 when it is none of them.
+    int selectedMatchIndex() const;
     bool isSearching() const { return isSearching_; }
 
     // Both rerun the search.
@@ -236,6 +238,10 @@ class RepoGraphPaneViewModel final : public QObject {
     void rebuildOrderedMatches();
     void moveMatch(int step);
     void clearMatches();
+    // Selects a match on the search's behalf, remembering where the user had the selection.
+    void selectFirstMatch();
+    // With no match, the selection goes back to where the user had it before the search moved it.
+    void restoreUserSelection();
 
     RepoEntry repo_;
     std::shared_ptr<GitServiceProtocol> service_;
@@ -294,6 +300,9 @@ class RepoGraphPaneViewModel final : public QObject {
     // Git's hits, in its order; those without a row yet count and are listed after the loaded ones.
     std::vector<std::string> searchHits_;
     int currentMatchIndex_ = 0;
+    // The commit the search last selected, and the user's selection it replaced.
+    std::optional<std::string> searchSelection_;
+    std::optional<std::string> selectionBeforeSearch_;
     bool isSearching_ = false;
     LoadGeneration searches_;
 };

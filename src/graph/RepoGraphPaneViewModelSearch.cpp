@@ -33,6 +33,7 @@ void RepoGraphPaneViewModel::clearMatches() {
     matchingHashesOrdered_.clear();
     searchHits_.clear();
     currentMatchIndex_ = 0;
+    searchSelection_.reset();
 }
 
 void RepoGraphPaneViewModel::matchLocally(std::size_t first) {
@@ -64,10 +65,32 @@ void RepoGraphPaneViewModel::rebuildOrderedMatches() {
         currentMatchIndex_ = 0;
 }
 
+int RepoGraphPaneViewModel::selectedMatchIndex() const {
+    if (!selectedHash_)
+        return -1;
+    const auto found = std::find(matchingHashesOrdered_.begin(), matchingHashesOrdered_.end(), *selectedHash_);
+    return found == matchingHashesOrdered_.end() ? -1 : static_cast<int>(found - matchingHashesOrdered_.begin());
+}
+
+void RepoGraphPaneViewModel::selectFirstMatch() {
+    // A selection the search did not make is the user's, to return to when nothing matches.
+    if (!searchSelection_ || selectedHash_ != searchSelection_)
+        selectionBeforeSearch_ = selectedHash_;
+    searchSelection_ = matchingHashesOrdered_.front();
+    selectCommit(*searchSelection_, true);
+}
+
+void RepoGraphPaneViewModel::restoreUserSelection() {
+    const bool searchMovedIt = searchSelection_ && selectedHash_ == searchSelection_;
+    searchSelection_.reset();
+    if (searchMovedIt && selectionBeforeSearch_)
+        selectCommit(*selectionBeforeSearch_, true);
+}
+
 QCoro::Task<void> RepoGraphPaneViewModel::runSearch() {
     auto ticket = searches_.begin(this);
-    isSearching_ = false;
     if (searchQuery_.empty()) {
+        isSearching_ = false;
         clearMatches();
         emit searchChanged();
         co_return;
@@ -77,9 +100,14 @@ QCoro::Task<void> RepoGraphPaneViewModel::runSearch() {
     searchHits_.clear();
     matchLocally(0);
     rebuildOrderedMatches();
+    // Git is still to be asked from the first keystroke on, so that the pause before it does not
+    // read as "nothing matches".
+    isSearching_ = searchScope_ != CommitSearchType::hash;
     emit searchChanged();
-    if (!matchingHashesOrdered_.empty())
-        selectCommit(matchingHashesOrdered_.front(), true);
+    if (matchingHashesOrdered_.empty())
+        restoreUserSelection();
+    else
+        selectFirstMatch();
     if (searchScope_ == CommitSearchType::hash)
         co_return;
 
@@ -87,8 +115,6 @@ QCoro::Task<void> RepoGraphPaneViewModel::runSearch() {
     co_await QCoro::sleepFor(searchDebounce);
     if (!ticket.isCurrent())
         co_return;
-    isSearching_ = true;
-    emit searchChanged();
     auto search = service_->searchCommits(repo_, searchQuery_, searchScope_, ticket.stopToken());
     try {
         std::vector<std::string> found = co_await std::move(search);
@@ -113,6 +139,11 @@ void RepoGraphPaneViewModel::moveMatch(int step) {
     const int count = static_cast<int>(matchingHashesOrdered_.size());
     if (count == 0)
         return;
+    // The walk goes on from the match the user selected in the graph; a match still without a row
+    // (being loaded, or gone from the history) keeps its place so that the walk passes it.
+    const int selected = selectedMatchIndex();
+    if (selected >= 0 && rowOf(matchingHashesOrdered_[static_cast<std::size_t>(currentMatchIndex_)]) >= 0)
+        currentMatchIndex_ = selected;
     currentMatchIndex_ = ((currentMatchIndex_ + step) % count + count) % count;
     emit searchChanged();
     reveal(matchingHashesOrdered_[static_cast<std::size_t>(currentMatchIndex_)]);

@@ -339,7 +339,7 @@ TEST(CommandArguments, DiffAndHistoryCommands) {
         {call(DiffCommands::commitDiff, "abc", 7),
          {{"show", "--format=", "-m", "--first-parent", "abc", "-U7"}}},
         {call(DiffCommands::commitFileChanges, "abc"),
-         {{"diff-tree", "--root", "--no-commit-id", "-r", "--name-status", "abc"}}},
+         {{"diff-tree", "--root", "--no-commit-id", "-r", "--name-status", "--diff-merges=first-parent", "abc"}}},
         {[](auto& git) {
              EXPECT_EQ(HistoryCommands::remoteNames(git, "/r"),
                        (RemoteNameSet{"fork", "origin", "upstream"}));

@@ -195,6 +195,52 @@ TEST_F(DiffHistory, FileChangesOfACommitAndGitsFailures) {
     EXPECT_THROW(await(service.commitFileChanges(entry(), std::string(40, '0'))), GitServiceError);
 }
 
+// A merge lists what it brought against its first parent, each file once, as its diff shows it:
+// a clean merge of a side branch, and a merge whose conflict in a file both sides changed was
+// resolved by hand.
+class MergeFileChanges : public test::RepositoryTest {};
+
+TEST_F(MergeFileChanges, AMergeListsItsFilesAgainstTheFirstParent) {
+    repo.write("shared.txt", "base\n");
+    repo.commitAll("base");
+    repo.git({"checkout", "-q", "-b", "side"});
+    repo.write("side.txt", "side\n");
+    repo.write("shared.txt", "side\n");
+    repo.commitAll("side work");
+    repo.git({"checkout", "-q", "main"});
+    repo.write("main.txt", "main\n");
+    repo.commitAll("main work");
+    repo.git({"merge", "-q", "--no-ff", "-m", "clean merge", "side"});
+    const std::string clean = repo.head();
+
+    repo.git({"checkout", "-q", "side"});
+    repo.write("shared.txt", "side again\n");
+    repo.commitAll("side again");
+    repo.git({"checkout", "-q", "main"});
+    repo.write("shared.txt", "main again\n");
+    repo.commitAll("main again");
+    EXPECT_NE(repo.gitAllowingFailure({"merge", "-q", "side"}).exitCode, 0);
+    repo.write("shared.txt", "resolved\n");
+    repo.commitAll("resolved merge");
+    const std::string resolved = repo.head();
+
+    const struct {
+        std::string hash;
+        std::vector<std::string> paths;
+    } cases[] = {{clean, {"shared.txt", "side.txt"}}, {resolved, {"shared.txt"}}};
+    for (const auto& merge : cases) {
+        SCOPED_TRACE(merge.hash);
+        std::vector<std::string> paths;
+        for (const auto& change : await(real.service.commitFileChanges(entry(), merge.hash)))
+            paths.push_back(change.path);
+        EXPECT_EQ(paths, merge.paths);
+        std::vector<std::string> diffPaths;
+        for (const auto& file : await(real.service.commitDiff(entry(), merge.hash, std::nullopt)).files)
+            diffPaths.push_back(file.newPath);
+        EXPECT_EQ(diffPaths, paths);
+    }
+}
+
 TEST_F(DiffHistory, WorkingTreeIndexStashAndRange) {
     repo.write("dash.txt", "changed in the index\n");
     repo.git({"add", "dash.txt"});

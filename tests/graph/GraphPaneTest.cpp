@@ -14,13 +14,18 @@
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QTest>
+#include <QToolButton>
+#include <QVBoxLayout>
 
 #include <gtest/gtest.h>
+
+#include <algorithm>
 
 using namespace orvel;
 
@@ -150,6 +155,80 @@ TEST_F(GraphPaneTest, ShowsSearchesAndHardResetsARealHistory) {
     test::saveScreenshot(pane, QStringLiteral("graph-history-dark"));
     QApplication::setPalette(light);
     ASSERT_TRUE(QTest::qWaitFor([&] { return !model.isLoadingFileChanges() && !model.isSearching(); }));
+}
+
+// The search bar in a window with another focused field, as the sidebar's filter is: Ctrl+F opens
+// the bar from anywhere and, once open, puts the keyboard back in its query; "n of m" follows the
+// selected row, whoever selected it; a query that matches nothing says so and gives the selection
+// back to the commit the user had chosen.
+TEST_F(GraphPaneTest, SearchTellsWhereTheSelectionStandsAndWhenNothingMatches) {
+    buildHistory(repo);
+    QWidget window;
+    auto* elsewhere = new QLineEdit(&window);
+    RepoGraphPaneViewModel model(entry(), service, toasts);
+    auto* pane = new GraphPane(model, &window);
+    auto* layout = new QVBoxLayout(&window);
+    layout->addWidget(elsewhere);
+    layout->addWidget(pane);
+    window.resize(1000, 500);
+    window.show();
+    test::await(model.load());
+    window.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    const auto clickRow = [&](const std::string& hash) {
+        const QModelIndex cell = pane->table().model()->index(model.rowOf(hash), GraphTableModel::messageColumn);
+        QTest::mouseClick(pane->table().viewport(), Qt::LeftButton, {}, pane->table().visualRect(cell).center());
+    };
+    const std::string chosen = repo.rev("v0.1");
+    clickRow(chosen);
+    ASSERT_EQ(model.selectedHash(), chosen);
+
+    elsewhere->setFocus();
+    QTest::keyClick(elsewhere, Qt::Key_F, Qt::ControlModifier);
+    auto* field = pane->findChild<QLineEdit*>(QStringLiteral("graph.search-field"));
+    auto* position = pane->findChild<QLabel*>(QStringLiteral("graph.search-position"));
+    ASSERT_TRUE(field->isVisible());
+    ASSERT_TRUE(field->hasFocus());
+    QTest::keyClicks(field, "lanes");
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !model.isSearching(); }));
+    const auto matches = model.matchingHashesOrdered();
+    ASSERT_EQ(matches.size(), 5u);
+    const auto standing = [&] {
+        const auto at = std::find(matches.begin(), matches.end(), model.selectedHash().value_or(""));
+        return at == matches.end() ? QStringLiteral("5 match(es)")
+                                   : QStringLiteral("%1 of 5").arg(at - matches.begin() + 1);
+    };
+    EXPECT_EQ(position->text(), standing());
+    EXPECT_NE(model.selectedHash(), chosen);
+
+    QTest::keyClick(field, Qt::Key_X);
+    EXPECT_EQ(model.selectedHash(), chosen);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !model.isSearching(); }));
+    EXPECT_TRUE(model.matchingHashesOrdered().empty());
+    EXPECT_EQ(position->text(), QStringLiteral("No commits match"));
+    EXPECT_EQ(model.selectedHash(), chosen);
+    test::saveScreenshot(window, QStringLiteral("graph-search-no-match"));
+
+    QTest::keyClick(field, Qt::Key_Backspace);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !model.isSearching(); }));
+    ASSERT_EQ(model.matchingHashesOrdered(), matches);
+    // Rows the user picks, matching or not, and the walk on from a picked one.
+    for (const std::string& hash : {chosen, matches[3], matches[0]}) {
+        clickRow(hash);
+        ASSERT_EQ(model.selectedHash(), hash);
+        EXPECT_EQ(position->text(), standing()) << hash;
+    }
+    clickRow(matches[3]);
+    pane->findChild<QToolButton*>(QStringLiteral("graph.search-next"))->click();
+    EXPECT_EQ(model.selectedHash(), matches[4]);
+    EXPECT_EQ(position->text(), QStringLiteral("5 of 5"));
+    test::saveScreenshot(window, QStringLiteral("graph-search-position"));
+
+    // Open already: Ctrl+F from the table takes the keyboard back to the query, all of it selected.
+    pane->table().setFocus();
+    QTest::keyClick(&pane->table(), Qt::Key_F, Qt::ControlModifier);
+    EXPECT_TRUE(field->hasFocus());
+    EXPECT_EQ(field->selectedText(), QStringLiteral("lanes"));
 }
 
 } // namespace

@@ -1,5 +1,5 @@
-// The history page on a real repository: a merge commit shows its message and both parents,
-// following a parent moves the graph's selection and lists that commit's files flat and as a
+// The history page on a real repository: a merge commit shows its message, both parents in git's
+// abbreviation and the files it brought against its first parent, following a parent moves the graph's selection and lists that commit's files flat and as a
 // tree, a file asks for its diff, and the working tree's changes lead to the changes page.
 #include "graph/ui/RepoHistoryPane.h"
 #include "core/process/SubprocessExecutor.h"
@@ -27,6 +27,8 @@ namespace {
 class RepoHistoryPaneTest : public ::testing::Test {
   protected:
     RepoHistoryPaneTest() {
+        // Git's abbreviation of this repository's hashes is longer than its shortest.
+        repo.git({"config", "core.abbrev", "12"});
         repo.write("base.txt", "base\n");
         repo.commitAll("base");
         repo.git({"checkout", "-q", "-b", "topic"});
@@ -76,17 +78,27 @@ TEST_F(RepoHistoryPaneTest, MergeCommitShowsBothParentsAndAParentLeadsToItsFiles
 
     test::await(graph.load());
     graph.selectCommit(merge);
-    QTRY_VERIFY(!graph.isLoadingFileChanges());
+    QTRY_VERIFY(!graph.isLoadingFileChanges() && graph.selectedCommit() &&
+                !graph.selectedCommit()->abbreviatedHash.empty());
     EXPECT_EQ(pane.findChild<QLabel*>(QStringLiteral("history.subject"))->text(),
               QStringLiteral("Merge topic"));
     auto links = parentLinks();
     ASSERT_EQ(links.size(), 2u);
-    EXPECT_EQ(links[0]->text().toStdString(), readme.substr(0, 7));
-    EXPECT_EQ(links[1]->text().toStdString(), topic.substr(0, 7));
+    EXPECT_EQ(links[0]->text().toStdString(), readme.substr(0, 12));
+    EXPECT_EQ(links[1]->text().toStdString(), topic.substr(0, 12));
+    // The merge brought the topic's two files; its own first parent's readme is not among them.
+    auto* files = pane.findChild<QTreeView*>(QStringLiteral("history.file-list"));
+    EXPECT_EQ(files->model()->rowCount(), 2);
+    EXPECT_EQ(files->model()->index(0, 0).data().toString(), QStringLiteral("app.cpp"));
+    auto* mergeNote = pane.findChild<QLabel*>(QStringLiteral("history.file-merge-note"));
+    ASSERT_TRUE(mergeNote);
+    EXPECT_TRUE(mergeNote->isVisible());
+    EXPECT_EQ(mergeNote->text(), QStringLiteral("Changes against the first parent"));
+    test::saveScreenshot(pane, QStringLiteral("history-detail-merge"));
 
     links[1]->click();
     QTRY_VERIFY(graph.selectedHash() == topic && !graph.isLoadingFileChanges());
-    auto* files = pane.findChild<QTreeView*>(QStringLiteral("history.file-list"));
+    EXPECT_FALSE(mergeNote->isVisible());
     QTRY_COMPARE(files->model()->rowCount(), 2);
     EXPECT_EQ(files->model()->index(0, 0).data().toString(), QStringLiteral("app.cpp"));
     pane.setWorkingTreeChangeCount(3);

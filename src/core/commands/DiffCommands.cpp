@@ -81,8 +81,10 @@ DiffResult commitDiff(GitExecutorProtocol& git, const std::string& repoPath, con
 
 std::vector<FileChange> commitFileChanges(GitExecutorProtocol& git, const std::string& repoPath,
                                           const std::string& hash) {
-    return GitOutputParser::parseNameStatus(git.execute(
-        {"diff-tree", "--root", "--no-commit-id", "-r", "--name-status", revision(hash)}, repoPath));
+    return GitOutputParser::parseNameStatus(
+        git.execute({"diff-tree", "--root", "--no-commit-id", "-r", "--name-status",
+                     "--diff-merges=first-parent", revision(hash)},
+                    repoPath));
 }
 
 } // namespace orvel::DiffCommands

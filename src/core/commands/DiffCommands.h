@@ -23,6 +23,8 @@ DiffResult diff(GitExecutorProtocol& git, const std::string& repoPath, const Dif
 DiffResult commitDiff(GitExecutorProtocol& git, const std::string& repoPath, const std::string& hash,
                       std::optional<int> contextLines);
 
+// The files a commit changed, each once; a merge lists them against its first parent, as
+// commitDiff shows it, and a root commit against the empty tree.
 std::vector<FileChange> commitFileChanges(GitExecutorProtocol& git, const std::string& repoPath,
                                           const std::string& hash);
 

@@ -62,7 +62,9 @@ GraphPane::GraphPane(RepoGraphPaneViewModel& model, QWidget* parent)
     layout->addWidget(table_, 1);
 
     bindShortcut(*searchAction_, KeyBindingID::searchHistory);
-    searchAction_->setShortcutContext(Qt::WidgetWithChildrenShortcut);
+    // Wherever the keyboard is in the window while the graph shows: the sidebar, the detail pane or
+    // nowhere yet. A graph out of sight (another tab or page) does not take it.
+    searchAction_->setShortcutContext(Qt::WindowShortcut);
     connect(searchAction_, &QAction::triggered, this, &GraphPane::openSearch);
     addAction(searchAction_);
     copyHashAction_->setShortcut(QKeySequence::Copy);

@@ -84,6 +84,8 @@ GraphSearchBar::GraphSearchBar(RepoGraphPaneViewModel& model, QWidget* parent)
     connect(next_, &QToolButton::clicked, this, [this] { model_.nextMatch(); });
     connect(close_, &QToolButton::clicked, this, [this] { model_.clearSearch(); });
     connect(&model_, &RepoGraphPaneViewModel::searchChanged, this, &GraphSearchBar::showSearch);
+    connect(&model_, &RepoGraphPaneViewModel::selectionChanged, this,
+            [this] { position_->setText(positionText()); });
     retranslate();
     showSearch();
 }
@@ -104,12 +106,22 @@ void GraphSearchBar::showSearch() {
         if (current)
             scope_->setText(action->text());
     }
+    position_->setText(positionText());
     const int count = static_cast<int>(model_.matchingHashesOrdered().size());
-    position_->setText(count == 0 ? QString()
-                                  : localized("%1 of %2", QString::number(model_.currentMatchIndex() + 1),
-                                              QString::number(count)));
     previous_->setEnabled(count > 0);
     next_->setEnabled(count > 0);
+}
+
+// Where the selected row stands among the matches; the count alone while the selection is none of
+// them; and that nothing matches once git has answered too.
+QString GraphSearchBar::positionText() const {
+    const int count = static_cast<int>(model_.matchingHashesOrdered().size());
+    if (count == 0)
+        return model_.searchQuery().empty() || model_.isSearching() ? QString() : localized("No commits match");
+    const int selected = model_.selectedMatchIndex();
+    if (selected < 0)
+        return localized("%1 match(es)", count);
+    return localized("%1 of %2", selected + 1, count);
 }
 
 void GraphSearchBar::retranslate() {

@@ -27,6 +27,7 @@ class GraphSearchBar final : public QWidget {
 
   private:
     void showSearch();
+    QString positionText() const;
     void retranslate();
 
     RepoGraphPaneViewModel& model_;

@@ -70,12 +70,16 @@ void RepoHistoryAuthorsSection::setCommit(const GraphCommit* commit) {
     authors_->setVisible(!lines.isEmpty());
 
     parentHashes_ = commit->parentHashes;
+    // Git abbreviates every hash of a repository to one length, which its reading of the commit
+    // tells; until that reading arrives, git's shortest abbreviation stands in.
+    const std::size_t length = commit->abbreviatedHash.empty() ? 7 : commit->abbreviatedHash.size();
     for (const std::string& hash : parentHashes_) {
-        auto* link = new QPushButton(QString::fromUtf8(hash.substr(0, 7)), this);
+        const QString shortHash = QString::fromUtf8(hash.substr(0, length));
+        auto* link = new QPushButton(shortHash, this);
         link->setObjectName(QStringLiteral("history.parent-link"));
         link->setFlat(true);
         link->setCursor(Qt::PointingHandCursor);
-        link->setAccessibleName(localized("Select parent %1", QString::fromUtf8(hash.substr(0, 7))));
+        link->setAccessibleName(localized("Select parent %1", shortHash));
         QFont mono = QFontDatabase::systemFont(QFontDatabase::FixedFont);
         mono.setUnderline(true);
         link->setFont(mono);

@@ -20,7 +20,7 @@ namespace orvel {
 
 RepoHistoryFileChangesSection::RepoHistoryFileChangesSection(RepoGraphPaneViewModel& graph, QWidget* parent)
     : QWidget(parent), graph_(graph), files_(new FileTreeModel(this)), title_(new QLabel(this)),
-      filter_(new QLineEdit(this)), sortButton_(new QToolButton(this)), listButton_(new QToolButton(this)),
+      mergeNote_(new QLabel(this)), filter_(new QLineEdit(this)), sortButton_(new QToolButton(this)), listButton_(new QToolButton(this)),
       treeButton_(new QToolButton(this)), view_(new QTreeView(this)), hint_(new QLabel(this)) {
     QFont titleFont = title_->font();
     titleFont.setBold(true);
@@ -45,6 +45,8 @@ RepoHistoryFileChangesSection::RepoHistoryFileChangesSection(RepoGraphPaneViewMo
     view_->setUniformRowHeights(true);
     view_->setAttribute(Qt::WA_Hover);
     view_->setExpandsOnDoubleClick(true);
+    mergeNote_->setObjectName(QStringLiteral("history.file-merge-note"));
+    mergeNote_->setWordWrap(true);
     hint_->setObjectName(QStringLiteral("history.file-hint"));
     hint_->setAlignment(Qt::AlignCenter);
     hint_->setWordWrap(true);
@@ -59,6 +61,7 @@ RepoHistoryFileChangesSection::RepoHistoryFileChangesSection(RepoGraphPaneViewMo
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addLayout(header);
+    layout->addWidget(mergeNote_);
     layout->addWidget(hint_);
     layout->addWidget(view_, 1);
 
@@ -83,6 +86,9 @@ RepoHistoryFileChangesSection::RepoHistoryFileChangesSection(RepoGraphPaneViewMo
             &RepoHistoryFileChangesSection::showFileChanges);
     connect(&graph_, &RepoGraphPaneViewModel::selectionChanged, this,
             &RepoHistoryFileChangesSection::showFileChanges);
+    // The commit itself may come after its selection, once its row is loaded.
+    connect(&graph_, &RepoGraphPaneViewModel::selectedCommitChanged, this,
+            &RepoHistoryFileChangesSection::showMode);
     retranslate();
     showFileChanges();
 }
@@ -118,6 +124,7 @@ void RepoHistoryFileChangesSection::showMode() {
         hint = localized("No files match the filter");
     else if (files_->shownFileCount() == 0 && (graph_.selectedNodeFileChanges() || isWorkingTreeSelected()))
         hint = localized("No files changed in this commit");
+    mergeNote_->setVisible(commit && commit->parentHashes.size() > 1);
     hint_->setText(hint);
     hint_->setVisible(!hint.isEmpty());
     view_->setVisible(hint.isEmpty());
@@ -155,6 +162,7 @@ void RepoHistoryFileChangesSection::retranslate() {
     else
         title_->setText(changes ? localized("%1 file(s)", static_cast<int>(changes->size()))
                                 : localized("Files"));
+    mergeNote_->setText(localized("Changes against the first parent"));
     filter_->setPlaceholderText(localized("Filter files"));
     filter_->setAccessibleName(localized("Filter changed files"));
     const bool ascending = files_->sortOrder() == FileChangesSortOrder::ascend;

@@ -1,5 +1,6 @@
 // The files the selected commit changed, flat or as a directory tree, with the section's own filter
-// and order; "Loading file changes..." while the graph reads them. The working-tree row lists the
+// and order; "Loading file changes..." while the graph reads them. A merge lists its files against
+// its first parent, as its diff shows them, and says so. The working-tree row lists the
 // working tree's changed files. Activating a file asks for its diff in that commit (or in the
 // working tree).
 #pragma once
@@ -47,6 +48,7 @@ class RepoHistoryFileChangesSection final : public QWidget {
     RepoGraphPaneViewModel& graph_;
     FileTreeModel* files_;
     QLabel* title_;
+    QLabel* mergeNote_;
     QLineEdit* filter_;
     QToolButton* sortButton_;
     QToolButton* listButton_;

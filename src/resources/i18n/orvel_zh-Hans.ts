@@ -1517,6 +1517,14 @@
 <context>
     <name>orvel::GraphSearchBar</name>
     <message>
+        <source>%1 match(es)</source>
+        <translation>%1 个匹配</translation>
+    </message>
+    <message>
+        <source>No commits match</source>
+        <translation>没有匹配的提交</translation>
+    </message>
+    <message>
         <source>%1 of %2</source>
         <translation type="unfinished"></translation>
     </message>
@@ -2292,6 +2300,10 @@
 </context>
 <context>
     <name>orvel::RepoHistoryFileChangesSection</name>
+    <message>
+        <source>Changes against the first parent</source>
+        <translation>相对于第一个父提交的更改</translation>
+    </message>
     <message>
         <source>Loading file changes...</source>
         <translation type="unfinished"></translation>
