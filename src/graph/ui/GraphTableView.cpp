@@ -25,6 +25,14 @@ GraphTableView::GraphTableView(QWidget* parent) : QTableView(parent) {
     });
 }
 
+// The current cell of a row sits in the message column; seeking it sideways in a table wider than
+// its viewport would push the graph out of sight.
+void GraphTableView::scrollTo(const QModelIndex& index, ScrollHint hint) {
+    const int left = horizontalScrollBar()->value();
+    QTableView::scrollTo(index, hint);
+    horizontalScrollBar()->setValue(left);
+}
+
 QModelIndex GraphTableView::moveCursor(CursorAction cursorAction, Qt::KeyboardModifiers modifiers) {
     if (cursorAction == MoveHome || cursorAction == MoveEnd)
         modifiers |= Qt::ControlModifier;

@@ -1,5 +1,6 @@
 // The table of the commit graph: whole rows are selected, and Home and End go to the first and the
 // last commit rather than to the first and last column; End also asks for the rest of the history.
+// Bringing a row into view scrolls up or down only, so that the graph stays where the user left it.
 #pragma once
 
 #include <QTableView>
@@ -11,6 +12,8 @@ class GraphTableView final : public QTableView {
 
   public:
     explicit GraphTableView(QWidget* parent = nullptr);
+
+    void scrollTo(const QModelIndex& index, ScrollHint hint = EnsureVisible) override;
 
   signals:
     // End or Ctrl+End was pressed (`byKey`), or the scroll bar was dragged to the bottom.
