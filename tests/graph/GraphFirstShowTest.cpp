@@ -7,8 +7,7 @@
 #include "graph/ui/LanePainting.h"
 #include "graph/RepoGraphPaneViewModel.h"
 
-#include "core/RealGitService.h"
-#include "notices/ToastManager.h"
+#include "GraphPaneOnRealGit.h"
 #include "support/Await.h"
 #include "support/Screenshot.h"
 
@@ -21,11 +20,7 @@ using namespace orvel;
 
 namespace {
 
-class GraphFirstShow : public test::RepositoryTest {
-  protected:
-    std::shared_ptr<GitServiceProtocol> service{&real.service, [](GitServiceProtocol*) {}};
-    ToastManager toasts;
-};
+using GraphFirstShow = test::GraphPaneOnRealGit;
 
 // A table narrower than the smallest columns scrolls sideways; bringing the selected row into view
 // on the first show used to scroll to its message cell and so push a small graph out of sight.

@@ -6,8 +6,7 @@
 #include "graph/ui/RefPillPainting.h"
 #include "graph/RepoGraphPaneViewModel.h"
 
-#include "core/RealGitService.h"
-#include "notices/ToastManager.h"
+#include "GraphPaneOnRealGit.h"
 #include "support/Await.h"
 #include "support/Screenshot.h"
 
@@ -43,11 +42,7 @@ TEST(RefPillFit, WholePillsLeaveRoomForTheCountOfTheRest) {
         EXPECT_EQ(fitPills(c.widths, 4, c.room, countWidth), c.expected) << c.name;
 }
 
-class RefPillsOnRealGit : public test::RepositoryTest {
-  protected:
-    std::shared_ptr<GitServiceProtocol> service{&real.service, [](GitServiceProtocol*) {}};
-    ToastManager toasts;
-};
+using RefPillsOnRealGit = test::GraphPaneOnRealGit;
 
 TEST_F(RefPillsOnRealGit, ACrowdedCellEndsInACountAndItsTooltipNamesTheRest) {
     repo.write("a.txt", "a\n");
