@@ -12,6 +12,7 @@
 #include "support/Screenshot.h"
 
 #include <QScrollBar>
+#include <QStackedWidget>
 #include <QTest>
 
 #include <gtest/gtest.h>
@@ -58,6 +59,43 @@ TEST_F(GraphFirstShow, TheGraphIsDrawnOnTheFirstShowOfANarrowTable) {
         const QPoint pixel = node * shown.devicePixelRatio();
         EXPECT_EQ(shown.pixelColor(pixel).rgb(), style.lane(lane->colorIndex).rgb()) << "row " << row;
     }
+}
+
+// A page behind the one in view may have no height yet. Rows that arrive above the selected one
+// while it is hidden (the working tree's, a stash's) used to be scrolled out of sight by bringing
+// the selection into that empty view.
+TEST_F(GraphFirstShow, RowsAboveTheSelectionLoadedWhileHiddenShowOnTheFirstShow) {
+    // More rows than the page shows, so that it keeps a scroll range.
+    for (int commit = 0; commit < 20; ++commit) {
+        repo.write("a.txt", std::to_string(commit) + "\n");
+        repo.commitAll("Commit " + std::to_string(commit));
+    }
+    repo.write("a.txt", "stashed\n");
+    repo.git({"stash", "push", "-q", "-m", "Kept aside"});
+    repo.write("a.txt", "dirty\n");
+    RepoGraphPaneViewModel model(entry(), service, toasts);
+    // As in a repository's tab, the history is a page behind the one in view.
+    QStackedWidget pages;
+    pages.addWidget(new QWidget);
+    auto& pane = *new GraphPane(model, &pages);
+    pages.addWidget(&pane);
+    pages.resize(900, 300);
+    pages.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&pages));
+    pane.resize(900, 0);
+    test::await(model.load());
+    model.setWorkingTreeCounts(0, 1);
+    const int head = model.rowOf(repo.head());
+    ASSERT_GT(head, 1); // below the working tree's row and the stash's commits
+    ASSERT_EQ(model.selectedHash(), repo.head());
+
+    pages.setCurrentWidget(&pane);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return pane.isVisible(); }));
+    QTest::qWait(20);
+    test::saveScreenshot(pages, QStringLiteral("graph-first-show-after-hidden-load"), pages.size());
+    const GraphTableView& table = pane.table();
+    EXPECT_EQ(table.verticalScrollBar()->value(), 0);
+    EXPECT_EQ(table.currentIndex().row(), head);
 }
 
 } // namespace
