@@ -7,10 +7,9 @@
 #include "graph/ui/GraphTableModel.h"
 #include "graph/ui/GraphTableView.h"
 
-#include "core/RealGitService.h"
+#include "GraphPaneOnRealGit.h"
 #include "support/Await.h"
 #include "support/Screenshot.h"
-#include "notices/ToastManager.h"
 
 #include <QAbstractButton>
 #include <QApplication>
@@ -82,11 +81,7 @@ Widget* waitForChild(QObject& parent, const char* name) {
     return found;
 }
 
-class GraphPaneTest : public test::RepositoryTest {
-  protected:
-    std::shared_ptr<GitServiceProtocol> service{&real.service, [](GitServiceProtocol*) {}};
-    ToastManager toasts;
-};
+using GraphPaneTest = test::GraphPaneOnRealGit;
 
 TEST_F(GraphPaneTest, ShowsSearchesAndHardResetsARealHistory) {
     buildHistory(repo);

@@ -7,13 +7,18 @@
 #include "core/service/NativeGitService.h"
 #include "core/support/UserDefaults.h"
 #include "graph/RepoGraphPaneViewModel.h"
+#include "graph/ui/GraphPane.h"
+#include "graph/ui/GraphTableModel.h"
+#include "graph/ui/GraphTableView.h"
 #include "support/Await.h"
 #include "support/GitFixture.h"
 #include "support/Screenshot.h"
 #include "notices/ToastManager.h"
 
+#include <QHeaderView>
 #include <QLabel>
 #include <QPushButton>
+#include <QScrollBar>
 #include <QTest>
 #include <QToolButton>
 #include <QTreeView>
@@ -125,4 +130,21 @@ TEST_F(RepoHistoryPaneTest, MergeCommitShowsBothParentsAndAParentLeadsToItsFiles
     EXPECT_TRUE(wentToChanges);
     pane.setWorkingTreeChangeCount(0);
     EXPECT_FALSE(pane.findChild<QPushButton*>(QStringLiteral("workspace.go-to-changes"))->isVisible());
+}
+
+// The page beside the sidebar in a window of 1200 pixels: the table keeps most of it, and its six
+// columns fit with the message at least at its minimum, so that nothing scrolls sideways.
+TEST_F(RepoHistoryPaneTest, TheTableTakesMostOfThePageAndItsColumnsFitWithoutScrolling) {
+    pane.resize(960, 700);
+    test::await(graph.load());
+    graph.selectCommit(merge);
+    pane.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&pane));
+    QTRY_VERIFY(!graph.isLoadingFileChanges());
+    test::saveScreenshot(pane, QStringLiteral("history-page-beside-sidebar"), pane.size());
+    const GraphTableView& table = pane.graphPane().table();
+    EXPECT_GE(table.width(), pane.width() * 13 / 20) << table.width();
+    EXPECT_EQ(table.horizontalScrollBar()->maximum(), 0);
+    EXPECT_GE(table.horizontalHeader()->sectionSize(GraphTableModel::messageColumn), 150);
+    EXPECT_LE(table.horizontalHeader()->length(), table.viewport()->width());
 }

@@ -1,6 +1,7 @@
 #include "graph/ui/GraphPane.h"
 
 #include "graph/RepoGraphPaneViewModel.h"
+#include "graph/ui/GraphColumnWidths.h"
 #include "graph/ui/GraphRowDelegate.h"
 #include "graph/ui/GraphSearchBar.h"
 #include "graph/ui/GraphTableModel.h"
@@ -19,27 +20,12 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
-#include <array>
 
 namespace orvel {
 
 namespace {
 
-// Column widths, with their bounds; 0 means no upper bound. The message column takes the rest.
-struct ColumnBounds {
-    int width, minimum, maximum;
-};
-
-constexpr std::array<ColumnBounds, GraphTableModel::columnCount_> columnBounds{{
-    {180, 40, 600},
-    {140, 60, 300},
-    {300, 150, 0},
-    {100, 60, 0},
-    {75, 50, 0},
-    {90, 60, 0},
-}};
-
-const QString headerStateKey = QStringLiteral("graphTableHeaderState");
+const QString columnWidthsKey = QStringLiteral("graphTableColumnWidths");
 
 } // namespace
 
@@ -98,31 +84,55 @@ GraphPane::GraphPane(RepoGraphPaneViewModel& model, QWidget* parent)
 
 GraphPane::~GraphPane() = default;
 
+// The user's widths come back from the last run; the message column has none, it takes the rest.
 void GraphPane::setUpColumns() {
+    const QVariantList saved = defaults_.value(columnWidthsKey).toList();
+    for (int column = 0; column < GraphTableModel::columnCount_; ++column) {
+        const auto at = static_cast<std::size_t>(column);
+        chosenWidths_[at] = saved.size() == GraphTableModel::columnCount_ ? saved[column].toInt()
+                                                                           : graphColumnBounds[at].width;
+    }
     QHeaderView* header = table_->horizontalHeader();
-    header->setMinimumSectionSize(columnBounds[GraphTableModel::graphColumn].minimum);
+    header->setMinimumSectionSize(graphColumnBounds[GraphTableModel::graphColumn].minimum);
     header->setStretchLastSection(false);
     for (int column = 0; column < GraphTableModel::columnCount_; ++column)
-        header->resizeSection(column, columnBounds[static_cast<std::size_t>(column)].width);
-    header->restoreState(defaults_.value(headerStateKey).toByteArray());
-    for (int column = 0; column < GraphTableModel::columnCount_; ++column)
-        header->setSectionResizeMode(column, column == GraphTableModel::messageColumn
-                                                 ? QHeaderView::Stretch
-                                                 : QHeaderView::Interactive);
-    connect(header, &QHeaderView::sectionResized, this, &GraphPane::keepColumnInBounds);
+        header->setSectionResizeMode(column, column == GraphTableModel::messageColumn ? QHeaderView::Fixed
+                                                                                      : QHeaderView::Interactive);
+    fitColumns();
+    table_->viewport()->installEventFilter(this);
+    connect(header, &QHeaderView::sectionResized, this, &GraphPane::columnResized);
 }
 
-void GraphPane::keepColumnInBounds(int column, int, int newWidth) {
-    if (column < 0 || column >= GraphTableModel::columnCount_)
-        return;
-    const ColumnBounds& bounds = columnBounds[static_cast<std::size_t>(column)];
-    const int bounded =
-        std::max(bounds.minimum, bounds.maximum > 0 ? std::min(newWidth, bounds.maximum) : newWidth);
-    if (bounded != newWidth) {
-        table_->horizontalHeader()->resizeSection(column, bounded);
-        return;
+bool GraphPane::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == table_->viewport() && event->type() == QEvent::Resize)
+        fitColumns();
+    return QWidget::eventFilter(watched, event);
+}
+
+void GraphPane::fitColumns() {
+    const GraphColumnWidths widths = fitGraphColumns(chosenWidths_, table_->viewport()->width());
+    QHeaderView* header = table_->horizontalHeader();
+    fitting_ = true;
+    for (int column = 0; column < GraphTableModel::columnCount_; ++column) {
+        if (header->sectionSize(column) != widths[static_cast<std::size_t>(column)])
+            header->resizeSection(column, widths[static_cast<std::size_t>(column)]);
     }
-    defaults_.setValue(headerStateKey, table_->horizontalHeader()->saveState());
+    fitting_ = false;
+}
+
+// A column the user dragged keeps the width it is shown at, within its bounds and what the
+// message column leaves it.
+void GraphPane::columnResized(int column, int, int newWidth) {
+    if (fitting_ || column < 0 || column >= GraphTableModel::columnCount_ || column == GraphTableModel::messageColumn)
+        return;
+    const auto at = static_cast<std::size_t>(column);
+    chosenWidths_[at] = boundedColumnWidth(column, newWidth);
+    fitColumns();
+    chosenWidths_[at] = table_->horizontalHeader()->sectionSize(column);
+    QVariantList saved;
+    for (const int width : chosenWidths_)
+        saved << width;
+    defaults_.setValue(columnWidthsKey, saved);
 }
 
 void GraphPane::showRows() {

@@ -5,6 +5,7 @@
 #pragma once
 
 #include "core/support/UserDefaults.h"
+#include "graph/ui/GraphColumnWidths.h"
 
 #include <QWidget>
 
@@ -33,6 +34,7 @@ class GraphPane final : public QWidget {
 
   protected:
     void changeEvent(QEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
     void showRows();
@@ -51,7 +53,9 @@ class GraphPane final : public QWidget {
     void restyle();
     void retranslate();
     void setUpColumns();
-    void keepColumnInBounds(int column, int oldWidth, int newWidth);
+    // Lays the columns out again in the table's width.
+    void fitColumns();
+    void columnResized(int column, int oldWidth, int newWidth);
 
     RepoGraphPaneViewModel& model_;
     SettingsUserDefaults defaults_;
@@ -68,6 +72,10 @@ class GraphPane final : public QWidget {
     EndFollowing followsEnd_ = EndFollowing::none;
     // Set while the selection follows the model, so that it isn't sent back as a user's choice.
     bool followingModel_ = false;
+    // The widths the user gave the columns; those shown may be narrower, see fitGraphColumns.
+    GraphColumnWidths chosenWidths_{};
+    // Set while the columns are laid out, so that their new widths aren't taken as the user's.
+    bool fitting_ = false;
 };
 
 } // namespace orvel

@@ -5,8 +5,11 @@
 #include "graph/ui/LanePainting.h"
 #include "graph/ui/RefPillPainting.h"
 
+#include <QAbstractItemView>
 #include <QApplication>
+#include <QHelpEvent>
 #include <QPainter>
+#include <QToolTip>
 
 namespace orvel {
 
@@ -31,6 +34,23 @@ void GraphRowDelegate::refreshStyle(const QPalette& palette) {
 
 QSize GraphRowDelegate::sizeHint(const QStyleOptionViewItem&, const QModelIndex&) const {
     return {0, rowHeight};
+}
+
+bool GraphRowDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
+                                 const QModelIndex& index) {
+    const int row = index.row();
+    if (event->type() != QEvent::ToolTip || index.column() != GraphTableModel::refsColumn || row < 0 ||
+        static_cast<std::size_t>(row) >= model_.refsByRow().size())
+        return QStyledItemDelegate::helpEvent(event, view, option, index);
+    const QStringList names =
+        refsNotShownWhole(model_.refsByRow()[static_cast<std::size_t>(row)], option.rect.width(), style_);
+    if (names.isEmpty()) {
+        QToolTip::hideText();
+        event->ignore();
+        return false;
+    }
+    QToolTip::showText(event->globalPos(), names.join(QLatin1Char('\n')), view->viewport(), option.rect);
+    return true;
 }
 
 void GraphRowDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,

@@ -36,6 +36,7 @@ GraphRowStyle GraphRowStyle::from(const Theme& theme, const ThemeTokens& tokens,
     style.secondaryText = readableOn(base, tokens.fg2);
     style.tertiaryText = readableOn(base, tokens.fg3);
     style.workingTreeCount = readableOn(base, colors.status.warning.color());
+    style.morePills = style.secondaryText;
     style.textFont = engine.font(ThemeFont{12, {}, {}, {}}, false);
     style.workingTreeFont = engine.font(ThemeFont{12, QStringLiteral("medium"), {}, {}}, false);
     style.workingTreeFont.setItalic(true);
@@ -49,6 +50,7 @@ GraphRowStyle GraphRowStyle::onSelection(const QColor& highlight) const {
     for (QColor* fill : {&style.localBranch, &style.tag, &style.currentBranch})
         *fill = readableOn(highlight, *fill, shapeContrast);
     style.remoteBranch = readableOn(highlight, remoteBranch);
+    style.morePills = readableOn(highlight, morePills);
     return style;
 }
 

@@ -17,6 +17,8 @@ struct GraphRowStyle {
     std::vector<QColor> lanes; // never empty
     QColor nodeOutline;
     QColor localBranch, remoteBranch, tag, currentBranch;
+    // The outline and text of the pill that counts the refs left out of a cell.
+    QColor morePills;
     // Text on a filled pill, and the texts of the columns.
     QColor pillTextOnDark, pillTextOnLight;
     QColor text, secondaryText, tertiaryText, workingTreeCount;

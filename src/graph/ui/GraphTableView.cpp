@@ -25,6 +25,29 @@ GraphTableView::GraphTableView(QWidget* parent) : QTableView(parent) {
     });
 }
 
+// The current cell of a row sits in the message column; seeking it sideways in a table wider than
+// its viewport would push the graph out of sight. A hidden table may have no height yet, and
+// would scroll the rows above out of sight: it brings the row into view once shown.
+void GraphTableView::scrollTo(const QModelIndex& index, ScrollHint hint) {
+    if (!isVisible()) {
+        pendingScroll_ = {index, hint};
+        return;
+    }
+    pendingScroll_.reset();
+    const int left = horizontalScrollBar()->value();
+    QTableView::scrollTo(index, hint);
+    horizontalScrollBar()->setValue(left);
+}
+
+// Laid out by the time the queued call runs, the table has its height.
+void GraphTableView::showEvent(QShowEvent* event) {
+    QTableView::showEvent(event);
+    QMetaObject::invokeMethod(this, [this] {
+        if (pendingScroll_ && isVisible() && pendingScroll_->first.isValid())
+            scrollTo(pendingScroll_->first, pendingScroll_->second);
+    }, Qt::QueuedConnection);
+}
+
 QModelIndex GraphTableView::moveCursor(CursorAction cursorAction, Qt::KeyboardModifiers modifiers) {
     if (cursorAction == MoveHome || cursorAction == MoveEnd)
         modifiers |= Qt::ControlModifier;

@@ -53,11 +53,13 @@ RepoHistoryPane::RepoHistoryPane(RepoGraphPaneViewModel& graph, QWidget* parent)
 
     splitter_->addWidget(graphPane_);
     splitter_->addWidget(detail);
-    splitter_->setStretchFactor(0, 3);
-    splitter_->setStretchFactor(1, 2);
+    // The table needs the room: it starts with seven tenths of the page, down to what the detail
+    // needs, and takes what the page gains.
+    splitter_->setStretchFactor(0, 1);
+    splitter_->setStretchFactor(1, 0);
     splitter_->setChildrenCollapsible(false);
     if (!splitter_->restoreState(settings_->value(splitterKey).toByteArray()))
-        splitter_->setSizes({700, 420});
+        splitter_->setSizes({700, 300});
     // The store writes to disk from the event loop, not at every step of a drag.
     connect(splitter_, &QSplitter::splitterMoved, this,
             [this] { settings_->setValue(splitterKey, splitter_->saveState()); });

@@ -25,6 +25,7 @@
 #include <QMimeData>
 #include <QMouseEvent>
 #include <QProgressBar>
+#include <QScreen>
 #include <QStackedWidget>
 #include <QStatusBar>
 #include <QTabBar>
@@ -127,8 +128,16 @@ MainWindow::MainWindow(AppViewModel& model, UserDefaults& defaults, QWidget* par
     showActivity();
     showRecents();
 
-    resize(1200, 780);
-    restoreGeometry(defaults_.value(geometryKey).toByteArray());
+    if (!restoreGeometry(defaults_.value(geometryKey).toByteArray()))
+        placeOnFirstStart();
+}
+
+// Four fifths of the screen's room, in its middle: large enough for the history's columns beside
+// the sidebar and the detail, small enough to show that it is a window.
+void MainWindow::placeOnFirstStart() {
+    const QRect available = screen()->availableGeometry();
+    resize(available.size() * 4 / 5);
+    move(available.center() - rect().center());
 }
 
 MainWindow::~MainWindow() = default;

@@ -60,6 +60,7 @@ class MainWindow final : public QMainWindow {
     void browseForRepository();
     void chooseAppearance(const QString& appearance);
     void saveGeometry() const;
+    void placeOnFirstStart();
     int tabIndex(const QUuid& id) const;
     QUuid tabIdAt(int index) const;
 
