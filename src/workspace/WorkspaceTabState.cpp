@@ -43,10 +43,8 @@ WorkspaceTabState::WorkspaceTabState(RepoEntry repo, std::shared_ptr<GitServiceP
     });
     // The graph's working-tree row counts the changes page's rows, moved optimistically or read.
     connect(changes_.get(), &ChangesPaneViewModel::listsChanged, this, [this] {
-        const int staged = static_cast<int>(changes_->stagedFiles().size());
-        const int unstaged = static_cast<int>(changes_->unstagedFiles().size());
-        graph_->setWorkingTreeCounts(staged, unstaged);
-        emit workingTreeCountsChanged(staged, unstaged);
+        graph_->setWorkingTreeCounts(static_cast<int>(changes_->stagedFiles().size()),
+                                     static_cast<int>(changes_->unstagedFiles().size()));
         showConflicts();
     });
     // The banner shows what the changes page read, so that a refresh reads the state once.

@@ -88,7 +88,6 @@ class WorkspaceTabState final : public QObject {
     void titleChanged();
     void branchesChanged();
     void stashesChanged();
-    void workingTreeCountsChanged(int staged, int unstaged);
 
   private:
     QCoro::Task<void> readCurrentBranch();

@@ -106,7 +106,13 @@ TEST_F(RepoHistoryPaneTest, MergeCommitShowsBothParentsAndAParentLeadsToItsFiles
     EXPECT_FALSE(mergeNote->isVisible());
     QTRY_COMPARE(files->model()->rowCount(), 2);
     EXPECT_EQ(files->model()->index(0, 0).data().toString(), QStringLiteral("app.cpp"));
-    pane.setWorkingTreeChangeCount(3);
+    // A file with staged and unstaged changes is one file of the working tree.
+    FileChange both, added;
+    both.path = "src/app.cpp";
+    added.path = "README.md";
+    pane.setWorkingTreeFiles({both, added});
+    const QString notice = pane.findChild<QLabel*>(QStringLiteral("history.changes-notice"))->text();
+    EXPECT_TRUE(notice.startsWith(QStringLiteral("2 "))) << notice.toStdString();
     test::saveScreenshot(pane, QStringLiteral("history-detail-list"));
 
     pane.findChild<QToolButton*>(QStringLiteral("history.file-mode-tree"))->click();
@@ -128,7 +134,7 @@ TEST_F(RepoHistoryPaneTest, MergeCommitShowsBothParentsAndAParentLeadsToItsFiles
     QObject::connect(&pane, &RepoHistoryPane::goToChangesRequested, &pane, [&] { wentToChanges = true; });
     pane.findChild<QPushButton*>(QStringLiteral("workspace.go-to-changes"))->click();
     EXPECT_TRUE(wentToChanges);
-    pane.setWorkingTreeChangeCount(0);
+    pane.setWorkingTreeFiles({});
     EXPECT_FALSE(pane.findChild<QPushButton*>(QStringLiteral("workspace.go-to-changes"))->isVisible());
 }
 

@@ -15,6 +15,7 @@ RepoHistoryNotificationSection::RepoHistoryNotificationSection(QWidget* parent)
     setFrameShape(QFrame::StyledPanel);
     icon_->setPixmap(themedIcon(QStringLiteral("dialog-warning")).pixmap(16, 16));
     goToChanges_->setObjectName(QStringLiteral("workspace.go-to-changes"));
+    text_->setObjectName(QStringLiteral("history.changes-notice"));
     auto* layout = new QHBoxLayout(this);
     layout->setContentsMargins(8, 4, 4, 4);
     layout->addWidget(icon_);

@@ -82,11 +82,9 @@ RepoHistoryPane::RepoHistoryPane(RepoGraphPaneViewModel& graph, QWidget* parent)
 
 RepoHistoryPane::~RepoHistoryPane() = default;
 
-void RepoHistoryPane::setWorkingTreeChangeCount(int count) {
-    notification_->setChangeCount(count);
-}
-
+// One row a path: a file with staged and unstaged changes counts once.
 void RepoHistoryPane::setWorkingTreeFiles(std::vector<FileChange> files) {
+    notification_->setChangeCount(static_cast<int>(files.size()));
     fileChanges_->setWorkingTreeFiles(std::move(files));
 }
 

@@ -33,9 +33,8 @@ class RepoHistoryPane final : public QWidget {
     explicit RepoHistoryPane(RepoGraphPaneViewModel& graph, QWidget* parent = nullptr);
     ~RepoHistoryPane() override;
 
-    // The number of changed files in the working tree; above 0 the notice shows.
-    void setWorkingTreeChangeCount(int count);
-    // The files the working-tree row lists when it is selected.
+    // The working tree's changed files, one a path: the notice counts them (it shows above 0), and
+    // the working-tree row lists them when it is selected.
     void setWorkingTreeFiles(std::vector<FileChange> files);
 
     GraphPane& graphPane() const { return *graphPane_; }

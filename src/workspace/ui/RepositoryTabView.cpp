@@ -50,10 +50,6 @@ RepositoryTabView::RepositoryTabView(WorkspaceTabState& tab, UserDefaults& defau
     setObjectName(QStringLiteral("repository-tab"));
     buildPages();
     graphPane().table().viewport()->installEventFilter(this);
-    connect(&tab_, &WorkspaceTabState::workingTreeCountsChanged, historyPane_,
-            [pane = historyPane_](int staged, int unstaged) {
-                pane->setWorkingTreeChangeCount(staged + unstaged);
-            });
     connect(&tab_.graph(), &RepoGraphPaneViewModel::createBranchRequested, this,
             &RepositoryTabView::showCreateBranch);
     connect(&tab_.graph(), &RepoGraphPaneViewModel::createTagRequested, this,
