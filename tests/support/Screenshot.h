@@ -1,7 +1,9 @@
 // Widget tests write a picture of each main view, so that a person can look at what a user sees.
 #pragma once
 
+#include <QCoreApplication>
 #include <QDir>
+#include <QEvent>
 #include <QPixmap>
 #include <QString>
 #include <QWidget>
@@ -14,6 +16,9 @@ inline QString saveScreenshot(QWidget& widget, const QString& name, QSize size =
     QDir().mkpath(folder);
     widget.resize(size);
     widget.show();
+    // Layouts asked for since the last turn of the event loop are done first, as a shown window
+    // would be before it is painted.
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
     const QString path = folder + QLatin1Char('/') + name + QStringLiteral(".png");
     widget.grab().save(path);
     return path;
