@@ -1,6 +1,7 @@
 // The program's entry: the application object, the start-up sequence and the main window.
 #include "app/Appearance.h"
 #include "app/OrvelApp.h"
+#include "core/support/Version.h"
 #include "workspace/AppViewModel.h"
 #include "workspace/WorkspaceTabState.h"
 #include "workspace/WorkspaceViewModel.h"
@@ -11,6 +12,7 @@
 
 #include <cstdio>
 #include <memory>
+#include <string_view>
 
 namespace {
 
@@ -36,9 +38,14 @@ void reportPaintedGraphs(orvel::MainWindow& window, orvel::AppViewModel& model) 
 } // namespace
 
 int main(int argc, char** argv) {
+    if (argc == 2 && std::string_view(argv[1]) == "--version") {
+        std::printf("Orvel %.*s\n", static_cast<int>(orvel::orvelVersion.size()), orvel::orvelVersion.data());
+        return 0;
+    }
     QApplication application(argc, argv);
     QApplication::setOrganizationName("Orvel");
     QApplication::setApplicationName("Orvel");
+    QApplication::setApplicationVersion(QLatin1String(orvel::orvelVersion));
     QApplication::setQuitOnLastWindowClosed(true);
 
     orvel::OrvelApp app;

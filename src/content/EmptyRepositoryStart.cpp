@@ -4,8 +4,8 @@
 #include "core/service/GitServiceProtocol.h"
 #include "core/support/AtomicFile.h"
 #include "core/support/UserDefaults.h"
+#include "core/support/Version.h"
 
-#include <QCoreApplication>
 #include <QFile>
 
 namespace orvel {
@@ -35,9 +35,7 @@ std::string gitignoreText(const QString& resource) {
 } // namespace
 
 QString defaultEmptyRepoInitDescription() {
-    const QString version = QCoreApplication::applicationVersion();
-    return QStringLiteral("Init by Orvel ") + (version.isEmpty() ? QStringLiteral("0") : version) +
-           QStringLiteral(" - Git GUI");
+    return QStringLiteral("Init by Orvel ") + QLatin1String(orvelVersion) + QStringLiteral(" - Git GUI");
 }
 
 EmptyRepositoryStart EmptyRepositoryStart::fromSettings(const UserDefaults& defaults, const QString& repoName,

@@ -5,6 +5,7 @@
 #include "content/CloneViewModel.h"
 #include "content/EmptyRepositoryStart.h"
 #include "content/WelcomeOnRealGit.h"
+#include "core/support/Version.h"
 
 #include "core/service/MockGitService.h"
 #include "support/Await.h"
@@ -148,7 +149,8 @@ TEST(CloneSheet, EmptyRepositoryGetsItsFirstCommitAndPushAndAFailedPushKeepsTheC
                 button->click();
         }
 
-        const std::string subject = "Initialization\n\nInit by Orvel 0 - Git GUI\n\n";
+        const std::string subject =
+            "Initialization\n\nInit by Orvel " + std::string(orvelVersion) + " - Git GUI\n\n";
         if (!rejectPush) {
             ASSERT_TRUE(welcome.waitForOpen());
             EXPECT_EQ(welcome.openedPath(), place / "work");

@@ -10,6 +10,7 @@
 #include "support/DrainQueue.h"
 #include "core/service/NativeGitService.h"
 #include "core/support/UserDefaults.h"
+#include "core/support/Version.h"
 #include "graph/RepoGraphPaneViewModel.h"
 #include "support/Await.h"
 #include "support/GitFixture.h"
@@ -20,7 +21,9 @@
 #include "workspace/ui/RepositoryTabView.h"
 
 #include <QFileInfo>
+#include <QAction>
 #include <QMenu>
+#include <QMessageBox>
 #include <QPainter>
 #include <QProxyStyle>
 #include <QStyleOptionMenuItem>
@@ -206,4 +209,12 @@ TEST_F(Window, TabsAndTitleNameTheFolderAndTheBranch) {
 
     QTest::keyClick(&window, Qt::Key_PageUp, Qt::ControlModifier);
     EXPECT_EQ(window.windowTitle(), QStringLiteral("orvel — main — Orvel"));
+}
+
+TEST_F(Window, AboutNamesTheVersionTheProjectSets) {
+    window.findChild<QAction*>(QStringLiteral("menu.about"))->trigger();
+    auto* about = window.findChild<QMessageBox*>(QStringLiteral("about-box"));
+    ASSERT_NE(about, nullptr);
+    EXPECT_EQ(about->text(), QStringLiteral("Orvel ") + QLatin1String(orvelVersion));
+    about->close();
 }

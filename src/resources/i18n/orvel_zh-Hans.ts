@@ -1726,6 +1726,10 @@
         <translation type="unfinished"></translation>
     </message>
     <message>
+        <source>Orvel %1</source>
+        <translation>Orvel %1</translation>
+    </message>
+    <message>
         <source>A desktop client for Git: graph first, merges second, no noise.</source>
         <translation type="unfinished"></translation>
     </message>

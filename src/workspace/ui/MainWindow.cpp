@@ -3,6 +3,7 @@
 #include "content/WelcomeViewModel.h"
 #include "content/ui/WelcomeView.h"
 #include "core/support/UserDefaults.h"
+#include "core/support/Version.h"
 #include "settings/LocalizationManager.h"
 #include "widgets/BoundShortcut.h"
 #include "workspace/AppViewModel.h"
@@ -220,8 +221,9 @@ void MainWindow::buildMenus() {
 
     helpMenu_ = menuBar()->addMenu(QString());
     aboutAction_ = helpMenu_->addAction(QString(), this, [this] {
-        auto* about = new QMessageBox(QMessageBox::NoIcon, localized("About Orvel"), QStringLiteral("Orvel"),
-                                      QMessageBox::Ok, this);
+        auto* about = new QMessageBox(QMessageBox::NoIcon, localized("About Orvel"),
+                                      localized("Orvel %1", QLatin1String(orvelVersion)), QMessageBox::Ok, this);
+        about->setObjectName(QStringLiteral("about-box"));
         about->setInformativeText(
             localized("A desktop client for Git: graph first, merges second, no noise."));
         about->setAttribute(Qt::WA_DeleteOnClose);
