@@ -16,6 +16,7 @@
 #include "core/service/NativeGitService.h"
 #include "core/support/UserDefaults.h"
 #include "support/Await.h"
+#include "support/Eventually.h"
 #include "support/DrainQueue.h"
 #include "support/GitFixture.h"
 #include "support/Screenshot.h"
@@ -140,9 +141,9 @@ TEST_F(DiffPaneTest, StagesOneHunkAndDiscardsAnotherAfterConfirming) {
 
     // The first hunk's Stage button puts exactly that change into the index.
     clickHunkButton(0, 0);
-    QTRY_VERIFY_WITH_TIMEOUT(repo.git({"diff", "--cached"}).find("changed = 3") != std::string::npos, 20000);
+    ASSERT_TRUE(test::eventually([&] { return repo.git({"diff", "--cached"}).find("changed = 3") != std::string::npos; }));
     EXPECT_EQ(repo.git({"diff", "--cached"}).find("changed = 35"), std::string::npos);
-    QTRY_VERIFY_WITH_TIMEOUT(model.content() == Content::diff && model.fileDiff()->hunks.size() == 1, 20000);
+    ASSERT_TRUE(test::eventually([&] { return model.content() == Content::diff && model.fileDiff()->hunks.size() == 1; }));
 
     // Discard asks first; Cancel keeps the change, Discard removes it from the working tree only.
     clickHunkButton(0, 2);
@@ -150,15 +151,15 @@ TEST_F(DiffPaneTest, StagesOneHunkAndDiscardsAnotherAfterConfirming) {
     ASSERT_NE(confirmation, nullptr);
     EXPECT_EQ(confirmation->defaultButton()->text(), QStringLiteral("Cancel"));
     confirmation->findChild<QPushButton*>(QStringLiteral("diff-pane.discard-confirm"))->click();
-    QTRY_COMPARE_WITH_TIMEOUT(repo.read("app.cpp"), numberedLines(40, 3), 20000);
-    QTRY_VERIFY_WITH_TIMEOUT(model.content() == Content::noChanges, 20000);
+    ASSERT_TRUE(test::eventually([&] { return (repo.read("app.cpp")) == (numberedLines(40, 3)); }));
+    ASSERT_TRUE(test::eventually([&] { return model.content() == Content::noChanges; }));
 
     // The staged side offers Unstage only, and takes the hunk back out of the index.
     showAndWait("app.cpp", modified(), true);
     EXPECT_TRUE(model.hunkActions().unstage);
     EXPECT_FALSE(model.hunkActions().stage || model.hunkActions().discard);
     clickHunkButton(0, 1);
-    QTRY_VERIFY_WITH_TIMEOUT(repo.git({"diff", "--cached"}).empty(), 20000);
+    ASSERT_TRUE(test::eventually([&] { return repo.git({"diff", "--cached"}).empty(); }));
 }
 
 // A hunk action that waits for the person (the context menu, the discard confirmation) while the
@@ -240,7 +241,7 @@ TEST_F(DiffPaneTest, HunkButtonsShowOnTheHunkUnderThePointerOrWithTheFocus) {
     const QPoint atSecondHunk = view.viewport()->mapTo(&view, inSecondHunk);
     QContextMenuEvent menuKey(QContextMenuEvent::Keyboard, atSecondHunk, view.mapToGlobal(atSecondHunk));
     QApplication::sendEvent(&view, &menuKey);
-    QTRY_VERIFY_WITH_TIMEOUT(!repo.git({"diff", "--cached"}).empty(), 20000);
+    ASSERT_TRUE(test::eventually([&] { return !repo.git({"diff", "--cached"}).empty(); }));
     EXPECT_NE(repo.git({"diff", "--cached"}).find("changed = 3"), std::string::npos);
     EXPECT_EQ(repo.git({"diff", "--cached"}).find("changed = 35"), std::string::npos);
 }
@@ -266,8 +267,7 @@ TEST_F(DiffPaneTest, ALongHunkKeepsItsHeaderAndButtonsInReach) {
     test::saveScreenshot(pane, "diff-pinned-hunk-header", {1100, 400});
 
     clickHunkButton(0, 0);
-    QTRY_VERIFY_WITH_TIMEOUT(repo.git({"diff", "--cached"}).find("int other = 20") != std::string::npos,
-                             20000);
+    ASSERT_TRUE(test::eventually([&] { return repo.git({"diff", "--cached"}).find("int other = 20") != std::string::npos; }));
 }
 
 // The header says which list a working-tree change belongs to; a commit's change has no side.
@@ -442,12 +442,12 @@ TEST_F(DiffPaneTest, ModesAndWholeFileContextWithColoursInBothAppearances) {
     // "Show full file" asks git for the whole file as context: one hunk over every line, and no
     // hunk buttons, since git would not cut that hunk.
     pane.findChild<QToolButton*>(QStringLiteral("diff-pane.full-context"))->click();
-    QTRY_VERIFY_WITH_TIMEOUT(model.content() == Content::diff && model.fileDiff()->hunks.size() == 1, 20000);
+    ASSERT_TRUE(test::eventually([&] { return model.content() == Content::diff && model.fileDiff()->hunks.size() == 1; }));
     EXPECT_EQ(model.fileDiff()->hunks[0].oldCount, 43);
     EXPECT_FALSE(model.hunkActions().stage);
 
     pane.findChild<QToolButton*>(QStringLiteral("diff-pane.mode.file"))->click();
-    QTRY_VERIFY_WITH_TIMEOUT(model.content() == Content::diff && model.fileText(), 20000);
+    ASSERT_TRUE(test::eventually([&] { return model.content() == Content::diff && model.fileText(); }));
     EXPECT_EQ(model.rows().size(), 43u);
     test::saveScreenshot(pane, "diff-file-light", {1100, 700});
 
@@ -455,7 +455,7 @@ TEST_F(DiffPaneTest, ModesAndWholeFileContextWithColoursInBothAppearances) {
     QApplication::setPalette(darkPalette());
     pane.findChild<QToolButton*>(QStringLiteral("diff-pane.full-context"))->click();
     pane.findChild<QToolButton*>(QStringLiteral("diff-pane.mode.diff"))->click();
-    QTRY_VERIFY_WITH_TIMEOUT(model.content() == Content::diff && model.fileDiff()->hunks.size() == 2, 20000);
+    ASSERT_TRUE(test::eventually([&] { return model.content() == Content::diff && model.fileDiff()->hunks.size() == 2; }));
     test::saveScreenshot(pane, "diff-unified-dark", {1100, 700});
     pane.findChild<QToolButton*>(QStringLiteral("diff-pane.mode.split"))->click();
     test::saveScreenshot(pane, "diff-split-dark", {1100, 700});
@@ -534,11 +534,11 @@ TEST_F(DiffPaneTest, UnknownCommitFailsWithRetryAndBlameListsLines) {
     EXPECT_EQ(retry->text(), QStringLiteral("Retry"));
     retry->click();
     EXPECT_EQ(model.diffRetryToken(), 1);
-    QTRY_VERIFY_WITH_TIMEOUT(model.content() == Content::failed, 20000);
+    ASSERT_TRUE(test::eventually([&] { return model.content() == Content::failed; }));
 
     BlameSheet sheet(entryAt(repo.path()), "app.cpp", service);
     sheet.open();
-    QTRY_VERIFY_WITH_TIMEOUT(!sheet.model().isLoading(), 20000);
+    ASSERT_TRUE(test::eventually([&] { return !sheet.model().isLoading(); }));
     EXPECT_TRUE(sheet.model().error().isEmpty());
     auto* view = sheet.findChild<QTreeView*>();
     EXPECT_EQ(view->model()->rowCount(), 43);

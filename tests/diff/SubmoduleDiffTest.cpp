@@ -7,6 +7,7 @@
 #include "changes/ChangesOnRealGit.h"
 #include "core/parsers/DiffParser.h"
 #include "support/Screenshot.h"
+#include "support/Eventually.h"
 
 #include <QLabel>
 #include <QTest>
@@ -38,7 +39,7 @@ class SubmoduleDiff : public test::ChangesOnRealGit {
         file.status = staged ? FileStatusKind::tracked(TrackedStatus::modified, TrackedStatus::unmodified)
                              : FileStatusKind::tracked(TrackedStatus::unmodified, TrackedStatus::modified);
         model.showDiff(file, std::nullopt, false, staged);
-        QTRY_VERIFY_WITH_TIMEOUT(model.content() != DiffDetailViewModel::Content::loading, 20000);
+        ASSERT_TRUE(test::eventually([&] { return model.content() != DiffDetailViewModel::Content::loading; }));
     }
 
     bool paneSays(const QString& text) const {

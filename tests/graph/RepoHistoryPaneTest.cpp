@@ -11,6 +11,7 @@
 #include "graph/ui/GraphTableModel.h"
 #include "graph/ui/GraphTableView.h"
 #include "support/Await.h"
+#include "support/Eventually.h"
 #include "support/GitFixture.h"
 #include "support/Screenshot.h"
 #include "notices/ToastManager.h"
@@ -83,8 +84,7 @@ TEST_F(RepoHistoryPaneTest, MergeCommitShowsBothParentsAndAParentLeadsToItsFiles
 
     test::await(graph.load());
     graph.selectCommit(merge);
-    QTRY_VERIFY(!graph.isLoadingFileChanges() && graph.selectedCommit() &&
-                !graph.selectedCommit()->abbreviatedHash.empty());
+    ASSERT_TRUE(test::eventually([&] { return !graph.isLoadingFileChanges() && graph.selectedCommit() && !graph.selectedCommit()->abbreviatedHash.empty(); }));
     EXPECT_EQ(pane.findChild<QLabel*>(QStringLiteral("history.subject"))->text(),
               QStringLiteral("Merge topic"));
     auto links = parentLinks();
@@ -102,9 +102,9 @@ TEST_F(RepoHistoryPaneTest, MergeCommitShowsBothParentsAndAParentLeadsToItsFiles
     test::saveScreenshot(pane, QStringLiteral("history-detail-merge"));
 
     links[1]->click();
-    QTRY_VERIFY(graph.selectedHash() == topic && !graph.isLoadingFileChanges());
+    ASSERT_TRUE(test::eventually([&] { return graph.selectedHash() == topic && !graph.isLoadingFileChanges(); }));
     EXPECT_FALSE(mergeNote->isVisible());
-    QTRY_COMPARE(files->model()->rowCount(), 2);
+    ASSERT_TRUE(test::eventually([&] { return (files->model()->rowCount()) == (2); }));
     EXPECT_EQ(files->model()->index(0, 0).data().toString(), QStringLiteral("app.cpp"));
     // A file with staged and unstaged changes is one file of the working tree.
     FileChange both, added;
@@ -146,7 +146,7 @@ TEST_F(RepoHistoryPaneTest, TheTableTakesMostOfThePageAndItsColumnsFitWithoutScr
     graph.selectCommit(merge);
     pane.show();
     ASSERT_TRUE(QTest::qWaitForWindowExposed(&pane));
-    QTRY_VERIFY(!graph.isLoadingFileChanges());
+    ASSERT_TRUE(test::eventually([&] { return !graph.isLoadingFileChanges(); }));
     test::saveScreenshot(pane, QStringLiteral("history-page-beside-sidebar"), pane.size());
     const GraphTableView& table = pane.graphPane().table();
     EXPECT_GE(table.width(), pane.width() * 13 / 20) << table.width();

@@ -11,6 +11,7 @@
 #include "notices/ToastManager.h"
 #include "settings/ThemeEngine.h"
 #include "support/Await.h"
+#include "support/Eventually.h"
 #include "support/Screenshot.h"
 #include "widgets/TokenPalette.h"
 
@@ -100,7 +101,7 @@ TEST_F(ConflictBannerTest, ResolveARebaseConflictLineByLineAndContinue) {
     auto* editor = banner->findChild<ConflictResolutionView*>();
     ASSERT_NE(editor, nullptr);
     auto* count = child<QLabel>(*editor, "merge-editor.conflict-count");
-    QTRY_COMPARE(count->text(), QStringLiteral("Conflict 1 of 1"));
+    ASSERT_TRUE(test::eventually([&] { return (count->text()) == (QStringLiteral("Conflict 1 of 1")); }));
     // Ours is the branch the rebase replays onto, theirs the commit it replays.
     ASSERT_TRUE(QTest::qWaitFor([&] {
         return child<QLabel>(*editor, "merge-editor.ours-title")->text() == QStringLiteral("A: Ours (main)");
@@ -120,7 +121,7 @@ TEST_F(ConflictBannerTest, ResolveARebaseConflictLineByLineAndContinue) {
     EXPECT_TRUE(
         child<QPlainTextEdit>(*editor, "merge-editor.raw-text-field")->toPlainText().contains("<<<<<<<"));
     child<QPushButton>(*editor, "merge-editor.save")->click();
-    QTRY_VERIFY(child<QLabel>(*editor, "merge-editor.save-error")->isVisible());
+    ASSERT_TRUE(test::eventually([&] { return child<QLabel>(*editor, "merge-editor.save-error")->isVisible(); }));
     EXPECT_EQ(child<QLabel>(*editor, "merge-editor.save-error")->text(),
               QStringLiteral("Remove conflict markers before saving."));
     raw->click();
@@ -143,12 +144,12 @@ TEST_F(ConflictBannerTest, ResolveARebaseConflictLineByLineAndContinue) {
     QApplication::setPalette(light);
 
     child<QPushButton>(*editor, "merge-editor.save")->click();
-    QTRY_VERIFY(banner->findChild<ConflictResolutionView*>() == nullptr);
+    ASSERT_TRUE(test::eventually([&] { return banner->findChild<ConflictResolutionView*>() == nullptr; }));
     EXPECT_EQ(repo.read("file.txt"), "a\nextra topic\nc\n");
-    QTRY_VERIFY(model->conflicts().empty());
+    ASSERT_TRUE(test::eventually([&] { return model->conflicts().empty(); }));
 
     child<QPushButton>(*banner, "conflict-banner.continue")->click();
-    QTRY_COMPARE(model->repoState(), RepositoryState::clean);
+    ASSERT_TRUE(test::eventually([&] { return (model->repoState()) == (RepositoryState::clean); }));
     EXPECT_TRUE(banner->isHidden());
     EXPECT_TRUE(toasted(QStringLiteral("Rebase completed")));
     EXPECT_EQ(repo.git({"log", "--format=%s", "main..topic"}), "topic changes b\n");
@@ -250,13 +251,13 @@ TEST_F(ConflictBannerTest, AbortAsksFirstAndThenLeavesTheRepositoryClean) {
         ASSERT_NE(box, nullptr);
         EXPECT_EQ(box->text(), c.abortTitle);
         QTest::keyClick(box, Qt::Key_Escape);
-        QTRY_VERIFY(banner->findChild<QMessageBox*>() == nullptr);
+        ASSERT_TRUE(test::eventually([&] { return banner->findChild<QMessageBox*>() == nullptr; }));
         test::await(readRepository(fresh.path()));
         EXPECT_FALSE(banner->isHidden());
 
         abort->click();
         child<QAbstractButton>(*banner->findChild<QMessageBox*>(), "conflict-banner.abort-confirm")->click();
-        QTRY_VERIFY(!model->isBusy() && banner->findChild<QMessageBox*>() == nullptr);
+        ASSERT_TRUE(test::eventually([&] { return !model->isBusy() && banner->findChild<QMessageBox*>() == nullptr; }));
         test::await(readRepository(fresh.path()));
         EXPECT_EQ(model->repoState(), RepositoryState::clean);
         EXPECT_TRUE(banner->isHidden());

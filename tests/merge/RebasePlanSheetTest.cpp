@@ -7,6 +7,7 @@
 
 #include "core/RealGitService.h"
 #include "support/Screenshot.h"
+#include "support/Eventually.h"
 #include "notices/ToastManager.h"
 
 #include <QComboBox>
@@ -54,7 +55,7 @@ TEST_F(RebasePlanSheetTest, RewordMoveExecAndAutosquashRunThroughGit) {
 
     QPointer<RebasePlanSheet> sheet = new RebasePlanSheet(entry(), base, service, toasts);
     sheet->model().load();
-    QTRY_VERIFY(sheet->isVisible());
+    ASSERT_TRUE(test::eventually([&] { return sheet->isVisible(); }));
     auto* list = sheet->findChild<QTreeView*>(QStringLiteral("rebase-sheet.commit-list"));
     auto& rows = *static_cast<RebasePlanItemModel*>(list->model());
     RebasePlanModel& plan = rows.plan();
@@ -76,18 +77,18 @@ TEST_F(RebasePlanSheetTest, RewordMoveExecAndAutosquashRunThroughGit) {
     text->setPlainText(QString::fromStdString(message));
     sheet->findChild<QPushButton*>(QStringLiteral("rebase-sheet.reword-save"))->click();
     EXPECT_EQ(plan.entries()[3].action, RebaseAction::reword);
-    QTRY_VERIFY(sheet->findChild<QPlainTextEdit*>(QStringLiteral("rebase-sheet.reword-text")) == nullptr);
+    ASSERT_TRUE(test::eventually([&] { return sheet->findChild<QPlainTextEdit*>(QStringLiteral("rebase-sheet.reword-text")) == nullptr; }));
 
     sheet->findChild<QPushButton*>(QStringLiteral("rebase-sheet.add-exec"))->click();
     auto* command = sheet->findChild<QLineEdit*>(QStringLiteral("rebase-sheet.exec-command"));
     ASSERT_NE(command, nullptr);
     QTest::keyClicks(command, QStringLiteral("echo ran > exec-ran.txt"));
     QTest::keyClick(command, Qt::Key_Return);
-    QTRY_COMPARE(subjects(plan).back(), std::string("exec echo ran > exec-ran.txt"));
+    ASSERT_TRUE(test::eventually([&] { return (subjects(plan).back()) == (std::string("exec echo ran > exec-ran.txt")); }));
     test::saveScreenshot(*sheet, QStringLiteral("rebase-sheet"), sheet->size());
 
     sheet->findChild<QPushButton*>(QStringLiteral("rebase-sheet.start"))->click();
-    QTRY_VERIFY_WITH_TIMEOUT(sheet.isNull(), 20000);
+    ASSERT_TRUE(test::eventually([&] { return sheet.isNull(); }));
     ASSERT_EQ(toasts.toasts().size(), 1u);
     EXPECT_EQ(toasts.toasts()[0].message, QStringLiteral("Interactive rebase completed"));
     // git ends every stored message with one newline; the rest is the text as typed.
@@ -110,7 +111,7 @@ void chooseAction(QTreeView& list, int row, const QString& action) {
     ASSERT_NE(menu, nullptr);
     menu->setCurrentText(action);
     QTest::keyClick(menu, Qt::Key_Return);
-    QTRY_VERIFY(list.viewport()->findChild<QComboBox*>() == nullptr);
+    ASSERT_TRUE(test::eventually([&] { return list.viewport()->findChild<QComboBox*>() == nullptr; }));
 }
 
 // A commit row given the exec action runs the command in place of the commit, and one given exec
@@ -124,7 +125,7 @@ TEST_F(RebasePlanSheetTest, ACommitRowMadeExecTakesItsActionBack) {
     }
     QPointer<RebasePlanSheet> sheet = new RebasePlanSheet(entry(), base, service, toasts);
     sheet->model().load();
-    QTRY_VERIFY(sheet->isVisible());
+    ASSERT_TRUE(test::eventually([&] { return sheet->isVisible(); }));
     auto* list = sheet->findChild<QTreeView*>(QStringLiteral("rebase-sheet.commit-list"));
     auto& rows = *static_cast<RebasePlanItemModel*>(list->model());
     auto* removeExec = sheet->findChild<QPushButton*>(QStringLiteral("rebase-sheet.remove-exec"));
@@ -148,7 +149,7 @@ TEST_F(RebasePlanSheetTest, ACommitRowMadeExecTakesItsActionBack) {
     EXPECT_EQ(rows.rowCount(), 3);
 
     sheet->findChild<QPushButton*>(QStringLiteral("rebase-sheet.start"))->click();
-    QTRY_VERIFY_WITH_TIMEOUT(sheet.isNull(), 20000);
+    ASSERT_TRUE(test::eventually([&] { return sheet.isNull(); }));
     EXPECT_EQ(repo.git({"log", "--format=%s", base + "..HEAD"}), "three\ntwo\n");
     EXPECT_TRUE(std::filesystem::exists(repo / "exec-ran.txt"));
 }
@@ -158,7 +159,7 @@ TEST_F(RebasePlanSheetTest, NothingToRebaseIsAToastAndNoSheet) {
     repo.commitAll("only");
     QPointer<RebasePlanSheet> sheet = new RebasePlanSheet(entry(), "HEAD", service, toasts);
     sheet->model().load();
-    QTRY_VERIFY(sheet.isNull());
+    ASSERT_TRUE(test::eventually([&] { return sheet.isNull(); }));
     ASSERT_EQ(toasts.toasts().size(), 1u);
     EXPECT_EQ(toasts.toasts()[0].message, QStringLiteral("No commits to rebase"));
 }
