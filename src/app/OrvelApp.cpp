@@ -1,6 +1,7 @@
 #include "app/OrvelApp.h"
 
 #include "app/Appearance.h"
+#include "app/TerminationSignals.h"
 #include "core/process/SubprocessExecutor.h"
 #include "core/queue/GitOpRunner.h"
 #include "core/service/NativeGitService.h"
@@ -18,7 +19,9 @@
 
 namespace orvel {
 
-OrvelApp::OrvelApp() : defaults_(std::make_unique<SettingsUserDefaults>()) {
+OrvelApp::OrvelApp()
+    : terminationSignals_(std::make_unique<TerminationSignals>()),
+      defaults_(std::make_unique<SettingsUserDefaults>()) {
     ThemeEngine::shared().start(*defaults_);
     LocalizationManager::shared().start(*defaults_);
     KeybindingStore::shared().start(*defaults_);

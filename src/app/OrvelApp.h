@@ -7,6 +7,8 @@
 
 namespace orvel {
 
+class TerminationSignals;
+
 class AppViewModel;
 class CredentialManager;
 class GitOpRunner;
@@ -26,6 +28,7 @@ class OrvelApp {
     UserDefaults& defaults() { return *defaults_; }
 
   private:
+    std::unique_ptr<TerminationSignals> terminationSignals_;
     std::unique_ptr<UserDefaults> defaults_;
     std::unique_ptr<CredentialManager> credentialManager_;
     std::shared_ptr<SubprocessExecutor> executor_;

@@ -1,9 +1,11 @@
 // Closing the last window while git runs ends the program promptly: the fetch that hangs on a
 // remote that never answers is killed, the fetch queued behind it never starts, and nothing of
-// either is left running.
+// either is left running. The system's request to end (SIGTERM) ends it the same way, with its
+// private files removed.
 #include "support/GitFixture.h"
 #include "support/SilentRemote.h"
 
+#include <QDir>
 #include <QProcess>
 #include <QProcessEnvironment>
 
@@ -50,4 +52,33 @@ TEST(Shutdown, ClosingTheLastWindowWhileAFetchHangsEndsTheProgramWithinASecond) 
     for (int i = 0; i < 500 && silent.running(); ++i)
         std::this_thread::sleep_for(10ms);
     EXPECT_FALSE(silent.running());
+}
+
+TEST(Shutdown, TheSystemsRequestToEndRemovesThePrivateFilesAsClosingDoes) {
+    test::TempDir home;
+    const QString temporary = QString::fromStdString(home.path()) + QStringLiteral("/tmp");
+    QDir().mkpath(temporary);
+    const auto askpassFolders = [&] {
+        return QDir(temporary).entryList({QStringLiteral("orvel-askpass-*")}, QDir::Dirs | QDir::NoDotAndDotDot);
+    };
+    QProcess program;
+    auto environment = QProcessEnvironment::systemEnvironment();
+    environment.insert("HOME", QString::fromStdString(home.path()));
+    environment.insert("XDG_CONFIG_HOME", QString::fromStdString(home.path()) + QStringLiteral("/config"));
+    environment.insert("TMPDIR", temporary);
+    environment.insert("QT_QPA_PLATFORM", "offscreen");
+    program.setProcessEnvironment(environment);
+    program.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+    program.start(ORVEL_PROGRAM, {});
+    ASSERT_TRUE(program.waitForStarted());
+    const auto deadline = std::chrono::steady_clock::now() + 30s;
+    while (askpassFolders().isEmpty() && std::chrono::steady_clock::now() < deadline)
+        std::this_thread::sleep_for(20ms);
+    ASSERT_FALSE(askpassFolders().isEmpty());
+
+    program.terminate();
+    ASSERT_TRUE(program.waitForFinished(30000));
+    EXPECT_EQ(program.exitStatus(), QProcess::NormalExit);
+    EXPECT_EQ(program.exitCode(), 0);
+    EXPECT_TRUE(askpassFolders().isEmpty()) << askpassFolders().join(' ').toStdString();
 }
