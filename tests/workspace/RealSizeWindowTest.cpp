@@ -38,25 +38,18 @@ using namespace orvel;
 
 namespace {
 
-// The repository: the generated history, then a conflict on "notes.txt" between main and
-// "theirs", a stash, and three hundred new files beside the merge.
+// The repository: the generated history, then a conflict on "file" between main and "topic", a
+// stash, and three hundred new files beside the merge.
 void makeRealSizeRepository(const test::TempRepo& repo) {
     test::importHistory(repo, {.commits = 10000, .roots = 2, .longSubjects = true, .extraTags = 1000,
                                .extraBranches = 50});
-    repo.write("notes.txt", "base\n");
-    repo.commitAll("Add the notes");
-    repo.git({"checkout", "-q", "-b", "theirs"});
-    repo.write("notes.txt", "their notes\n");
-    repo.commitAll("Their notes");
-    repo.git({"checkout", "-q", "main"});
-    repo.write("notes.txt", "our notes\n");
-    repo.commitAll("Our notes");
+    repo.divergeOnOneFile();
     repo.write("stashed.txt", "stashed\n");
     repo.git({"add", "stashed.txt"});
     repo.git({"stash", "-q"});
     for (int i = 0; i < 300; ++i)
         repo.write("dirty/file-" + std::to_string(i) + ".txt", "new\n");
-    ASSERT_NE(repo.gitAllowingFailure({"merge", "theirs"}).exitCode, 0);
+    ASSERT_NE(repo.gitAllowingFailure({"merge", "topic"}).exitCode, 0);
 }
 
 void usePalette(ColorScheme scheme) {
