@@ -112,14 +112,14 @@ std::optional<GraphCommit> RepoGraphPaneViewModel::commit(std::string_view hash)
     return commitAt(row);
 }
 
-QCoro::Task<void> RepoGraphPaneViewModel::load() {
+QCoro::Task<void> RepoGraphPaneViewModel::load(std::optional<QCoro::Task<std::vector<GraphCommit>>> newestPage) {
     auto ticket = loads_.begin(this);
     qCDebug(lcGraph, "op=graph.load");
     isLoading_ = true;
     emit loadingChanged();
     // What the pages were asked for (the end, a sought commit) is asked of the reloaded rows.
     haltPages();
-    auto graph = service_->commitGraph(repo_, loadLimit, ticket.stopToken());
+    auto graph = newestPage ? std::move(*newestPage) : service_->commitGraph(repo_, loadLimit, ticket.stopToken());
     try {
         std::vector<GraphCommit> loaded = co_await std::move(graph);
         if (!ticket.isCurrent())

@@ -107,8 +107,8 @@ class RepoGraphPaneViewModel final : public QObject {
     // has a row and selects it. Rows loaded before below the newest page stay when the newest page
     // still leads into them (commits added on top, refs moved forward); else the history reloads.
     // A load overtaken by a newer one, or by a change of repository, changes nothing; a failure
-    // keeps the rows.
-    QCoro::Task<void> load();
+    // keeps the rows. `newestPage`, when given, is that page's read already under way.
+    QCoro::Task<void> load(std::optional<QCoro::Task<std::vector<GraphCommit>>> newestPage = std::nullopt);
     // Keeps `commits` as the whole load and rebuilds every row, pill and text from them.
     void applyCommits(std::vector<GraphCommit> commits);
     // The view shows rows up to `row`: loads pages until a page's worth of rows lies below it.

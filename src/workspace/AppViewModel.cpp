@@ -87,8 +87,17 @@ QCoro::Task<void> AppViewModel::openRepository(std::string path) {
     QPointer<AppViewModel> self(this);
     auto ticket = opens_.begin(this);
     auto service = service_;
+    auto opening = service->open(path);
+    // A new tab's first wait is its newest page of history. Queued right behind the open, git
+    // reads it while this thread builds the tab, instead of after.
+    std::optional<QCoro::Task<std::vector<GraphCommit>>> newestPage;
+    if (!tabFor(path)) {
+        RepoEntry unopened;
+        unopened.path = path;
+        newestPage = service->commitGraph(std::move(unopened), RepoGraphPaneViewModel::loadLimit);
+    }
     try {
-        RepoEntry entry = co_await service->open(path);
+        RepoEntry entry = co_await std::move(opening);
         if (!self)
             co_return;
         // A superseded open still counts as a use of the repository.
@@ -96,7 +105,7 @@ QCoro::Task<void> AppViewModel::openRepository(std::string path) {
         if (!ticket.isCurrent())
             co_return;
         setActiveRepository(entry);
-        openTab(entry);
+        openTab(entry, std::move(newestPage));
         setMode(AppMode::working);
         qCDebug(lcApp, "op=repo.open status=success");
     } catch (const std::exception& error) {
@@ -144,13 +153,11 @@ void AppViewModel::switchToTab(const QUuid& id) {
     emit activeTabChanged();
 }
 
-void AppViewModel::openTab(const RepoEntry& entry) {
-    const auto existing = std::find_if(openTabs_.begin(), openTabs_.end(),
-                                       [&entry](const auto& tab) { return tab->repo().path == entry.path; });
-    if (existing != openTabs_.end()) {
+void AppViewModel::openTab(const RepoEntry& entry, std::optional<QCoro::Task<std::vector<GraphCommit>>> newestPage) {
+    if (const WorkspaceTabState* existing = tabFor(entry.path)) {
         // Its state lives on; nothing reloads.
         qCDebug(lcApp, "op=tab.switch existing=true");
-        switchToTab((*existing)->id());
+        switchToTab(existing->id());
         return;
     }
     qCDebug(lcApp, "op=tab.open tabCount=%ld", static_cast<long>(openTabs_.size() + 1));
@@ -173,12 +180,18 @@ void AppViewModel::openTab(const RepoEntry& entry) {
     };
     tab->graph().setActivityCallback(activity);
     tab->changes().setActivityCallback(activity);
-    tab->loadData();
+    tab->loadData(std::move(newestPage));
     openTabs_.push_back(std::move(tab));
     activeTabID_ = opened->id();
     emit tabOpened(opened);
     emit activeTabChanged();
     autoFetch_->start();
+}
+
+WorkspaceTabState* AppViewModel::tabFor(const std::string& path) const {
+    const auto found = std::find_if(openTabs_.begin(), openTabs_.end(),
+                                    [&path](const auto& tab) { return tab->repo().path == path; });
+    return found == openTabs_.end() ? nullptr : found->get();
 }
 
 void AppViewModel::closeTab(const QUuid& id) {

@@ -3,6 +3,7 @@
 // on a repository goes through the git service it was given.
 #pragma once
 
+#include "core/records/GraphCommit.h"
 #include "core/records/RepoEntry.h"
 #include "core/support/LoadGeneration.h"
 #include "notices/ToastManager.h"
@@ -88,7 +89,8 @@ class AppViewModel final : public QObject {
     void activeTabChanged();
 
   private:
-    void openTab(const RepoEntry& entry);
+    void openTab(const RepoEntry& entry, std::optional<QCoro::Task<std::vector<GraphCommit>>> newestPage = std::nullopt);
+    WorkspaceTabState* tabFor(const std::string& path) const;
     void setMode(AppMode mode);
     void setActiveRepository(std::optional<RepoEntry> entry);
 

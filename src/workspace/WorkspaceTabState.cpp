@@ -101,9 +101,9 @@ bool WorkspaceTabState::hasStashes() const {
     return !sidebar_->stashEntries().empty();
 }
 
-void WorkspaceTabState::loadData() {
+void WorkspaceTabState::loadData(std::optional<QCoro::Task<std::vector<GraphCommit>>> newestPage) {
     // The graph's read is queued first: it is what the user waits for.
-    loadGraphAndMaintain();
+    loadGraphAndMaintain(std::move(newestPage));
     refreshWorkingTree();
     loadCurrentBranch();
     sidebar_->loadBranches(repo_);
@@ -244,9 +244,9 @@ QCoro::Task<void> WorkspaceTabState::refreshWorkingTree() {
     co_await std::move(contentRead);
 }
 
-QCoro::Task<void> WorkspaceTabState::loadGraphAndMaintain() {
+QCoro::Task<void> WorkspaceTabState::loadGraphAndMaintain(std::optional<QCoro::Task<std::vector<GraphCommit>>> newestPage) {
     auto ticket = maintenance_.begin(this);
-    co_await graph_->load();
+    co_await graph_->load(std::move(newestPage));
     if (!ticket.isCurrent() || !options_.maintainCommitGraph)
         co_return;
     auto service = service_;

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "core/records/BranchEntry.h"
+#include "core/records/GraphCommit.h"
 #include "core/records/RepoEntry.h"
 #include "core/support/LoadGeneration.h"
 
@@ -74,7 +75,8 @@ class WorkspaceTabState final : public QObject {
     FileSystemWatcher* fileWatcher() const { return fileWatcher_.get(); }
 
     // The full load of a new tab: graph, branch name, working-tree counts, the watcher.
-    void loadData();
+    // `newestPage` is the graph's first read when the opening already started it.
+    void loadData(std::optional<QCoro::Task<std::vector<GraphCommit>>> newestPage = std::nullopt);
     void loadCurrentBranch();
     // The light reload after something changed; a later refresh supersedes an earlier one.
     void refresh();
@@ -96,7 +98,7 @@ class WorkspaceTabState final : public QObject {
     // A commit from the changes page: the graph and the branch name follow.
     void commitSucceeded();
     // The first graph load, then git's commit-graph file when it needs writing.
-    QCoro::Task<void> loadGraphAndMaintain();
+    QCoro::Task<void> loadGraphAndMaintain(std::optional<QCoro::Task<std::vector<GraphCommit>>> newestPage);
     void watchLimitReached();
     // The sidebar read the branches: the tab's name follows the checked-out one.
     void branchesLoaded(const std::vector<BranchEntry>& branches);

@@ -62,7 +62,6 @@ void GraphRowDelegate::paint(QPainter* painter, const QStyleOptionViewItem& opti
     QStyle* style = widget ? widget->style() : QApplication::style();
     style->drawPrimitive(QStyle::PE_PanelItemViewItem, &option, painter, widget);
 
-    const CommitRow& commit = model_.commits()[static_cast<std::size_t>(row)];
     const bool isWorkingTree = model_.isWorkingTreeRow(row);
     const bool isSelected = option.state & QStyle::State_Selected;
     const bool highlighting = !model_.searchQuery().empty();
