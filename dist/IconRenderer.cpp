@@ -36,7 +36,8 @@ int main(int argc, char** argv) {
         painter.end();
         const QString apps = QStringLiteral("%1/%2x%2/apps").arg(folder).arg(size);
         if (!QDir().mkpath(apps) || !image.save(apps + QLatin1Char('/') + name)) {
-            std::fprintf(stderr, "orvel_icon_renderer: cannot write %s\n", qPrintable(apps + QLatin1Char('/') + name));
+            std::fprintf(stderr, "orvel_icon_renderer: cannot write %s\n",
+                         qPrintable(apps + QLatin1Char('/') + name));
             return 1;
         }
     }

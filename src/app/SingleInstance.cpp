@@ -29,7 +29,8 @@ SingleInstance::~SingleInstance() = default;
 QString SingleInstance::defaultSocketPath() {
     const QByteArray settingsFolder =
         QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation).toUtf8();
-    const QByteArray key = QCryptographicHash::hash(settingsFolder, QCryptographicHash::Sha256).toHex().left(16);
+    const QByteArray key =
+        QCryptographicHash::hash(settingsFolder, QCryptographicHash::Sha256).toHex().left(16);
     return QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation) + QStringLiteral("/orvel-") +
            QString::fromLatin1(key);
 }

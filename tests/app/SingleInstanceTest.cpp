@@ -22,7 +22,8 @@ namespace {
 
 class Program {
   public:
-    Program(const QProcessEnvironment& environment, const std::string& workingFolder, const QStringList& arguments) {
+    Program(const QProcessEnvironment& environment, const std::string& workingFolder,
+            const QStringList& arguments) {
         process_.setProcessEnvironment(environment);
         process_.setWorkingDirectory(QString::fromStdString(workingFolder));
         process_.start(ORVEL_PROGRAM, arguments);
@@ -101,7 +102,8 @@ TEST(SingleInstance, LaterStartsHandTheirFoldersToTheRunningProgramAlsoAfterOneW
     const std::filesystem::path handedPath(handed.path());
     test::writeFile(home / "notes.txt", "no repository\n");
     Program later(environment, handedPath.parent_path().string(),
-                  {QString::fromStdString(home / "notes.txt"), QString::fromStdString(handedPath.filename().string() + "/")});
+                  {QString::fromStdString(home / "notes.txt"),
+                   QString::fromStdString(handedPath.filename().string() + "/")});
     ASSERT_TRUE(later.process().waitForFinished(30000)) << "the later start did not end";
     EXPECT_EQ(later.process().exitStatus(), QProcess::NormalExit);
     EXPECT_EQ(later.process().exitCode(), 0);
@@ -111,9 +113,10 @@ TEST(SingleInstance, LaterStartsHandTheirFoldersToTheRunningProgramAlsoAfterOneW
     EXPECT_TRUE(running.log().contains("op=repo.open reason="));
     EXPECT_EQ(running.process().state(), QProcess::Running);
     const auto newestRecent = [&] {
-        const QStringList recents = QSettings(QString::fromStdString(home / "config/Orvel/Orvel.ini"), QSettings::IniFormat)
-                                        .value("recentRepositoryPaths")
-                                        .toStringList();
+        const QStringList recents =
+            QSettings(QString::fromStdString(home / "config/Orvel/Orvel.ini"), QSettings::IniFormat)
+                .value("recentRepositoryPaths")
+                .toStringList();
         return recents.value(0).toStdString();
     };
     for (int i = 0; i < 200 && newestRecent() != handed.path(); ++i)
