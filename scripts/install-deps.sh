@@ -7,7 +7,7 @@ packages=(
   qt6-base-dev qt6-l10n-tools qt6-tools-dev-tools qcoro-qt6-dev
   libcmark-gfm-dev libcmark-gfm-extensions-dev libpcre2-dev pkg-config
   googletest libgtest-dev libgmock-dev libbenchmark-dev
-  qt6-svg-dev libgl-dev xvfb xauth fonts-dejavu-core ccache
+  qt6-svg-dev libgl-dev xvfb xauth fonts-dejavu-core ccache desktop-file-utils appstream
 )
 
 missing=()

@@ -1,6 +1,10 @@
-// The program's entry: the application object, the start-up sequence and the main window.
+// The program's entry: the application object, the start-up sequence and the main window. Its
+// arguments are folders to open as tabs (a file manager's "Open with" gives them); when this user's
+// program runs already, they go to it and this start ends.
 #include "app/Appearance.h"
+#include "app/FolderOpener.h"
 #include "app/OrvelApp.h"
+#include "app/SingleInstance.h"
 #include "core/support/Version.h"
 #include "workspace/AppViewModel.h"
 #include "workspace/WorkspaceTabState.h"
@@ -9,6 +13,8 @@
 #include "workspace/ui/MainWindow.h"
 
 #include <QApplication>
+#include <QDir>
+#include <QIcon>
 
 #include <cstdio>
 #include <memory>
@@ -35,6 +41,14 @@ void reportPaintedGraphs(orvel::MainWindow& window, orvel::AppViewModel& model) 
     });
 }
 
+// A hand-over brings the window to the front, out of the task bar if it was minimised.
+void bringToFront(QWidget& window) {
+    window.setWindowState(window.windowState() & ~Qt::WindowMinimized);
+    window.show();
+    window.raise();
+    window.activateWindow();
+}
+
 } // namespace
 
 int main(int argc, char** argv) {
@@ -47,14 +61,27 @@ int main(int argc, char** argv) {
     QApplication::setApplicationName("Orvel");
     QApplication::setApplicationVersion(QLatin1String(orvel::orvelVersion));
     QApplication::setQuitOnLastWindowClosed(true);
+    QApplication::setDesktopFileName(QStringLiteral(ORVEL_APPLICATION_ID));
+    QApplication::setWindowIcon(QIcon::fromTheme(QStringLiteral(ORVEL_APPLICATION_ID),
+                                                 QIcon(QStringLiteral(":/" ORVEL_APPLICATION_ID ".svg"))));
+
+    const QStringList folders = orvel::absoluteFolders(QApplication::arguments().mid(1), QDir::currentPath());
+    orvel::SingleInstance instance(orvel::SingleInstance::defaultSocketPath());
+    if (instance.handOffOrListen(folders))
+        return 0;
 
     orvel::OrvelApp app;
     orvel::MainWindow window(app.appViewModel(), app.defaults());
     orvel::CredentialDialog credentialDialog(app.credentialManager(), &window);
     QObject::connect(&window, &orvel::MainWindow::appearanceChosen, &orvel::applyAppearance);
     reportPaintedGraphs(window, app.appViewModel());
-    window.show();
-    window.raise();
-    window.activateWindow();
+    orvel::FolderOpener opener(app.appViewModel());
+    QObject::connect(&instance, &orvel::SingleInstance::foldersHandedOver, &opener,
+                     [&window, &opener](const QStringList& handed) {
+                         bringToFront(window);
+                         opener.open(handed);
+                     });
+    bringToFront(window);
+    opener.open(folders);
     return QApplication::exec();
 }
