@@ -15,6 +15,8 @@ struct GpgSecretKey {
     std::string keyID;                     // the long key id, as "user.signingkey" takes it
     std::string userID;                    // "Name (comment) <e-mail>", with gpg's "\xHH" escapes decoded
     std::optional<std::int64_t> expiresAt; // seconds since the Unix epoch; none when it never expires
+
+    bool operator==(const GpgSecretKey&) const = default;
 };
 
 std::vector<GpgSecretKey> parseGpgSecretKeys(std::string_view text);
