@@ -31,7 +31,6 @@ constexpr std::string_view listed =
     "grp:::::::::AA8F1F0234FCD2985ACDF920B04E885690816225:\n"
     "uid:u::::1795653504::CA3DF8B422BBDEDAAC0FD32A98FBCFC9F450B043::Old RSA <rsa@orvel.invalid>::::::::::0:";
 
-
 struct Case {
     const char* name;
     std::string_view text;

@@ -1,8 +1,9 @@
-// The signing tab over its model on real gpg and git: the keys found fill the pickers, the format
-// shows its own rows, a picked key and the toggle reach the status line and, through Apply, git's
-// configuration; empty lists say where keys come from; the mismatch alert updates git's address.
+// The signing tab over its model on real gpg and git: empty lists say where keys come from, the keys
+// found fill the pickers, the format shows its own rows, a picked key and the toggle reach the status
+// line and, through Apply, git's configuration; the mismatch alert updates git's address.
 #include "SigningOnRealTools.h"
 
+#include "settings/LocalizationManager.h"
 #include "settings/ThemeEngine.h"
 #include "settings/ui/IdentityMismatchAlert.h"
 #include "settings/ui/SigningSettingsTab.h"
@@ -35,12 +36,9 @@ Widget* child(QWidget& parent, const char* name) {
 class SigningSettingsTabTest : public SigningOnRealTools {};
 
 TEST_F(SigningSettingsTabTest,
-       PickingAKeyAndSigningShowsInTheStatusAndApplyWritesItThenTheAlertSyncsTheEmail) {
+       ShowsTheKeysFoundAndTheRowsOfTheFormatAndApplyWritesThemThenTheAlertSyncsTheEmail) {
     if (gpg.empty())
         GTEST_SKIP() << "gpg is not installed";
-    const QString keyID =
-        QString::fromStdString(makeGpgKey("Signer Name <signer@orvel.invalid>", "2030-01-01"));
-    makeSshKey("id_ed25519");
     auto model = loadedModel();
     QWidget window;
     auto* tab = new SigningSettingsTab(*model, &window);
@@ -48,8 +46,23 @@ TEST_F(SigningSettingsTabTest,
     layout->addWidget(tab);
     window.show();
 
-    auto* format = child<QComboBox>(*tab, "settings.signing.format-picker");
+    // Before there are keys the pickers say where they come from, and a typed key id is taken.
     auto* gpgKey = child<QComboBox>(*tab, "settings.signing.gpg-key-picker");
+    EXPECT_EQ(gpgKey->count(), 0);
+    EXPECT_EQ(gpgKey->lineEdit()->placeholderText(),
+              QStringLiteral("No GPG keys found. Install gpg and create a key."));
+    EXPECT_EQ(child<QComboBox>(*tab, "settings.signing.ssh-key-picker")->lineEdit()->placeholderText(),
+              QStringLiteral("No SSH keys found in ~/.ssh/"));
+    saveScreenshot(window, QStringLiteral("settings-signing-no-keys"), QSize(720, 300));
+    QTest::keyClicks(gpgKey->lineEdit(), "0123456789ABCDEF");
+    EXPECT_EQ(model->fields().gpgSigningKey, QStringLiteral("0123456789ABCDEF"));
+    EXPECT_EQ(gpgKey->currentText(), QStringLiteral("0123456789ABCDEF"));
+
+    const QString keyID =
+        QString::fromStdString(makeGpgKey("Signer Name <signer@orvel.invalid>", "2030-01-01"));
+    makeSshKey("id_ed25519");
+    await(model->load());
+    auto* format = child<QComboBox>(*tab, "settings.signing.format-picker");
     auto* sshKey = child<QComboBox>(*tab, "settings.signing.ssh-key-picker");
     auto* status = child<QLabel>(*tab, "settings.signing.status-text");
     ASSERT_EQ(gpgKey->count(), 2);
@@ -107,24 +120,12 @@ TEST_F(SigningSettingsTabTest,
     }
     ASSERT_TRUE(eventually([&] { return updated; }));
     EXPECT_EQ(stored("user.email"), "signer@orvel.invalid");
-}
 
-TEST_F(SigningSettingsTabTest, EmptyKeyListsSayWhereKeysComeFromAndATypedKeyIdIsKept) {
-    keys = std::make_shared<SigningKeyService>(std::vector<std::string>{},
-                                               QString::fromStdString(sshFolder / "none"));
-    auto model = loadedModel();
-    SigningSettingsTab tab(*model);
-    tab.show();
-    auto* gpgKey = child<QComboBox>(tab, "settings.signing.gpg-key-picker");
-    EXPECT_EQ(gpgKey->count(), 0);
-    EXPECT_EQ(gpgKey->lineEdit()->placeholderText(),
-              QStringLiteral("No GPG keys found. Install gpg and create a key."));
-    EXPECT_EQ(child<QComboBox>(tab, "settings.signing.ssh-key-picker")->lineEdit()->placeholderText(),
-              QStringLiteral("No SSH keys found in ~/.ssh/"));
-    saveScreenshot(tab, QStringLiteral("settings-signing-no-keys"), QSize(720, 300));
-    QTest::keyClicks(gpgKey->lineEdit(), "0123456789ABCDEF");
-    EXPECT_EQ(model->fields().gpgSigningKey, QStringLiteral("0123456789ABCDEF"));
-    EXPECT_EQ(gpgKey->currentText(), QStringLiteral("0123456789ABCDEF"));
+    LocalizationManager::shared().switchLanguage("zh-Hans", defaults);
+    EXPECT_TRUE(eventually(
+        [&] { return status->text() == QStringLiteral("GPG：Signer Name <signer@orvel.invalid>"); }));
+    saveScreenshot(window, QStringLiteral("settings-signing-gpg-zh-Hans"), QSize(720, 300));
+    LocalizationManager::shared().switchLanguage("en", defaults);
 }
 
 } // namespace

@@ -209,16 +209,6 @@ TEST_F(SigningSettingsTest, IdentityCheckComparesTheKeysAddressWithGitsUserEmail
         await(model->apply());
         EXPECT_EQ(await(model->checkIdentityMismatch()), c.expected);
     }
-
-    writeFile(configPath(), "[user]\n\temail = test@orvel.invalid\n");
-    auto model = loadedModel();
-    model->setGpgSigningKey(gpgKey);
-    model->setSignCommits(true);
-    await(model->apply());
-    ASSERT_TRUE(await(model->checkIdentityMismatch()));
-    EXPECT_TRUE(await(model->syncIdentity("signer@orvel.invalid")));
-    EXPECT_EQ(stored("user.email"), "signer@orvel.invalid");
-    EXPECT_EQ(await(model->checkIdentityMismatch()), std::nullopt);
 }
 
 } // namespace
