@@ -167,38 +167,43 @@ void SigningSettingsViewModel::fail(const char* operation, const std::exception&
 QCoro::Task<void> SigningSettingsViewModel::load() {
     qCDebug(lcApp, "op=settings.signing.load");
     auto ticket = loads_.begin(this);
-    // The key look-ups run beside the configuration's reads.
+    // The keys come on their own: gpg may wait long for its agent or a lock, and the form must not.
+    detectKeys(ticket);
+    auto reading = runOnPool(backgroundPool(), [git = git_] { return readLoadedKeys(*git); });
+    const std::vector<ConfigRead> reads = co_await std::move(reading);
+    if (!ticket.isCurrent())
+        co_return;
+    for (const ConfigRead& read : reads) {
+        if (read.failure)
+            qCDebug(lcApp, "op=settings.signing.load reason=%s", redactForLog(*read.failure).c_str());
+    }
+    Snapshot loaded;
+    loaded.selectedFormat = signingFormatFromConfig(decoded(reads[0].value));
+    loaded.gpgProgram = decoded(reads[1].value);
+    loaded.signCommits = reads[2].value == "true";
+    loaded.signTags = reads[3].value == "true";
+    const QString signingKey = decoded(reads[4].value);
+    const bool ssh = loaded.selectedFormat == SigningFormat::ssh;
+    (ssh ? loaded.sshSigningKey : loaded.gpgSigningKey) = signingKey;
+    (ssh ? loaded.gpgSigningKey : loaded.sshSigningKey) =
+        defaults_.string(ssh ? gpgKeyDefault : sshKeyDefault);
+    defaults_.setValue(ssh ? sshKeyDefault : gpgKeyDefault, signingKey);
+    loaded.sshAllowedSigners = decoded(reads[5].value);
+    fields_ = loaded;
+    original_ = loaded;
+    const bool hadError = errorMessage_.has_value();
+    errorMessage_.reset();
+    emit formChanged();
+    if (hadError)
+        emit errorChanged();
+}
+
+QCoro::Task<void> SigningSettingsViewModel::detectKeys(LoadTicket ticket) {
+    isDetectingKeys_ = true;
+    emit keysChanged();
     auto keyService = keyService_;
     auto gpgKeys = runOnPool(backgroundPool(), [keyService] { return keyService->detectGPGKeys(); });
     auto sshKeys = runOnPool(backgroundPool(), [keyService] { return keyService->detectSSHKeys(); });
-    auto reading = runOnPool(backgroundPool(), [git = git_] { return readLoadedKeys(*git); });
-    const std::vector<ConfigRead> reads = co_await std::move(reading);
-    if (ticket.isCurrent()) {
-        for (const ConfigRead& read : reads) {
-            if (read.failure)
-                qCDebug(lcApp, "op=settings.signing.load reason=%s", redactForLog(*read.failure).c_str());
-        }
-        Snapshot loaded;
-        loaded.selectedFormat = signingFormatFromConfig(decoded(reads[0].value));
-        loaded.gpgProgram = decoded(reads[1].value);
-        loaded.signCommits = reads[2].value == "true";
-        loaded.signTags = reads[3].value == "true";
-        const QString signingKey = decoded(reads[4].value);
-        const bool ssh = loaded.selectedFormat == SigningFormat::ssh;
-        (ssh ? loaded.sshSigningKey : loaded.gpgSigningKey) = signingKey;
-        (ssh ? loaded.gpgSigningKey : loaded.sshSigningKey) =
-            defaults_.string(ssh ? gpgKeyDefault : sshKeyDefault);
-        defaults_.setValue(ssh ? sshKeyDefault : gpgKeyDefault, signingKey);
-        loaded.sshAllowedSigners = decoded(reads[5].value);
-        fields_ = loaded;
-        original_ = loaded;
-        const bool hadError = errorMessage_.has_value();
-        errorMessage_.reset();
-        emit formChanged();
-        if (hadError)
-            emit errorChanged();
-    }
-
     std::vector<SigningKeyEntry> gpg;
     std::vector<SigningKeyEntry> ssh;
     try {
@@ -221,6 +226,7 @@ QCoro::Task<void> SigningSettingsViewModel::load() {
             static_cast<long>(ssh.size()));
     availableGPGKeys_ = std::move(gpg);
     availableSSHKeys_ = std::move(ssh);
+    isDetectingKeys_ = false;
     emit keysChanged();
 }
 

@@ -62,10 +62,13 @@ class SigningSettingsViewModel final : public QObject, public SettingsPage {
 
     const std::vector<SigningKeyEntry>& availableGPGKeys() const { return availableGPGKeys_; }
     const std::vector<SigningKeyEntry>& availableSSHKeys() const { return availableSSHKeys_; }
+    // From a load until both look-ups have answered.
+    bool isDetectingKeys() const { return isDetectingKeys_; }
     // "Signing: Off", or the format and the selected key's label (its id or path when it isn't listed).
     QString statusText() const;
 
-    // Reads the configuration into the form, then finds the keys of both formats.
+    // Reads the configuration into the form; the keys of both formats are looked for beside it and
+    // come later, with keysChanged.
     QCoro::Task<void> load() override;
     // Writes the form to git's configuration when it differs from what was loaded; a failed step
     // ends it, leaving what was written in place and `original` as it was.
@@ -82,6 +85,7 @@ class SigningSettingsViewModel final : public QObject, public SettingsPage {
   signals:
     // A field of the form or `original` changed.
     void formChanged();
+    // The lists of keys or isDetectingKeys changed.
     void keysChanged();
     void errorChanged();
 
@@ -89,6 +93,7 @@ class SigningSettingsViewModel final : public QObject, public SettingsPage {
     void edit(const std::function<void(Snapshot&)>& change);
     void fail(const char* operation, const std::exception& error);
     const std::vector<SigningKeyEntry>& keysOf(SigningFormat format) const;
+    QCoro::Task<void> detectKeys(LoadTicket ticket);
 
     std::shared_ptr<GitExecutorProtocol> git_;
     std::shared_ptr<const SigningKeyService> keyService_;
@@ -98,6 +103,7 @@ class SigningSettingsViewModel final : public QObject, public SettingsPage {
     std::optional<QString> errorMessage_;
     std::vector<SigningKeyEntry> availableGPGKeys_;
     std::vector<SigningKeyEntry> availableSSHKeys_;
+    bool isDetectingKeys_ = false;
     LoadGeneration loads_;
 };
 

@@ -8,6 +8,7 @@
 #include "settings/SigningKeyService.h"
 #include "settings/SigningSettingsViewModel.h"
 #include "support/Await.h"
+#include "support/Eventually.h"
 #include "support/GitFixture.h"
 #include "support/ScopedEnvironment.h"
 
@@ -90,6 +91,7 @@ class SigningOnRealTools : public ::testing::Test {
     std::unique_ptr<SigningSettingsViewModel> loadedModel() {
         auto model = std::make_unique<SigningSettingsViewModel>(executor, keys, defaults);
         await(model->load());
+        EXPECT_TRUE(eventually([&] { return !model->isDetectingKeys(); }));
         return model;
     }
 

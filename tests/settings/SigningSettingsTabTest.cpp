@@ -62,6 +62,7 @@ TEST_F(SigningSettingsTabTest,
         QString::fromStdString(makeGpgKey("Signer Name <signer@orvel.invalid>", "2030-01-01"));
     makeSshKey("id_ed25519");
     await(model->load());
+    ASSERT_TRUE(eventually([&] { return !model->isDetectingKeys(); }));
     auto* format = child<QComboBox>(*tab, "settings.signing.format-picker");
     auto* sshKey = child<QComboBox>(*tab, "settings.signing.ssh-key-picker");
     auto* status = child<QLabel>(*tab, "settings.signing.status-text");

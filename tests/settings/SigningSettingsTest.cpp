@@ -154,6 +154,7 @@ TEST(SigningSettingsArguments, ApplyWritesEachKeyInOrderAndErasesTheEmptyOnes) {
     SigningSettingsViewModel model(
         recording, std::make_shared<SigningKeyService>(std::vector<std::string>{}, "/nonexistent"), defaults);
     await(model.load());
+    ASSERT_TRUE(eventually([&] { return !model.isDetectingKeys(); }));
     model.setGpgSigningKey("-K");
     model.setSignTags(true);
     await(model.apply());
