@@ -8,6 +8,7 @@ packages=(
   libcmark-gfm-dev libcmark-gfm-extensions-dev libpcre2-dev pkg-config
   googletest libgtest-dev libgmock-dev libbenchmark-dev
   qt6-svg-dev libgl-dev xvfb xauth fonts-dejavu-core ccache desktop-file-utils appstream
+  gnupg openssh-client
 )
 
 missing=()

@@ -2831,6 +2831,124 @@
     </message>
 </context>
 <context>
+    <name>orvel::SigningSettingsTab</name>
+    <message>
+        <source>Signing Format</source>
+        <translation>签名格式</translation>
+    </message>
+    <message>
+        <source>GPG</source>
+        <translation>GPG</translation>
+    </message>
+    <message>
+        <source>SSH</source>
+        <translation>SSH</translation>
+    </message>
+    <message>
+        <source>GPG Program</source>
+        <translation>GPG 程序</translation>
+    </message>
+    <message>
+        <source>Signing Key</source>
+        <translation>签名密钥</translation>
+    </message>
+    <message>
+        <source>SSH Signing Key</source>
+        <translation>SSH 签名密钥</translation>
+    </message>
+    <message>
+        <source>Allowed Signers</source>
+        <translation>允许的签名者</translation>
+    </message>
+    <message>
+        <source>Browse</source>
+        <translation>浏览</translation>
+    </message>
+    <message>
+        <source>Sign Commits</source>
+        <translation>签名提交</translation>
+    </message>
+    <message>
+        <source>Sign Tags</source>
+        <translation>签名标签</translation>
+    </message>
+    <message>
+        <source>Status</source>
+        <translation>状态</translation>
+    </message>
+    <message>
+        <source>None</source>
+        <translation>无</translation>
+    </message>
+    <message>
+        <source>Expires: %1</source>
+        <translation>到期：%1</translation>
+    </message>
+    <message>
+        <source>No GPG keys found. Install gpg and create a key.</source>
+        <translation>未找到 GPG 密钥。请安装 gpg 并创建密钥。</translation>
+    </message>
+    <message>
+        <source>No SSH keys found in ~/.ssh/</source>
+        <translation>在 ~/.ssh/ 中未找到 SSH 密钥</translation>
+    </message>
+    <message>
+        <source>Choose GPG Program</source>
+        <translation>选择 GPG 程序</translation>
+    </message>
+    <message>
+        <source>Choose SSH Signing Key</source>
+        <translation>选择 SSH 签名密钥</translation>
+    </message>
+    <message>
+        <source>Choose Allowed Signers File</source>
+        <translation>选择允许的签名者文件</translation>
+    </message>
+    <message>
+        <source>Signing Identity Mismatch</source>
+        <translation>签名身份不匹配</translation>
+    </message>
+    <message>
+        <source>Your git email (%1) does not match the signing key email (%2). Commits may appear unverified on GitHub.
+
+&quot;Update Email&quot; will set your git email to %2.</source>
+        <translation>你的 git 邮箱（%1）与签名密钥的邮箱（%2）不一致。提交在 GitHub 上可能显示为未验证。
+
+“更新邮箱”会把你的 git 邮箱设为 %2。</translation>
+    </message>
+    <message>
+        <source>Update Email</source>
+        <translation>更新邮箱</translation>
+    </message>
+    <message>
+        <source>Edit Manually</source>
+        <translation>手动编辑</translation>
+    </message>
+</context>
+<context>
+    <name>orvel::SigningSettingsViewModel</name>
+    <message>
+        <source>Signing: Off</source>
+        <translation>签名：关闭</translation>
+    </message>
+    <message>
+        <source>GPG: No key</source>
+        <translation>GPG：无密钥</translation>
+    </message>
+    <message>
+        <source>SSH: No key</source>
+        <translation>SSH：无密钥</translation>
+    </message>
+    <message>
+        <source>GPG: %1</source>
+        <translation>GPG：%1</translation>
+    </message>
+    <message>
+        <source>SSH: %1</source>
+        <translation>SSH：%1</translation>
+    </message>
+</context>
+<context>
     <name>orvel::StashPrompt</name>
     <message>
         <source>Stash Changes</source>
