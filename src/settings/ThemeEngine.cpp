@@ -160,12 +160,15 @@ std::vector<Theme> ThemeEngine::allThemes() const {
     return themes;
 }
 
-const ThemeTokens& ThemeEngine::tokens(ColorScheme scheme) const {
-    const QString& active = pendingThemeID_.value_or(savedThemeID_);
+const OrvelTheme& catalogueTheme(const QString& id) {
     const auto& catalogue = themeCatalogue();
-    auto found = std::find_if(catalogue.begin(), catalogue.end(),
-                              [&](const OrvelTheme& theme) { return theme.id == active; });
-    const OrvelTheme& theme = found != catalogue.end() ? *found : catalogue.front();
+    const auto found = std::find_if(catalogue.begin(), catalogue.end(),
+                                    [&](const OrvelTheme& theme) { return theme.id == id; });
+    return found != catalogue.end() ? *found : catalogue.front();
+}
+
+const ThemeTokens& ThemeEngine::tokens(ColorScheme scheme) const {
+    const OrvelTheme& theme = catalogueTheme(activeCatalogueID());
     return scheme == ColorScheme::dark ? theme.palette.dark : theme.palette.light;
 }
 
@@ -250,6 +253,13 @@ void ThemeEngine::previewTheme(const QString& id) {
     notifyChanged();
 }
 
+void ThemeEngine::previewFileTheme(const QString& id) {
+    if (const Theme* theme = findTheme(id))
+        currentTheme_ = *theme;
+    qCDebug(lcUi, "op=theme.preview themeId=%s", qPrintable(id));
+    notifyChanged();
+}
+
 void ThemeEngine::commitTheme() {
     if (defaults_)
         defaults_->setValue(QStringLiteral("selectedThemeID"), currentTheme_.id);
@@ -289,8 +299,8 @@ void ThemeEngine::revertTheme() {
 }
 
 // The bytes are kept as read, not encoded again. A re-import replaces the file and moves the theme
-// to the end of the list; an id that a built-in theme has too is allowed, and lookups find the
-// built-in one first.
+// to the end of the list, and when that theme is in force its new colours show at once; an id that
+// a built-in theme has too is allowed, and lookups find the built-in one first.
 void ThemeEngine::importTheme(const QString& filePath) {
     const QByteArray bytes = readThemeFile(filePath);
     Theme theme = decodeTheme(bytes, false);
@@ -299,6 +309,8 @@ void ThemeEngine::importTheme(const QString& filePath) {
     replaceFileAtomically(QFile::encodeName(target).toStdString(),
                           std::string_view(bytes.data(), bytes.size()));
     std::erase_if(externalThemes_, [&](const Theme& external) { return external.id == theme.id; });
+    if (!currentTheme_.isBuiltIn && currentTheme_.id == theme.id)
+        currentTheme_ = theme;
     externalThemes_.push_back(std::move(theme));
     notifyChanged();
 }

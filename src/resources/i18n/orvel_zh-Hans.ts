@@ -284,6 +284,69 @@
     </message>
 </context>
 <context>
+    <name>orvel::AppearanceSettingsTab</name>
+    <message>
+        <source>Theme</source>
+        <translation>主题</translation>
+    </message>
+    <message>
+        <source>Theme Files</source>
+        <translation>主题文件</translation>
+    </message>
+    <message>
+        <source>No custom themes installed.</source>
+        <translation>尚未安装自定义主题。</translation>
+    </message>
+    <message>
+        <source>Import Theme</source>
+        <translation>导入主题</translation>
+    </message>
+    <message>
+        <source>Fonts</source>
+        <translation>字体</translation>
+    </message>
+    <message>
+        <source>Interface font</source>
+        <translation>界面字体</translation>
+    </message>
+    <message>
+        <source>Monospaced font</source>
+        <translation>等宽字体</translation>
+    </message>
+    <message>
+        <source>Font size</source>
+        <translation>字号</translation>
+    </message>
+    <message>
+        <source>System Default</source>
+        <translation>系统默认</translation>
+    </message>
+    <message>
+        <source>%1 (built-in)</source>
+        <translation>%1（内置）</translation>
+    </message>
+    <message>
+        <source>Remove theme %1</source>
+        <translation>移除主题 %1</translation>
+    </message>
+    <message>
+        <source>Theme files (*.json)</source>
+        <translation>主题文件 (*.json)</translation>
+    </message>
+    <message>
+        <source>Remove the theme &quot;%1&quot;?</source>
+        <translation>移除主题“%1”？</translation>
+    </message>
+    <message>
+        <source>Its file is deleted from the themes folder. This can&apos;t be undone.</source>
+        <translation>它的文件将从主题文件夹中删除。此操作无法撤销。</translation>
+    </message>
+    <message>
+        <source>Remove</source>
+        <translation>移除</translation>
+    </message>
+</context>
+<context>
     <name>orvel::AutoFetchScheduler</name>
     <message>
         <source>Auto-fetch resumed.</source>
