@@ -1,24 +1,37 @@
 #include "settings/AppearanceSettingsPage.h"
 
+#include "core/queue/BackgroundWork.h"
 #include "core/support/Log.h"
 #include "settings/ThemeEngine.h"
 
+#include <QPointer>
+
 #include <exception>
-#include <functional>
+#include <optional>
+#include <type_traits>
 
 namespace orvel {
 
 namespace {
 
-// Runs `change` and answers the description of its failure, logged under `operation`, or nothing.
-QString failureOf(const char* operation, const std::function<void()>& change) {
+template <typename Value>
+struct Outcome {
+    std::optional<Value> value;
+    QString failure;
+};
+
+// Runs the blocking `block` on the pool; answers its value or the description of its failure,
+// logged under `operation`.
+template <typename Block>
+auto attemptOnPool(const char* operation, Block block) -> QCoro::Task<Outcome<std::invoke_result_t<Block&>>> {
+    Outcome<std::invoke_result_t<Block&>> outcome;
     try {
-        change();
+        outcome.value = co_await runOnPool(backgroundPool(), std::move(block));
     } catch (const std::exception& error) {
         qCWarning(lcUi, "op=%s reason=%s", operation, redactForLog(error.what()).c_str());
-        return QString::fromStdString(error.what());
+        outcome.failure = QString::fromStdString(error.what());
     }
-    return {};
+    co_return outcome;
 }
 
 } // namespace
@@ -42,14 +55,30 @@ void AppearanceSettingsPage::revert() {
     engine_.revertTheme();
 }
 
-bool AppearanceSettingsPage::importTheme(const QString& filePath) {
-    setErrorMessage(failureOf("theme.import", [&] { engine_.importTheme(filePath); }));
-    return errorMessage_.isEmpty();
+QCoro::Task<bool> AppearanceSettingsPage::importTheme(QString filePath) {
+    const QPointer<AppearanceSettingsPage> self(this);
+    auto outcome =
+        co_await attemptOnPool("theme.import", [filePath] { return ThemeEngine::storeThemeFile(filePath); });
+    if (!self)
+        co_return false;
+    if (outcome.value)
+        engine_.addExternalTheme(std::move(*outcome.value));
+    setErrorMessage(outcome.failure);
+    co_return outcome.value.has_value();
 }
 
-bool AppearanceSettingsPage::removeTheme(const QString& id) {
-    setErrorMessage(failureOf("theme.remove", [&] { engine_.removeTheme(id); }));
-    return errorMessage_.isEmpty();
+QCoro::Task<bool> AppearanceSettingsPage::removeTheme(QString id) {
+    const QPointer<AppearanceSettingsPage> self(this);
+    auto outcome = co_await attemptOnPool("theme.remove", [id] {
+        ThemeEngine::deleteThemeFile(id);
+        return true;
+    });
+    if (!self)
+        co_return false;
+    if (outcome.value)
+        engine_.forgetExternalTheme(id);
+    setErrorMessage(outcome.failure);
+    co_return outcome.value.has_value();
 }
 
 void AppearanceSettingsPage::setErrorMessage(const QString& message) {

@@ -27,9 +27,10 @@ class AppearanceSettingsPage final : public QObject, public SettingsPage {
     // The description of the last failed import or removal; a later success clears it.
     QString errorMessage() const override { return errorMessage_; }
 
-    // Answer whether the theme folder changed; a failure becomes errorMessage().
-    bool importTheme(const QString& filePath);
-    bool removeTheme(const QString& id);
+    // Answer whether the theme folder changed; a failure becomes errorMessage(). The file work
+    // runs off the GUI thread.
+    QCoro::Task<bool> importTheme(QString filePath);
+    QCoro::Task<bool> removeTheme(QString id);
 
   signals:
     void errorMessageChanged();

@@ -298,16 +298,30 @@ void ThemeEngine::revertTheme() {
     qCDebug(lcUi, "op=theme.revert hadSnapshot=true themeId=%s", qPrintable(currentTheme_.id));
 }
 
-// The bytes are kept as read, not encoded again. A re-import replaces the file and moves the theme
-// to the end of the list, and when that theme is in force its new colours show at once; an id that
-// a built-in theme has too is allowed, and lookups find the built-in one first.
 void ThemeEngine::importTheme(const QString& filePath) {
+    addExternalTheme(storeThemeFile(filePath));
+}
+
+void ThemeEngine::removeTheme(const QString& id) {
+    deleteThemeFile(id);
+    forgetExternalTheme(id);
+}
+
+// The bytes are kept as read, not encoded again, and replace a file of the same id.
+Theme ThemeEngine::storeThemeFile(const QString& filePath) {
     const QByteArray bytes = readThemeFile(filePath);
     Theme theme = decodeTheme(bytes, false);
     requireFileNameID(theme.id);
     const QString target = externalThemesDirectory() + u'/' + theme.id + themeSuffix;
     replaceFileAtomically(QFile::encodeName(target).toStdString(),
                           std::string_view(bytes.data(), bytes.size()));
+    return theme;
+}
+
+// A re-import moves the theme to the end of the list, and when that theme is in force its new
+// colours show at once. An id that a built-in theme has too is allowed: lookups find the built-in
+// one first.
+void ThemeEngine::addExternalTheme(Theme theme) {
     std::erase_if(externalThemes_, [&](const Theme& external) { return external.id == theme.id; });
     if (!currentTheme_.isBuiltIn && currentTheme_.id == theme.id)
         currentTheme_ = theme;
@@ -315,12 +329,16 @@ void ThemeEngine::importTheme(const QString& filePath) {
     notifyChanged();
 }
 
-void ThemeEngine::removeTheme(const QString& id) {
+void ThemeEngine::deleteThemeFile(const QString& id) {
     requireFileNameID(id);
     QFile file(externalThemesDirectory() + u'/' + id + themeSuffix);
     if (!file.remove())
         throw std::runtime_error(
             localized("Could not remove the theme %1: %2", id, file.errorString()).toStdString());
+}
+
+// The theme in force falls back to the first built-in one, which is stored as the choice.
+void ThemeEngine::forgetExternalTheme(const QString& id) {
     std::erase_if(externalThemes_, [&](const Theme& external) { return external.id == id; });
     if (currentTheme_.id == id) {
         currentTheme_ = builtInThemes_.empty() ? fallbackTheme() : builtInThemes_.front();
@@ -331,7 +349,7 @@ void ThemeEngine::removeTheme(const QString& id) {
 }
 
 // Made with its parent folders whenever it is asked for.
-QString ThemeEngine::externalThemesDirectory() const {
+QString ThemeEngine::externalThemesDirectory() {
     const QString base = QStandardPaths::writableLocation(QStandardPaths::AppDataLocation);
     if (base.isEmpty())
         throw std::runtime_error(localized("There is no folder for application data.").toStdString());

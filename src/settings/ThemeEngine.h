@@ -84,8 +84,15 @@ class ThemeEngine final : public QObject {
     // failure nothing has changed.
     void importTheme(const QString& filePath);
     void removeTheme(const QString& id);
-    // AppDataLocation + "/Themes", made when asked for.
-    QString externalThemesDirectory() const;
+    // AppDataLocation + "/Themes", made when asked for. Safe on any thread.
+    static QString externalThemesDirectory();
+
+    // The halves of an import and a removal: the file work, which blocks and may run on any thread,
+    // and the change of the lists, on the GUI thread. They throw as importTheme and removeTheme do.
+    static Theme storeThemeFile(const QString& filePath);
+    void addExternalTheme(Theme theme);
+    static void deleteThemeFile(const QString& id);
+    void forgetExternalTheme(const QString& id);
 
   signals:
     // Any colour or font may have changed (refreshID has risen): views repaint.

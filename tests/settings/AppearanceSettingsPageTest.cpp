@@ -83,19 +83,20 @@ TEST_F(AppearanceSettingsPageTest, RefusedImportsChangeNothingAndAReimportOfTheT
         {"no such file", work / "absent.json", "absent.json"},
     };
     for (const auto& c : refused) {
-        EXPECT_FALSE(page.importTheme(QString::fromStdString(c.file))) << c.what;
+        EXPECT_FALSE(test::await(page.importTheme(QString::fromStdString(c.file)))) << c.what;
         EXPECT_TRUE(page.errorMessage().contains(c.reason))
             << c.what << ": " << page.errorMessage().toStdString();
         EXPECT_TRUE(engine.externalThemes().empty()) << c.what;
         EXPECT_FALSE(std::filesystem::exists(externalFile("custom"))) << c.what;
     }
 
-    ASSERT_TRUE(page.importTheme(QString::fromStdString(writeTheme("custom", "Custom"))));
+    ASSERT_TRUE(test::await(page.importTheme(QString::fromStdString(writeTheme("custom", "Custom")))));
     EXPECT_TRUE(page.errorMessage().isEmpty());
     engine.previewFileTheme("custom");
-    ASSERT_TRUE(page.importTheme(QString::fromStdString(writeTheme("custom", "Custom 2", [](QJsonObject& o) {
-        edit(o, {"colors", "general", "accent"}, "#123456");
-    }))));
+    ASSERT_TRUE(test::await(
+        page.importTheme(QString::fromStdString(writeTheme("custom", "Custom 2", [](QJsonObject& o) {
+            edit(o, {"colors", "general", "accent"}, "#123456");
+        })))));
     EXPECT_EQ(engine.currentTheme().name, "Custom 2");
     EXPECT_EQ(engine.currentTheme().colors.general.accent.hex, "#123456");
     ASSERT_EQ(engine.externalThemes().size(), 1u);
@@ -103,11 +104,11 @@ TEST_F(AppearanceSettingsPageTest, RefusedImportsChangeNothingAndAReimportOfTheT
     // Removing the theme in force falls back at once; Cancel can't bring back a deleted file.
     test::await(page.apply());
     test::await(page.load());
-    ASSERT_TRUE(page.removeTheme("custom"));
+    ASSERT_TRUE(test::await(page.removeTheme("custom")));
     page.revert();
     EXPECT_EQ(engine.currentTheme().id, engine.builtInThemes().front().id);
     EXPECT_EQ(defaults.string("selectedThemeID"), engine.builtInThemes().front().id);
-    EXPECT_FALSE(page.removeTheme("custom"));
+    EXPECT_FALSE(test::await(page.removeTheme("custom")));
     EXPECT_FALSE(page.errorMessage().isEmpty());
 }
 
