@@ -101,6 +101,8 @@ TEST_F(AppearanceSettingsTabTest, PreviewsChoicesImportsAndRemovesThemeFilesAndF
     LocalizationManager::shared().switchLanguage("zh-Hans", defaults);
     EXPECT_TRUE(QTest::qWaitFor([&] { return remove->text() == QString::fromUtf8("移除主题 Custom"); }));
     EXPECT_EQ(noCustomThemes->text(), QString::fromUtf8("尚未安装自定义主题。"));
+    EXPECT_EQ(catalogue->model()->index(0, 0).data(Qt::ToolTipRole).toString(),
+              QString::fromUtf8("石油青、拉丝金、细线纹饰——草原"));
     test::saveScreenshot(tab, "settings-appearance-zh-Hans", tab.size());
     remove->click();
     auto* box = child<QMessageBox>(tab, "");

@@ -93,9 +93,6 @@ AppearanceSettingsTab::AppearanceSettingsTab(AppearanceSettingsPage& page, QWidg
         auto* item = new QStandardItem(theme.name);
         item->setEditable(false);
         item->setData(theme.id, idRole);
-        item->setData(theme.tag, CatalogueThemeDelegate::TagRole);
-        item->setData(theme.tag, Qt::ToolTipRole);
-        item->setData(theme.name + QStringLiteral(", ") + theme.tag, Qt::AccessibleTextRole);
         catalogueModel_->appendRow(item);
     }
     catalogueList_->setModel(catalogueModel_);
@@ -192,6 +189,17 @@ void AppearanceSettingsTab::retranslate() {
     fontSizeLabel_->setText(localized("Font size"));
     for (QComboBox* picker : {uiFontPicker_, monoFontPicker_})
         picker->setItemText(0, localized("System Default"));
+    const auto& catalogue = themeCatalogue();
+    for (int row = 0; row < catalogueModel_->rowCount(); ++row) {
+        const OrvelTheme& theme = catalogue[static_cast<std::size_t>(row)];
+        const QString tag = localized(theme.tag.toUtf8().constData());
+        QStandardItem* item = catalogueModel_->item(row);
+        item->setData(tag, CatalogueThemeDelegate::TagRole);
+        item->setToolTip(tag);
+        item->setData(theme.name + QStringLiteral(", ") + tag, Qt::AccessibleTextRole);
+    }
+    catalogueList_->setAccessibleName(catalogueTitle_->text());
+    fileThemeList_->setAccessibleName(filesTitle_->text());
     fileThemeModel_->clear(); // the built-in themes' label is translated too
     showEngineState();
 }
