@@ -52,7 +52,7 @@ TEST_F(AppearanceSettingsTabTest, PreviewsChoicesImportsAndRemovesThemeFilesAndF
     test::await(page.load());
     AppearanceSettingsTab tab(page);
     tab.addTopRow(new QLabel(QStringLiteral("Appearance: System")));
-    tab.resize(900, 620);
+    tab.resize(860, 580);
     tab.show();
     auto* catalogue = tab.findChild<QListView*>("settings.appearance.theme-picker");
     auto* files = tab.findChild<QListView*>("settings.appearance.theme-files");

@@ -17,6 +17,7 @@
 #include <QLabel>
 #include <QListView>
 #include <QPushButton>
+#include <QScrollBar>
 #include <QStandardItemModel>
 #include <QVBoxLayout>
 
@@ -98,6 +99,10 @@ AppearanceSettingsTab::AppearanceSettingsTab(AppearanceSettingsPage& page, QWidg
     catalogueList_->setModel(catalogueModel_);
     catalogueList_->setItemDelegate(new CatalogueThemeDelegate(catalogueList_));
     catalogueList_->setUniformItemSizes(true);
+    catalogueList_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    catalogueList_->setMinimumWidth(catalogueList_->sizeHintForColumn(0) +
+                                    catalogueList_->verticalScrollBar()->sizeHint().width() +
+                                    2 * catalogueList_->frameWidth());
     fileThemeList_->setModel(fileThemeModel_);
     fileThemeList_->setUniformItemSizes(true);
     fileThemeList_->setMaximumHeight(fileThemeList_->fontMetrics().height() * 9);

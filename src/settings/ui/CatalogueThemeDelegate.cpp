@@ -6,6 +6,8 @@
 #include <QPainter>
 #include <QPainterPath>
 
+#include <algorithm>
+
 namespace orvel {
 
 namespace {
@@ -13,6 +15,7 @@ namespace {
 constexpr int padding = 8;
 constexpr int sampleWidth = 104;
 constexpr int dotSize = 8;
+constexpr int minimumTextWidth = 120;
 
 // A palette in miniature: its window colour framed by its soft stroke, "Aa" in its text colour, and dots
 // of the accent, the change colours and the info colour.
@@ -72,7 +75,7 @@ void CatalogueThemeDelegate::paint(QPainter* painter, const QStyleOptionViewItem
     painter->restore();
 
     painter->save();
-    const int textWidth = samplesLeft - area.left() - padding;
+    const int textWidth = std::max(samplesLeft - area.left() - padding, 0);
     QFont nameFont = option.font;
     nameFont.setBold(true);
     const QFontMetrics nameMetrics(nameFont);
