@@ -81,6 +81,7 @@ TEST_F(AppearanceSettingsPageTest, RefusedImportsChangeNothingAndAReimportOfTheT
                     }),
          "fonts.caption"},
         {"no such file", work / "absent.json", "absent.json"},
+        {"an id that is not a file name", writeTheme("../custom", "Escape"), "can't be the id"},
     };
     for (const auto& c : refused) {
         EXPECT_FALSE(test::await(page.importTheme(QString::fromStdString(c.file)))) << c.what;

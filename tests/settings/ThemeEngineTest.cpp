@@ -181,13 +181,6 @@ TEST_F(ThemeEngineTest, ImportKeepsTheBytesMovesAReimportToTheEndAndRemovalFalls
     EXPECT_FALSE(engine.externalThemes().back().isBuiltIn);
     EXPECT_EQ(test::readFile(externalFile("custom")), test::readFile(second));
 
-    // A failed import changes nothing.
-    test::writeFile(work / "broken.json", "{}");
-    EXPECT_THROW(engine.importTheme(QString::fromStdString(work / "broken.json")), std::runtime_error);
-    EXPECT_THROW(engine.importTheme(QString::fromStdString(writeTheme("../escape", "Escape"))),
-                 std::runtime_error);
-    EXPECT_EQ(engine.externalThemes().size(), 2u);
-
     // The next start finds the imported files.
     engine.start(defaults);
     EXPECT_EQ(engine.externalThemes().size(), 2u);
