@@ -160,12 +160,15 @@ std::vector<Theme> ThemeEngine::allThemes() const {
     return themes;
 }
 
-const ThemeTokens& ThemeEngine::tokens(ColorScheme scheme) const {
-    const QString& active = pendingThemeID_.value_or(savedThemeID_);
+const OrvelTheme& catalogueTheme(const QString& id) {
     const auto& catalogue = themeCatalogue();
-    auto found = std::find_if(catalogue.begin(), catalogue.end(),
-                              [&](const OrvelTheme& theme) { return theme.id == active; });
-    const OrvelTheme& theme = found != catalogue.end() ? *found : catalogue.front();
+    const auto found = std::find_if(catalogue.begin(), catalogue.end(),
+                                    [&](const OrvelTheme& theme) { return theme.id == id; });
+    return found != catalogue.end() ? *found : catalogue.front();
+}
+
+const ThemeTokens& ThemeEngine::tokens(ColorScheme scheme) const {
+    const OrvelTheme& theme = catalogueTheme(activeCatalogueID());
     return scheme == ColorScheme::dark ? theme.palette.dark : theme.palette.light;
 }
 
@@ -250,6 +253,13 @@ void ThemeEngine::previewTheme(const QString& id) {
     notifyChanged();
 }
 
+void ThemeEngine::previewFileTheme(const QString& id) {
+    if (const Theme* theme = findTheme(id))
+        currentTheme_ = *theme;
+    qCDebug(lcUi, "op=theme.preview themeId=%s", qPrintable(id));
+    notifyChanged();
+}
+
 void ThemeEngine::commitTheme() {
     if (defaults_)
         defaults_->setValue(QStringLiteral("selectedThemeID"), currentTheme_.id);
@@ -288,27 +298,47 @@ void ThemeEngine::revertTheme() {
     qCDebug(lcUi, "op=theme.revert hadSnapshot=true themeId=%s", qPrintable(currentTheme_.id));
 }
 
-// The bytes are kept as read, not encoded again. A re-import replaces the file and moves the theme
-// to the end of the list; an id that a built-in theme has too is allowed, and lookups find the
-// built-in one first.
 void ThemeEngine::importTheme(const QString& filePath) {
+    addExternalTheme(storeThemeFile(filePath));
+}
+
+void ThemeEngine::removeTheme(const QString& id) {
+    deleteThemeFile(id);
+    forgetExternalTheme(id);
+}
+
+// The bytes are kept as read, not encoded again, and replace a file of the same id.
+Theme ThemeEngine::storeThemeFile(const QString& filePath) {
     const QByteArray bytes = readThemeFile(filePath);
     Theme theme = decodeTheme(bytes, false);
     requireFileNameID(theme.id);
     const QString target = externalThemesDirectory() + u'/' + theme.id + themeSuffix;
     replaceFileAtomically(QFile::encodeName(target).toStdString(),
                           std::string_view(bytes.data(), bytes.size()));
+    return theme;
+}
+
+// A re-import moves the theme to the end of the list, and when that theme is in force its new
+// colours show at once. An id that a built-in theme has too is allowed: lookups find the built-in
+// one first.
+void ThemeEngine::addExternalTheme(Theme theme) {
     std::erase_if(externalThemes_, [&](const Theme& external) { return external.id == theme.id; });
+    if (!currentTheme_.isBuiltIn && currentTheme_.id == theme.id)
+        currentTheme_ = theme;
     externalThemes_.push_back(std::move(theme));
     notifyChanged();
 }
 
-void ThemeEngine::removeTheme(const QString& id) {
+void ThemeEngine::deleteThemeFile(const QString& id) {
     requireFileNameID(id);
     QFile file(externalThemesDirectory() + u'/' + id + themeSuffix);
     if (!file.remove())
         throw std::runtime_error(
             localized("Could not remove the theme %1: %2", id, file.errorString()).toStdString());
+}
+
+// The theme in force falls back to the first built-in one, which is stored as the choice.
+void ThemeEngine::forgetExternalTheme(const QString& id) {
     std::erase_if(externalThemes_, [&](const Theme& external) { return external.id == id; });
     if (currentTheme_.id == id) {
         currentTheme_ = builtInThemes_.empty() ? fallbackTheme() : builtInThemes_.front();
@@ -319,7 +349,7 @@ void ThemeEngine::removeTheme(const QString& id) {
 }
 
 // Made with its parent folders whenever it is asked for.
-QString ThemeEngine::externalThemesDirectory() const {
+QString ThemeEngine::externalThemesDirectory() {
     const QString base = QStandardPaths::writableLocation(QStandardPaths::AppDataLocation);
     if (base.isEmpty())
         throw std::runtime_error(localized("There is no folder for application data.").toStdString());

@@ -20,6 +20,8 @@ class UserDefaults;
 
 // The catalogue of compiled-in palettes; the first entry ("dala") is the default.
 const std::vector<OrvelTheme>& themeCatalogue();
+// The first catalogue theme with `id`, or the default one when none has it.
+const OrvelTheme& catalogueTheme(const QString& id);
 
 class ThemeEngine final : public QObject {
     Q_OBJECT
@@ -61,6 +63,8 @@ class ThemeEngine final : public QObject {
     const std::optional<QString>& uiFontFamily() const { return uiFontFamily_; }
     const QString& savedThemeID() const { return savedThemeID_; }
     const std::optional<QString>& pendingThemeID() const { return pendingThemeID_; }
+    // The catalogue theme in force: the one being previewed, else the committed one.
+    const QString& activeCatalogueID() const { return pendingThemeID_ ? *pendingThemeID_ : savedThemeID_; }
     const std::optional<Snapshot>& snapshot() const { return snapshot_; }
 
     void setFontSizeOffset(double value);
@@ -68,7 +72,11 @@ class ThemeEngine final : public QObject {
     void setUIFontFamily(std::optional<QString> name);
 
     void saveSnapshot();
+    // Previews `id` as the catalogue theme and, when a file theme has that id, as the file theme.
     void previewTheme(const QString& id);
+    // Previews the file theme `id` and leaves the catalogue theme as it is, so that picking a file
+    // theme after a palette keeps the palette.
+    void previewFileTheme(const QString& id);
     void commitTheme();
     void revertTheme();
 
@@ -76,8 +84,15 @@ class ThemeEngine final : public QObject {
     // failure nothing has changed.
     void importTheme(const QString& filePath);
     void removeTheme(const QString& id);
-    // AppDataLocation + "/Themes", made when asked for.
-    QString externalThemesDirectory() const;
+    // AppDataLocation + "/Themes", made when asked for. Safe on any thread.
+    static QString externalThemesDirectory();
+
+    // The halves of an import and a removal: the file work, which blocks and may run on any thread,
+    // and the change of the lists, on the GUI thread. They throw as importTheme and removeTheme do.
+    static Theme storeThemeFile(const QString& filePath);
+    void addExternalTheme(Theme theme);
+    static void deleteThemeFile(const QString& id);
+    void forgetExternalTheme(const QString& id);
 
   signals:
     // Any colour or font may have changed (refreshID has risen): views repaint.

@@ -284,6 +284,69 @@
     </message>
 </context>
 <context>
+    <name>orvel::AppearanceSettingsTab</name>
+    <message>
+        <source>Theme</source>
+        <translation>主题</translation>
+    </message>
+    <message>
+        <source>Theme Files</source>
+        <translation>主题文件</translation>
+    </message>
+    <message>
+        <source>No custom themes installed.</source>
+        <translation>尚未安装自定义主题。</translation>
+    </message>
+    <message>
+        <source>Import Theme</source>
+        <translation>导入主题</translation>
+    </message>
+    <message>
+        <source>Fonts</source>
+        <translation>字体</translation>
+    </message>
+    <message>
+        <source>Interface font</source>
+        <translation>界面字体</translation>
+    </message>
+    <message>
+        <source>Monospaced font</source>
+        <translation>等宽字体</translation>
+    </message>
+    <message>
+        <source>Font size</source>
+        <translation>字号</translation>
+    </message>
+    <message>
+        <source>System Default</source>
+        <translation>系统默认</translation>
+    </message>
+    <message>
+        <source>%1 (built-in)</source>
+        <translation>%1（内置）</translation>
+    </message>
+    <message>
+        <source>Remove theme %1</source>
+        <translation>移除主题 %1</translation>
+    </message>
+    <message>
+        <source>Theme files (*.json)</source>
+        <translation>主题文件 (*.json)</translation>
+    </message>
+    <message>
+        <source>Remove the theme &quot;%1&quot;?</source>
+        <translation>移除主题“%1”？</translation>
+    </message>
+    <message>
+        <source>Its file is deleted from the themes folder. This can&apos;t be undone.</source>
+        <translation>它的文件将从主题文件夹中删除。此操作无法撤销。</translation>
+    </message>
+    <message>
+        <source>Remove</source>
+        <translation>移除</translation>
+    </message>
+</context>
+<context>
     <name>orvel::AutoFetchScheduler</name>
     <message>
         <source>Auto-fetch resumed.</source>
@@ -2984,6 +3047,101 @@
     <message>
         <source>Done</source>
         <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>orvel::ThemeCatalogue</name>
+    <message>
+        <source>Petrol teal, brushed gold, hairline ornament — the steppe</source>
+        <translation>石油青、拉丝金、细线纹饰——草原</translation>
+    </message>
+    <message>
+        <source>Sky steel — brushed pewter, cool phosphor</source>
+        <translation>天空钢——拉丝锡镴、冷磷光</translation>
+    </message>
+    <message>
+        <source>White palace — champagne on obsidian</source>
+        <translation>白色宫殿——黑曜石上的香槟色</translation>
+    </message>
+    <message>
+        <source>Ember — oxy orange, violet core, electric mint</source>
+        <translation>余烬——氧化橙、紫罗兰内核、电光薄荷</translation>
+    </message>
+    <message>
+        <source>Nomad — felt ochre, horizon blue, herb green</source>
+        <translation>游牧——毛毡赭、地平线蓝、草本绿</translation>
+    </message>
+    <message>
+        <source>Paper — ink, foxed vellum, library lamp</source>
+        <translation>纸张——墨水、泛黄的羊皮纸、图书馆的灯</translation>
+    </message>
+    <message>
+        <source>Summer pasture — oat, driftwood, sage</source>
+        <translation>夏季牧场——燕麦、浮木、鼠尾草</translation>
+    </message>
+    <message>
+        <source>Complete — saturated full spectrum</source>
+        <translation>完整——饱和的全光谱</translation>
+    </message>
+    <message>
+        <source>Pale sky — chalk blue, dove grey, faded plaster</source>
+        <translation>淡天——粉笔蓝、鸽灰、褪色的灰泥</translation>
+    </message>
+    <message>
+        <source>Dusty olive — sage, pear-bloom, faded eucalyptus</source>
+        <translation>灰橄榄——鼠尾草、梨花、褪色的桉叶</translation>
+    </message>
+    <message>
+        <source>Clear, distinct — WCAG AAA reference</source>
+        <translation>清晰、分明——WCAG AAA 基准</translation>
+    </message>
+    <message>
+        <source>Qara Saksaýyl — black saxaul. Dusk dunes, desert wood.</source>
+        <translation>Qara Saksaýyl——黑梭梭。黄昏的沙丘、荒漠之木。</translation>
+    </message>
+    <message>
+        <source>Aq-Qyzyl — white &amp; red. Kiln-fired earthenware.</source>
+        <translation>Aq-Qyzyl——白与红。窑烧的陶器。</translation>
+    </message>
+    <message>
+        <source>Janar — glowing, radiant. LCL violet, radiant green.</source>
+        <translation>Janar——闪耀、光芒四射。LCL 紫、辐射绿。</translation>
+    </message>
+    <message>
+        <source>Altyn Jol — golden road. Blueprint cobalt, canvas off-white.</source>
+        <translation>Altyn Jol——金色之路。蓝图钴蓝、画布米白。</translation>
+    </message>
+    <message>
+        <source>Tün Perde — night veil. Noir indigo, silk moon.</source>
+        <translation>Tün Perde——夜幕。黑靛蓝、丝绸之月。</translation>
+    </message>
+    <message>
+        <source>Kün Dala — sun steppe. Copper sun, kelp, horizon.</source>
+        <translation>Kün Dala——阳光草原。铜色的太阳、海藻、地平线。</translation>
+    </message>
+    <message>
+        <source>RX-78 — Federation livery. Ivory plating, core red, thruster yellow.</source>
+        <translation>RX-78——联邦涂装。象牙色装甲、核心红、推进器黄。</translation>
+    </message>
+    <message>
+        <source>Zeon — Char&apos;s crimson. Three times faster.</source>
+        <translation>Zeon——夏亚的深红。三倍速。</translation>
+    </message>
+    <message>
+        <source>Neo Almaty — cyberpunk city. Hot magenta, cyan neon, midnight slab.</source>
+        <translation>Neo Almaty——赛博朋克之城。炽热品红、青色霓虹、午夜石板。</translation>
+    </message>
+    <message>
+        <source>Fluor — fluorescent high-contrast. Neon markers on pitch.</source>
+        <translation>Fluor——荧光高对比度。漆黑上的霓虹记号。</translation>
+    </message>
+    <message>
+        <source>Aquarelle — watercolour wash. Damp paper, bleeding pigments.</source>
+        <translation>Aquarelle——水彩晕染。湿纸、渗开的颜料。</translation>
+    </message>
+    <message>
+        <source>Köki Altyn — sky and gold. The national palette.</source>
+        <translation>Köki Altyn——天空与金色。国家的配色。</translation>
     </message>
 </context>
 <context>
