@@ -2,6 +2,7 @@
 #include "app/Appearance.h"
 #include "app/OrvelApp.h"
 #include "core/support/Version.h"
+#include "settings/GeneralSettingsViewModel.h"
 #include "workspace/AppViewModel.h"
 #include "workspace/WorkspaceTabState.h"
 #include "workspace/WorkspaceViewModel.h"
@@ -51,7 +52,8 @@ int main(int argc, char** argv) {
     orvel::OrvelApp app;
     orvel::MainWindow window(app.appViewModel(), app.defaults());
     orvel::CredentialDialog credentialDialog(app.credentialManager(), &window);
-    QObject::connect(&window, &orvel::MainWindow::appearanceChosen, &orvel::applyAppearance);
+    QObject::connect(&window.generalSettings(), &orvel::GeneralSettingsViewModel::appearanceChanged,
+                     &orvel::applyAppearance);
     reportPaintedGraphs(window, app.appViewModel());
     window.show();
     window.raise();
