@@ -39,7 +39,12 @@ AppearancePicker::AppearancePicker(GeneralSettingsViewModel& model, QWidget* par
         values.appearance = value.toString();
         model_.setValues(values);
     });
-    auto show = [this] { picker_->showValue(model_.values().appearance); };
+    // Any value but light or dark follows the system, and shows so.
+    auto show = [this] {
+        const QString appearance = model_.values().appearance;
+        const bool forced = appearance == QLatin1String("light") || appearance == QLatin1String("dark");
+        picker_->showValue(forced ? appearance : QStringLiteral("system"));
+    };
     connect(&model_, &GeneralSettingsViewModel::appearanceChanged, this, show);
     show();
     retranslate();
