@@ -1,10 +1,11 @@
 // The General tab's preferences against the program's own settings file: what a fresh install
-// shows, values of the wrong kind, Apply storing all ten, and Cancel dropping every edit while it
-// brings the stored appearance back.
+// shows, values of the wrong kind, Apply storing all ten and switching the language, and Cancel
+// dropping every edit while it brings the stored appearance back.
 #include "settings/GeneralSettingsViewModel.h"
 
 #include "core/support/UserDefaults.h"
 #include "core/support/Version.h"
+#include "settings/LocalizationManager.h"
 #include "support/Await.h"
 
 #include <QSignalSpy>
@@ -100,7 +101,7 @@ TEST_F(GeneralSettingsStore, CancelDropsEveryEditAndApplyStoresThemAll) {
 
     GeneralSettings edited;
     edited.appearance = "dark";
-    edited.language = stored.language;
+    edited.language = "zh-Hans";
     edited.autoFetchInterval = 2;
     edited.autoPrune = false;
     edited.branchSpaceReplacement = "_";
@@ -120,11 +121,15 @@ TEST_F(GeneralSettingsStore, CancelDropsEveryEditAndApplyStoresThemAll) {
     EXPECT_EQ(appearances.takeFirst().at(0).toString(), "system");
     for (const QString& key : keys)
         EXPECT_FALSE(store.value(key).isValid()) << key.toStdString();
+    EXPECT_EQ(LocalizationManager::shared().currentLanguage(), "en");
 
+    // Apply: stored, and the language switched while the program runs.
     model.setValues(edited);
     test::await(model.apply());
     EXPECT_EQ(GeneralSettings::read(SettingsUserDefaults()), edited);
     EXPECT_EQ(intervals.size(), 1);
+    EXPECT_EQ(LocalizationManager::shared().currentLanguage(), "zh-Hans");
+    EXPECT_EQ(localized("Cancel"), QString::fromUtf8("取消"));
     // What was applied is what a later Cancel returns to.
     GeneralSettings again = edited;
     again.autoPrune = true;
@@ -133,4 +138,5 @@ TEST_F(GeneralSettingsStore, CancelDropsEveryEditAndApplyStoresThemAll) {
     EXPECT_EQ(model.values(), edited);
     test::await(model.apply());
     EXPECT_EQ(intervals.size(), 1);
+    LocalizationManager::shared().switchLanguage("en", store);
 }
