@@ -47,30 +47,22 @@ QString localeLanguage() {
     return QLocale::languageToCode(locale.language());
 }
 
+// In the order of the enumeration.
+struct InitFileNames {
+    const char* rawValue;
+    const char* fileName;
+};
+constexpr InitFileNames initFileNames[] = {
+    {"gitkeep", ".gitkeep"}, {"readme", "README.md"}, {"gitignore", ".gitignore"}};
+
 } // namespace
 
 QString rawValue(EmptyRepoInitFile file) {
-    switch (file) {
-    case EmptyRepoInitFile::readme:
-        return QStringLiteral("readme");
-    case EmptyRepoInitFile::gitignore:
-        return QStringLiteral("gitignore");
-    case EmptyRepoInitFile::gitkeep:
-        break;
-    }
-    return QStringLiteral("gitkeep");
+    return QLatin1String(initFileNames[static_cast<std::size_t>(file)].rawValue);
 }
 
 QString initialFileName(EmptyRepoInitFile file) {
-    switch (file) {
-    case EmptyRepoInitFile::readme:
-        return QStringLiteral("README.md");
-    case EmptyRepoInitFile::gitignore:
-        return QStringLiteral(".gitignore");
-    case EmptyRepoInitFile::gitkeep:
-        break;
-    }
-    return QStringLiteral(".gitkeep");
+    return QLatin1String(initFileNames[static_cast<std::size_t>(file)].fileName);
 }
 
 EmptyRepoInitFile emptyRepoInitFileOf(const QString& stored) {
