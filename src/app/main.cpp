@@ -6,6 +6,7 @@
 #include "app/OrvelApp.h"
 #include "app/SingleInstance.h"
 #include "core/support/Version.h"
+#include "settings/GeneralSettingsViewModel.h"
 #include "workspace/AppViewModel.h"
 #include "workspace/WorkspaceTabState.h"
 #include "workspace/WorkspaceViewModel.h"
@@ -73,7 +74,8 @@ int main(int argc, char** argv) {
     orvel::OrvelApp app;
     orvel::MainWindow window(app.appViewModel(), app.defaults());
     orvel::CredentialDialog credentialDialog(app.credentialManager(), &window);
-    QObject::connect(&window, &orvel::MainWindow::appearanceChosen, &orvel::applyAppearance);
+    QObject::connect(&window.generalSettings(), &orvel::GeneralSettingsViewModel::appearanceChanged,
+                     &orvel::applyAppearance);
     reportPaintedGraphs(window, app.appViewModel());
     orvel::FolderOpener opener(app.appViewModel());
     QObject::connect(&instance, &orvel::SingleInstance::foldersHandedOver, &opener,

@@ -30,6 +30,7 @@ namespace orvel {
 class AnswerChannel;
 class GitServiceProtocol;
 class ToastManager;
+class UserDefaults;
 
 // Lives on the GUI thread; git runs only through the service.
 class ChangesPaneViewModel final : public QObject {
@@ -46,8 +47,9 @@ class ChangesPaneViewModel final : public QObject {
 
     const RepoEntry& repo() const { return repo_; }
     void setActivityCallback(ActivityCallback callback) { activity_ = std::move(callback); }
-    // Whether the fetch after a commit and push prunes ("autoPrune").
-    void setAutoPrune(bool prune) { autoPrune_ = prune; }
+    // The settings store, read at each push for whether the fetch after it prunes ("autoPrune",
+    // default on); without one it prunes.
+    void setDefaults(const UserDefaults* defaults) { defaults_ = defaults; }
 
     const std::vector<FileChange>& stagedFiles() const { return stagedFiles_; }
     const std::vector<FileChange>& unstagedFiles() const { return unstagedFiles_; }
@@ -180,7 +182,7 @@ class ChangesPaneViewModel final : public QObject {
     std::shared_ptr<GitServiceProtocol> service_;
     ToastManager& toasts_;
     ActivityCallback activity_;
-    bool autoPrune_ = true;
+    const UserDefaults* defaults_ = nullptr;
     LoadGeneration statusLoads_;
 
     RepositoryState repoState_;

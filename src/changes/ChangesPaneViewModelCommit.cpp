@@ -6,6 +6,7 @@
 #include "changes/CommitMessage.h"
 #include "core/service/GitServiceProtocol.h"
 #include "core/support/Log.h"
+#include "core/support/UserDefaults.h"
 #include "notices/ToastManager.h"
 #include "settings/LocalizationManager.h"
 
@@ -127,7 +128,7 @@ QCoro::Task<void> ChangesPaneViewModel::push(bool wasAmend, bool rewritesPushedC
     QPointer<ChangesPaneViewModel> self(this);
     auto service = service_;
     const RepoEntry repo = repo_;
-    const bool prune = autoPrune_;
+    const bool prune = !defaults_ || defaults_->value(QStringLiteral("autoPrune"), true).toBool();
     if (cancellation.stop_requested())
         co_return;
     if (rewritesPushedCommit) {

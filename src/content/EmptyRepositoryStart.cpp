@@ -4,7 +4,7 @@
 #include "core/service/GitServiceProtocol.h"
 #include "core/support/AtomicFile.h"
 #include "core/support/UserDefaults.h"
-#include "core/support/Version.h"
+#include "settings/GeneralSettings.h"
 
 #include <QFile>
 
@@ -16,15 +16,6 @@ namespace {
 constexpr const char* fallbackGitignore =
     ".DS_Store\n.build/\nbuild/\nDerivedData/\nnode_modules/\n.env\n*.log\n";
 
-// The setting holds the kind's name; its file name is accepted too.
-QString initialFileName(const QString& stored) {
-    if (stored == QLatin1String("readme") || stored == QLatin1String("README.md"))
-        return QStringLiteral("README.md");
-    if (stored == QLatin1String("gitignore") || stored == QLatin1String(".gitignore"))
-        return QStringLiteral(".gitignore");
-    return QStringLiteral(".gitkeep");
-}
-
 std::string gitignoreText(const QString& resource) {
     QFile file(resource);
     if (!resource.isEmpty() && file.open(QIODevice::ReadOnly))
@@ -34,10 +25,6 @@ std::string gitignoreText(const QString& resource) {
 
 } // namespace
 
-QString defaultEmptyRepoInitDescription() {
-    return QStringLiteral("Init by Orvel ") + QLatin1String(orvelVersion) + QStringLiteral(" - Git GUI");
-}
-
 EmptyRepositoryStart EmptyRepositoryStart::fromSettings(const UserDefaults& defaults, const QString& repoName,
                                                         const QString& gitignoreResource) {
     EmptyRepositoryStart start;
@@ -45,8 +32,8 @@ EmptyRepositoryStart EmptyRepositoryStart::fromSettings(const UserDefaults& defa
     start.description = defaults.string(QStringLiteral("emptyRepoInitDesc"));
     if (start.description.isEmpty())
         start.description = defaultEmptyRepoInitDescription();
-    start.fileName =
-        initialFileName(defaults.string(QStringLiteral("emptyRepoInitFile"), QStringLiteral("gitkeep")));
+    start.fileName = initialFileName(
+        emptyRepoInitFileOf(defaults.string(QStringLiteral("emptyRepoInitFile"), QStringLiteral("gitkeep"))));
     if (start.fileName == QLatin1String("README.md"))
         start.fileContent = "# " + repoName.toStdString() + "\n";
     else if (start.fileName == QLatin1String(".gitignore"))

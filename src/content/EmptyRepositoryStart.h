@@ -32,9 +32,6 @@ struct EmptyRepositoryStart {
     std::string commitMessage() const;
 };
 
-// "Init by Orvel <version> - Git GUI", the default of "emptyRepoInitDesc".
-QString defaultEmptyRepoInitDescription();
-
 // Writes the file, stages it, commits and pushes to "origin", in this order. A failure stops
 // there and undoes nothing: a failed push leaves the commit in place.
 QCoro::Task<void> startEmptyRepository(std::shared_ptr<GitServiceProtocol> service, RepoEntry repo,

@@ -163,7 +163,7 @@ void AppViewModel::openTab(const RepoEntry& entry, std::optional<QCoro::Task<std
     qCDebug(lcApp, "op=tab.open tabCount=%ld", static_cast<long>(openTabs_.size() + 1));
     WorkspaceTabState::Options options;
     options.maintainCommitGraph = defaults_.value(QStringLiteral("maintainCommitGraph"), true).toBool();
-    options.autoPrune = defaults_.value(QStringLiteral("autoPrune"), true).toBool();
+    options.defaults = &defaults_;
     auto tab = std::make_unique<WorkspaceTabState>(entry, service_, toastManager_, options);
     WorkspaceTabState* opened = tab.get();
     // The tab's actions show one activity at a time: a new message replaces the tab's last one.

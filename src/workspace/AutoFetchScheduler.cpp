@@ -54,6 +54,11 @@ void AutoFetchScheduler::resume() {
     app_.toastManager().show(localized("Auto-fetch resumed."), ToastType::notice);
 }
 
+void AutoFetchScheduler::intervalChanged() {
+    if (running_)
+        start();
+}
+
 void AutoFetchScheduler::sleep(int loop) {
     if (loop != loop_)
         return;

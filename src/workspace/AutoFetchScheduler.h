@@ -32,6 +32,9 @@ class AutoFetchScheduler final : public QObject {
     void stop();
     // After a manual fetch that worked: when the loop had given up, it starts again with a notice.
     void resume();
+    // The interval setting changed: a running loop starts over, so that it sleeps the new interval
+    // from now instead of finishing the old one first.
+    void intervalChanged();
 
     bool isRunning() const { return running_; }
     bool isBackedOff() const { return backedOff_; }

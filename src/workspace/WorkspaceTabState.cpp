@@ -31,10 +31,10 @@ WorkspaceTabState::WorkspaceTabState(RepoEntry repo, std::shared_ptr<GitServiceP
       content_(std::make_unique<ContentViewModel>(service_)),
       conflictBanner_(std::make_unique<ConflictBannerViewModel>(repo_, service_, toasts_)),
       sidebar_(std::make_unique<SidebarViewModel>(service_, toasts_)),
-      diff_(std::make_unique<DiffDetailViewModel>(repo_, service_)) {
+      diff_(std::make_unique<DiffDetailViewModel>(repo_, service_, options_.defaults)) {
     if (!currentBranchName_)
         detachedHead_ = repo_.headHash;
-    changes_->setAutoPrune(options_.autoPrune);
+    changes_->setDefaults(options_.defaults);
     connect(changes_.get(), &ChangesPaneViewModel::commitSucceeded, this,
             &WorkspaceTabState::commitSucceeded);
     connect(changes_.get(), &ChangesPaneViewModel::stashCompleted, this, [this] {

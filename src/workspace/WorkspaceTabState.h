@@ -31,6 +31,7 @@ class GitServiceProtocol;
 class RepoGraphPaneViewModel;
 class SidebarViewModel;
 class ToastManager;
+class UserDefaults;
 class WorkspaceViewModel;
 
 class WorkspaceTabState final : public QObject {
@@ -41,8 +42,9 @@ class WorkspaceTabState final : public QObject {
         // Keep git's commit-graph file current after the first graph load ("maintainCommitGraph").
         bool maintainCommitGraph = true;
         std::chrono::milliseconds watcherDebounce{500};
-        // Whether the fetch after a commit and push prunes ("autoPrune").
-        bool autoPrune = true;
+        // The settings store, read where a setting is used, so that a change applies to the open
+        // tab: the large-file thresholds of the diff, the prune of the fetch after a push.
+        const UserDefaults* defaults = nullptr;
     };
 
     WorkspaceTabState(RepoEntry repo, std::shared_ptr<GitServiceProtocol> service, ToastManager& toasts,

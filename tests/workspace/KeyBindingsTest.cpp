@@ -72,7 +72,7 @@ TEST_F(Rebinding, RecordedShortcutReachesTheMenuAndPersists) {
     auto& fetch = *window.findChild<QAction*>("menu.fetch");
     EXPECT_EQ(fetch.shortcut().toString(QKeySequence::NativeText), "Ctrl+Shift+F");
 
-    SettingsDialog settings(&window);
+    SettingsDialog settings(model.toastManager(), window.generalSettings(), &window);
     settings.show();
     auto& record = *settings.findChild<QPushButton*>("keybinding.row.fetch.record");
     auto& display = *settings.findChild<QLabel*>("keybinding.row.fetch.display");

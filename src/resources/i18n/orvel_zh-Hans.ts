@@ -2551,11 +2551,39 @@
     <name>orvel::SettingsDialog</name>
     <message>
         <source>Settings</source>
-        <translation type="unfinished"></translation>
+        <translation>设置</translation>
+    </message>
+    <message>
+        <source>Appearance</source>
+        <translation>外观</translation>
+    </message>
+    <message>
+        <source>General</source>
+        <translation>通用</translation>
+    </message>
+    <message>
+        <source>Git</source>
+        <translation>Git</translation>
+    </message>
+    <message>
+        <source>Signing</source>
+        <translation>签名</translation>
     </message>
     <message>
         <source>Keyboard</source>
-        <translation type="unfinished"></translation>
+        <translation>键盘</translation>
+    </message>
+    <message>
+        <source>Apply</source>
+        <translation>应用</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>取消</translation>
+    </message>
+    <message>
+        <source>Some settings failed to save</source>
+        <translation>部分设置未能保存</translation>
     </message>
 </context>
 <context>
@@ -3454,6 +3482,104 @@
     <message>
         <source>Live refresh is off for %1: the system&apos;s limit of file watches is reached. Changes made outside Orvel show after a manual refresh.</source>
         <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>orvel::AppearancePicker</name>
+    <message>
+        <source>System</source>
+        <translation>跟随系统</translation>
+    </message>
+    <message>
+        <source>Light</source>
+        <translation>浅色</translation>
+    </message>
+    <message>
+        <source>Dark</source>
+        <translation>深色</translation>
+    </message>
+    <message>
+        <source>Appearance:</source>
+        <translation>外观：</translation>
+    </message>
+    <message>
+        <source>Appearance</source>
+        <translation>外观</translation>
+    </message>
+</context>
+<context>
+    <name>orvel::GeneralSettingsTab</name>
+    <message>
+        <source>Hyphen (-)</source>
+        <translation>连字符 (-)</translation>
+    </message>
+    <message>
+        <source>Underscore (_)</source>
+        <translation>下划线 (_)</translation>
+    </message>
+    <message>
+        <source>Dot (.)</source>
+        <translation>点 (.)</translation>
+    </message>
+    <message>
+        <source>%1 MB</source>
+        <translation>%1 MB</translation>
+    </message>
+    <message>
+        <source>%1K lines</source>
+        <translation>%1K 行</translation>
+    </message>
+    <message>
+        <source>Language</source>
+        <translation>语言</translation>
+    </message>
+    <message>
+        <source>Auto-Fetch Interval (min)</source>
+        <translation>自动获取间隔（分钟）</translation>
+    </message>
+    <message>
+        <source>Off</source>
+        <translation>关闭</translation>
+    </message>
+    <message>
+        <source>Auto-Prune</source>
+        <translation>自动清理</translation>
+    </message>
+    <message>
+        <source>Branch Creation</source>
+        <translation>分支创建</translation>
+    </message>
+    <message>
+        <source>Replace spaces with</source>
+        <translation>空格替换为</translation>
+    </message>
+    <message>
+        <source>Clone &amp; Init</source>
+        <translation>克隆与初始化</translation>
+    </message>
+    <message>
+        <source>Init commit message</source>
+        <translation>初始提交信息</translation>
+    </message>
+    <message>
+        <source>Init commit description</source>
+        <translation>初始提交描述</translation>
+    </message>
+    <message>
+        <source>Initial file for empty repos</source>
+        <translation>空仓库的初始文件</translation>
+    </message>
+    <message>
+        <source>Diff</source>
+        <translation>差异</translation>
+    </message>
+    <message>
+        <source>Large file size</source>
+        <translation>大文件大小</translation>
+    </message>
+    <message>
+        <source>Large file lines</source>
+        <translation>大文件行数</translation>
     </message>
 </context>
 </TS>

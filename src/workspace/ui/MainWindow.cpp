@@ -4,9 +4,11 @@
 #include "content/ui/WelcomeView.h"
 #include "core/support/UserDefaults.h"
 #include "core/support/Version.h"
+#include "settings/GeneralSettingsViewModel.h"
 #include "settings/LocalizationManager.h"
 #include "widgets/BoundShortcut.h"
 #include "workspace/AppViewModel.h"
+#include "workspace/AutoFetchScheduler.h"
 #include "workspace/ShortcutText.h"
 #include "workspace/ui/GitToolbar.h"
 #include "workspace/ui/RepositoryTabView.h"
@@ -37,7 +39,6 @@ namespace orvel {
 namespace {
 
 const QString geometryKey = QStringLiteral("mainWindowGeometry");
-const QString appearanceKey = QStringLiteral("appearance");
 
 // The local folders among the dropped URLs.
 QStringList droppedFolders(const QMimeData* data) {
@@ -65,7 +66,8 @@ void forwardToFocus(const char* slot) {
 } // namespace
 
 MainWindow::MainWindow(AppViewModel& model, UserDefaults& defaults, QWidget* parent)
-    : QMainWindow(parent), model_(model), defaults_(defaults), pages_(new QStackedWidget(this)),
+    : QMainWindow(parent), model_(model), defaults_(defaults),
+      generalSettings_(new GeneralSettingsViewModel(defaults, this)), pages_(new QStackedWidget(this)),
       welcomeModel_(new WelcomeViewModel(model.service(), this,
                                          std::shared_ptr<UserDefaults>(&defaults, [](UserDefaults*) {}))),
       welcome_(new WelcomeView(*welcomeModel_, pages_)), workArea_(new QWidget(pages_)),
@@ -122,6 +124,10 @@ MainWindow::MainWindow(AppViewModel& model, UserDefaults& defaults, QWidget* par
     connect(&model_, &AppViewModel::modeChanged, this, &MainWindow::showMode);
     connect(&model_, &AppViewModel::activityChanged, this, &MainWindow::showActivity);
     connect(&model_, &AppViewModel::recentRepositoriesChanged, this, &MainWindow::showRecents);
+    connect(generalSettings_, &GeneralSettingsViewModel::appearanceChanged, this,
+            &MainWindow::showAppearance);
+    connect(generalSettings_, &GeneralSettingsViewModel::autoFetchIntervalApplied, &model_.autoFetch(),
+            &AutoFetchScheduler::intervalChanged);
     for (const auto& tab : model_.openTabs())
         addTab(tab.get());
     showActiveTab();
@@ -184,21 +190,18 @@ void MainWindow::buildMenus() {
     viewMenu_ = menuBar()->addMenu(QString());
     appearanceMenu_ = viewMenu_->addMenu(QString());
     auto* appearances = new QActionGroup(this);
-    const QString stored = defaults_.string(appearanceKey, QStringLiteral("system"));
     auto addAppearance = [&](const QString& value) {
-        QAction* action =
-            appearanceMenu_->addAction(QString(), this, [this, value] { chooseAppearance(value); });
+        QAction* action = appearanceMenu_->addAction(
+            QString(), generalSettings_, [this, value] { generalSettings_->chooseAppearance(value); });
         action->setObjectName(QStringLiteral("menu.appearance.") + value);
         action->setCheckable(true);
-        action->setChecked(value == stored ||
-                           (value == QStringLiteral("system") && stored != QStringLiteral("light") &&
-                            stored != QStringLiteral("dark")));
         appearances->addAction(action);
         return action;
     };
+    systemAction_ = addAppearance(QStringLiteral("system"));
     lightAction_ = addAppearance(QStringLiteral("light"));
     darkAction_ = addAppearance(QStringLiteral("dark"));
-    systemAction_ = addAppearance(QStringLiteral("system"));
+    showAppearance(generalSettings_->values().appearance);
 
     workspaceMenu_ = menuBar()->addMenu(QString());
     refreshAction_ = workspaceMenu_->addAction(QString(), this, [this] {
@@ -207,7 +210,7 @@ void MainWindow::buildMenus() {
     });
     refreshAction_->setObjectName(QStringLiteral("menu.refresh"));
     refreshAction_->setShortcuts({QKeySequence::Refresh, QKeySequence(Qt::CTRL | Qt::Key_R)});
-    new WorkspaceMenu(model_, *workspaceMenu_, this);
+    new WorkspaceMenu(model_, *generalSettings_, *workspaceMenu_, this);
 
     windowMenu_ = menuBar()->addMenu(QString());
     nextTabAction_ = windowMenu_->addAction(QString(), this, [this] { stepTab(1); });
@@ -247,9 +250,9 @@ void MainWindow::retranslate() {
     selectAllAction_->setText(localized("Select All"));
     viewMenu_->setTitle(localized("&View"));
     appearanceMenu_->setTitle(localized("Appearance"));
+    systemAction_->setText(localized("System"));
     lightAction_->setText(localized("Light"));
     darkAction_->setText(localized("Dark"));
-    systemAction_->setText(localized("System"));
     workspaceMenu_->setTitle(localized("Workspace"));
     refreshAction_->setText(localized("Refresh"));
     windowMenu_->setTitle(localized("&Window"));
@@ -354,9 +357,13 @@ void MainWindow::browseForRepository() {
     openDialog_->open();
 }
 
-void MainWindow::chooseAppearance(const QString& appearance) {
-    defaults_.setValue(appearanceKey, appearance);
-    emit appearanceChosen(appearance);
+// The menu marks the appearance on show, also while the settings window previews one; a value
+// other than light or dark is the system's.
+void MainWindow::showAppearance(const QString& appearance) {
+    QAction* shown = appearance == QLatin1String("light")  ? lightAction_
+                     : appearance == QLatin1String("dark") ? darkAction_
+                                                           : systemAction_;
+    shown->setChecked(true);
 }
 
 void MainWindow::saveGeometry() const {

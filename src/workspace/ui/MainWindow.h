@@ -17,6 +17,7 @@ class QTabBar;
 namespace orvel {
 
 class AppViewModel;
+class GeneralSettingsViewModel;
 class RepositoryTabView;
 class UserDefaults;
 class WelcomeView;
@@ -32,10 +33,10 @@ class MainWindow final : public QMainWindow {
 
     // The view of the tab with `id`, or none.
     RepositoryTabView* tabView(const QUuid& id) const;
+    // The preferences that the settings window edits and the View menu's appearance shares.
+    GeneralSettingsViewModel& generalSettings() const { return *generalSettings_; }
 
   signals:
-    // "light", "dark" or "system", already stored as the "appearance" setting.
-    void appearanceChosen(const QString& appearance);
     // A tab's history has been painted with its commits for the first time.
     void graphPainted();
 
@@ -58,7 +59,7 @@ class MainWindow final : public QMainWindow {
     void updateTitle();
     void stepTab(int step);
     void browseForRepository();
-    void chooseAppearance(const QString& appearance);
+    void showAppearance(const QString& appearance);
     void saveGeometry() const;
     void placeOnFirstStart();
     int tabIndex(const QUuid& id) const;
@@ -66,6 +67,7 @@ class MainWindow final : public QMainWindow {
 
     AppViewModel& model_;
     UserDefaults& defaults_;
+    GeneralSettingsViewModel* generalSettings_;
     QStackedWidget* pages_;
     WelcomeViewModel* welcomeModel_;
     WelcomeView* welcome_;
@@ -91,9 +93,9 @@ class MainWindow final : public QMainWindow {
     QAction* copyAction_;
     QAction* pasteAction_;
     QAction* selectAllAction_;
+    QAction* systemAction_;
     QAction* lightAction_;
     QAction* darkAction_;
-    QAction* systemAction_;
     QAction* refreshAction_;
     QAction* nextTabAction_;
     QAction* previousTabAction_;

@@ -1,6 +1,7 @@
 #include "workspace/ui/WorkspaceMenu.h"
 
 #include "settings/LocalizationManager.h"
+#include "settings/SettingsTabRoute.h"
 #include "widgets/BoundShortcut.h"
 #include "workspace/AppViewModel.h"
 #include "workspace/WorkspaceCommands.h"
@@ -12,8 +13,9 @@
 
 namespace orvel {
 
-WorkspaceMenu::WorkspaceMenu(AppViewModel& app, QMenu& menu, QWidget* window)
-    : QObject(&menu), app_(app), menu_(menu), window_(window),
+WorkspaceMenu::WorkspaceMenu(AppViewModel& app, GeneralSettingsViewModel& generalSettings, QMenu& menu,
+                             QWidget* window)
+    : QObject(&menu), app_(app), generalSettings_(generalSettings), menu_(menu), window_(window),
       commands_(new WorkspaceCommands(app, QStringLiteral("menu"), this)),
       prompts_(new WorkspaceCommandPrompts(app, *commands_, window)) {
     menu_.addSeparator();
@@ -47,6 +49,7 @@ WorkspaceMenu::WorkspaceMenu(AppViewModel& app, QMenu& menu, QWidget* window)
             bindShortcut(*action, *binding);
     }
     menu_.installEventFilter(this);
+    connect(&SettingsTabRoute::shared(), &SettingsTabRoute::requested, this, &WorkspaceMenu::openSettings);
     connect(&app_, &AppViewModel::activeTabChanged, this, &WorkspaceMenu::showActiveTab);
     retranslate();
     showActiveTab();
@@ -88,7 +91,7 @@ void WorkspaceMenu::showStashes() {
 
 void WorkspaceMenu::openSettings() {
     if (!settings_)
-        settings_ = new SettingsDialog(window_);
+        settings_ = new SettingsDialog(app_.toastManager(), generalSettings_, window_);
     settings_->show();
     settings_->raise();
     settings_->activateWindow();

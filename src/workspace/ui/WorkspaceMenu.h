@@ -1,6 +1,7 @@
 // The commands of the "Workspace" menu: fetch, pull (always merging), push, force push, a new
 // branch or tag, stash and pop, each on the active tab with the shortcut the user bound to it,
-// and the settings window. The menu's commands log as "menu".
+// and the settings window, which also opens when something asks for one of its tabs. The menu's
+// commands log as "menu".
 #pragma once
 
 #include <QObject>
@@ -11,6 +12,7 @@ class QMenu;
 namespace orvel {
 
 class AppViewModel;
+class GeneralSettingsViewModel;
 class SettingsDialog;
 class WorkspaceCommandPrompts;
 class WorkspaceCommands;
@@ -20,7 +22,7 @@ class WorkspaceMenu final : public QObject {
 
   public:
     // Adds the commands to `menu`; their prompts open over `window`.
-    WorkspaceMenu(AppViewModel& app, QMenu& menu, QWidget* window);
+    WorkspaceMenu(AppViewModel& app, GeneralSettingsViewModel& generalSettings, QMenu& menu, QWidget* window);
 
     bool eventFilter(QObject* watched, QEvent* event) override;
 
@@ -32,6 +34,7 @@ class WorkspaceMenu final : public QObject {
     void showStashes();
 
     AppViewModel& app_;
+    GeneralSettingsViewModel& generalSettings_;
     QMenu& menu_;
     QWidget* window_;
     WorkspaceCommands* commands_;
