@@ -235,6 +235,8 @@ QCoro::Task<bool> GitSettingsViewModel::selectCustomBinary(QString path) {
         emit binariesChanged();
     }
     qCDebug(lcApp, "op=settings.gitBinary.changed path.kind=custom");
+    // An earlier refusal no longer stands once a working git is chosen.
+    setErrorMessage({});
     selectBinary(path);
     co_return true;
 }

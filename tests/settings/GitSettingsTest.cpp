@@ -172,6 +172,7 @@ TEST_F(GitSettingsOnRealGit, AFileThatIsNotAWorkingGitIsRefusedAndAChosenGitRuns
     std::filesystem::create_symlink("/usr/bin/git", link);
     EXPECT_TRUE(test::await(model->selectCustomBinary(QString::fromStdString(link))));
     EXPECT_EQ(model->selectedBinaryPath().toStdString(), link);
+    EXPECT_EQ(model->errorMessage(), "");
     EXPECT_EQ(model->availableBinaries().back().label.toStdString(), link + " (2.39.5)");
     EXPECT_EQ(defaults.string("gitBinaryPath").toStdString(), wrapper); // stored only on Apply
     test::await(model->apply());

@@ -1,20 +1,9 @@
 #include "core/commands/ConfigCommands.h"
 
 #include "core/service/GitServiceError.h"
+#include "core/support/Text.h"
 
 namespace orvel {
-
-namespace {
-
-std::string withoutNewlines(std::string text) {
-    const auto first = text.find_first_not_of('\n');
-    if (first == std::string::npos)
-        return {};
-    const auto last = text.find_last_not_of('\n');
-    return text.substr(first, last - first + 1);
-}
-
-} // namespace
 
 std::string_view scopeArgument(GitConfigScope scope) {
     switch (scope) {
@@ -34,7 +23,7 @@ std::optional<std::string> get(GitExecutorProtocol& git, const std::string& dire
                                GitConfigScope scope) {
     std::string value;
     try {
-        value = withoutNewlines(
+        value = trimmedNewlines(
             git.execute({"config", std::string(scopeArgument(scope)), std::string(key)}, directory));
     } catch (const GitServiceError& error) {
         if (error.kind() == GitServiceError::Kind::commandFailed)
