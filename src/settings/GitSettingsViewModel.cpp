@@ -170,12 +170,15 @@ QCoro::Task<void> GitSettingsViewModel::apply() {
 }
 
 QCoro::Task<void> GitSettingsViewModel::applyBinary(QString path) {
+    QPointer<GitSettingsViewModel> self(this);
     if (executor_) {
         auto told = runOnPool(backgroundPool(), [executor = executor_, path = utf8(path)] {
             executor->setGitPathOverride(path.empty() ? std::nullopt : std::optional<std::string>(path));
         });
         co_await std::move(told);
     }
+    if (!self)
+        co_return;
     if (path.isEmpty())
         defaults_.remove(binaryPathKey);
     else

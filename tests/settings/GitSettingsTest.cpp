@@ -22,6 +22,7 @@
 #include <QFileDialog>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPushButton>
 #include <QTest>
 
 #include <gtest/gtest.h>
@@ -210,10 +211,14 @@ TEST_F(GitSettingsOnRealGit, TheTabShowsTheFieldsForwardsEditsAndRefusesAPickedN
 
     name->selectAll();
     QTest::keyClicks(name, "Grace");
-    excludes->setText("~/.excludes");
-    emit excludes->textEdited(excludes->text());
+    tab.findChild<QPushButton*>("settings.path-row.browse.Global Excludes")->click();
+    auto* excludesDialog = tab.findChild<QFileDialog*>();
+    ASSERT_TRUE(excludesDialog);
+    emit excludesDialog->fileSelected("/home/grace/.excludes");
+    excludesDialog->close();
     EXPECT_EQ(model->userName(), "Grace");
-    EXPECT_EQ(model->globalExcludes(), "~/.excludes");
+    EXPECT_EQ(model->globalExcludes(), "/home/grace/.excludes");
+    EXPECT_EQ(excludes->text(), "/home/grace/.excludes");
 
     const std::string notGit = dir / "notes.txt";
     test::writeFile(notGit, "text\n");
