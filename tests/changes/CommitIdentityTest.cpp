@@ -78,7 +78,8 @@ TEST_F(CommitIdentity, TheRefusedCommitOffersAnIdentityAndCommitsWithIt) {
         EXPECT_EQ(model.commitSubject().toStdString(), subject);
         EXPECT_EQ(toastText(toastsBefore), "");
         if (round == 1)
-            test::saveScreenshot(form, QStringLiteral("commit-form-identity"), QSize(640, form.sizeHint().height()));
+            test::saveScreenshot(form, QStringLiteral("commit-form-identity"),
+                                 QSize(640, form.sizeHint().height()));
 
         child<QLineEdit>("commit-form.identity-name").clear();
         child<QLineEdit>("commit-form.identity-email").clear();

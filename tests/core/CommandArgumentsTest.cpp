@@ -170,7 +170,9 @@ TEST(CommandArguments, ConfigCommands) {
          {{"config", "--local", "user.email", "-n \"x\"\ny"}}},
         {[](auto& git) { unset(git, "/r", "core.sshCommand", GitConfigScope::system); },
          {{"config", "--system", "--unset", "core.sshCommand"}}},
-        {[](auto& git) { EXPECT_THROW(unset(git, "/r", "user.name", GitConfigScope::global), GitServiceError); },
+        {[](auto& git) {
+             EXPECT_THROW(unset(git, "/r", "user.name", GitConfigScope::global), GitServiceError);
+         },
          {{"config", "--global", "--unset", "user.name"}},
          {fails}},
     });
