@@ -28,6 +28,7 @@
 namespace orvel {
 
 class AnswerChannel;
+class GitConfigProtocol;
 class GitServiceProtocol;
 class ToastManager;
 class UserDefaults;
@@ -50,6 +51,9 @@ class ChangesPaneViewModel final : public QObject {
     // The settings store, read at each push for whether the fetch after it prunes ("autoPrune",
     // default on); without one it prunes.
     void setDefaults(const UserDefaults* defaults) { defaults_ = defaults; }
+    // Where a missing identity is written; without it a commit refused for want of one is only
+    // reported.
+    void setConfigService(std::shared_ptr<GitConfigProtocol> config) { config_ = std::move(config); }
 
     const std::vector<FileChange>& stagedFiles() const { return stagedFiles_; }
     const std::vector<FileChange>& unstagedFiles() const { return unstagedFiles_; }
@@ -139,6 +143,14 @@ class ChangesPaneViewModel final : public QObject {
     // Refuses without a word and stops the commit's remaining work, as a closing tab does.
     void dismissAmendPush();
 
+    // git refused the last commit because it knows no name or e-mail for it (a fresh machine);
+    // the form offers to set them in place.
+    bool isIdentityRequested() const { return identityRequested_; }
+    // Writes the name and e-mail to git's configuration, for every repository of the user (global)
+    // or for this one only (local), then commits the form as it stands. Blank values do nothing.
+    QCoro::Task<void> setIdentityAndCommit(QString name, QString email, bool allRepositories);
+    void dismissIdentityRequest();
+
   signals:
     void listsChanged();
     void selectionChanged();
@@ -180,6 +192,7 @@ class ChangesPaneViewModel final : public QObject {
 
     RepoEntry repo_;
     std::shared_ptr<GitServiceProtocol> service_;
+    std::shared_ptr<GitConfigProtocol> config_;
     ToastManager& toasts_;
     ActivityCallback activity_;
     const UserDefaults* defaults_ = nullptr;
@@ -205,6 +218,7 @@ class ChangesPaneViewModel final : public QObject {
     // Whether the current stop's prepared message was offered already; a clean state resets it.
     bool preparedMessageOffered_ = false;
     bool pendingAmendPushConfirmation_ = false;
+    bool identityRequested_ = false;
     std::shared_ptr<AnswerChannel> pendingAmendPushContinuation_;
     std::stop_source commitStop_;
     std::set<std::string> selectedIDs_;

@@ -1,9 +1,12 @@
 // The commit form's flow: commit or amend, then, when asked, push; an amended commit whose
-// earlier version was already pushed asks first, since pushing it needs a force push.
+// earlier version was already pushed asks first, since pushing it needs a force push. A commit
+// that git refuses for want of an identity asks for one and commits again.
 #include "changes/ChangesPaneViewModel.h"
 
 #include "changes/AnswerChannel.h"
 #include "changes/CommitMessage.h"
+#include "core/service/GitConfigProtocol.h"
+#include "core/service/GitServiceError.h"
 #include "core/service/GitServiceProtocol.h"
 #include "core/support/Log.h"
 #include "core/support/UserDefaults.h"
@@ -20,6 +23,16 @@ namespace {
 
 QString errorText(const std::exception& error) {
     return QString::fromUtf8(error.what());
+}
+
+// git's words when neither its configuration nor the environment gives a name and e-mail it accepts.
+bool refusedForIdentity(const std::exception& error) {
+    const auto* gitError = dynamic_cast<const GitServiceError*>(&error);
+    if (!gitError || gitError->kind() != GitServiceError::Kind::commandFailed)
+        return false;
+    const std::string& text = gitError->stderrText();
+    return text.find("Author identity unknown") != std::string::npos ||
+           text.find("Committer identity unknown") != std::string::npos;
 }
 
 const BranchEntry* currentLocalBranch(const std::vector<BranchEntry>& branches) {
@@ -94,9 +107,14 @@ QCoro::Task<void> ChangesPaneViewModel::commit() {
     try {
         co_await std::move(operation);
     } catch (const std::exception& error) {
-        qCDebug(lcStaging, "op=commit.create reason=%s", redactForLog(error.what()).c_str());
-        if (self)
-            toasts_.show(localized("Commit failed: %1", errorText(error)), ToastType::warning);
+        if (self && config_ && refusedForIdentity(error)) {
+            qCDebug(lcStaging, "op=commit.create reason=identity-unknown");
+            identityRequested_ = true;
+        } else {
+            qCDebug(lcStaging, "op=commit.create reason=%s", redactForLog(error.what()).c_str());
+            if (self)
+                toasts_.show(localized("Commit failed: %1", errorText(error)), ToastType::warning);
+        }
         end();
         co_return;
     }
@@ -107,6 +125,7 @@ QCoro::Task<void> ChangesPaneViewModel::commit() {
     commitSubject_.clear();
     commitDescription_.clear();
     isAmend_ = false;
+    identityRequested_ = false;
     emit commitFormChanged();
     emit commitSucceeded();
     co_await refreshStatus();
@@ -121,6 +140,49 @@ QCoro::Task<void> ChangesPaneViewModel::commit() {
     }
     co_await push(wasAmend, rewritesPushedCommit, cancellation);
     end();
+}
+
+QCoro::Task<void> ChangesPaneViewModel::setIdentityAndCommit(QString name, QString email,
+                                                             bool allRepositories) {
+    name = name.trimmed();
+    email = email.trimmed();
+    if (!identityRequested_ || isCommitting_ || !config_ || name.isEmpty() || email.isEmpty())
+        co_return;
+    const GitConfigScope scope = allRepositories ? GitConfigScope::global : GitConfigScope::local;
+    qCDebug(lcStaging, "op=commit.identity.set scope=%s", allRepositories ? "global" : "local");
+    QPointer<ChangesPaneViewModel> self(this);
+    auto config = config_;
+    const std::optional<std::string> where =
+        allRepositories ? std::nullopt : std::optional<std::string>(repo_.path);
+    // The form holds still while the identity is written, as it does while git commits.
+    isCommitting_ = true;
+    emit commitFormChanged();
+    try {
+        co_await config->set("user.name", name.toStdString(), scope, where);
+        co_await config->set("user.email", email.toStdString(), scope, where);
+    } catch (const std::exception& error) {
+        qCDebug(lcStaging, "op=commit.identity.set reason=%s", redactForLog(error.what()).c_str());
+        if (self) {
+            isCommitting_ = false;
+            emit commitFormChanged();
+            toasts_.show(localized("Could not save your name and e-mail: %1", errorText(error)),
+                         ToastType::warning);
+        }
+        co_return;
+    }
+    if (!self)
+        co_return;
+    isCommitting_ = false;
+    identityRequested_ = false;
+    emit commitFormChanged();
+    co_await commit();
+}
+
+void ChangesPaneViewModel::dismissIdentityRequest() {
+    if (!identityRequested_)
+        return;
+    identityRequested_ = false;
+    emit commitFormChanged();
 }
 
 QCoro::Task<void> ChangesPaneViewModel::push(bool wasAmend, bool rewritesPushedCommit,

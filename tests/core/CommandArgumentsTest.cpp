@@ -3,6 +3,7 @@
 // "--" fails here before any repository could show it.
 #include "core/commands/BlobCommands.h"
 #include "core/commands/BranchCommands.h"
+#include "core/commands/ConfigCommands.h"
 #include "core/commands/ConflictSideCommands.h"
 #include "core/commands/DiffCommands.h"
 #include "core/commands/FileHistoryCommands.h"
@@ -17,6 +18,7 @@
 #include "core/commands/StashCommands.h"
 #include "core/commands/StatusCommands.h"
 #include "core/commands/TagCommands.h"
+#include "core/service/GitServiceError.h"
 #include "support/GitFixture.h"
 #include "support/RecordingExecutor.h"
 
@@ -24,6 +26,7 @@
 
 #include <functional>
 #include <optional>
+#include <system_error>
 
 using namespace orvel;
 using namespace std::string_literals;
@@ -150,6 +153,33 @@ TEST(CommandArguments, StagingCommands) {
          {{"commit", "--amend", "-S", "-m", "m"}, {"log", "-1", historyLog}},
          {"", readBack}},
     });
+}
+
+TEST(CommandArguments, ConfigCommands) {
+    using namespace ConfigCommands;
+    const auto read = [](std::optional<std::string> expected) {
+        return [expected](RecordingExecutor& git) {
+            EXPECT_EQ(get(git, "/r", "user.name", GitConfigScope::global), expected);
+        };
+    };
+    expectArguments({
+        {read(" Ada \t"), {{"config", "--global", "user.name"}}, {"\n Ada \t\n\n"}},
+        {read(std::nullopt), {{"config", "--global", "user.name"}}, {"\n"}},
+        {read(std::nullopt), {{"config", "--global", "user.name"}}, {fails}},
+        {[](auto& git) { set(git, "/r", "user.email", "-n \"x\"\ny", GitConfigScope::local); },
+         {{"config", "--local", "user.email", "-n \"x\"\ny"}}},
+        {[](auto& git) { unset(git, "/r", "core.sshCommand", GitConfigScope::system); },
+         {{"config", "--system", "--unset", "core.sshCommand"}}},
+        {[](auto& git) {
+             EXPECT_THROW(unset(git, "/r", "user.name", GitConfigScope::global), GitServiceError);
+         },
+         {{"config", "--global", "--unset", "user.name"}},
+         {fails}},
+    });
+    // Only git's refusal reads as an unset key; a git that cannot be started is an error.
+    RecordingExecutor git;
+    git.fail(std::make_exception_ptr(std::system_error(ENOENT, std::generic_category(), "no git")));
+    EXPECT_THROW(get(git, "/r", "user.name", GitConfigScope::global), std::system_error);
 }
 
 TEST(CommandArguments, BranchCommands) {

@@ -1,6 +1,7 @@
 #include "changes/ui/ChangesPaneCommit.h"
 
 #include "changes/ChangesPaneViewModel.h"
+#include "changes/ui/CommitIdentityOffer.h"
 #include "settings/LocalizationManager.h"
 #include "settings/ThemeEngine.h"
 #include "widgets/OAlert.h"
@@ -17,9 +18,9 @@
 namespace orvel {
 
 ChangesPaneCommit::ChangesPaneCommit(ChangesPaneViewModel& model, QWidget* parent)
-    : QWidget(parent), model_(model), subject_(new QLineEdit(this)), counter_(new QLabel(this)),
-      description_(new QPlainTextEdit(this)), amend_(new QCheckBox(this)), push_(new QCheckBox(this)),
-      submit_(new QPushButton(this)) {
+    : QWidget(parent), model_(model), identity_(new CommitIdentityOffer(model, this)),
+      subject_(new QLineEdit(this)), counter_(new QLabel(this)), description_(new QPlainTextEdit(this)),
+      amend_(new QCheckBox(this)), push_(new QCheckBox(this)), submit_(new QPushButton(this)) {
     subject_->setObjectName(QStringLiteral("commit-form.subject"));
     counter_->setObjectName(QStringLiteral("commit-form.counter"));
     description_->setObjectName(QStringLiteral("commit-form.description"));
@@ -34,13 +35,14 @@ ChangesPaneCommit::ChangesPaneCommit(ChangesPaneViewModel& model, QWidget* paren
 
     auto* layout = new QGridLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
-    layout->addWidget(subject_, 0, 0, 1, 3);
-    layout->addWidget(counter_, 0, 3);
-    layout->addWidget(description_, 1, 0, 1, 4);
-    layout->addWidget(amend_, 2, 0);
-    layout->addWidget(push_, 2, 1);
+    layout->addWidget(identity_, 0, 0, 1, 4);
+    layout->addWidget(subject_, 1, 0, 1, 3);
+    layout->addWidget(counter_, 1, 3);
+    layout->addWidget(description_, 2, 0, 1, 4);
+    layout->addWidget(amend_, 3, 0);
+    layout->addWidget(push_, 3, 1);
     layout->setColumnStretch(2, 1);
-    layout->addWidget(submit_, 2, 3);
+    layout->addWidget(submit_, 3, 3);
 
     connect(subject_, &QLineEdit::textChanged, &model_, &ChangesPaneViewModel::setCommitSubject);
     connect(description_, &QPlainTextEdit::textChanged, this,
@@ -88,6 +90,7 @@ void ChangesPaneCommit::showForm() {
     submit_->setText(model_.commitButtonTitle());
     submit_->setAccessibleName(model_.commitButtonTitle());
     submit_->setEnabled(model_.canCommit());
+    identity_->showState();
     showQuestion();
 }
 

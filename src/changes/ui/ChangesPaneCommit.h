@@ -1,6 +1,6 @@
 // The commit form under the lists: subject with its character counter, description, the Amend and
 // Commit and Push options and the submit button; it asks the force-push question of an amended
-// commit that was already pushed.
+// commit that was already pushed, and offers to set a missing identity.
 #pragma once
 
 #include <QPointer>
@@ -16,6 +16,7 @@ class QPushButton;
 namespace orvel {
 
 class ChangesPaneViewModel;
+class CommitIdentityOffer;
 
 class ChangesPaneCommit final : public QWidget {
     Q_OBJECT
@@ -34,6 +35,7 @@ class ChangesPaneCommit final : public QWidget {
     void submit();
 
     ChangesPaneViewModel& model_;
+    CommitIdentityOffer* identity_;
     QLineEdit* subject_;
     QLabel* counter_;
     QPlainTextEdit* description_;

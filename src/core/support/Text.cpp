@@ -18,6 +18,8 @@ std::string trimmed(std::string_view text) { return trimmedOf(text, " \t\r\n\v\f
 
 std::string trimmedBlanks(std::string_view text) { return trimmedOf(text, " \t"); }
 
+std::string trimmedNewlines(std::string_view text) { return trimmedOf(text, "\n"); }
+
 std::vector<std::string_view> splitLines(std::string_view text) {
     std::vector<std::string_view> lines;
     std::size_t start = 0;

@@ -649,6 +649,10 @@
         <source>Amend-push cancelled; your amended commit is saved locally and requires a force push to publish</source>
         <translation type="unfinished"></translation>
     </message>
+    <message>
+        <source>Could not save your name and e-mail: %1</source>
+        <translation>无法保存您的姓名和电子邮箱：%1</translation>
+    </message>
 </context>
 <context>
     <name>orvel::CloneSheet</name>
@@ -726,6 +730,37 @@
     <message>
         <source>Choose a full path for the destination, such as ~/Projects/name.</source>
         <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>orvel::CommitIdentityOffer</name>
+    <message>
+        <source>Git needs your name and e-mail before it can commit.</source>
+        <translation>Git 需要您的姓名和电子邮箱才能提交。</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>姓名</translation>
+    </message>
+    <message>
+        <source>E-mail</source>
+        <translation>电子邮箱</translation>
+    </message>
+    <message>
+        <source>For all repositories</source>
+        <translation>用于所有仓库</translation>
+    </message>
+    <message>
+        <source>For this repository only</source>
+        <translation>仅用于此仓库</translation>
+    </message>
+    <message>
+        <source>Save and Commit</source>
+        <translation>保存并提交</translation>
+    </message>
+    <message>
+        <source>Not Now</source>
+        <translation>暂不</translation>
     </message>
 </context>
 <context>
@@ -1394,6 +1429,60 @@
     <message>
         <source>Folder %1</source>
         <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>orvel::GitSettingsTab</name>
+    <message>
+        <source>Detecting...</source>
+        <translation>正在检测…</translation>
+    </message>
+    <message>
+        <source>Automatic (found on PATH)</source>
+        <translation>自动（在 PATH 中查找）</translation>
+    </message>
+    <message>
+        <source>Custom...</source>
+        <translation>自定义…</translation>
+    </message>
+    <message>
+        <source>Choose a git executable</source>
+        <translation>选择 git 可执行文件</translation>
+    </message>
+    <message>
+        <source>Git Instance</source>
+        <translation>Git 程序</translation>
+    </message>
+    <message>
+        <source>User Name</source>
+        <translation>用户名</translation>
+    </message>
+    <message>
+        <source>User Email</source>
+        <translation>用户邮箱</translation>
+    </message>
+    <message>
+        <source>Default Branch</source>
+        <translation>默认分支</translation>
+    </message>
+    <message>
+        <source>SSH Command</source>
+        <translation>SSH 命令</translation>
+    </message>
+    <message>
+        <source>Global Excludes</source>
+        <translation>全局忽略文件</translation>
+    </message>
+</context>
+<context>
+    <name>orvel::GitSettingsViewModel</name>
+    <message>
+        <source>Branch name must not contain spaces.</source>
+        <translation>分支名称不能包含空格。</translation>
+    </message>
+    <message>
+        <source>&apos;%1&apos; is not a valid git executable.</source>
+        <translation>“%1”不是有效的 git 可执行文件。</translation>
     </message>
 </context>
 <context>
@@ -2584,6 +2673,13 @@
     <message>
         <source>Some settings failed to save</source>
         <translation>部分设置未能保存</translation>
+    </message>
+</context>
+<context>
+    <name>orvel::SettingsPathRow</name>
+    <message>
+        <source>Browse</source>
+        <translation>浏览</translation>
     </message>
 </context>
 <context>
