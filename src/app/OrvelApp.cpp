@@ -4,11 +4,13 @@
 #include "app/TerminationSignals.h"
 #include "core/process/SubprocessExecutor.h"
 #include "core/queue/GitOpRunner.h"
+#include "core/service/NativeGitConfigService.h"
 #include "core/service/NativeGitService.h"
 #include "core/support/Log.h"
 #include "core/support/UserDefaults.h"
 #include "settings/KeybindingStore.h"
 #include "settings/LocalizationManager.h"
+#include "settings/SettingsPageModels.h"
 #include "settings/ThemeEngine.h"
 #include "widgets/OrvelStyle.h"
 #include "workspace/AppViewModel.h"
@@ -38,7 +40,10 @@ OrvelApp::OrvelApp()
     qCDebug(lcApp, "init: SubprocessExecutor created");
     service_ = std::make_shared<NativeGitService>(executor_, std::make_shared<GitOpRunner>());
     qCDebug(lcApp, "init: NativeGitService created");
+    config_ = std::make_shared<NativeGitConfigService>(executor_);
+    settingsPages_ = std::make_unique<SettingsPageModels>(executor_, config_, *defaults_);
     appViewModel_ = std::make_unique<AppViewModel>(service_, *defaults_);
+    appViewModel_->setGitConfig(config_);
     std::optional<QByteArray> autotestPath;
     if (qEnvironmentVariableIsSet("ORVEL_AUTOTEST_OPEN_REPO"))
         autotestPath = qgetenv("ORVEL_AUTOTEST_OPEN_REPO");

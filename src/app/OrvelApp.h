@@ -12,7 +12,9 @@ class TerminationSignals;
 class AppViewModel;
 class CredentialManager;
 class GitOpRunner;
+class NativeGitConfigService;
 class NativeGitService;
+struct SettingsPageModels;
 class SubprocessExecutor;
 class UserDefaults;
 
@@ -26,6 +28,7 @@ class OrvelApp {
     NativeGitService& gitService() { return *service_; }
     CredentialManager& credentialManager() { return *credentialManager_; }
     UserDefaults& defaults() { return *defaults_; }
+    SettingsPageModels& settingsPages() { return *settingsPages_; }
 
   private:
     std::unique_ptr<TerminationSignals> terminationSignals_;
@@ -33,6 +36,8 @@ class OrvelApp {
     std::unique_ptr<CredentialManager> credentialManager_;
     std::shared_ptr<SubprocessExecutor> executor_;
     std::shared_ptr<NativeGitService> service_;
+    std::shared_ptr<NativeGitConfigService> config_;
+    std::unique_ptr<SettingsPageModels> settingsPages_;
     std::unique_ptr<AppViewModel> appViewModel_;
 };
 

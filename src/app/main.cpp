@@ -73,6 +73,7 @@ int main(int argc, char** argv) {
 
     orvel::OrvelApp app;
     orvel::MainWindow window(app.appViewModel(), app.defaults());
+    window.setSettingsPages(app.settingsPages());
     orvel::CredentialDialog credentialDialog(app.credentialManager(), &window);
     QObject::connect(&window.generalSettings(), &orvel::GeneralSettingsViewModel::appearanceChanged,
                      &orvel::applyAppearance);

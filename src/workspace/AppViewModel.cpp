@@ -164,6 +164,7 @@ void AppViewModel::openTab(const RepoEntry& entry, std::optional<QCoro::Task<std
     WorkspaceTabState::Options options;
     options.maintainCommitGraph = defaults_.value(QStringLiteral("maintainCommitGraph"), true).toBool();
     options.defaults = &defaults_;
+    options.gitConfig = gitConfig_;
     auto tab = std::make_unique<WorkspaceTabState>(entry, service_, toastManager_, options);
     WorkspaceTabState* opened = tab.get();
     // The tab's actions show one activity at a time: a new message replaces the tab's last one.

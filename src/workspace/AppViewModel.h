@@ -23,6 +23,7 @@
 namespace orvel {
 
 class AutoFetchScheduler;
+class GitConfigProtocol;
 class GitServiceProtocol;
 class UserDefaults;
 
@@ -44,6 +45,8 @@ class AppViewModel final : public QObject {
     // The end of creation: opens ORVEL_AUTOTEST_OPEN_REPO (`autotestValue`, absent when unset)
     // when it names a repository, and otherwise prunes the recents that are no repository.
     void start(std::optional<QByteArray> autotestValue);
+    // Where the tabs' commit forms write an identity that git asked for.
+    void setGitConfig(std::shared_ptr<GitConfigProtocol> config) { gitConfig_ = std::move(config); }
 
     AppMode mode() const { return mode_; }
     const std::optional<RepoEntry>& activeRepository() const { return activeRepository_; }
@@ -95,6 +98,7 @@ class AppViewModel final : public QObject {
     void setActiveRepository(std::optional<RepoEntry> entry);
 
     std::shared_ptr<GitServiceProtocol> service_;
+    std::shared_ptr<GitConfigProtocol> gitConfig_;
     UserDefaults& defaults_;
     AppMode mode_ = AppMode::welcome;
     std::optional<RepoEntry> activeRepository_;

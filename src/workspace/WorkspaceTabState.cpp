@@ -35,6 +35,7 @@ WorkspaceTabState::WorkspaceTabState(RepoEntry repo, std::shared_ptr<GitServiceP
     if (!currentBranchName_)
         detachedHead_ = repo_.headHash;
     changes_->setDefaults(options_.defaults);
+    changes_->setConfigService(options_.gitConfig);
     connect(changes_.get(), &ChangesPaneViewModel::commitSucceeded, this,
             &WorkspaceTabState::commitSucceeded);
     connect(changes_.get(), &ChangesPaneViewModel::stashCompleted, this, [this] {

@@ -27,6 +27,7 @@ class ContentViewModel;
 class ConflictBannerViewModel;
 class DiffDetailViewModel;
 class FileSystemWatcher;
+class GitConfigProtocol;
 class GitServiceProtocol;
 class RepoGraphPaneViewModel;
 class SidebarViewModel;
@@ -45,6 +46,8 @@ class WorkspaceTabState final : public QObject {
         // The settings store, read where a setting is used, so that a change applies to the open
         // tab: the large-file thresholds of the diff, the prune of the fetch after a push.
         const UserDefaults* defaults = nullptr;
+        // Where a commit refused for want of an identity writes the one the user gives.
+        std::shared_ptr<GitConfigProtocol> gitConfig;
     };
 
     WorkspaceTabState(RepoEntry repo, std::shared_ptr<GitServiceProtocol> service, ToastManager& toasts,

@@ -149,6 +149,10 @@ void MainWindow::placeOnFirstStart() {
 
 MainWindow::~MainWindow() = default;
 
+void MainWindow::setSettingsPages(SettingsPageModels& pages) {
+    workspaceMenuActions_->setSettingsPages(&pages);
+}
+
 RepositoryTabView* MainWindow::tabView(const QUuid& id) const {
     const int index = tabIndex(id);
     return index < 0 ? nullptr : qobject_cast<RepositoryTabView*>(tabViews_->widget(index));
@@ -210,7 +214,7 @@ void MainWindow::buildMenus() {
     });
     refreshAction_->setObjectName(QStringLiteral("menu.refresh"));
     refreshAction_->setShortcuts({QKeySequence::Refresh, QKeySequence(Qt::CTRL | Qt::Key_R)});
-    new WorkspaceMenu(model_, *generalSettings_, *workspaceMenu_, this);
+    workspaceMenuActions_ = new WorkspaceMenu(model_, *generalSettings_, *workspaceMenu_, this);
 
     windowMenu_ = menuBar()->addMenu(QString());
     nextTabAction_ = windowMenu_->addAction(QString(), this, [this] { stepTab(1); });

@@ -19,6 +19,8 @@ namespace orvel {
 class AppViewModel;
 class GeneralSettingsViewModel;
 class RepositoryTabView;
+struct SettingsPageModels;
+class WorkspaceMenu;
 class UserDefaults;
 class WelcomeView;
 class WelcomeViewModel;
@@ -35,6 +37,8 @@ class MainWindow final : public QMainWindow {
     RepositoryTabView* tabView(const QUuid& id) const;
     // The preferences that the settings window edits and the View menu's appearance shares.
     GeneralSettingsViewModel& generalSettings() const { return *generalSettings_; }
+    // The models of the settings tabs that need the program's git.
+    void setSettingsPages(SettingsPageModels& pages);
 
   signals:
     // A tab's history has been painted with its commits for the first time.
@@ -83,6 +87,7 @@ class MainWindow final : public QMainWindow {
     QMenu* viewMenu_;
     QMenu* appearanceMenu_;
     QMenu* workspaceMenu_;
+    WorkspaceMenu* workspaceMenuActions_ = nullptr;
     QMenu* windowMenu_;
     QMenu* helpMenu_;
     QAction* openAction_;

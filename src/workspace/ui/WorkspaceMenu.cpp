@@ -1,7 +1,12 @@
 #include "workspace/ui/WorkspaceMenu.h"
 
 #include "settings/LocalizationManager.h"
+#include "settings/SettingsPageModels.h"
 #include "settings/SettingsTabRoute.h"
+#include "settings/ui/AppearanceSettingsTab.h"
+#include "settings/ui/GitSettingsTab.h"
+#include "settings/ui/IdentityMismatchAlert.h"
+#include "settings/ui/SigningSettingsTab.h"
 #include "widgets/BoundShortcut.h"
 #include "workspace/AppViewModel.h"
 #include "workspace/WorkspaceCommands.h"
@@ -10,6 +15,8 @@
 
 #include <QEvent>
 #include <QMenu>
+#include <QMessageBox>
+#include <QPointer>
 
 namespace orvel {
 
@@ -89,9 +96,31 @@ void WorkspaceMenu::showStashes() {
     popStash_->setEnabled(tab && tab->hasStashes());
 }
 
+void WorkspaceMenu::showSettingsPages(SettingsDialog& dialog, SettingsPageModels& pages) {
+    dialog.setPage(SettingsTab::appearance, new AppearanceSettingsTab(pages.appearance), &pages.appearance);
+    dialog.setPage(SettingsTab::git, new GitSettingsTab(pages.git), &pages.git);
+    dialog.setPage(SettingsTab::signing, new SigningSettingsTab(pages.signing), &pages.signing);
+    // A signing key whose address is not git's user.email: the window asks whether to make the
+    // key's address git's; it closes once that is written, and stays open to edit by hand.
+    QPointer<SettingsDialog> window(&dialog);
+    dialog.setAfterApply([window, &signing = pages.signing]() -> QCoro::Task<bool> {
+        const std::optional<IdentityMismatch> mismatch = co_await signing.checkIdentityMismatch();
+        if (!mismatch || !window)
+            co_return true;
+        showIdentityMismatchAlert(window, signing, *mismatch, [window] {
+            if (window)
+                window->accept();
+        });
+        co_return false;
+    });
+}
+
 void WorkspaceMenu::openSettings() {
-    if (!settings_)
+    if (!settings_) {
         settings_ = new SettingsDialog(app_.toastManager(), generalSettings_, window_);
+        if (settingsPages_)
+            showSettingsPages(*settings_, *settingsPages_);
+    }
     settings_->show();
     settings_->raise();
     settings_->activateWindow();

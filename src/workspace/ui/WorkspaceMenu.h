@@ -14,6 +14,7 @@ namespace orvel {
 class AppViewModel;
 class GeneralSettingsViewModel;
 class SettingsDialog;
+struct SettingsPageModels;
 class WorkspaceCommandPrompts;
 class WorkspaceCommands;
 
@@ -25,11 +26,14 @@ class WorkspaceMenu final : public QObject {
     WorkspaceMenu(AppViewModel& app, GeneralSettingsViewModel& generalSettings, QMenu& menu, QWidget* window);
 
     bool eventFilter(QObject* watched, QEvent* event) override;
+    // The models of the tabs that need the program's git; without them those tabs stay empty.
+    void setSettingsPages(SettingsPageModels* pages) { settingsPages_ = pages; }
 
   private:
     void retranslate();
     void showActiveTab();
     void openSettings();
+    static void showSettingsPages(SettingsDialog& dialog, SettingsPageModels& pages);
     // Pop needs a stash on the active tab.
     void showStashes();
 
@@ -40,6 +44,7 @@ class WorkspaceMenu final : public QObject {
     WorkspaceCommands* commands_;
     WorkspaceCommandPrompts* prompts_;
     SettingsDialog* settings_ = nullptr;
+    SettingsPageModels* settingsPages_ = nullptr;
     QAction* fetch_;
     QAction* pull_;
     QAction* push_;
