@@ -283,6 +283,74 @@
         <source>repository</source>
         <translation>仓库</translation>
     </message>
+    <message>
+        <source>All</source>
+        <translation>全部</translation>
+    </message>
+    <message>
+        <source>Message</source>
+        <translation>提交信息</translation>
+    </message>
+    <message>
+        <source>Author</source>
+        <translation>作者</translation>
+    </message>
+    <message>
+        <source>Branch / Tag</source>
+        <translation>分支 / 标签</translation>
+    </message>
+    <message>
+        <source>Hash</source>
+        <translation>哈希</translation>
+    </message>
+    <message>
+        <source>Code Changes</source>
+        <translation>代码更改</translation>
+    </message>
+    <message>
+        <source>File Path</source>
+        <translation>文件路径</translation>
+    </message>
+    <message>
+        <source>Already up to date with &apos;%1&apos;</source>
+        <translation>已与“%1”同步，无需更新</translation>
+    </message>
+    <message>
+        <source>Merged &apos;%1&apos;</source>
+        <translation>已合并“%1”</translation>
+    </message>
+    <message>
+        <source>Fast-forwarded to &apos;%1&apos;</source>
+        <translation>已快进到“%1”</translation>
+    </message>
+    <message>
+        <source>Already up to date</source>
+        <translation>已是最新</translation>
+    </message>
+    <message>
+        <source>Merge conflict in %1 file(s)</source>
+        <translation>合并在 %1 个文件中产生冲突</translation>
+    </message>
+    <message>
+        <source>Fast-forward merged &apos;%1&apos;</source>
+        <translation>已快进合并“%1”</translation>
+    </message>
+    <message>
+        <source>Pull conflict in %1 file(s)</source>
+        <translation>拉取在 %1 个文件中产生冲突</translation>
+    </message>
+    <message>
+        <source>Pulled &apos;%1&apos;</source>
+        <translation>已拉取“%1”</translation>
+    </message>
+    <message>
+        <source>Pulled &apos;%1&apos; (fast-forward)</source>
+        <translation>已拉取“%1”（快进）</translation>
+    </message>
+    <message>
+        <source>Failed to check status: %1</source>
+        <translation>检查状态失败：%1</translation>
+    </message>
 </context>
 <context>
     <name>orvel::AppViewModel</name>
@@ -597,6 +665,34 @@
     <message>
         <source>Amend-push cancelled; your amended commit is saved locally and requires a force push to publish</source>
         <translation>已取消修改后推送；修改后的提交已保存在本地，需要强制推送才能发布</translation>
+    </message>
+    <message>
+        <source>Stage failed: %1</source>
+        <translation>暂存失败：%1</translation>
+    </message>
+    <message>
+        <source>Unstage failed: %1</source>
+        <translation>取消暂存失败：%1</translation>
+    </message>
+    <message>
+        <source>Stage all failed: %1</source>
+        <translation>全部暂存失败：%1</translation>
+    </message>
+    <message>
+        <source>Unstage all failed: %1</source>
+        <translation>全部取消暂存失败：%1</translation>
+    </message>
+    <message>
+        <source>Discard failed: %1</source>
+        <translation>丢弃失败：%1</translation>
+    </message>
+    <message>
+        <source>Stash failed: %1</source>
+        <translation>储藏失败：%1</translation>
+    </message>
+    <message>
+        <source>Resolve conflict failed: %1</source>
+        <translation>解决冲突失败：%1</translation>
     </message>
 </context>
 <context>
@@ -2283,6 +2379,26 @@
         <source>No commit is named “%1”</source>
         <translation>没有名为“%1”的提交</translation>
     </message>
+    <message>
+        <source>Reset failed: %1</source>
+        <translation>重置失败：%1</translation>
+    </message>
+    <message>
+        <source>Revert failed: %1</source>
+        <translation>还原失败：%1</translation>
+    </message>
+    <message>
+        <source>Cherry-pick failed: %1</source>
+        <translation>拣选失败：%1</translation>
+    </message>
+    <message>
+        <source>Create branch failed: %1</source>
+        <translation>创建分支失败：%1</translation>
+    </message>
+    <message>
+        <source>Create tag failed: %1</source>
+        <translation>创建标签失败：%1</translation>
+    </message>
 </context>
 <context>
     <name>orvel::RepoHistoryAuthorsSection</name>
@@ -2865,6 +2981,66 @@
         <source>The stashes changed since they were listed; nothing was done. Choose the stash again from the updated list.</source>
         <translation>列出储藏之后它们已发生变化，未执行任何操作。请从更新后的列表中重新选择储藏。</translation>
     </message>
+    <message>
+        <source>Checkout failed: %1</source>
+        <translation>检出失败：%1</translation>
+    </message>
+    <message>
+        <source>Push tag failed: %1</source>
+        <translation>推送标签失败：%1</translation>
+    </message>
+    <message>
+        <source>Push failed: %1</source>
+        <translation>推送失败：%1</translation>
+    </message>
+    <message>
+        <source>Merge failed: %1</source>
+        <translation>合并失败：%1</translation>
+    </message>
+    <message>
+        <source>Pull failed: %1</source>
+        <translation>拉取失败：%1</translation>
+    </message>
+    <message>
+        <source>Rebase failed: %1</source>
+        <translation>变基失败：%1</translation>
+    </message>
+    <message>
+        <source>Load rebase todo failed: %1</source>
+        <translation>加载变基待办列表失败：%1</translation>
+    </message>
+    <message>
+        <source>Create branch failed: %1</source>
+        <translation>创建分支失败：%1</translation>
+    </message>
+    <message>
+        <source>Create tag failed: %1</source>
+        <translation>创建标签失败：%1</translation>
+    </message>
+    <message>
+        <source>Force delete failed: %1</source>
+        <translation>强制删除失败：%1</translation>
+    </message>
+    <message>
+        <source>Delete remote branch failed: %1</source>
+        <translation>删除远程分支失败：%1</translation>
+    </message>
+    <message>
+        <source>Delete tag failed: %1</source>
+        <translation>删除标签失败：%1</translation>
+    </message>
+    <message>
+        <source>Apply stash failed: %1</source>
+        <translation>应用储藏失败：%1</translation>
+    </message>
+    <message>
+        <source>Drop stash failed: %1</source>
+        <translation>丢弃储藏失败：%1</translation>
+    </message>
+    <message>
+        <source>Failed to get tag detail: %1</source>
+        <translation>获取标签详情失败：%1</translation>
+    </message>
 </context>
 <context>
     <name>orvel::StashPrompt</name>
@@ -3140,6 +3316,42 @@
     <message>
         <source>Creating tag &apos;%1&apos;…</source>
         <translation>正在创建标签“%1”…</translation>
+    </message>
+    <message>
+        <source>Fetch failed: %1</source>
+        <translation>抓取失败：%1</translation>
+    </message>
+    <message>
+        <source>Pull failed: %1</source>
+        <translation>拉取失败：%1</translation>
+    </message>
+    <message>
+        <source>Push failed: %1</source>
+        <translation>推送失败：%1</translation>
+    </message>
+    <message>
+        <source>Stash pop failed: %1</source>
+        <translation>弹出储藏失败：%1</translation>
+    </message>
+    <message>
+        <source>Discard failed: %1</source>
+        <translation>丢弃失败：%1</translation>
+    </message>
+    <message>
+        <source>No local changes to save</source>
+        <translation>没有要保存的本地更改</translation>
+    </message>
+    <message>
+        <source>Create branch failed: %1</source>
+        <translation>创建分支失败：%1</translation>
+    </message>
+    <message>
+        <source>Checkout failed: %1</source>
+        <translation>检出失败：%1</translation>
+    </message>
+    <message>
+        <source>Tag creation failed: %1</source>
+        <translation>创建标签失败：%1</translation>
     </message>
 </context>
 <context>
