@@ -351,6 +351,10 @@
         <source>Failed to check status: %1</source>
         <translation>检查状态失败：%1</translation>
     </message>
+    <message>
+        <source>// WIP</source>
+        <translation>// 进行中</translation>
+    </message>
 </context>
 <context>
     <name>orvel::AppViewModel</name>
