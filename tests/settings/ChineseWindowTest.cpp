@@ -59,12 +59,14 @@ bool comesFromRepository(const QString& text, const QString& folder) {
     return text.contains(folder) || names.match(text).hasMatch();
 }
 
+// Each line on its own, so that a name from the repository excuses only its own line. Labels may
+// hold rich text; what a user reads is its plain text.
 void addText(std::set<QString>& texts, const QString& text) {
-    // Labels may hold rich text; what a user reads is its plain text.
     const QString plain =
         Qt::mightBeRichText(text) ? QTextDocumentFragment::fromHtml(text).toPlainText() : text;
-    if (!plain.trimmed().isEmpty())
-        texts.insert(plain.trimmed());
+    for (const QString& line : plain.split(QLatin1Char('\n')))
+        if (!line.trimmed().isEmpty())
+            texts.insert(line.trimmed());
 }
 
 void addModelTexts(std::set<QString>& texts, const QAbstractItemView& view) {
