@@ -37,11 +37,11 @@
     </message>
     <message>
         <source>Amend and Push</source>
-        <translation>修改并推送</translation>
+        <translation>修补并推送</translation>
     </message>
     <message>
         <source>Amend Previous Commit</source>
-        <translation>修改上一次提交</translation>
+        <translation>修补上一次提交</translation>
     </message>
     <message>
         <source>Commit and Push</source>
@@ -534,7 +534,7 @@
     </message>
     <message>
         <source>The commit you&apos;re amending was already pushed. Pushing will require a force push, which can discard a colleague&apos;s work. Continue?</source>
-        <translation>要修改的提交已经推送过。推送将需要强制推送，这可能会丢弃同事的工作。是否继续？</translation>
+        <translation>要修补的提交已经推送过。推送将需要强制推送，这可能会丢弃同事的工作。是否继续？</translation>
     </message>
     <message>
         <source>Continue</source>
@@ -558,7 +558,7 @@
     </message>
     <message>
         <source>Amend</source>
-        <translation>修改</translation>
+        <translation>修补</translation>
     </message>
     <message>
         <source>Commit and Push</source>
@@ -640,7 +640,7 @@
     </message>
     <message>
         <source>Amending commit…</source>
-        <translation>正在修改提交…</translation>
+        <translation>正在修补提交…</translation>
     </message>
     <message>
         <source>Committing…</source>
@@ -668,7 +668,7 @@
     </message>
     <message>
         <source>Amend-push cancelled; your amended commit is saved locally and requires a force push to publish</source>
-        <translation>已取消修改后推送；修改后的提交已保存在本地，需要强制推送才能发布</translation>
+        <translation>已取消修补后推送；修补后的提交已保存在本地，需要强制推送才能发布</translation>
     </message>
     <message>
         <source>Stage failed: %1</source>
@@ -820,11 +820,11 @@
     </message>
     <message>
         <source>Rebase paused; amend and continue</source>
-        <translation>变基已暂停；请修改后继续</translation>
+        <translation>变基已暂停；请修补后继续</translation>
     </message>
     <message>
         <source>Paused at step %1/%2; amend and continue</source>
-        <translation>已在第 %1/%2 步暂停；请修改后继续</translation>
+        <translation>已在第 %1/%2 步暂停；请修补后继续</translation>
     </message>
     <message>
         <source>Rebase completed</source>
@@ -1793,7 +1793,7 @@
     </message>
     <message>
         <source>Rebase paused at step %1/%2 — amend and continue</source>
-        <translation>变基在第 %1/%2 步暂停 — 请修改后继续</translation>
+        <translation>变基在第 %1/%2 步暂停 — 请修补后继续</translation>
     </message>
     <message>
         <source>Interactive rebase completed</source>
