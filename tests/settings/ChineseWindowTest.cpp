@@ -53,10 +53,10 @@ const QStringList sameInEveryLanguage = {
     QStringLiteral("Z-A"),   QStringLiteral("W"),    QStringLiteral("README.md")};
 
 // Texts that are not words of any language: names from the test repository (its folder, branches,
-// tag, files, commits and author), commit hashes, keys and web addresses.
+// tag, files and their type, commits and author), commit hashes, keys and web addresses.
 bool isName(const QString& text, const QString& folder) {
     static const QRegularExpression names(QStringLiteral(
-        R"re((?<![A-Za-z])(kiwi|main|v1\.2|Orvel Test|test@orvel\.invalid)(?![A-Za-z])|^[0-9a-f]{7,40}$)re"
+        R"re((?<![A-Za-z])(kiwi|main|txt|v1\.2|Orvel Test|test@orvel\.invalid)(?![A-Za-z])|^[0-9a-f]{7,40}$)re"
         R"re(|^((Ctrl|Shift|Alt|Meta)\+)+\S+$|^https://)re"));
     return text.contains(folder) || names.match(text).hasMatch();
 }
@@ -130,16 +130,16 @@ class ChineseWindow : public ::testing::Test {
   protected:
     ChineseWindow() {
         repo.write("README.md", "# kiwi\n");
-        repo.write("kiwi.txt", "one\n");
+        repo.write("kiwi.txt", "kiwi 1\n");
         repo.commitAll("Add kiwi");
         repo.git({"tag", "v1.2"});
         repo.git({"branch", "kiwi-topic"});
-        repo.write("kiwi.txt", "two\n");
+        repo.write("kiwi.txt", "kiwi 2\n");
         repo.commitAll("Grow kiwi");
         repo.write("kiwi.txt", "stashed kiwi\n");
         repo.git({"stash", "-q"});
-        repo.write("kiwi.txt", "three\n");
-        repo.write("kiwi-new.txt", "new\n");
+        repo.write("kiwi.txt", "kiwi 3\n");
+        repo.write("kiwi-new.txt", "kiwi 4\n");
         repo.git({"add", "kiwi-new.txt"});
     }
     ~ChineseWindow() override {
@@ -193,7 +193,9 @@ TEST_F(ChineseWindow, EveryShownTextFollowsTheLanguageSwitchedWhileTheWindowIsOp
     static const QRegularExpression letters(QStringLiteral("[A-Za-z]"));
     static const QRegularExpression chinese(QStringLiteral("\\p{Han}"));
 
-    // The dialogs stay open through the switches, as a user may leave them.
+    // The diff of a changed file, and dialogs that stay open through the switches as a user may
+    // leave them.
+    tab.workspace().showDiff(tab.changes().unstagedFiles().front(), std::nullopt, false, false);
     for (const char* action :
          {"menu.clone", "menu.new-branch", "menu.new-tag", "menu.stash", "menu.settings"})
         window.findChild<QAction*>(QString::fromLatin1(action))->trigger();
