@@ -1,8 +1,8 @@
 // The main window on a real repository, switched from English to Simplified Chinese and back while
-// it stays open with some of its dialogs. Every text it shows on its history and changes pages and
+// it stays open with some of its dialogs and sheets. Every text it shows on its history and changes pages and
 // in those dialogs (labels, buttons, actions, menus, tabs, headers, rows, placeholders, tool tips)
 // is read after each switch: in Chinese none may still read as in English, and back in English
-// none may keep a Chinese character. Pictures of both pages in Chinese are written for a person to
+// every one reads as before. Pictures of both pages in Chinese are written for a person to
 // check that the characters render.
 #include "workspace/ui/MainWindow.h"
 
@@ -35,6 +35,7 @@
 #include <QPlainTextEdit>
 #include <QRegularExpression>
 #include <QTabBar>
+#include <QTest>
 #include <QTextDocumentFragment>
 #include <QTextEdit>
 
@@ -46,11 +47,13 @@ using namespace orvel;
 
 namespace {
 
-// Texts that read the same in both languages: the program's name, git's own words, the sort
-// order's letters and the sidebar's "W" toggle for whole-word matching.
-const QStringList sameInEveryLanguage = {
-    QStringLiteral("Orvel"), QStringLiteral("HEAD"), QStringLiteral("Git"),      QStringLiteral("A-Z"),
-    QStringLiteral("Z-A"),   QStringLiteral("W"),    QStringLiteral("README.md")};
+// Texts that read the same in both languages: the program's name, git's own words (the author
+// that blame gives uncommitted lines), the sort order's letters and the sidebar's "W" toggle for
+// whole-word matching.
+const QStringList sameInEveryLanguage = {QStringLiteral("Orvel"),     QStringLiteral("HEAD"),
+                                         QStringLiteral("Git"),       QStringLiteral("A-Z"),
+                                         QStringLiteral("Z-A"),       QStringLiteral("W"),
+                                         QStringLiteral("README.md"), QStringLiteral("Not Committed Yet")};
 
 // Texts that are not words of any language: names from the test repository (its folder, branches,
 // tag, files and their type, commits and author), commit hashes, keys and web addresses.
@@ -193,13 +196,15 @@ TEST_F(ChineseWindow, EveryShownTextFollowsTheLanguageSwitchedWhileTheWindowIsOp
     static const QRegularExpression letters(QStringLiteral("[A-Za-z]"));
     static const QRegularExpression chinese(QStringLiteral("\\p{Han}"));
 
-    // The diff of a changed file, and dialogs that stay open through the switches as a user may
-    // leave them.
+    // The diff of a changed file, and dialogs and sheets that stay open through the switches as a
+    // user may leave them.
     tab.workspace().showDiff(tab.changes().unstagedFiles().front(), std::nullopt, false, false);
     for (const char* action :
          {"menu.clone", "menu.new-branch", "menu.new-tag", "menu.stash", "menu.settings"})
         window.findChild<QAction*>(QString::fromLatin1(action))->trigger();
-    QCoreApplication::processEvents();
+    emit tab.changes().blameRequested("kiwi.txt");
+    emit tab.changes().fileHistoryRequested("kiwi.txt");
+    QTest::qWait(500); // the sheets read the file's blame and history from git
 
     const std::set<QString> english = bothPages(tab);
     ASSERT_GT(english.size(), 40u);
@@ -211,8 +216,12 @@ TEST_F(ChineseWindow, EveryShownTextFollowsTheLanguageSwitchedWhileTheWindowIsOp
             ADD_FAILURE() << "still in English: \"" << text.toStdString() << "\"";
 
     switchTo("en");
-    for (const QString& text : bothPages(tab))
+    const std::set<QString> englishAgain = bothPages(tab);
+    for (const QString& text : englishAgain)
         if (text.contains(chinese))
             ADD_FAILURE() << "still in Chinese: \"" << text.toStdString() << "\"";
+    for (const QString& text : english)
+        if (!englishAgain.contains(text))
+            ADD_FAILURE() << "gone after switching back: \"" << text.toStdString() << "\"";
     tab.cancelAllTasks();
 }
