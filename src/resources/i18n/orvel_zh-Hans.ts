@@ -355,6 +355,10 @@
         <source>// WIP</source>
         <translation>// 进行中</translation>
     </message>
+    <message>
+        <source>Close Tab</source>
+        <translation>关闭标签页</translation>
+    </message>
 </context>
 <context>
     <name>orvel::AppViewModel</name>
