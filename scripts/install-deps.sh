@@ -1,5 +1,7 @@
 #!/usr/bin/env bash
 # Installs the Debian packages that Orvel needs to build, run and test; does nothing when all are present.
+# fonts-wqy-microhei draws the Simplified Chinese texts, in the window and in its test pictures;
+# qt6-translations-l10n holds the Chinese of the texts that Qt's own widgets and dialogs show.
 set -euo pipefail
 
 packages=(
@@ -7,8 +9,8 @@ packages=(
   qt6-base-dev qt6-l10n-tools qt6-tools-dev-tools qcoro-qt6-dev
   libcmark-gfm-dev libcmark-gfm-extensions-dev libpcre2-dev pkg-config
   googletest libgtest-dev libgmock-dev libbenchmark-dev
-  qt6-svg-dev libgl-dev xvfb xauth fonts-dejavu-core ccache desktop-file-utils appstream
-  gnupg openssh-client
+  qt6-svg-dev libgl-dev xvfb xauth fonts-dejavu-core fonts-wqy-microhei qt6-translations-l10n ccache
+  desktop-file-utils appstream gnupg openssh-client
 )
 
 missing=()

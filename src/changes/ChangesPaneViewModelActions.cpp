@@ -166,27 +166,28 @@ QCoro::Task<bool> ChangesPaneViewModel::runAndRefresh(QCoro::Task<void> operatio
 QCoro::Task<void> ChangesPaneViewModel::stageFile(FileChange file) {
     qCDebug(lcStaging, "op=stage.file scope=file");
     moveRows(false, [&file](const FileChange& row) { return row.path == file.path; });
-    co_await runAndRefresh(service_->stage(repo_, file.path), "stage.file", "Stage failed: %1");
+    co_await runAndRefresh(service_->stage(repo_, file.path), "stage.file", translatable("Stage failed: %1"));
 }
 
 QCoro::Task<void> ChangesPaneViewModel::unstageFile(FileChange file) {
     qCDebug(lcStaging, "op=unstage.file scope=file");
     moveRows(true, [&file](const FileChange& row) { return row.path == file.path; });
-    co_await runAndRefresh(service_->unstage(repo_, file.path), "unstage.file", "Unstage failed: %1");
+    co_await runAndRefresh(service_->unstage(repo_, file.path), "unstage.file",
+                           translatable("Unstage failed: %1"));
 }
 
 QCoro::Task<void> ChangesPaneViewModel::stageSelected() {
     std::vector<std::string> paths = moveSelected(false);
     qCDebug(lcStaging, "op=stage.selected count=%ld", static_cast<long>(paths.size()));
     co_await runAndRefresh(service_->stageFiles(repo_, std::move(paths)), "stage.selected",
-                           "Stage failed: %1");
+                           translatable("Stage failed: %1"));
 }
 
 QCoro::Task<void> ChangesPaneViewModel::unstageSelected() {
     std::vector<std::string> paths = moveSelected(true);
     qCDebug(lcStaging, "op=unstage.selected count=%ld", static_cast<long>(paths.size()));
     co_await runAndRefresh(service_->unstageFiles(repo_, std::move(paths)), "unstage.selected",
-                           "Unstage failed: %1");
+                           translatable("Unstage failed: %1"));
 }
 
 std::vector<std::string> ChangesPaneViewModel::moveSelected(bool fromStaged) {
@@ -201,13 +202,14 @@ std::vector<std::string> ChangesPaneViewModel::moveSelected(bool fromStaged) {
 QCoro::Task<void> ChangesPaneViewModel::stageAll() {
     qCDebug(lcStaging, "op=stage.all count=%ld", static_cast<long>(unstagedFiles_.size()));
     moveRows(false, [](const FileChange&) { return true; });
-    co_await runAndRefresh(service_->stageAll(repo_), "stage.all", "Stage all failed: %1");
+    co_await runAndRefresh(service_->stageAll(repo_), "stage.all", translatable("Stage all failed: %1"));
 }
 
 QCoro::Task<void> ChangesPaneViewModel::unstageAll() {
     qCDebug(lcStaging, "op=unstage.all count=%ld", static_cast<long>(stagedFiles_.size()));
     moveRows(true, [](const FileChange&) { return true; });
-    co_await runAndRefresh(service_->unstageAll(repo_), "unstage.all", "Unstage all failed: %1");
+    co_await runAndRefresh(service_->unstageAll(repo_), "unstage.all",
+                           translatable("Unstage all failed: %1"));
 }
 
 QCoro::Task<void> ChangesPaneViewModel::discardFile(FileChange file) {
@@ -216,7 +218,7 @@ QCoro::Task<void> ChangesPaneViewModel::discardFile(FileChange file) {
     // git can't restore what it never tracked: an untracked file is removed from the disk.
     auto operation =
         isUntracked(file) ? removeFile(repo_, file.path) : service_->discardChanges(repo_, file.path, false);
-    co_await runAndRefresh(std::move(operation), "discard.file", "Discard failed: %1");
+    co_await runAndRefresh(std::move(operation), "discard.file", translatable("Discard failed: %1"));
 }
 
 QCoro::Task<void> ChangesPaneViewModel::deleteFile(FileChange file) {
@@ -258,8 +260,8 @@ QCoro::Task<void> ChangesPaneViewModel::stashFile(FileChange file) {
     qCDebug(lcStaging, "op=stash.file scope=file");
     QPointer<ChangesPaneViewModel> self(this);
     removeRows(false, [&file](const FileChange& row) { return row.path == file.path; });
-    const bool stashed =
-        co_await runAndRefresh(service_->stashFile(repo_, file.path), "stash.file", "Stash failed: %1");
+    const bool stashed = co_await runAndRefresh(service_->stashFile(repo_, file.path), "stash.file",
+                                                translatable("Stash failed: %1"));
     if (stashed && self)
         emit stashCompleted();
 }
@@ -268,14 +270,14 @@ QCoro::Task<void> ChangesPaneViewModel::resolveConflictOurs(FileChange file) {
     qCDebug(lcStaging, "op=conflict.resolveOurs");
     removeRows(false, [&file](const FileChange& row) { return row.path == file.path; });
     co_await runAndRefresh(service_->resolveConflictUsingOurs(repo_, file.path), "conflict.resolveOurs",
-                           "Resolve conflict failed: %1");
+                           translatable("Resolve conflict failed: %1"));
 }
 
 QCoro::Task<void> ChangesPaneViewModel::resolveConflictTheirs(FileChange file) {
     qCDebug(lcStaging, "op=conflict.resolveTheirs");
     removeRows(false, [&file](const FileChange& row) { return row.path == file.path; });
     co_await runAndRefresh(service_->resolveConflictUsingTheirs(repo_, file.path), "conflict.resolveTheirs",
-                           "Resolve conflict failed: %1");
+                           translatable("Resolve conflict failed: %1"));
 }
 
 QCoro::Task<void> ChangesPaneViewModel::discardAll() {

@@ -15,7 +15,12 @@ constexpr long year = 12 * month;
 
 } // namespace
 
-RelativeDateFormatter::RelativeDateFormatter(Instant now) : now_(now), justNow_(localized("now")) {
+RelativeDateFormatter::RelativeDateFormatter(Instant now) : now_(now) {
+    retranslate();
+}
+
+void RelativeDateFormatter::retranslate() {
+    justNow_ = localized("now");
     forms_[years] = {localized("1 yr. ago"), localized("%1 yr. ago"), localized("in 1 yr."),
                      localized("in %1 yr.")};
     forms_[months] = {localized("1 mo. ago"), localized("%1 mo. ago"), localized("in 1 mo."),

@@ -16,7 +16,7 @@ namespace orvel {
 
 namespace {
 
-constexpr const char* workingTreeSubject = "// WIP";
+constexpr const char* workingTreeSubject = translatable("// WIP");
 
 // The working-tree row's date column: a pencil, then "<unstaged> + <staged>" when both sides have
 // changes, else their sum.
@@ -33,7 +33,15 @@ std::string workingTreeSummary(int unstaged, int staged) {
 
 RepoGraphPaneViewModel::RepoGraphPaneViewModel(RepoEntry repo, std::shared_ptr<GitServiceProtocol> service,
                                                ToastManager& toasts, QObject* parent)
-    : QObject(parent), repo_(std::move(repo)), service_(std::move(service)), toasts_(toasts) {}
+    : QObject(parent), repo_(std::move(repo)), service_(std::move(service)), toasts_(toasts) {
+    // The rows' dates and the working tree's row are texts of the model; the view repaints them on
+    // its own language change, which reaches it after this.
+    connect(&LocalizationManager::shared(), &LocalizationManager::languageChanged, this, [this] {
+        dates_.retranslate();
+        if (wipCommit_)
+            wipCommit_->subject = localized(workingTreeSubject).toStdString();
+    });
+}
 
 RepoGraphPaneViewModel::~RepoGraphPaneViewModel() {
     closeStream();
@@ -173,7 +181,7 @@ void RepoGraphPaneViewModel::rebuildRows() {
         GraphCommit wip;
         wip.hash = workingTreeHash;
         wip.parentHashes = {std::string(store_.hash(*head))};
-        wip.subject = workingTreeSubject;
+        wip.subject = localized(workingTreeSubject).toStdString();
         wip.date = std::chrono::time_point_cast<std::chrono::seconds>(std::chrono::system_clock::now());
         wipCommit_ = std::move(wip);
     }

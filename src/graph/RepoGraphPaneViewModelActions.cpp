@@ -164,9 +164,9 @@ QCoro::Task<void> RepoGraphPaneViewModel::reset(std::string hash, ResetMode mode
         co_return;
     QPointer<RepoGraphPaneViewModel> self(this);
     ToastManager& toasts = toasts_;
-    auto outcome =
-        runAction(toasts, activity_, localized("Resetting to %1…", shortHash(hash)),
-                  succeeded(service_->reset(repo_, hash, mode)), "commit.reset", "Reset failed: %1");
+    auto outcome = runAction(toasts, activity_, localized("Resetting to %1…", shortHash(hash)),
+                             succeeded(service_->reset(repo_, hash, mode)), "commit.reset",
+                             translatable("Reset failed: %1"));
     if (!co_await std::move(outcome))
         co_return;
     qCDebug(lcOps, "op=commit.reset mode=%s", HistoryEditCommands::resetModeName(mode));
@@ -193,10 +193,12 @@ QCoro::Task<void> RepoGraphPaneViewModel::pickOrRevert(std::string hash, bool is
     ToastManager& toasts = toasts_;
     const QString shortName = shortHash(hash);
     const char* logName = isRevert ? "commit.revert" : "commit.cherryPick";
-    auto outcome = isRevert ? runAction(toasts, activity_, localized("Reverting %1…", shortName),
-                                        service_->revert(repo_, hash), logName, "Revert failed: %1")
-                            : runAction(toasts, activity_, localized("Cherry-picking %1…", shortName),
-                                        service_->cherryPick(repo_, hash), logName, "Cherry-pick failed: %1");
+    auto outcome =
+        isRevert
+            ? runAction(toasts, activity_, localized("Reverting %1…", shortName),
+                        service_->revert(repo_, hash), logName, translatable("Revert failed: %1"))
+            : runAction(toasts, activity_, localized("Cherry-picking %1…", shortName),
+                        service_->cherryPick(repo_, hash), logName, translatable("Cherry-pick failed: %1"));
     const std::optional<OperationResult> result = co_await std::move(outcome);
     if (!result)
         co_return;
@@ -224,9 +226,9 @@ QCoro::Task<void> RepoGraphPaneViewModel::createBranch(std::string name, std::st
     const QString displayName = QString::fromStdString(name);
     auto creation =
         checkout ? service_->checkoutNewBranch(repo_, name, hash) : service_->createBranch(repo_, name, hash);
-    auto outcome =
-        runAction(toasts, activity_, localized("Creating branch '%1'…", displayName),
-                  succeeded(std::move(creation)), "branch.createAtCommit", "Create branch failed: %1");
+    auto outcome = runAction(toasts, activity_, localized("Creating branch '%1'…", displayName),
+                             succeeded(std::move(creation)), "branch.createAtCommit",
+                             translatable("Create branch failed: %1"));
     if (!co_await std::move(outcome))
         co_return;
     qCDebug(lcOps, "op=branch.createAtCommit");
@@ -245,7 +247,7 @@ QCoro::Task<void> RepoGraphPaneViewModel::createTag(std::string name, std::optio
     const bool annotated = message.has_value();
     auto outcome = runAction(toasts, activity_, localized("Creating tag '%1'…", displayName),
                              succeeded(service_->createTag(repo_, name, hash, std::move(message))),
-                             "tag.createAtCommit", "Create tag failed: %1");
+                             "tag.createAtCommit", translatable("Create tag failed: %1"));
     if (!co_await std::move(outcome))
         co_return;
     qCDebug(lcOps, "op=tag.createAtCommit annotated=%d", annotated ? 1 : 0);

@@ -4,6 +4,8 @@
 #include "core/support/UserDefaults.h"
 
 #include <QCoreApplication>
+#include <QLibraryInfo>
+#include <QLocale>
 #include <QTranslator>
 
 namespace orvel {
@@ -44,6 +46,26 @@ void LocalizationManager::switchLanguage(const QString& code, UserDefaults& defa
     emit languageChanged();
 }
 
+namespace {
+
+// Qt's own table of the language in force, for the texts that Qt's widgets and dialogs show
+// themselves (a tab's close button, a line edit's menu); the program's lookup never reads it. Like
+// the manager, there is one for the process.
+std::unique_ptr<QTranslator> qtBundle;
+
+// Qt's table of the language where the system keeps Qt's translations, or none.
+std::unique_ptr<QTranslator> qtTable(const QString& code) {
+    if (code == QLatin1String("en"))
+        return nullptr;
+    auto table = std::make_unique<QTranslator>();
+    if (!table->load(QLocale(code), QStringLiteral("qtbase"), QStringLiteral("_"),
+                     QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+        return nullptr;
+    return table;
+}
+
+} // namespace
+
 // English has no table. Another language's table is a compiled translation in the resources; a
 // missing one logs once and leaves every text in English, while the language still changes.
 void LocalizationManager::load(const QString& code) {
@@ -62,6 +84,11 @@ void LocalizationManager::load(const QString& code) {
         previous = std::exchange(currentBundle_, bundle);
     }
     if (auto* application = QCoreApplication::instance()) {
+        if (qtBundle)
+            application->removeTranslator(qtBundle.get());
+        qtBundle = qtTable(code);
+        if (qtBundle)
+            application->installTranslator(qtBundle.get());
         if (previous)
             application->removeTranslator(previous.get());
         if (bundle)

@@ -34,7 +34,8 @@ QString errorText(const std::exception& error) {
 // failed status read stops it too. Both refusals are told here.
 QCoro::Task<bool> workingTreeAllowsCheckout(std::shared_ptr<GitServiceProtocol> service, RepoEntry repo,
                                             ToastManager& toasts, const char* logOp) {
-    auto read = attempt(service->status(std::move(repo)), toasts, logOp, "Failed to check status: %1");
+    auto read =
+        attempt(service->status(std::move(repo)), toasts, logOp, translatable("Failed to check status: %1"));
     const std::optional<StatusResult> status = co_await std::move(read);
     if (!status)
         co_return false;
@@ -60,12 +61,21 @@ struct MergeTexts {
     bool reloadWhenUpToDate;
 };
 
-constexpr MergeTexts fastForwardTexts{"op=branch.fastforward", "Already up to date with '%1'", nullptr,
-                                      "Merged '%1'",           "Fast-forwarded to '%1'",       false};
-constexpr MergeTexts mergeTexts{"op=merge",    "Already up to date",       "Merge conflict in %1 file(s)",
-                                "Merged '%1'", "Fast-forward merged '%1'", false};
-constexpr MergeTexts pullTexts{"op=branch.pull", "Already up to date",         "Pull conflict in %1 file(s)",
-                               "Pulled '%1'",    "Pulled '%1' (fast-forward)", true};
+constexpr MergeTexts fastForwardTexts{
+    "op=branch.fastforward",     translatable("Already up to date with '%1'"), nullptr,
+    translatable("Merged '%1'"), translatable("Fast-forwarded to '%1'"),       false};
+constexpr MergeTexts mergeTexts{"op=merge",
+                                translatable("Already up to date"),
+                                translatable("Merge conflict in %1 file(s)"),
+                                translatable("Merged '%1'"),
+                                translatable("Fast-forward merged '%1'"),
+                                false};
+constexpr MergeTexts pullTexts{"op=branch.pull",
+                               translatable("Already up to date"),
+                               translatable("Pull conflict in %1 file(s)"),
+                               translatable("Pulled '%1'"),
+                               translatable("Pulled '%1' (fast-forward)"),
+                               true};
 
 // Tells the outcome and answers whether the repository changed so that the tab must reload.
 bool tellMergeResult(const MergeResult& result, const MergeTexts& texts, const std::string& name,
@@ -137,7 +147,7 @@ QCoro::Task<void> SidebarViewModel::checkoutBranch(std::string name) {
     if (!co_await workingTreeAllowsCheckout(service, repo, toasts, "op=branch.checkout"))
         co_return;
     if (!co_await attempt(service->checkoutBranch(repo, name), toasts, "op=branch.checkout",
-                          "Checkout failed: %1"))
+                          translatable("Checkout failed: %1")))
         co_return;
 
     // Another program may move HEAD between the checkout and now: what counts is where HEAD is.
@@ -186,13 +196,13 @@ QCoro::Task<void> SidebarViewModel::checkoutRemoteBranch(BranchEntry branch) {
         std::ranges::find(localBranches_, shortName, &BranchEntry::name) != localBranches_.end();
     if (localExists) {
         if (!co_await attempt(service->checkoutBranch(repo, shortName), toasts,
-                              "op=branch.checkout scope=remote", "Checkout failed: %1"))
+                              "op=branch.checkout scope=remote", translatable("Checkout failed: %1")))
             co_return;
         qCDebug(lcRefs, "op=branch.checkout scope=remote localExists=true");
         toasts.show(localized("Switched to local branch '%1'", shortName), ToastType::notice);
     } else {
         if (!co_await attempt(service->checkoutNewBranch(repo, shortName, remoteRef), toasts,
-                              "op=branch.checkout scope=remote", "Checkout failed: %1"))
+                              "op=branch.checkout scope=remote", translatable("Checkout failed: %1")))
             co_return;
         qCDebug(lcRefs, "op=branch.checkout scope=remote localExists=false");
         toasts.show(localized("Created and switched to '%1' tracking '%2'", shortName, remoteRef),
@@ -212,7 +222,7 @@ QCoro::Task<void> SidebarViewModel::checkoutTag(TagEntry tag) {
     if (!co_await workingTreeAllowsCheckout(service, repo, toasts, "op=tag.checkout"))
         co_return;
     if (!co_await attempt(service->checkoutTag(repo, tag.name), toasts, "op=tag.checkout",
-                          "Checkout failed: %1"))
+                          translatable("Checkout failed: %1")))
         co_return;
     qCDebug(lcRefs, "op=tag.checkout");
     toasts.show(localized("Checked out tag '%1' (detached HEAD)", tag.name), ToastType::notice);
@@ -226,7 +236,7 @@ QCoro::Task<void> SidebarViewModel::pushTag(TagEntry tag, std::string remote) {
     QPointer<SidebarViewModel> self(this);
     ToastManager& toasts = toasts_;
     if (!co_await attempt(service_->pushTag(*repo_, tag.name, remote), toasts, "op=tag.push",
-                          "Push tag failed: %1"))
+                          translatable("Push tag failed: %1")))
         co_return;
     qCDebug(lcRefs, "op=tag.push");
     toasts.show(localized("Pushed tag '%1' to %2", tag.name, remote), ToastType::notice);
@@ -263,7 +273,7 @@ QCoro::Task<void> SidebarViewModel::pushBranch(BranchEntry branch) {
                                    ? branch.upstream->remoteName
                                    : std::string("origin");
     if (!co_await attempt(service_->pushBranch(*repo_, branch.name, remote), toasts, "op=branch.push",
-                          "Push failed: %1"))
+                          translatable("Push failed: %1")))
         co_return;
     qCDebug(lcRefs, "op=branch.push");
     toasts.show(localized("Pushed '%1' to %2", branch.name, remote), ToastType::notice);
@@ -276,7 +286,8 @@ QCoro::Task<void> SidebarViewModel::mergeBranch(BranchEntry branch) {
         co_return;
     QPointer<SidebarViewModel> self(this);
     ToastManager& toasts = toasts_;
-    auto merged = attempt(service_->merge(*repo_, branch.name), toasts, "op=merge", "Merge failed: %1");
+    auto merged =
+        attempt(service_->merge(*repo_, branch.name), toasts, "op=merge", translatable("Merge failed: %1"));
     const std::optional<MergeResult> result = co_await std::move(merged);
     if (result && tellMergeResult(*result, mergeTexts, branch.name, toasts) && self)
         self->reloadAfterCheckout();
@@ -289,7 +300,7 @@ QCoro::Task<void> SidebarViewModel::pullBranch(BranchEntry branch) {
     ToastManager& toasts = toasts_;
     const std::string remote = branch.upstream ? splitRemoteName(branch.upstream->name).first : "origin";
     auto pulled = attempt(service_->pull(*repo_, remote, PullStrategy::merge), toasts, "op=branch.pull",
-                          "Pull failed: %1");
+                          translatable("Pull failed: %1"));
     const std::optional<MergeResult> result = co_await std::move(pulled);
     if (result && tellMergeResult(*result, pullTexts, branch.name, toasts) && self)
         self->reloadAfterCheckout();
@@ -300,7 +311,8 @@ QCoro::Task<void> SidebarViewModel::rebaseOnto(BranchEntry branch) {
         co_return;
     QPointer<SidebarViewModel> self(this);
     ToastManager& toasts = toasts_;
-    auto rebased = attempt(service_->rebase(*repo_, branch.name), toasts, "op=rebase", "Rebase failed: %1");
+    auto rebased = attempt(service_->rebase(*repo_, branch.name), toasts, "op=rebase",
+                           translatable("Rebase failed: %1"));
     const std::optional<RebaseResult> result = co_await std::move(rebased);
     if (!result)
         co_return;
@@ -334,7 +346,7 @@ QCoro::Task<void> SidebarViewModel::loadRebaseTodo(BranchEntry branch) {
         co_return;
     QPointer<SidebarViewModel> self(this);
     auto read = attempt(service_->rebaseTodoList(*repo_, branch.name), toasts_, "op=rebase.loadTodo",
-                        "Load rebase todo failed: %1");
+                        translatable("Load rebase todo failed: %1"));
     std::optional<std::vector<RebaseTodoEntry>> entries = co_await std::move(read);
     if (!entries || !self)
         co_return;
@@ -350,7 +362,7 @@ QCoro::Task<void> SidebarViewModel::createBranch(std::string name, std::string s
     ToastManager& toasts = toasts_;
     auto created = attempt(checkout ? service_->checkoutNewBranch(*repo_, name, startPoint)
                                     : service_->createBranch(*repo_, name, startPoint),
-                           toasts, "op=branch.create", "Create branch failed: %1");
+                           toasts, "op=branch.create", translatable("Create branch failed: %1"));
     if (!co_await std::move(created))
         co_return;
     qCDebug(lcRefs, "op=branch.created checkout=%d", checkout ? 1 : 0);
@@ -375,7 +387,7 @@ QCoro::Task<void> SidebarViewModel::createTag(std::string name, std::optional<st
     auto created =
         attempt(service_->createTag(*repo_, name, hash.empty() ? std::nullopt : std::optional(hash),
                                     std::move(message)),
-                toasts, "op=tag.create", "Create tag failed: %1");
+                toasts, "op=tag.create", translatable("Create tag failed: %1"));
     if (!co_await std::move(created))
         co_return;
     qCDebug(lcRefs, "op=tag.created annotated=%d", annotated ? 1 : 0);
@@ -415,7 +427,7 @@ QCoro::Task<void> SidebarViewModel::renameBranch(BranchEntry branch, QString new
     ToastManager& toasts = toasts_;
     const std::string target = newName.toStdString();
     if (!co_await attempt(service_->renameBranch(*repo_, branch.name, target), toasts, "op=branch.rename",
-                          "Rename failed: %1"))
+                          translatable("Rename failed: %1")))
         co_return;
     qCDebug(lcRefs, "op=branch.renamed");
     toasts.show(localized("Renamed '%1' to '%2'", branch.name, target), ToastType::notice);
@@ -457,7 +469,7 @@ QCoro::Task<void> SidebarViewModel::forceDeleteBranch() {
     QPointer<SidebarViewModel> self(this);
     ToastManager& toasts = toasts_;
     if (!co_await attempt(service_->deleteBranch(*repo_, branch.name, true), toasts, "op=branch.delete",
-                          "Force delete failed: %1"))
+                          translatable("Force delete failed: %1")))
         co_return;
     qCDebug(lcRefs, "op=branch.deleted scope=local force=true confirmed=true");
     toasts.show(localized("Force deleted branch '%1'", branch.name), ToastType::notice);
@@ -477,7 +489,7 @@ QCoro::Task<void> SidebarViewModel::deleteRemoteBranch() {
         rest.remove_prefix(remoteRefPrefix.size());
     const auto [remote, name] = splitRemoteName(rest);
     if (!co_await attempt(service_->deleteRemoteBranch(*repo_, remote, name), toasts,
-                          "op=branch.deleted scope=remote", "Delete remote branch failed: %1"))
+                          "op=branch.deleted scope=remote", translatable("Delete remote branch failed: %1")))
         co_return;
     qCDebug(lcRefs, "op=branch.deleted scope=remote confirmed=true");
     toasts.show(localized("Deleted remote branch '%1'", name), ToastType::notice);
@@ -493,7 +505,7 @@ QCoro::Task<void> SidebarViewModel::deleteTag() {
     QPointer<SidebarViewModel> self(this);
     ToastManager& toasts = toasts_;
     if (!co_await attempt(service_->deleteTag(*repo_, tag.name), toasts, "op=tag.delete",
-                          "Delete tag failed: %1"))
+                          translatable("Delete tag failed: %1")))
         co_return;
     qCDebug(lcRefs, "op=tag.deleted");
     toasts.show(localized("Deleted tag '%1'", tag.name), ToastType::notice);
@@ -508,7 +520,7 @@ QCoro::Task<QString> SidebarViewModel::tagDetail(TagEntry tag) {
     if (!checkRepository())
         co_return QString();
     auto read = attempt(service_->tagDetail(*repo_, tag.name), toasts_, "op=tag.detail",
-                        "Failed to get tag detail: %1");
+                        translatable("Failed to get tag detail: %1"));
     const std::optional<std::string> detail = co_await std::move(read);
     co_return detail ? QString::fromUtf8(detail->data(), static_cast<qsizetype>(detail->size())) : QString();
 }
@@ -543,10 +555,10 @@ QCoro::Task<void> SidebarViewModel::applyStash(StashEntry stash) {
         co_return;
     QPointer<SidebarViewModel> self(this);
     ToastManager& toasts = toasts_;
-    if (!co_await stashStillListed(stash, "op=stash.apply", "Apply stash failed: %1") || !self)
+    if (!co_await stashStillListed(stash, "op=stash.apply", translatable("Apply stash failed: %1")) || !self)
         co_return;
     auto applied = attempt(service_->stashApply(*repo_, stash.index), toasts, "op=stash.apply",
-                           "Apply stash failed: %1");
+                           translatable("Apply stash failed: %1"));
     const std::optional<OperationResult> result = co_await std::move(applied);
     if (!result)
         co_return;
@@ -569,10 +581,11 @@ QCoro::Task<void> SidebarViewModel::applyAndDropStash(StashEntry stash) {
     auto service = service_;
     const RepoEntry repo = *repo_;
     ToastManager& toasts = toasts_;
-    if (!co_await stashStillListed(stash, "op=stash.applyAndDrop", "Apply stash failed: %1") || !self)
+    if (!co_await stashStillListed(stash, "op=stash.applyAndDrop", translatable("Apply stash failed: %1")) ||
+        !self)
         co_return;
     auto applied = attempt(service->stashApply(repo, stash.index), toasts, "op=stash.applyAndDrop",
-                           "Apply stash failed: %1");
+                           translatable("Apply stash failed: %1"));
     const std::optional<OperationResult> result = co_await std::move(applied);
     if (!result)
         co_return;
@@ -591,7 +604,8 @@ QCoro::Task<void> SidebarViewModel::applyAndDropStash(StashEntry stash) {
         co_return;
     emit self->checkoutComplete();
     // A stash taken while this one applied has moved it down the list.
-    if (!co_await self->stashStillListed(stash, "op=stash.applyAndDrop", "Applied OK but drop failed: %1"))
+    if (!co_await self->stashStillListed(stash, "op=stash.applyAndDrop",
+                                         translatable("Applied OK but drop failed: %1")))
         co_return;
     try {
         co_await service->stashDrop(repo, stash.index);
@@ -615,10 +629,10 @@ QCoro::Task<void> SidebarViewModel::dropStash() {
     QPointer<SidebarViewModel> self(this);
     const RepoEntry repo = *repo_;
     ToastManager& toasts = toasts_;
-    if (!co_await stashStillListed(stash, "op=stash.drop", "Drop stash failed: %1") || !self)
+    if (!co_await stashStillListed(stash, "op=stash.drop", translatable("Drop stash failed: %1")) || !self)
         co_return;
     if (!co_await attempt(service_->stashDrop(repo, stash.index), toasts, "op=stash.drop",
-                          "Drop stash failed: %1"))
+                          translatable("Drop stash failed: %1")))
         co_return;
     qCDebug(lcRefs, "op=stash.drop");
     toasts.show(localized("Dropped stash: %1", stash.message), ToastType::notice);

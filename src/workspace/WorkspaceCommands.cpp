@@ -89,7 +89,7 @@ QCoro::Task<void> WorkspaceCommands::fetch() {
     ActivityScope activity(app_, localized("Fetching from %1…", text(target->remote)));
     const bool prune = app_.defaults().value(QStringLiteral("autoPrune"), true).toBool();
     auto fetched = attempt(app_.service()->fetch(target->repo, target->remote, prune), toasts, logOp("fetch"),
-                           "Fetch failed: %1");
+                           translatable("Fetch failed: %1"));
     if (!co_await std::move(fetched) || !self)
         co_return;
     toasts.show(localized("Fetched from %1", text(target->remote)), ToastType::notice);
@@ -105,7 +105,7 @@ QCoro::Task<void> WorkspaceCommands::pull(PullStrategy strategy) {
     ToastManager& toasts = app_.toastManager();
     ActivityScope activity(app_, localized("Pulling from %1…", text(target->remote)));
     auto pulled = attempt(app_.service()->pull(target->repo, target->remote, strategy), toasts, logOp("pull"),
-                          "Pull failed: %1");
+                          translatable("Pull failed: %1"));
     const std::optional<MergeResult> result = co_await std::move(pulled);
     if (!self)
         co_return;
@@ -142,8 +142,8 @@ QCoro::Task<void> WorkspaceCommands::pushTo(bool force) {
     auto service = app_.service();
     auto operation = force ? service->forcePush(target->repo, target->remote)
                            : service->push(target->repo, target->remote);
-    auto pushed =
-        attempt(std::move(operation), toasts, logOp(force ? "forcePush" : "push"), "Push failed: %1");
+    auto pushed = attempt(std::move(operation), toasts, logOp(force ? "forcePush" : "push"),
+                          translatable("Push failed: %1"));
     if (!co_await std::move(pushed) || !self)
         co_return;
     toasts.show(force ? localized("Force pushed to %1", text(target->remote))
@@ -171,7 +171,7 @@ QCoro::Task<void> WorkspaceCommands::stash(QString name) {
     }
     ActivityScope activity(app_, localized("Stashing changes…"));
     auto stashed = attempt(service->stashSave(target->repo, name.toStdString(), true), toasts,
-                           "op=stash.save", "Stash failed: %1");
+                           "op=stash.save", translatable("Stash failed: %1"));
     if (!co_await std::move(stashed) || !self)
         co_return;
     qCDebug(lcApp, "op=stash.save status=success");
@@ -186,8 +186,8 @@ QCoro::Task<void> WorkspaceCommands::popStash() {
     QPointer<WorkspaceCommands> self(this);
     ToastManager& toasts = app_.toastManager();
     ActivityScope activity(app_, localized("Popping stash…"));
-    auto popped =
-        attempt(app_.service()->stashPop(target->repo), toasts, logOp("stashPop"), "Stash pop failed: %1");
+    auto popped = attempt(app_.service()->stashPop(target->repo), toasts, logOp("stashPop"),
+                          translatable("Stash pop failed: %1"));
     const std::optional<OperationResult> result = co_await std::move(popped);
     if (!self)
         co_return;
@@ -216,7 +216,7 @@ QCoro::Task<void> WorkspaceCommands::createBranch(BranchRequest request) {
     // Without knowing what is there, nothing is stashed or discarded.
     auto read = attempt(app_.service()->status(target->repo), toasts,
                         logOp(discards ? "createBranch.discard" : "createBranch.stash"),
-                        discards ? "Discard failed: %1" : "Stash failed: %1");
+                        discards ? translatable("Discard failed: %1") : translatable("Stash failed: %1"));
     const std::optional<StatusResult> status = co_await std::move(read);
     if (!status || !self)
         co_return;
@@ -224,7 +224,8 @@ QCoro::Task<void> WorkspaceCommands::createBranch(BranchRequest request) {
     // would then apply an older, unrelated stash.
     if (!discards && status->files.empty()) {
         qCDebug(lcOps, "%s reason=No local changes to save", logOp("createBranch.stash").c_str());
-        toasts.show(localized("Stash failed: %1", localized("No local changes to save")), ToastType::error);
+        const QString reason = localized("No local changes to save");
+        toasts.show(localized("Stash failed: %1", reason), ToastType::error);
         co_return;
     }
     if (discards && !status->files.empty()) {
@@ -262,18 +263,18 @@ QCoro::Task<void> WorkspaceCommands::runBranchCreation(Target target, BranchRequ
     if (stashes) {
         const std::string message = "Auto-stash before creating branch '" + name + "'";
         auto stashed = attempt(service->stashSave(repo, message, true), toasts, logOp("createBranch.stash"),
-                               "Stash failed: %1");
+                               translatable("Stash failed: %1"));
         if (!co_await std::move(stashed) || !self)
             co_return;
     } else if (request.localChanges == LocalChangesOption::discard) {
         auto discarded = attempt(service->reset(repo, "HEAD", ResetMode::hard), toasts,
-                                 logOp("createBranch.discard"), "Discard failed: %1");
+                                 logOp("createBranch.discard"), translatable("Discard failed: %1"));
         if (!co_await std::move(discarded) || !self)
             co_return;
     }
 
     auto created = attempt(service->createBranch(repo, name, std::nullopt), toasts, logOp("createBranch"),
-                           "Create branch failed: %1");
+                           translatable("Create branch failed: %1"));
     const bool wasCreated = (co_await std::move(created)).has_value();
     if (!self)
         co_return;
@@ -288,7 +289,7 @@ QCoro::Task<void> WorkspaceCommands::runBranchCreation(Target target, BranchRequ
     }
     if (request.checkout) {
         auto checkedOut = attempt(service->checkoutBranch(repo, name), toasts, logOp("createBranch.checkout"),
-                                  "Checkout failed: %1");
+                                  translatable("Checkout failed: %1"));
         const bool wasCheckedOut = (co_await std::move(checkedOut)).has_value();
         if (!self)
             co_return;
@@ -342,7 +343,7 @@ QCoro::Task<void> WorkspaceCommands::createTag(QString name, std::optional<QStri
         attempt(app_.service()->createTag(target->repo, name.toStdString(),
                                           commit.empty() ? std::nullopt : std::optional(commit),
                                           message ? std::optional(message->toStdString()) : std::nullopt),
-                toasts, logOp("createTag"), "Tag creation failed: %1");
+                toasts, logOp("createTag"), translatable("Tag creation failed: %1"));
     if (!co_await std::move(created) || !self)
         co_return;
     toasts.show(localized("Created tag '%1'", name), ToastType::notice);

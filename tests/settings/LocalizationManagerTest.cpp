@@ -4,7 +4,9 @@
 #include "support/LogCapture.h"
 
 #include <QCoreApplication>
+#include <QDialogButtonBox>
 #include <QEvent>
+#include <QPushButton>
 #include <QWidget>
 
 #include <gtest/gtest.h>
@@ -38,6 +40,9 @@ TEST(LocalizationManagerTest, SwitchesTablesWhileRunningAndFallsBackToEnglish) {
     EXPECT_EQ(defaults.string("appLanguage"), "zh-Hans");
     QCoreApplication::sendPostedEvents();
     EXPECT_GT(widget.changes, 0);
+    // Qt's own widgets take their texts from Qt's table of the same language.
+    EXPECT_EQ(QDialogButtonBox(QDialogButtonBox::Cancel).button(QDialogButtonBox::Cancel)->text(),
+              QString::fromUtf8("取消"));
 
     manager.switchLanguage("xx", defaults);
     EXPECT_TRUE(log.contains("op=locale.loadFailed lang=xx"));

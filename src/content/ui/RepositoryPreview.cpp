@@ -2,6 +2,7 @@
 
 #include "content/WelcomeViewModel.h"
 #include "content/ui/MarkdownView.h"
+#include "settings/DisplayLocale.h"
 #include "settings/LocalizationManager.h"
 #include "settings/ThemeEngine.h"
 
@@ -159,7 +160,7 @@ QString RepositoryPreview::commitsText() const {
                                 "<br/><span style=\"color:%1\">%4 · %5</span>")
                      .arg(tokens.fg2.name(), text(commit.abbreviatedHash), text(commit.subject),
                           text(commit.authorName),
-                          QLocale().toString(date.toLocalTime(), QLocale::ShortFormat));
+                          displayLocale().toString(date.toLocalTime(), QLocale::ShortFormat));
     }
     return lines.join(QStringLiteral("<br/>"));
 }

@@ -1,5 +1,6 @@
 #include "diff/ui/BlameSheet.h"
 
+#include "settings/DisplayLocale.h"
 #include "settings/LocalizationManager.h"
 
 #include <QDateTime>
@@ -39,7 +40,7 @@ void BlameSheet::fill(QStandardItemModel& table) const {
     for (const BlameEntry& entry : model().blameEntries()) {
         const QString hash = QString::fromUtf8(entry.hash.substr(0, 7));
         const QString author = QString::fromUtf8(entry.authorName);
-        const QString date = QLocale().toString(
+        const QString date = displayLocale().toString(
             QDateTime::fromSecsSinceEpoch(entry.authorDate.time_since_epoch().count()).date(),
             QLocale::ShortFormat);
         for (std::size_t i = 0; i < entry.lines.size(); ++i) {

@@ -1,5 +1,6 @@
 #include "diff/ui/FileHistorySheet.h"
 
+#include "settings/DisplayLocale.h"
 #include "settings/LocalizationManager.h"
 
 #include <QDateTime>
@@ -40,9 +41,9 @@ void FileHistorySheet::fill(QStandardItemModel& table) const {
             new QStandardItem(QString::fromUtf8(entry.abbreviatedHash)),
             new QStandardItem(QString::fromUtf8(entry.subject)),
             new QStandardItem(QString::fromUtf8(entry.authorName)),
-            new QStandardItem(
-                QLocale().toString(QDateTime::fromSecsSinceEpoch(entry.authorDate.time_since_epoch().count()),
-                                   QLocale::ShortFormat))};
+            new QStandardItem(displayLocale().toString(
+                QDateTime::fromSecsSinceEpoch(entry.authorDate.time_since_epoch().count()),
+                QLocale::ShortFormat))};
         row[0]->setFont(mono);
         table.appendRow(row);
     }

@@ -33,10 +33,9 @@ FileSheet::FileSheet(FileSheetViewModel::Kind kind, RepoEntry repo, std::string 
     view_->setAlternatingRowColors(true);
     view_->setEditTriggers(QAbstractItemView::NoEditTriggers);
     view_->setSelectionBehavior(QAbstractItemView::SelectRows);
-    auto* buttons = new QDialogButtonBox(QDialogButtonBox::Close, this);
-    QPushButton* done = buttons->button(QDialogButtonBox::Close);
-    done->setText(localized("Done"));
-    done->setDefault(true);
+    auto* buttons = new QDialogButtonBox(this);
+    done_ = buttons->addButton(QString(), QDialogButtonBox::RejectRole);
+    done_->setDefault(true);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::accept);
 
     auto* layout = new QVBoxLayout(this);
@@ -55,6 +54,7 @@ void FileSheet::start() {
 void FileSheet::show() {
     setWindowTitle(caption());
     caption_->setText(caption());
+    done_->setText(localized("Done"));
     const bool failed = !model_.error().isEmpty();
     table_->clear();
     table_->setHorizontalHeaderLabels(columns());

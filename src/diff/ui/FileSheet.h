@@ -8,6 +8,7 @@
 
 class QLabel;
 class QStandardItemModel;
+class QPushButton;
 class QTreeView;
 
 namespace orvel {
@@ -44,6 +45,8 @@ class FileSheet : public QDialog {
     QLabel* placeholder_;
     QStandardItemModel* table_;
     QTreeView* view_;
+    // Not the button box's own Close, which Qt renames "Close" on every language change.
+    QPushButton* done_;
 };
 
 } // namespace orvel

@@ -23,13 +23,13 @@ struct ScopeTitle {
 };
 
 constexpr ScopeTitle scopeTitles[] = {
-    {CommitSearchType::all, "All"},
-    {CommitSearchType::message, "Message"},
-    {CommitSearchType::author, "Author"},
-    {CommitSearchType::ref, "Branch / Tag"},
-    {CommitSearchType::hash, "Hash"},
-    {CommitSearchType::diff, "Code Changes"},
-    {CommitSearchType::filePath, "File Path"},
+    {CommitSearchType::all, translatable("All")},
+    {CommitSearchType::message, translatable("Message")},
+    {CommitSearchType::author, translatable("Author")},
+    {CommitSearchType::ref, translatable("Branch / Tag")},
+    {CommitSearchType::hash, translatable("Hash")},
+    {CommitSearchType::diff, translatable("Code Changes")},
+    {CommitSearchType::filePath, translatable("File Path")},
 };
 
 QToolButton* toolButton(const char* objectName, const QString& icon, QWidget* parent) {

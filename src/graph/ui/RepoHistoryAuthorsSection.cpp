@@ -1,5 +1,6 @@
 #include "graph/ui/RepoHistoryAuthorsSection.h"
 
+#include "settings/DisplayLocale.h"
 #include "settings/LocalizationManager.h"
 
 #include <QDateTime>
@@ -22,9 +23,10 @@ QString authorLine(const CommitAuthor& author) {
         line += QStringLiteral(" &lt;%1&gt;").arg(QString::fromUtf8(*author.email).toHtmlEscaped());
     if (author.date != distantPast) {
         const auto seconds = author.date.time_since_epoch().count();
-        line +=
-            QStringLiteral("<br>") +
-            QLocale().toString(QDateTime::fromSecsSinceEpoch(seconds), QLocale::LongFormat).toHtmlEscaped();
+        line += QStringLiteral("<br>") +
+                displayLocale()
+                    .toString(QDateTime::fromSecsSinceEpoch(seconds), QLocale::LongFormat)
+                    .toHtmlEscaped();
     }
     return line;
 }
@@ -63,11 +65,8 @@ void RepoHistoryAuthorsSection::setCommit(const GraphCommit* commit) {
     if (!commit)
         return;
 
-    QStringList lines;
-    for (const CommitAuthor& author : commit->authors)
-        lines.push_back(authorLine(author));
-    authors_->setText(lines.join(QStringLiteral("<br>")));
-    authors_->setVisible(!lines.isEmpty());
+    shownAuthors_ = commit->authors;
+    authors_->setVisible(!shownAuthors_.empty());
 
     parentHashes_ = commit->parentHashes;
     // Git abbreviates every hash of a repository to one length, which its reading of the commit
@@ -79,7 +78,6 @@ void RepoHistoryAuthorsSection::setCommit(const GraphCommit* commit) {
         link->setObjectName(QStringLiteral("history.parent-link"));
         link->setFlat(true);
         link->setCursor(Qt::PointingHandCursor);
-        link->setAccessibleName(localized("Select parent %1", shortHash));
         QFont mono = QFontDatabase::systemFont(QFontDatabase::FixedFont);
         mono.setUnderline(true);
         link->setFont(mono);
@@ -88,6 +86,7 @@ void RepoHistoryAuthorsSection::setCommit(const GraphCommit* commit) {
         parentButtons_.push_back(link);
     }
     parentsLabel_->setVisible(!parentHashes_.empty());
+    retranslate();
 }
 
 void RepoHistoryAuthorsSection::changeEvent(QEvent* event) {
@@ -98,6 +97,12 @@ void RepoHistoryAuthorsSection::changeEvent(QEvent* event) {
 
 void RepoHistoryAuthorsSection::retranslate() {
     parentsLabel_->setText(localized("Parents:"));
+    QStringList lines;
+    for (const CommitAuthor& author : shownAuthors_)
+        lines.push_back(authorLine(author));
+    authors_->setText(lines.join(QStringLiteral("<br>")));
+    for (QPushButton* link : parentButtons_)
+        link->setAccessibleName(localized("Select parent %1", link->text()));
 }
 
 } // namespace orvel

@@ -33,6 +33,7 @@ class RepoHistoryAuthorsSection final : public QWidget {
   private:
     void retranslate();
 
+    std::vector<CommitAuthor> shownAuthors_; // their dates are written in the language in force
     std::vector<std::string> parentHashes_;
     QLabel* authors_;
     QLabel* parentsLabel_;

@@ -40,6 +40,12 @@ namespace {
 
 const QString geometryKey = QStringLiteral("mainWindowGeometry");
 
+// Qt names a tab's close button once, when it makes it; the name follows the language here.
+void nameCloseButton(QTabBar& bar, int index) {
+    if (QWidget* button = bar.tabButton(index, QTabBar::RightSide))
+        button->setToolTip(localized("Close Tab"));
+}
+
 // The local folders among the dropped URLs.
 QStringList droppedFolders(const QMimeData* data) {
     QStringList folders;
@@ -265,6 +271,8 @@ void MainWindow::retranslate() {
     helpMenu_->setTitle(localized("&Help"));
     aboutAction_->setText(localized("About Orvel"));
     tabBar_->setAccessibleName(localized("Repositories"));
+    for (int index = 0; index < tabBar_->count(); ++index)
+        nameCloseButton(*tabBar_, index);
     busy_->setAccessibleName(localized("Working"));
     updateTitle();
 }
@@ -276,6 +284,7 @@ void MainWindow::addTab(WorkspaceTabState* tab) {
     const int index = tabBar_->addTab(tab->title());
     tabBar_->setTabData(index, tab->id());
     tabBar_->setTabToolTip(index, QString::fromStdString(tab->repo().path));
+    nameCloseButton(*tabBar_, index);
     tabViews_->insertWidget(index, view);
     connect(tab, &WorkspaceTabState::titleChanged, this, [this, tab] {
         const int at = tabIndex(tab->id());
