@@ -86,15 +86,39 @@ std::string shownHunk(const std::vector<DiffDisplayRow>& rows, int hunk) {
     return shown;
 }
 
+std::vector<ChosenLines> chosenLines(const std::vector<DiffDisplayRow>& rows, int first, int last) {
+    if (first > last)
+        std::swap(first, last);
+    first = std::max(first, 0);
+    last = std::min(last, int(rows.size()) - 1);
+    std::vector<ChosenLines> chosen;
+    for (int index = first; index <= last; ++index) {
+        const DiffDisplayRow& row = rows[std::size_t(index)];
+        if (row.isHunkHeader || row.hunk < 0)
+            continue;
+        for (const auto& [tone, line] :
+             {std::pair{row.leftTone, row.leftLine}, {row.rightTone, row.rightLine}}) {
+            if (line < 0 || (tone != RowTone::addition && tone != RowTone::deletion))
+                continue;
+            if (chosen.empty() || chosen.back().hunk != row.hunk)
+                chosen.push_back({row.hunk, shownHunk(rows, row.hunk), {}});
+            chosen.back().lines.push_back(line);
+        }
+    }
+    return chosen;
+}
+
 std::vector<DiffDisplayRow> unifiedRows(const FileDiff& file) {
     std::vector<DiffDisplayRow> rows;
     for (std::size_t h = 0; h < file.hunks.size(); ++h) {
         const DiffHunk& hunk = file.hunks[h];
         rows.reserve(rows.size() + hunk.lines.size() + 1);
         rows.push_back(headerRow(hunk, int(h)));
-        for (const DiffLine& line : hunk.lines) {
+        for (std::size_t l = 0; l < hunk.lines.size(); ++l) {
+            const DiffLine& line = hunk.lines[l];
             DiffDisplayRow row;
             row.hunk = int(h);
+            row.leftLine = int(l);
             row.leftNumber = line.oldLineNumber;
             row.rightNumber = line.newLineNumber;
             row.left = line.content;
@@ -118,6 +142,8 @@ std::vector<DiffDisplayRow> sideBySideRows(const FileDiff& file) {
             row.rightNumber = split.rightLineNumber;
             row.right = std::move(split.rightContent);
             row.rightTone = toneOf(split.rightType);
+            row.leftLine = split.leftLine;
+            row.rightLine = split.rightLine;
             rows.push_back(std::move(row));
         }
     }

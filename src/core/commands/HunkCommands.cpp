@@ -13,7 +13,8 @@ namespace {
 using Arguments = GitExecutorProtocol::Arguments;
 
 // Writes `patch` to a private temporary file and runs `apply` with its path appended.
-void applyPatch(GitExecutorProtocol& git, const std::string& repoPath, const std::string& patch, Arguments apply) {
+void applyPatch(GitExecutorProtocol& git, const std::string& repoPath, const std::string& patch,
+                Arguments apply) {
     // The patch file goes away when this block ends, however it ends.
     TemporaryFiles files;
     const std::string patchFile = files.add(uniqueTemporaryPath("orvel_hunk_", ".patch"));

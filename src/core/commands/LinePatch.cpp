@@ -56,7 +56,8 @@ bool sameLines(const DiffHunk& shown, const DiffHunk& read) {
 }
 
 // The lines of `hunk` as the patch writes them, in git's orientation (`--reverse` turns them).
-std::vector<PatchLine> patchLines(const DiffHunk& hunk, const std::set<int>& chosen, PatchDirection direction) {
+std::vector<PatchLine> patchLines(const DiffHunk& hunk, const std::set<int>& chosen,
+                                  PatchDirection direction) {
     const DiffLineType baseType =
         direction == PatchDirection::forward ? DiffLineType::deletion : DiffLineType::addition;
     const char baseSign = direction == PatchDirection::forward ? '-' : '+';

@@ -64,8 +64,8 @@ QCoro::Task<void> NativeGitService::linesAction(const char* name, LinesCommand c
     qCDebug(lcStaging, "%s: %s (%zu lines in %zu hunks) in %s", name, file.path.c_str(), count, lines.size(),
             repo.path.c_str());
     auto work = queued(repo.path, cancellation,
-                       [command, file = std::move(file), lines = std::move(lines)](
-                           GitExecutorProtocol& git, const std::string& repoPath) {
+                       [command, file = std::move(file),
+                        lines = std::move(lines)](GitExecutorProtocol& git, const std::string& repoPath) {
                            command(git, repoPath, file, lines);
                        });
     return logFailure(name, std::move(work));
@@ -77,14 +77,14 @@ QCoro::Task<void> NativeGitService::stageLines(RepoEntry repo, FileChange file, 
                        std::move(lines), cancellation);
 }
 
-QCoro::Task<void> NativeGitService::unstageLines(RepoEntry repo, FileChange file, std::vector<HunkLines> lines,
-                                                 std::stop_token cancellation) {
+QCoro::Task<void> NativeGitService::unstageLines(RepoEntry repo, FileChange file,
+                                                 std::vector<HunkLines> lines, std::stop_token cancellation) {
     return linesAction("unstageLines", &HunkCommands::unstageLines, std::move(repo), std::move(file),
                        std::move(lines), cancellation);
 }
 
-QCoro::Task<void> NativeGitService::discardLines(RepoEntry repo, FileChange file, std::vector<HunkLines> lines,
-                                                 std::stop_token cancellation) {
+QCoro::Task<void> NativeGitService::discardLines(RepoEntry repo, FileChange file,
+                                                 std::vector<HunkLines> lines, std::stop_token cancellation) {
     return linesAction("discardLines", &HunkCommands::discardLines, std::move(repo), std::move(file),
                        std::move(lines), cancellation);
 }

@@ -1086,6 +1086,10 @@
         <source>The diff changed after the hunk was chosen, so nothing was done. It has been read again: choose the hunk once more.</source>
         <translation>选择该区块后差异已经变化，因此没有执行任何操作。差异已重新读取：请再次选择该区块。</translation>
     </message>
+    <message>
+        <source>The diff changed after the lines were chosen, so nothing was done. It has been read again: choose the lines once more.</source>
+        <translation>选择这些行后差异已经变化，因此没有执行任何操作。差异已重新读取：请再次选择这些行。</translation>
+    </message>
 </context>
 <context>
     <name>orvel::DiffPane</name>
@@ -1214,6 +1218,10 @@
         <translation type="unfinished"></translation>
     </message>
     <message>
+        <source>The chosen lines&apos; changes will be permanently lost.</source>
+        <translation>所选行的更改将永久丢失。</translation>
+    </message>
+    <message>
         <source>Discard</source>
         <translation type="unfinished"></translation>
     </message>
@@ -1267,6 +1275,18 @@
     <message>
         <source>Discard Hunk</source>
         <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Stage Lines</source>
+        <translation>暂存所选行</translation>
+    </message>
+    <message>
+        <source>Unstage Lines</source>
+        <translation>取消暂存所选行</translation>
+    </message>
+    <message>
+        <source>Discard Lines</source>
+        <translation>丢弃所选行</translation>
     </message>
 </context>
 <context>
