@@ -86,6 +86,12 @@ std::string shownHunk(const std::vector<DiffDisplayRow>& rows, int hunk) {
     return shown;
 }
 
+bool showsChange(const DiffDisplayRow& row, bool right) {
+    const RowTone tone = right ? row.rightTone : row.leftTone;
+    return !row.isHunkHeader && row.hunk >= 0 && (right ? row.rightLine : row.leftLine) >= 0 &&
+           (tone == RowTone::addition || tone == RowTone::deletion);
+}
+
 std::vector<ChosenLines> chosenLines(const std::vector<DiffDisplayRow>& rows, int first, int last) {
     if (first > last)
         std::swap(first, last);
@@ -94,15 +100,12 @@ std::vector<ChosenLines> chosenLines(const std::vector<DiffDisplayRow>& rows, in
     std::vector<ChosenLines> chosen;
     for (int index = first; index <= last; ++index) {
         const DiffDisplayRow& row = rows[std::size_t(index)];
-        if (row.isHunkHeader || row.hunk < 0)
-            continue;
-        for (const auto& [tone, line] :
-             {std::pair{row.leftTone, row.leftLine}, {row.rightTone, row.rightLine}}) {
-            if (line < 0 || (tone != RowTone::addition && tone != RowTone::deletion))
+        for (const bool right : {false, true}) {
+            if (!showsChange(row, right))
                 continue;
             if (chosen.empty() || chosen.back().hunk != row.hunk)
                 chosen.push_back({row.hunk, shownHunk(rows, row.hunk), {}});
-            chosen.back().lines.push_back(line);
+            chosen.back().lines.push_back(right ? row.rightLine : row.leftLine);
         }
     }
     return chosen;

@@ -50,6 +50,9 @@ std::string hunkHeaderText(const DiffHunk& hunk);
 // the hunk, so that a reload which put another hunk at the same place is noticed.
 std::string shownHunk(const std::vector<DiffDisplayRow>& rows, int hunk);
 
+// Whether a side of `row` shows an addition or a deletion of a hunk's lines, which can be chosen.
+bool showsChange(const DiffDisplayRow& row, bool right);
+
 // The additions and deletions that the rows from `first` to `last` show (both included, in either
 // order), by hunk; the other rows in between choose nothing.
 std::vector<ChosenLines> chosenLines(const std::vector<DiffDisplayRow>& rows, int first, int last);

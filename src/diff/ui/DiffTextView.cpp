@@ -316,10 +316,7 @@ bool DiffTextView::holdsChosenLines(int hunk) const {
 bool DiffTextView::isChosen(int row, bool right) const {
     if (anchorRow_ < 0 || row < std::min(anchorRow_, cursorRow_) || row > std::max(anchorRow_, cursorRow_))
         return false;
-    const DiffDisplayRow& line = rows_[std::size_t(row)];
-    const RowTone tone = right ? line.rightTone : line.leftTone;
-    return !line.isHunkHeader && (right ? line.rightLine : line.leftLine) >= 0 &&
-           (tone == RowTone::addition || tone == RowTone::deletion);
+    return showsChange(rows_[std::size_t(row)], right);
 }
 
 void DiffTextView::chooseTo(int row) {
@@ -680,7 +677,7 @@ void DiffTextView::keyPressEvent(QKeyEvent* event) {
         }
         // The first choice is the first change of the hunk the keys act on.
         for (std::size_t row = 0; row < rows_.size(); ++row)
-            if (rows_[row].hunk == hunk && !orvel::chosenLines(rows_, int(row), int(row)).empty()) {
+            if (rows_[row].hunk == hunk && (showsChange(rows_[row], false) || showsChange(rows_[row], true))) {
                 chooseTo(int(row));
                 return;
             }
@@ -708,7 +705,6 @@ void DiffTextView::contextMenuEvent(QContextMenuEvent* event) {
     const std::string shown = shownHunk(rows_, hunk);
     const std::vector<ChosenLines> lines = chosenLines();
     QMenu menu(this);
-    menu.setObjectName(QStringLiteral("diff-pane.menu"));
     const std::pair<bool, const char*> offers[] = {
         {actions_.stage, "S"}, {actions_.unstage, "U"}, {actions_.discard, "D"}};
     // The chosen lines' actions come first: they take the keys while lines are chosen.
