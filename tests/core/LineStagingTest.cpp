@@ -12,6 +12,7 @@
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
 #include <map>
 #include <random>
 #include <set>
@@ -252,6 +253,32 @@ TEST_F(LineStaging, LinesOfARenamedFileMoveWithoutUndoingTheRename) {
     run(Action::discard, file, choose(diffOf("moved.txt", false), second));
     EXPECT_EQ(repo.read("moved.txt"), "row 1\nrow 2\nrow 3\nrow four\nrow 5\n");
     EXPECT_EQ(indexOf("moved.txt"), repo.read("moved.txt"));
+}
+
+// Where the side a patch applies to has no file, the chosen lines make one.
+TEST_F(LineStaging, LinesOfAFileMissingOnOneSide) {
+    repo.write("f.txt", "one\ntwo\nthree\n");
+    repo.commitAll("f");
+    FileChange file;
+    file.path = "f.txt";
+    std::filesystem::remove(repo / "f.txt");
+    run(Action::stage, file, choose(diffOf("f.txt", false), {"-two"}));
+    EXPECT_EQ(indexOf("f.txt"), "one\nthree\n");
+    repo.git({"reset", "-q"});
+    run(Action::discard, file, choose(diffOf("f.txt", false), {"-two"}));
+    EXPECT_EQ(repo.read("f.txt"), "two\n");
+    EXPECT_EQ(indexOf("f.txt"), "one\ntwo\nthree\n");
+
+    repo.git({"checkout", "-q", "--", "f.txt"});
+    file.path = "new.txt";
+    repo.write("new.txt", "a\nb\nc\n");
+    repo.git({"add", "-N", "new.txt"});
+    run(Action::stage, file, choose(diffOf("new.txt", false), {"+b"}));
+    EXPECT_EQ(indexOf("new.txt"), "b\n");
+    repo.git({"add", "new.txt"});
+    run(Action::unstage, file, choose(diffOf("new.txt", true), {"+a", "+c"}));
+    EXPECT_EQ(indexOf("new.txt"), "b\n");
+    EXPECT_EQ(repo.read("new.txt"), "a\nb\nc\n");
 }
 
 TEST_F(LineStaging, AFileEditedAfterItWasShownIsRefusedAndLeftAlone) {

@@ -13,6 +13,10 @@ namespace orvel::HunkCommands {
 // newlines with one more at the end; empty when no such hunk is in `rawDiff`.
 std::string extractHunkPatch(std::string_view rawDiff, const DiffHunk& hunk);
 
+// The lines of `rawDiff` before its first hunk that a patch of it carries ("diff --git", "index ",
+// "--- ", "+++ ", the mode lines), each with its newline.
+std::string patchHeaderLines(std::string_view rawDiff);
+
 // Whether the "@@ -a,b +c,d @@" line carries the hunk's four numbers (a missing count is 1).
 bool hunkHeaderMatches(std::string_view line, const DiffHunk& hunk);
 

@@ -1,10 +1,10 @@
 #include "core/commands/LinePatch.h"
 
+#include "core/commands/HunkPatch.h"
 #include "core/parsers/DiffParser.h"
 
 #include <algorithm>
 #include <map>
-#include <optional>
 #include <set>
 
 namespace orvel::HunkCommands {
@@ -17,10 +17,13 @@ struct PatchLine {
     std::string_view marker; // the "\ No newline at end of file" line behind it, if any
 };
 
-// The name the patch gives the file, as git printed it: the new side's, or the old side's for a
-// deleted file. The patch changes lines of one file in place, so both of its sides carry this
-// name; a rename or a deletion is not the patch's to repeat.
-std::optional<std::string_view> patchName(std::string_view rawDiff) {
+struct FileNames {
+    std::string_view oldName;
+    std::string_view newName;
+};
+
+// The names of the file's two sides as git printed them in its "--- " and "+++ " lines.
+FileNames fileNames(std::string_view rawDiff) {
     std::string_view oldName;
     std::string_view newName;
     for (std::size_t start = 0; start < rawDiff.size();) {
@@ -40,10 +43,25 @@ std::optional<std::string_view> patchName(std::string_view rawDiff) {
     for (std::string_view* name : {&oldName, &newName})
         if (name->ends_with('\t'))
             name->remove_suffix(1);
-    const std::string_view name = newName.empty() || newName == "/dev/null" ? oldName : newName;
-    if (name.empty() || name == "/dev/null")
-        return std::nullopt;
-    return name;
+    return {oldName, newName};
+}
+
+// The patch's header. A patch changes lines of one file in place, so both of its sides carry one
+// name, the new side's (the old side's for a deleted file): a rename is not the patch's to repeat.
+// Only when the side the patch applies to doesn't exist is git's own header kept, which creates
+// the file with the chosen lines.
+std::string patchHeader(std::string_view rawDiff, PatchDirection direction) {
+    const auto [oldName, newName] = fileNames(rawDiff);
+    if (oldName.empty() || newName.empty())
+        return {};
+    if ((direction == PatchDirection::forward ? oldName : newName) == "/dev/null")
+        return patchHeaderLines(rawDiff);
+    const std::string_view name = newName == "/dev/null" ? oldName : newName;
+    std::string header;
+    header.append("diff --git ").append(name).append(" ").append(name).append("\n");
+    header.append("--- ").append(name).append("\n");
+    header.append("+++ ").append(name).append("\n");
+    return header;
 }
 
 bool sameLines(const DiffHunk& shown, const DiffHunk& read) {
@@ -119,8 +137,8 @@ void appendLine(std::string& patch, char sign, std::string_view content) {
 
 std::string buildLinePatch(std::string_view rawDiff, const std::vector<HunkLines>& chosen,
                            PatchDirection direction) {
-    const auto name = patchName(rawDiff);
-    if (!name || chosen.empty())
+    const std::string header = patchHeader(rawDiff, direction);
+    if (header.empty() || chosen.empty())
         return {};
     const DiffResult parsed = GitOutputParser::parseDiff(std::string(rawDiff));
     if (parsed.files.size() != 1)
@@ -178,12 +196,7 @@ std::string buildLinePatch(std::string_view rawDiff, const std::vector<HunkLines
     }
     if (body.empty())
         return {};
-    std::string patch;
-    patch.reserve(body.size() + 4 * name->size() + 32);
-    patch.append("diff --git ").append(*name).append(" ").append(*name).append("\n");
-    patch.append("--- ").append(*name).append("\n");
-    patch.append("+++ ").append(*name).append("\n");
-    return patch + body;
+    return header + body;
 }
 
 } // namespace orvel::HunkCommands
