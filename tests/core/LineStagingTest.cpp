@@ -257,6 +257,8 @@ TEST_F(LineStaging, LinesOfARenamedFileMoveWithoutUndoingTheRename) {
 
 // Where the side a patch applies to has no file, the chosen lines make one.
 TEST_F(LineStaging, LinesOfAFileMissingOnOneSide) {
+    // Whatever names git prints in its diffs, the patch names the file as `git apply` reads it.
+    repo.git({"config", "diff.noprefix", "true"});
     repo.write("f.txt", "one\ntwo\nthree\n");
     repo.commitAll("f");
     FileChange file;

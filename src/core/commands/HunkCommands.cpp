@@ -35,8 +35,11 @@ void applyHunk(GitExecutorProtocol& git, const std::string& repoPath, const Argu
     applyPatch(git, repoPath, patch, std::move(apply));
 }
 
-// The re-read of the chosen lines' file: `arguments`, then its paths behind "--".
+// The re-read of the chosen lines' file: `arguments`, then its paths behind "--". The prefixes
+// are the ones `git apply` strips, whatever the person's configuration chose to print.
 Arguments rereadOf(Arguments arguments, const FileChange& file) {
+    arguments.push_back("--src-prefix=a/");
+    arguments.push_back("--dst-prefix=b/");
     arguments.push_back("--");
     arguments.push_back(file.path);
     if (file.originalPath && *file.originalPath != file.path)
