@@ -58,8 +58,8 @@ bool hunkHeaderMatches(std::string_view line, const DiffHunk& hunk) {
            newRange->first == hunk.newStart && newRange->second == hunk.newCount;
 }
 
-std::string patchHeaderLines(std::string_view rawDiff) {
-    std::string header;
+std::vector<std::string_view> patchHeaderLines(std::string_view rawDiff) {
+    std::vector<std::string_view> header;
     for (std::size_t start = 0; start < rawDiff.size();) {
         auto end = rawDiff.find('\n', start);
         if (end == std::string_view::npos)
@@ -68,7 +68,7 @@ std::string patchHeaderLines(std::string_view rawDiff) {
         if (line.starts_with("@@"))
             break;
         if (isHeaderLine(line))
-            header.append(line).append("\n");
+            header.push_back(line);
         start = end + 1;
     }
     return header;

@@ -6,6 +6,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace orvel::HunkCommands {
 
@@ -14,8 +15,8 @@ namespace orvel::HunkCommands {
 std::string extractHunkPatch(std::string_view rawDiff, const DiffHunk& hunk);
 
 // The lines of `rawDiff` before its first hunk that a patch of it carries ("diff --git", "index ",
-// "--- ", "+++ ", the mode lines), each with its newline.
-std::string patchHeaderLines(std::string_view rawDiff);
+// "--- ", "+++ ", the mode lines), without their newlines.
+std::vector<std::string_view> patchHeaderLines(std::string_view rawDiff);
 
 // Whether the "@@ -a,b +c,d @@" line carries the hunk's four numbers (a missing count is 1).
 bool hunkHeaderMatches(std::string_view line, const DiffHunk& hunk);

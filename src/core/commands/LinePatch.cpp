@@ -23,27 +23,19 @@ struct FileNames {
 };
 
 // The names of the file's two sides as git printed them in its "--- " and "+++ " lines.
-FileNames fileNames(std::string_view rawDiff) {
-    std::string_view oldName;
-    std::string_view newName;
-    for (std::size_t start = 0; start < rawDiff.size();) {
-        auto end = rawDiff.find('\n', start);
-        if (end == std::string_view::npos)
-            end = rawDiff.size();
-        const std::string_view line = rawDiff.substr(start, end - start);
-        if (line.starts_with("@@"))
-            break;
+FileNames fileNames(const std::vector<std::string_view>& header) {
+    FileNames names;
+    for (const std::string_view line : header) {
         if (line.starts_with("--- "))
-            oldName = line.substr(4);
+            names.oldName = line.substr(4);
         else if (line.starts_with("+++ "))
-            newName = line.substr(4);
-        start = end + 1;
+            names.newName = line.substr(4);
     }
     // git ends a name holding a blank with a tab in these two lines, but not in "diff --git".
-    for (std::string_view* name : {&oldName, &newName})
+    for (std::string_view* name : {&names.oldName, &names.newName})
         if (name->ends_with('\t'))
             name->remove_suffix(1);
-    return {oldName, newName};
+    return names;
 }
 
 // The patch's header. A patch changes lines of one file in place, so both of its sides carry one
@@ -51,13 +43,17 @@ FileNames fileNames(std::string_view rawDiff) {
 // Only when the side the patch applies to doesn't exist is git's own header kept, which creates
 // the file with the chosen lines.
 std::string patchHeader(std::string_view rawDiff, PatchDirection direction) {
-    const auto [oldName, newName] = fileNames(rawDiff);
+    const std::vector<std::string_view> lines = patchHeaderLines(rawDiff);
+    const auto [oldName, newName] = fileNames(lines);
     if (oldName.empty() || newName.empty())
         return {};
-    if ((direction == PatchDirection::forward ? oldName : newName) == "/dev/null")
-        return patchHeaderLines(rawDiff);
-    const std::string_view name = newName == "/dev/null" ? oldName : newName;
     std::string header;
+    if ((direction == PatchDirection::forward ? oldName : newName) == "/dev/null") {
+        for (const std::string_view line : lines)
+            header.append(line).append("\n");
+        return header;
+    }
+    const std::string_view name = newName == "/dev/null" ? oldName : newName;
     header.append("diff --git ").append(name).append(" ").append(name).append("\n");
     header.append("--- ").append(name).append("\n");
     header.append("+++ ").append(name).append("\n");
