@@ -10,6 +10,8 @@
 
 #include <QPointer>
 
+#include <algorithm>
+
 namespace orvel {
 
 namespace {
@@ -317,30 +319,46 @@ QCoro::Task<void> DiffDetailViewModel::loadImages(const Selection& selection, Lo
 }
 
 QCoro::Task<bool> DiffDetailViewModel::stageHunk(int hunk, std::string shown) {
-    return runHunkAction(HunkAction::stage, {hunk, std::move(shown)});
+    return runHunkAction(HunkAction::stage, {{{hunk, std::move(shown), {}}}, false});
 }
 
 QCoro::Task<bool> DiffDetailViewModel::unstageHunk(int hunk, std::string shown) {
-    return runHunkAction(HunkAction::unstage, {hunk, std::move(shown)});
+    return runHunkAction(HunkAction::unstage, {{{hunk, std::move(shown), {}}}, false});
 }
 
 void DiffDetailViewModel::requestDiscardHunk(int hunk, std::string shown) {
-    ChosenHunk chosen{hunk, std::move(shown)};
-    if (!stillShown(chosen))
+    Target target{{{hunk, std::move(shown), {}}}, false};
+    if (!stillShown(target))
         return;
-    pendingDiscard_ = std::move(chosen);
+    pendingDiscard_ = std::move(target);
     emit discardConfirmationRequested();
 }
 
-QCoro::Task<bool> DiffDetailViewModel::confirmDiscardHunk() {
-    if (!pendingDiscard_)
-        co_return false;
-    ChosenHunk chosen = std::move(*pendingDiscard_);
-    pendingDiscard_.reset();
-    co_return co_await runHunkAction(HunkAction::discard, std::move(chosen));
+QCoro::Task<bool> DiffDetailViewModel::stageLines(std::vector<ChosenLines> lines) {
+    return runHunkAction(HunkAction::stage, {std::move(lines), true});
 }
 
-void DiffDetailViewModel::cancelDiscardHunk() {
+QCoro::Task<bool> DiffDetailViewModel::unstageLines(std::vector<ChosenLines> lines) {
+    return runHunkAction(HunkAction::unstage, {std::move(lines), true});
+}
+
+void DiffDetailViewModel::requestDiscardLines(std::vector<ChosenLines> lines) {
+    Target target{std::move(lines), true};
+    if (!stillShown(target))
+        return;
+    pendingDiscard_ = std::move(target);
+    emit discardConfirmationRequested();
+}
+
+QCoro::Task<bool> DiffDetailViewModel::confirmDiscard() {
+    if (!pendingDiscard_)
+        co_return false;
+    Target target = std::move(*pendingDiscard_);
+    pendingDiscard_.reset();
+    co_return co_await runHunkAction(HunkAction::discard, std::move(target));
+}
+
+void DiffDetailViewModel::cancelDiscard() {
     pendingDiscard_.reset();
 }
 
@@ -349,43 +367,75 @@ void DiffDetailViewModel::clearHunkActionError() {
     emit hunkActionErrorChanged();
 }
 
-bool DiffDetailViewModel::stillShown(const ChosenHunk& hunk) {
-    if (selection_ && fileDiff_ && hunk.index >= 0 && std::size_t(hunk.index) < fileDiff_->hunks.size() &&
-        !hunk.shown.empty() && shownHunk(rows_, hunk.index) == hunk.shown)
-        return true;
-    qCDebug(lcDiff, "op=diff.hunkAction reason=hunkNoLongerShown");
-    hunkActionError_ = localized("The diff changed after the hunk was chosen, so nothing was done. It "
-                                 "has been read again: choose the hunk once more.");
+void DiffDetailViewModel::refuse(const QString& reason) {
+    hunkActionError_ = reason;
     emit hunkActionErrorChanged();
     reload();
+}
+
+bool DiffDetailViewModel::stillShown(const Target& target) {
+    const auto shown = [this](const ChosenLines& hunk) {
+        return hunk.hunk >= 0 && std::size_t(hunk.hunk) < fileDiff_->hunks.size() && !hunk.shown.empty() &&
+               shownHunk(rows_, hunk.hunk) == hunk.shown;
+    };
+    if (selection_ && fileDiff_ && !target.hunks.empty() &&
+        std::all_of(target.hunks.begin(), target.hunks.end(), shown))
+        return true;
+    qCDebug(lcDiff, "op=diff.hunkAction reason=hunkNoLongerShown");
+    refuse(target.lines ? localized("The diff changed after the lines were chosen, so nothing was done. It "
+                                    "has been read again: choose the lines once more.")
+                        : localized("The diff changed after the hunk was chosen, so nothing was done. It "
+                                    "has been read again: choose the hunk once more."));
     return false;
 }
 
-QCoro::Task<bool> DiffDetailViewModel::runHunkAction(HunkAction action, ChosenHunk hunk) {
-    if (!stillShown(hunk))
+QCoro::Task<bool> DiffDetailViewModel::runHunkAction(HunkAction action, Target target) {
+    if (!stillShown(target))
         co_return false;
     QPointer<DiffDetailViewModel> self(this);
-    const DiffHunk target = fileDiff_->hunks[std::size_t(hunk.index)];
-    const std::string path = selection_->file.path;
-    const char* name = action == HunkAction::stage     ? "stageHunk"
-                       : action == HunkAction::unstage ? "unstageHunk"
-                                                       : "discardHunk";
+    const FileChange file = selection_->file;
+    static constexpr const char* hunkNames[] = {"stageHunk", "unstageHunk", "discardHunk"};
+    static constexpr const char* lineNames[] = {"stageLines", "unstageLines", "discardLines"};
+    const char* name = (target.lines ? lineNames : hunkNames)[int(action)];
     try {
-        switch (action) {
-        case HunkAction::stage:
-            co_await service_->stageHunk(repo_, path, target);
-            break;
-        case HunkAction::unstage:
-            co_await service_->unstageHunk(repo_, path, target);
-            break;
-        case HunkAction::discard:
-            co_await service_->discardHunk(repo_, path, target);
-            break;
+        if (target.lines) {
+            std::vector<HunkLines> lines;
+            for (ChosenLines& chosen : target.hunks)
+                lines.push_back({fileDiff_->hunks[std::size_t(chosen.hunk)], std::move(chosen.lines)});
+            switch (action) {
+            case HunkAction::stage:
+                co_await service_->stageLines(repo_, file, std::move(lines));
+                break;
+            case HunkAction::unstage:
+                co_await service_->unstageLines(repo_, file, std::move(lines));
+                break;
+            case HunkAction::discard:
+                co_await service_->discardLines(repo_, file, std::move(lines));
+                break;
+            }
+        } else {
+            const DiffHunk hunk = fileDiff_->hunks[std::size_t(target.hunks.front().hunk)];
+            switch (action) {
+            case HunkAction::stage:
+                co_await service_->stageHunk(repo_, file.path, hunk);
+                break;
+            case HunkAction::unstage:
+                co_await service_->unstageHunk(repo_, file.path, hunk);
+                break;
+            case HunkAction::discard:
+                co_await service_->discardHunk(repo_, file.path, hunk);
+                break;
+            }
         }
     } catch (const std::exception& error) {
         qCWarning(lcDiff, "op=diff.%s err=%s", name, redactForLog(error.what()).c_str());
         if (!self)
             co_return false;
+        // Lines are chosen on what the pane shows, so a refusal shows what git holds now.
+        if (target.lines) {
+            refuse(QString::fromUtf8(error.what()));
+            co_return false;
+        }
         hunkActionError_ = QString::fromUtf8(error.what());
         emit hunkActionErrorChanged();
         co_return false;

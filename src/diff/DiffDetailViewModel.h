@@ -1,8 +1,8 @@
 // The state of the diff pane: which file of which diff is shown, how (unified, side by side or
 // whole), and what its inspection decided (a large text behind a gate, an image, a type that can't
-// be shown, a folder). It reads the diff through the service and applies one hunk at a time; each
-// hunk action re-reads the diff in git at that moment, so a hunk that moved fails instead of
-// landing in the wrong place.
+// be shown, a folder). It reads the diff through the service and applies one hunk at a time, or
+// chosen lines of hunks; each action re-reads the diff in git at that moment, so a hunk that moved
+// or changed fails instead of landing in the wrong place.
 #pragma once
 
 #include "core/records/DiffResult.h"
@@ -113,10 +113,22 @@ class DiffDetailViewModel final : public QObject {
     // is refused: the diff is read again and hunkActionError says why.
     QCoro::Task<bool> stageHunk(int hunk, std::string shown);
     QCoro::Task<bool> unstageHunk(int hunk, std::string shown);
-    // Holds the hunk until the person confirms; confirmDiscardHunk() then discards it.
+    // Holds the hunk until the person confirms; confirmDiscard() then discards it.
     void requestDiscardHunk(int hunk, std::string shown);
-    QCoro::Task<bool> confirmDiscardHunk();
-    void cancelDiscardHunk();
+
+    // The line actions, offered where the hunk's are: only the chosen additions and deletions
+    // change. Each hunk is refused as a hunk action is when it is no longer shown so; when git's
+    // diff no longer reads as shown, nothing changes, the diff is read again and
+    // hunkActionError says why.
+    QCoro::Task<bool> stageLines(std::vector<ChosenLines> lines);
+    QCoro::Task<bool> unstageLines(std::vector<ChosenLines> lines);
+    // Holds the lines until the person confirms; confirmDiscard() then discards them.
+    void requestDiscardLines(std::vector<ChosenLines> lines);
+
+    // Whether the discard waiting for confirmation is of chosen lines rather than a whole hunk.
+    bool discardsLines() const { return pendingDiscard_ && pendingDiscard_->lines; }
+    QCoro::Task<bool> confirmDiscard();
+    void cancelDiscard();
     void clearHunkActionError();
 
   signals:
@@ -131,14 +143,18 @@ class DiffDetailViewModel final : public QObject {
   private:
     enum class HunkAction : char { stage, unstage, discard };
 
-    struct ChosenHunk {
-        int index = -1;
-        std::string shown;
+    // What an action applies: one whole hunk, or chosen lines of hunks.
+    struct Target {
+        std::vector<ChosenLines> hunks;
+        bool lines = false;
     };
 
-    // Whether the hunk is still shown as it was chosen; if not, refuses as stageHunk() tells.
-    bool stillShown(const ChosenHunk& hunk);
-    QCoro::Task<bool> runHunkAction(HunkAction action, ChosenHunk hunk);
+    // Whether every hunk of the target is still shown as it was chosen; if not, refuses as
+    // stageHunk() tells.
+    bool stillShown(const Target& target);
+    // Tells the person why an action did nothing, and reads the diff again.
+    void refuse(const QString& reason);
+    QCoro::Task<bool> runHunkAction(HunkAction action, Target target);
     QCoro::Task<void> loadImages(const Selection& selection, LoadTicket ticket);
     void setContent(Content content);
     void rebuildRows();
@@ -162,7 +178,7 @@ class DiffDetailViewModel final : public QObject {
     bool isReadingImage_ = false;
     QString diffLoadError_;
     std::optional<QString> hunkActionError_;
-    std::optional<ChosenHunk> pendingDiscard_;
+    std::optional<Target> pendingDiscard_;
     CodeDiffMode mode_ = CodeDiffMode::diff;
     bool fullContext_ = false;
     bool renderMarkdown_ = true;

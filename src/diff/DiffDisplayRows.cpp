@@ -86,15 +86,42 @@ std::string shownHunk(const std::vector<DiffDisplayRow>& rows, int hunk) {
     return shown;
 }
 
+bool showsChange(const DiffDisplayRow& row, bool right) {
+    const RowTone tone = right ? row.rightTone : row.leftTone;
+    return !row.isHunkHeader && row.hunk >= 0 && (right ? row.rightLine : row.leftLine) >= 0 &&
+           (tone == RowTone::addition || tone == RowTone::deletion);
+}
+
+std::vector<ChosenLines> chosenLines(const std::vector<DiffDisplayRow>& rows, int first, int last) {
+    if (first > last)
+        std::swap(first, last);
+    first = std::max(first, 0);
+    last = std::min(last, int(rows.size()) - 1);
+    std::vector<ChosenLines> chosen;
+    for (int index = first; index <= last; ++index) {
+        const DiffDisplayRow& row = rows[std::size_t(index)];
+        for (const bool right : {false, true}) {
+            if (!showsChange(row, right))
+                continue;
+            if (chosen.empty() || chosen.back().hunk != row.hunk)
+                chosen.push_back({row.hunk, shownHunk(rows, row.hunk), {}});
+            chosen.back().lines.push_back(right ? row.rightLine : row.leftLine);
+        }
+    }
+    return chosen;
+}
+
 std::vector<DiffDisplayRow> unifiedRows(const FileDiff& file) {
     std::vector<DiffDisplayRow> rows;
     for (std::size_t h = 0; h < file.hunks.size(); ++h) {
         const DiffHunk& hunk = file.hunks[h];
         rows.reserve(rows.size() + hunk.lines.size() + 1);
         rows.push_back(headerRow(hunk, int(h)));
-        for (const DiffLine& line : hunk.lines) {
+        for (std::size_t l = 0; l < hunk.lines.size(); ++l) {
+            const DiffLine& line = hunk.lines[l];
             DiffDisplayRow row;
             row.hunk = int(h);
+            row.leftLine = int(l);
             row.leftNumber = line.oldLineNumber;
             row.rightNumber = line.newLineNumber;
             row.left = line.content;
@@ -118,6 +145,8 @@ std::vector<DiffDisplayRow> sideBySideRows(const FileDiff& file) {
             row.rightNumber = split.rightLineNumber;
             row.right = std::move(split.rightContent);
             row.rightTone = toneOf(split.rightType);
+            row.leftLine = split.leftLine;
+            row.rightLine = split.rightLine;
             rows.push_back(std::move(row));
         }
     }

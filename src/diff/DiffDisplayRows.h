@@ -27,6 +27,19 @@ struct DiffDisplayRow {
     RowTone leftTone = RowTone::context;
     TextSlice right;
     RowTone rightTone = RowTone::empty;
+    // The place in the hunk's lines of the line each side shows; -1 for none.
+    int leftLine = -1;
+    int rightLine = -1;
+};
+
+// The chosen lines of one hunk: its index, the hunk as the rows showed it (shownHunk()) and the
+// places in its lines of the chosen additions and deletions.
+struct ChosenLines {
+    int hunk = -1;
+    std::string shown;
+    std::vector<int> lines;
+
+    bool operator==(const ChosenLines&) const = default;
 };
 
 // "@@ -1,2 +1,3 @@ section"
@@ -36,6 +49,13 @@ std::string hunkHeaderText(const DiffHunk& hunk);
 // when no row belongs to it. An action on a hunk carries this from the moment the person chose
 // the hunk, so that a reload which put another hunk at the same place is noticed.
 std::string shownHunk(const std::vector<DiffDisplayRow>& rows, int hunk);
+
+// Whether a side of `row` shows an addition or a deletion of a hunk's lines, which can be chosen.
+bool showsChange(const DiffDisplayRow& row, bool right);
+
+// The additions and deletions that the rows from `first` to `last` show (both included, in either
+// order), by hunk; the other rows in between choose nothing.
+std::vector<ChosenLines> chosenLines(const std::vector<DiffDisplayRow>& rows, int first, int last);
 
 std::vector<DiffDisplayRow> unifiedRows(const FileDiff& file);
 std::vector<DiffDisplayRow> sideBySideRows(const FileDiff& file);

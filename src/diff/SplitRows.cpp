@@ -30,7 +30,7 @@ std::vector<SplitDiffRow> splitRows(const DiffHunk& hunk) {
         const DiffLine& line = lines[at];
         if (line.type == DiffLineType::context) {
             rows.push_back({line.oldLineNumber, line.content, SplitCellType::context, line.newLineNumber,
-                            line.content, SplitCellType::context});
+                            line.content, SplitCellType::context, int(at), int(at)});
             ++at;
         } else if (line.type == DiffLineType::deletion || line.type == DiffLineType::addition) {
             const auto deletions = runOf(lines, at, DiffLineType::deletion);
@@ -42,12 +42,14 @@ std::vector<SplitDiffRow> splitRows(const DiffHunk& hunk) {
                     row.leftLineNumber = left.oldLineNumber;
                     row.leftContent = left.content;
                     row.leftType = SplitCellType::deletion;
+                    row.leftLine = int(deletions[k]);
                 }
                 if (k < additions.size()) {
                     const DiffLine& right = lines[additions[k]];
                     row.rightLineNumber = right.newLineNumber;
                     row.rightContent = right.content;
                     row.rightType = SplitCellType::addition;
+                    row.rightLine = int(additions[k]);
                 }
                 rows.push_back(std::move(row));
             }

@@ -18,6 +18,9 @@ struct SplitDiffRow {
     std::optional<int> rightLineNumber;
     TextSlice rightContent;
     SplitCellType rightType = SplitCellType::empty;
+    // The place in the hunk's lines of the line each side shows; -1 for an empty cell.
+    int leftLine = -1;
+    int rightLine = -1;
 
     bool operator==(const SplitDiffRow&) const = default;
 };

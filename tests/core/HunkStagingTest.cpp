@@ -1,5 +1,6 @@
 // Hunk staging: the one-hunk patch cut from git's text, the private patch file and its removal on
-// every path, and stage, unstage and discard against real repositories.
+// every path, the re-read and patch of chosen lines, and stage, unstage and discard against real
+// repositories.
 #include "RealGitService.h"
 
 #include "core/commands/HunkPatch.h"
@@ -173,6 +174,32 @@ TEST_F(HunkArguments, NoPatchFileOutlivesAFailure) {
     git->rejectApply = true;
     EXPECT_THROW(await(service.discardHunk(repo, "r.txt", numbers(1, 5, 1, 5))), GitServiceError);
     EXPECT_EQ(git->calls.size(), 3u);
+    EXPECT_TRUE(tmpIsEmpty());
+}
+
+// Lines re-read a rename with both of its paths behind "--", and write a patch that changes the
+// new file in place, with only the chosen line changed and exact counts.
+TEST_F(HunkArguments, LineActionsReReadBothPathsAndPatchTheNewFileInPlace) {
+    const FileDiff shown = GitOutputParser::parseDiff(std::string(renamedTwoHunks)).files.at(0);
+    FileChange file;
+    file.path = "-moved.txt";
+    file.originalPath = "-r.txt";
+    const std::vector<HunkLines> added{{shown.hunks[0], {2}}};
+    await(service.stageLines(repo, file, added));
+    await(service.unstageLines(repo, file, added));
+    await(service.discardLines(repo, file, added));
+    ASSERT_EQ(git->calls.size(), 6u);
+    const auto reread = [](Arguments arguments) {
+        for (const char* each : {"--src-prefix=a/", "--dst-prefix=b/", "--", "-moved.txt", "-r.txt"})
+            arguments.push_back(each);
+        return arguments;
+    };
+    EXPECT_EQ(git->calls[0], reread({"diff"}));
+    EXPECT_EQ(git->calls[2], reread({"diff", "--cached"}));
+    EXPECT_EQ(git->calls[5].at(1), "--reverse");
+    // Reversed, the chosen addition is taken out and the deletion beside it is left out.
+    EXPECT_EQ(git->patch, "diff --git b/moved.txt b/moved.txt\n--- b/moved.txt\n+++ b/moved.txt\n"
+                          "@@ -1,4 +1,5 @@\n row 1\n+row 2 @@ -1 +1 @@ changed\n row 3\n row 4\n row 5\n");
     EXPECT_TRUE(tmpIsEmpty());
 }
 

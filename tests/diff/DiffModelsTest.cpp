@@ -160,6 +160,15 @@ TEST(SplitRowsTest, PairsRunsByPosition) {
             actual.push_back({letter(row.leftType), letter(row.rightType)});
             EXPECT_EQ(row.leftType == SplitCellType::empty, !row.leftLineNumber) << kinds;
             EXPECT_EQ(row.rightType == SplitCellType::empty, row.rightContent.empty()) << kinds;
+            // Each cell names the line it shows, which a line action in this view acts on.
+            for (const auto& [line, type, number] :
+                 {std::tuple{row.leftLine, row.leftType, row.leftLineNumber},
+                  std::tuple{row.rightLine, row.rightType, row.rightLineNumber}})
+                EXPECT_TRUE(type == SplitCellType::empty
+                                ? line == -1
+                                : line >= 0 && (hunk.lines[std::size_t(line)].oldLineNumber == number ||
+                                                hunk.lines[std::size_t(line)].newLineNumber == number))
+                    << kinds;
         }
         EXPECT_EQ(actual, std::vector<std::string>(expected.begin(), expected.end())) << kinds;
     }

@@ -2,7 +2,8 @@
 // discarded after its confirmation leaves the other changes' bytes on disk, hunk buttons show on
 // the hunk under the pointer or with the focus only, the header names the change's side, a hunk
 // action chosen before a reload refuses the other hunk the reload put in its place, a conflicted
-// file shows its conflict and offers the merge editor, the modes and the whole-file context, a
+// file shows its conflict and offers the merge editor, lines chosen with the keys or the mouse are
+// staged, unstaged and discarded alone, the modes and the whole-file context, a
 // sparse 2 GB file stops at the gate having read only its first bytes, an image change says it is
 // loading and then shows both images, a commit that doesn't exist fails with Retry, and the blame
 // sheet lists the file's lines. Screenshots of each.
@@ -355,6 +356,101 @@ TEST_F(DiffPaneTest, AHunkActionChosenBeforeAReloadRefusesAnotherHunkInItsPlace)
         EXPECT_EQ(repo.git({"diff", "--cached"}), "");
         EXPECT_EQ(repo.read("app.cpp"), each.changed);
     }
+}
+
+// Lines chosen with the keyboard are staged with S, and only they; lines chosen with the mouse in
+// the side-by-side view are unstaged from their hunk's button and discarded after the
+// confirmation; lines chosen before the file changed on disk are refused, the pane reads the file
+// again and says why.
+TEST_F(DiffPaneTest, ChosenLinesAreStagedUnstagedAndDiscardedAlone) {
+    // One hunk: lines 3 and 5 changed around an unchanged line 4.
+    repo.write("app.cpp", numberedLines(40, 3, 5));
+    showActiveAndWait({1100, 500}, "app.cpp");
+    ASSERT_EQ(model.fileDiff()->hunks.size(), 1u);
+    DiffTextView& view = pane.textView();
+    view.setFocus();
+    QTest::keyClick(&view, Qt::Key_Down, Qt::ShiftModifier);
+    QTest::keyClick(&view, Qt::Key_Down, Qt::ShiftModifier);
+    ASSERT_EQ(view.chosenLines().size(), 1u);
+    EXPECT_EQ(view.chosenLines()[0].lines.size(), 2u);
+    EXPECT_FALSE(view.hunkButtonRect(0, 3).isEmpty());
+    test::saveScreenshot(pane, "diff-lines-chosen-light", {1100, 500});
+    const QPalette light = QApplication::palette();
+    QApplication::setPalette(darkPalette());
+    QApplication::processEvents();
+    test::saveScreenshot(pane, "diff-lines-chosen-dark", {1100, 500});
+    QApplication::setPalette(light);
+
+    QTest::keyClick(&view, Qt::Key_S);
+    ASSERT_TRUE(test::eventually([&] {
+        return repo.git({"diff", "--cached"}).find("changed = 3") != std::string::npos;
+    }));
+    EXPECT_EQ(repo.git({"diff", "--cached"}).find("changed = 5"), std::string::npos);
+    ASSERT_TRUE(
+        test::eventually([&] { return model.content() == Content::diff && view.chosenLines().empty(); }));
+
+    // Side by side on the staged side: a click and a Shift+click on the same row choose both of
+    // its cells; the hunk's header offers Unstage Lines.
+    showAndWait("app.cpp", modified(), true);
+    pane.findChild<QToolButton*>(QStringLiteral("diff-pane.mode.split"))->click();
+    const QRect header = view.hunkButtonRect(0, 1);
+    ASSERT_FALSE(header.isEmpty());
+    // The middle of `row` at `x`: a button stands two pixels inside its header row.
+    const int lineHeight = header.height() + 4;
+    const auto at = [lineHeight](int x, int row) { return QPoint(x, row * lineHeight + lineHeight / 2); };
+    // Three lines of context under the header, then the changed pair.
+    QTest::mouseClick(view.viewport(), Qt::LeftButton, {}, at(100, 4));
+    QTest::mouseClick(view.viewport(), Qt::LeftButton, Qt::ShiftModifier, at(700, 4));
+    ASSERT_EQ(view.chosenLines().size(), 1u);
+    EXPECT_EQ(view.chosenLines()[0].lines.size(), 2u);
+    clickHunkButton(0, 4);
+    ASSERT_TRUE(test::eventually([&] { return repo.git({"diff", "--cached"}).empty(); }));
+
+    // A drag over the second change, then D and the confirmation: only line 5 comes back.
+    showAndWait("app.cpp", modified());
+    pane.findChild<QToolButton*>(QStringLiteral("diff-pane.mode.diff"))->click();
+    const auto& rows = model.rows();
+    const auto rowOfText = [&](std::string_view text) {
+        const auto found = std::find_if(rows.begin(), rows.end(), [&](const DiffDisplayRow& row) {
+            return row.left.view().find(text) != std::string_view::npos;
+        });
+        return int(found - rows.begin());
+    };
+    const int from = rowOfText("value = 5;");
+    const int to = rowOfText("changed = 5;");
+    ASSERT_LT(from, to);
+    QTest::mousePress(view.viewport(), Qt::LeftButton, {}, at(100, from));
+    QMouseEvent drag(QEvent::MouseMove, at(100, to), view.viewport()->mapToGlobal(at(100, to)), Qt::NoButton,
+                     Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(view.viewport(), &drag);
+    QTest::mouseRelease(view.viewport(), Qt::LeftButton, {}, at(100, to));
+    ASSERT_EQ(view.chosenLines().size(), 1u);
+    EXPECT_EQ(view.chosenLines()[0].lines.size(), 2u);
+    QTest::keyClick(&view, Qt::Key_D);
+    auto* confirmation = pane.findChild<QMessageBox*>(QStringLiteral("diff-pane.discard-confirmation"));
+    ASSERT_NE(confirmation, nullptr);
+    EXPECT_TRUE(confirmation->informativeText().contains(QStringLiteral("chosen lines")));
+    confirmation->findChild<QPushButton*>(QStringLiteral("diff-pane.discard-confirm"))->click();
+    ASSERT_TRUE(test::eventually([&] { return repo.read("app.cpp") == numberedLines(40, 3); }));
+
+    // Chosen, then the file changes on disk before S: nothing is staged, the pane says so and
+    // shows the file as it is now.
+    ASSERT_TRUE(test::eventually([&] { return model.content() == Content::diff && view.rowCount() > 0; }));
+    view.setFocus();
+    QTest::keyClick(&view, Qt::Key_Down, Qt::ShiftModifier);
+    ASSERT_FALSE(view.chosenLines().empty());
+    repo.write("app.cpp", numberedLines(40, 2));
+    QTest::keyClick(&view, Qt::Key_S);
+    ASSERT_TRUE(test::eventually([&] { return model.hunkActionError().has_value(); }));
+    EXPECT_TRUE(model.hunkActionError()->contains(QStringLiteral("chosen lines not found")));
+    pane.findChild<QMessageBox*>(QStringLiteral("diff-pane.hunk-error"))->close();
+    ASSERT_TRUE(test::eventually([&] {
+        return model.content() == Content::diff &&
+               std::any_of(model.rows().begin(), model.rows().end(), [](const DiffDisplayRow& row) {
+                   return row.left.view().find("changed = 2") != std::string_view::npos;
+               });
+    }));
+    EXPECT_EQ(repo.git({"diff", "--cached"}), "");
 }
 
 // A file that a merge left conflicted shows its conflict as git wrote it, our side against

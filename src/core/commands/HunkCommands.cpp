@@ -12,8 +12,19 @@ namespace {
 
 using Arguments = GitExecutorProtocol::Arguments;
 
-// Re-reads the file's diff with `reread`, cuts the hunk out and runs `apply` with the patch
-// file appended. The whole of it runs inside one block of the repository's queue.
+// Writes `patch` to a private temporary file and runs `apply` with its path appended.
+void applyPatch(GitExecutorProtocol& git, const std::string& repoPath, const std::string& patch,
+                Arguments apply) {
+    // The patch file goes away when this block ends, however it ends.
+    TemporaryFiles files;
+    const std::string patchFile = files.add(uniqueTemporaryPath("orvel_hunk_", ".patch"));
+    writePrivateFileAtomically(patchFile, patch);
+    apply.push_back(patchFile);
+    git.execute(apply, repoPath);
+}
+
+// Re-reads the file's diff with `reread`, cuts the hunk out and applies it. The whole of it runs
+// inside one block of the repository's queue.
 void applyHunk(GitExecutorProtocol& git, const std::string& repoPath, const Arguments& reread,
                Arguments apply, const DiffHunk& hunk) {
     const std::string rawDiff = git.execute(reread, repoPath);
@@ -21,12 +32,29 @@ void applyHunk(GitExecutorProtocol& git, const std::string& repoPath, const Argu
     if (patch.empty())
         throw GitServiceError::parseFailed(
             "apply", "target hunk not found \u2014 file may have changed since you viewed the diff");
-    // The patch file goes away when this block ends, however it ends.
-    TemporaryFiles files;
-    const std::string patchFile = files.add(uniqueTemporaryPath("orvel_hunk_", ".patch"));
-    writePrivateFileAtomically(patchFile, patch);
-    apply.push_back(patchFile);
-    git.execute(apply, repoPath);
+    applyPatch(git, repoPath, patch, std::move(apply));
+}
+
+// The re-read of the chosen lines' file: `arguments`, then its paths behind "--". The prefixes
+// are the ones `git apply` strips, whatever the person's configuration chose to print.
+Arguments rereadOf(Arguments arguments, const FileChange& file) {
+    arguments.push_back("--src-prefix=a/");
+    arguments.push_back("--dst-prefix=b/");
+    arguments.push_back("--");
+    arguments.push_back(file.path);
+    if (file.originalPath && *file.originalPath != file.path)
+        arguments.push_back(*file.originalPath);
+    return arguments;
+}
+
+void applyLines(GitExecutorProtocol& git, const std::string& repoPath, const Arguments& reread,
+                Arguments apply, const std::vector<HunkLines>& lines, PatchDirection direction) {
+    const std::string rawDiff = git.execute(reread, repoPath);
+    const std::string patch = buildLinePatch(rawDiff, lines, direction);
+    if (patch.empty())
+        throw GitServiceError::parseFailed(
+            "apply", "chosen lines not found \u2014 file may have changed since you viewed the diff");
+    applyPatch(git, repoPath, patch, std::move(apply));
 }
 
 } // namespace
@@ -45,6 +73,24 @@ void unstageHunk(GitExecutorProtocol& git, const std::string& repoPath, const st
 void discardHunk(GitExecutorProtocol& git, const std::string& repoPath, const std::string& file,
                  const DiffHunk& hunk) {
     applyHunk(git, repoPath, {"diff", "--", file}, {"apply", "--reverse", "--whitespace=nowarn"}, hunk);
+}
+
+void stageLines(GitExecutorProtocol& git, const std::string& repoPath, const FileChange& file,
+                const std::vector<HunkLines>& lines) {
+    applyLines(git, repoPath, rereadOf({"diff"}, file), {"apply", "--cached", "--whitespace=nowarn"}, lines,
+               PatchDirection::forward);
+}
+
+void unstageLines(GitExecutorProtocol& git, const std::string& repoPath, const FileChange& file,
+                  const std::vector<HunkLines>& lines) {
+    applyLines(git, repoPath, rereadOf({"diff", "--cached"}, file),
+               {"apply", "--cached", "--reverse", "--whitespace=nowarn"}, lines, PatchDirection::reverse);
+}
+
+void discardLines(GitExecutorProtocol& git, const std::string& repoPath, const FileChange& file,
+                  const std::vector<HunkLines>& lines) {
+    applyLines(git, repoPath, rereadOf({"diff"}, file), {"apply", "--reverse", "--whitespace=nowarn"}, lines,
+               PatchDirection::reverse);
 }
 
 } // namespace orvel::HunkCommands

@@ -58,6 +58,22 @@ bool hunkHeaderMatches(std::string_view line, const DiffHunk& hunk) {
            newRange->first == hunk.newStart && newRange->second == hunk.newCount;
 }
 
+std::vector<std::string_view> patchHeaderLines(std::string_view rawDiff) {
+    std::vector<std::string_view> header;
+    for (std::size_t start = 0; start < rawDiff.size();) {
+        auto end = rawDiff.find('\n', start);
+        if (end == std::string_view::npos)
+            end = rawDiff.size();
+        const std::string_view line = rawDiff.substr(start, end - start);
+        if (line.starts_with("@@"))
+            break;
+        if (isHeaderLine(line))
+            header.push_back(line);
+        start = end + 1;
+    }
+    return header;
+}
+
 std::string extractHunkPatch(std::string_view rawDiff, const DiffHunk& hunk) {
     std::vector<std::string_view> headerLines;
     std::vector<std::string_view> patchLines;

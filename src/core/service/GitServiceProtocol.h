@@ -13,6 +13,7 @@
 #include "core/records/DiffResult.h"
 #include "core/records/FileChange.h"
 #include "core/records/GraphCommit.h"
+#include "core/records/HunkLines.h"
 #include "core/records/RebasePlan.h"
 #include "core/records/RemoteEntry.h"
 #include "core/records/RepoEntry.h"
@@ -52,6 +53,13 @@ class GitServiceProtocol {
                                           std::stop_token cancellation = {}) = 0;
     virtual QCoro::Task<void> discardHunk(RepoEntry repo, std::string path, DiffHunk hunk,
                                           std::stop_token cancellation = {}) = 0;
+    // Chosen lines of hunks of `file`, read again at the moment of the action as the hunks are.
+    virtual QCoro::Task<void> stageLines(RepoEntry repo, FileChange file, std::vector<HunkLines> lines,
+                                         std::stop_token cancellation = {}) = 0;
+    virtual QCoro::Task<void> unstageLines(RepoEntry repo, FileChange file, std::vector<HunkLines> lines,
+                                           std::stop_token cancellation = {}) = 0;
+    virtual QCoro::Task<void> discardLines(RepoEntry repo, FileChange file, std::vector<HunkLines> lines,
+                                           std::stop_token cancellation = {}) = 0;
     virtual QCoro::Task<void> discardChanges(RepoEntry repo, std::string path, bool includeStaged,
                                              std::stop_token cancellation = {}) = 0;
     virtual QCoro::Task<CommitEntry> commit(RepoEntry repo, std::string message,

@@ -33,6 +33,12 @@ class MockGitService : public GitServiceProtocol {
                                   std::stop_token cancellation = {}) override;
     QCoro::Task<void> discardHunk(RepoEntry repo, std::string path, DiffHunk hunk,
                                   std::stop_token cancellation = {}) override;
+    QCoro::Task<void> stageLines(RepoEntry repo, FileChange file, std::vector<HunkLines> lines,
+                                 std::stop_token cancellation = {}) override;
+    QCoro::Task<void> unstageLines(RepoEntry repo, FileChange file, std::vector<HunkLines> lines,
+                                   std::stop_token cancellation = {}) override;
+    QCoro::Task<void> discardLines(RepoEntry repo, FileChange file, std::vector<HunkLines> lines,
+                                   std::stop_token cancellation = {}) override;
     QCoro::Task<void> discardChanges(RepoEntry repo, std::string path, bool includeStaged,
                                      std::stop_token cancellation = {}) override;
     QCoro::Task<CommitEntry> commit(RepoEntry repo, std::string message,

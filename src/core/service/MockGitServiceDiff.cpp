@@ -132,6 +132,29 @@ QCoro::Task<void> MockGitService::discardHunk(RepoEntry, std::string path, DiffH
     co_return;
 }
 
+// The canned diffs hold no file contents to cut lines from: a line action moves or drops the
+// whole hunks that hold the chosen lines, and fails as the real service does when one isn't there.
+QCoro::Task<void> MockGitService::stageLines(RepoEntry, FileChange file, std::vector<HunkLines> lines,
+                                             std::stop_token) {
+    for (const HunkLines& chosen : lines)
+        putHunk(stagedDiff, file.path, takeHunk(unstagedDiff, file.path, chosen.hunk));
+    co_return;
+}
+
+QCoro::Task<void> MockGitService::unstageLines(RepoEntry, FileChange file, std::vector<HunkLines> lines,
+                                               std::stop_token) {
+    for (const HunkLines& chosen : lines)
+        putHunk(unstagedDiff, file.path, takeHunk(stagedDiff, file.path, chosen.hunk));
+    co_return;
+}
+
+QCoro::Task<void> MockGitService::discardLines(RepoEntry, FileChange file, std::vector<HunkLines> lines,
+                                               std::stop_token) {
+    for (const HunkLines& chosen : lines)
+        takeHunk(unstagedDiff, file.path, chosen.hunk);
+    co_return;
+}
+
 QCoro::Task<DiffResult> MockGitService::diff(RepoEntry, DiffContext context, std::optional<int>,
                                              std::stop_token) {
     switch (context.kind) {

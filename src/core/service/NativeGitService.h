@@ -35,6 +35,12 @@ class NativeGitService final : public GitServiceProtocol {
                                   std::stop_token cancellation = {}) override;
     QCoro::Task<void> discardHunk(RepoEntry repo, std::string path, DiffHunk hunk,
                                   std::stop_token cancellation = {}) override;
+    QCoro::Task<void> stageLines(RepoEntry repo, FileChange file, std::vector<HunkLines> lines,
+                                 std::stop_token cancellation = {}) override;
+    QCoro::Task<void> unstageLines(RepoEntry repo, FileChange file, std::vector<HunkLines> lines,
+                                   std::stop_token cancellation = {}) override;
+    QCoro::Task<void> discardLines(RepoEntry repo, FileChange file, std::vector<HunkLines> lines,
+                                   std::stop_token cancellation = {}) override;
     QCoro::Task<void> discardChanges(RepoEntry repo, std::string path, bool includeStaged,
                                      std::stop_token cancellation = {}) override;
     QCoro::Task<CommitEntry> commit(RepoEntry repo, std::string message,
@@ -184,6 +190,11 @@ class NativeGitService final : public GitServiceProtocol {
     // One of the three hunk actions: the entry line, the block, and the failure line.
     QCoro::Task<void> hunkAction(const char* name, HunkCommand command, RepoEntry repo, std::string path,
                                  DiffHunk hunk, std::stop_token cancellation);
+    using LinesCommand = void (*)(GitExecutorProtocol&, const std::string&, const FileChange&,
+                                  const std::vector<HunkLines>&);
+    // One of the three line actions, as a hunk action is run.
+    QCoro::Task<void> linesAction(const char* name, LinesCommand command, RepoEntry repo, FileChange file,
+                                  std::vector<HunkLines> lines, std::stop_token cancellation);
 
     std::shared_ptr<GitExecutorProtocol> executor_;
     std::shared_ptr<GitOpRunner> opRunner_;

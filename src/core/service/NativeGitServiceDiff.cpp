@@ -1,5 +1,5 @@
-// The diff operations of the git service and the hunk actions, each one block of the repository's
-// queue, so that nothing of that repository runs between a hunk's re-read and its apply.
+// The diff operations of the git service and the hunk and line actions, each one block of the
+// repository's queue, so that nothing of that repository runs between a re-read and its apply.
 #include "core/service/NativeGitService.h"
 
 #include "core/commands/DiffCommands.h"
@@ -53,6 +53,40 @@ QCoro::Task<void> NativeGitService::discardHunk(RepoEntry repo, std::string path
                                                 std::stop_token cancellation) {
     return hunkAction("discardHunk", &HunkCommands::discardHunk, std::move(repo), std::move(path),
                       std::move(hunk), cancellation);
+}
+
+QCoro::Task<void> NativeGitService::linesAction(const char* name, LinesCommand command, RepoEntry repo,
+                                                FileChange file, std::vector<HunkLines> lines,
+                                                std::stop_token cancellation) {
+    std::size_t count = 0;
+    for (const HunkLines& hunk : lines)
+        count += hunk.lines.size();
+    qCDebug(lcStaging, "%s: %s (%zu lines in %zu hunks) in %s", name, file.path.c_str(), count, lines.size(),
+            repo.path.c_str());
+    auto work = queued(repo.path, cancellation,
+                       [command, file = std::move(file),
+                        lines = std::move(lines)](GitExecutorProtocol& git, const std::string& repoPath) {
+                           command(git, repoPath, file, lines);
+                       });
+    return logFailure(name, std::move(work));
+}
+
+QCoro::Task<void> NativeGitService::stageLines(RepoEntry repo, FileChange file, std::vector<HunkLines> lines,
+                                               std::stop_token cancellation) {
+    return linesAction("stageLines", &HunkCommands::stageLines, std::move(repo), std::move(file),
+                       std::move(lines), cancellation);
+}
+
+QCoro::Task<void> NativeGitService::unstageLines(RepoEntry repo, FileChange file,
+                                                 std::vector<HunkLines> lines, std::stop_token cancellation) {
+    return linesAction("unstageLines", &HunkCommands::unstageLines, std::move(repo), std::move(file),
+                       std::move(lines), cancellation);
+}
+
+QCoro::Task<void> NativeGitService::discardLines(RepoEntry repo, FileChange file,
+                                                 std::vector<HunkLines> lines, std::stop_token cancellation) {
+    return linesAction("discardLines", &HunkCommands::discardLines, std::move(repo), std::move(file),
+                       std::move(lines), cancellation);
 }
 
 QCoro::Task<DiffResult> NativeGitService::diff(RepoEntry repo, DiffContext context,

@@ -135,6 +135,12 @@ DiffPane::DiffPane(DiffDetailViewModel& model, QWidget* parent)
             [this](int hunk, const std::string& shown) { model_.unstageHunk(hunk, shown); });
     connect(text_, &DiffTextView::discardHunkRequested, this,
             [this](int hunk, const std::string& shown) { model_.requestDiscardHunk(hunk, shown); });
+    connect(text_, &DiffTextView::stageLinesRequested, this,
+            [this](const std::vector<ChosenLines>& lines) { model_.stageLines(lines); });
+    connect(text_, &DiffTextView::unstageLinesRequested, this,
+            [this](const std::vector<ChosenLines>& lines) { model_.unstageLines(lines); });
+    connect(text_, &DiffTextView::discardLinesRequested, this,
+            [this](const std::vector<ChosenLines>& lines) { model_.requestDiscardLines(lines); });
     connect(&model_, &DiffDetailViewModel::contentChanged, this, &DiffPane::showContent);
     connect(&model_, &DiffDetailViewModel::modeChanged, this, &DiffPane::showMode);
     connect(&model_, &DiffDetailViewModel::hunkActionErrorChanged, this, &DiffPane::showHunkActionError);
@@ -300,7 +306,9 @@ void DiffPane::confirmDiscard() {
     auto* confirm = new QMessageBox(QMessageBox::Warning, localized("Discard Changes?"),
                                     localized("Discard Changes?"), QMessageBox::NoButton, this);
     confirm->setObjectName(QStringLiteral("diff-pane.discard-confirmation"));
-    confirm->setInformativeText(localized("This hunk's changes will be permanently lost."));
+    confirm->setInformativeText(model_.discardsLines()
+                                    ? localized("The chosen lines' changes will be permanently lost.")
+                                    : localized("This hunk's changes will be permanently lost."));
     QPushButton* discard = confirm->addButton(localized("Discard"), QMessageBox::DestructiveRole);
     discard->setObjectName(QStringLiteral("diff-pane.discard-confirm"));
     QPushButton* cancel = confirm->addButton(localized("Cancel"), QMessageBox::RejectRole);
@@ -310,9 +318,9 @@ void DiffPane::confirmDiscard() {
     confirm->setWindowModality(Qt::WindowModal);
     connect(confirm, &QMessageBox::finished, this, [this, confirm, discard] {
         if (confirm->clickedButton() == discard)
-            model_.confirmDiscardHunk();
+            model_.confirmDiscard();
         else
-            model_.cancelDiscardHunk();
+            model_.cancelDiscard();
     });
     confirm->open();
 }

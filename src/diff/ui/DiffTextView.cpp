@@ -61,6 +61,17 @@ QColor over(const QColor& overlay, const QColor& background) {
                             overlay.blueF() * a + background.blueF() * (1 - a));
 }
 
+// Whether two lists of rows show the same: a reload that changed nothing keeps the chosen lines.
+bool sameRows(const std::vector<DiffDisplayRow>& left, const std::vector<DiffDisplayRow>& right) {
+    return std::equal(left.begin(), left.end(), right.begin(), right.end(),
+                      [](const DiffDisplayRow& a, const DiffDisplayRow& b) {
+                          return a.hunk == b.hunk && a.isHunkHeader == b.isHunkHeader &&
+                                 a.leftTone == b.leftTone && a.rightTone == b.rightTone &&
+                                 a.leftLine == b.leftLine && a.rightLine == b.rightLine && a.left == b.left &&
+                                 a.right == b.right;
+                      });
+}
+
 } // namespace
 
 DiffTextView::DiffTextView(QWidget* parent) : QAbstractScrollArea(parent) {
@@ -79,6 +90,8 @@ DiffTextView::DiffTextView(QWidget* parent) : QAbstractScrollArea(parent) {
 void DiffTextView::setRows(std::vector<DiffDisplayRow> rows, Layout layout, SourceLanguage language,
                            DiffDetailViewModel::HunkActions actions) {
     const bool sameShape = layout == layout_ && rows.size() == rows_.size();
+    if (!sameShape || !sameRows(rows, rows_) || !(actions.stage || actions.unstage || actions.discard))
+        clearChosen();
     rows_ = std::move(rows);
     layout_ = layout;
     language_ = language;
@@ -126,6 +139,7 @@ void DiffTextView::refreshStyle() {
     style.deletion = over(theme.colors.diff.deletion.color(), style.background);
     style.hunkHeader = over(theme.colors.diff.hunkHeader.color(), style.gutter);
     style.emptyCell = style.gutter;
+    style.chosen = tokens.accent;
     for (int type = 0; type <= int(SyntaxTokenType::plain); ++type)
         style.tokens.push_back(
             type == int(SyntaxTokenType::plain)
@@ -242,8 +256,14 @@ QString DiffTextView::buttonTitle(int action) const {
         return localized("Stage Hunk");
     case 1:
         return localized("Unstage Hunk");
-    default:
+    case 2:
         return localized("Discard Hunk");
+    case 3:
+        return localized("Stage Lines");
+    case 4:
+        return localized("Unstage Lines");
+    default:
+        return localized("Discard Lines");
     }
 }
 
@@ -254,9 +274,12 @@ std::vector<DiffTextView::Button> DiffTextView::buttonsOf(int row, int y) const 
     const QFontMetrics metrics(font());
     int right = viewport()->width() - cellPadding;
     const int height = style_.lineHeight - 4;
-    for (const int action : {2, 1, 0}) {
-        const bool offered = action == 0 ? actions_.stage : action == 1 ? actions_.unstage : actions_.discard;
-        if (!offered)
+    // The line actions stand left of the hunk's, on the hunks that hold chosen lines.
+    const bool lines = holdsChosenLines(rows_[std::size_t(row)].hunk);
+    for (const int action : {2, 1, 0, 5, 4, 3}) {
+        const int kind = action % 3;
+        const bool offered = kind == 0 ? actions_.stage : kind == 1 ? actions_.unstage : actions_.discard;
+        if (!offered || (action >= 3 && !lines))
             continue;
         const int width = metrics.horizontalAdvance(buttonTitle(action)) + 2 * cellPadding;
         buttons.push_back({action, QRect(right - width, y + 2, width, height)});
@@ -270,7 +293,53 @@ bool DiffTextView::showsButtons(int hunk) const {
         return false;
     const int hovered = viewport()->rect().contains(hoverPoint_) ? rowAt(hoverPoint_.y()) : -1;
     return (hovered >= 0 && rows_[std::size_t(hovered)].hunk == hunk) ||
-           (hasFocus() && currentHunk() == hunk);
+           (hasFocus() && currentHunk() == hunk) || holdsChosenLines(hunk);
+}
+
+std::vector<ChosenLines> DiffTextView::chosenLines() const {
+    if (anchorRow_ < 0)
+        return {};
+    return orvel::chosenLines(rows_, anchorRow_, cursorRow_);
+}
+
+bool DiffTextView::holdsChosenLines(int hunk) const {
+    if (anchorRow_ < 0)
+        return false;
+    const int first = std::min(anchorRow_, cursorRow_);
+    const int last = std::max(anchorRow_, cursorRow_);
+    for (int row = first; row <= last; ++row)
+        if (rows_[std::size_t(row)].hunk == hunk && (isChosen(row, false) || isChosen(row, true)))
+            return true;
+    return false;
+}
+
+bool DiffTextView::isChosen(int row, bool right) const {
+    if (anchorRow_ < 0 || row < std::min(anchorRow_, cursorRow_) || row > std::max(anchorRow_, cursorRow_))
+        return false;
+    return showsChange(rows_[std::size_t(row)], right);
+}
+
+void DiffTextView::chooseTo(int row) {
+    // Lines are chosen only where something can be done with them.
+    if (rows_.empty() || !(actions_.stage || actions_.unstage || actions_.discard))
+        return;
+    row = std::clamp(row, 0, int(rows_.size()) - 1);
+    if (anchorRow_ < 0)
+        anchorRow_ = row;
+    cursorRow_ = row;
+    // In sight below a pinned header.
+    const int top = verticalScrollBar()->value();
+    if (row * style_.lineHeight < top + style_.lineHeight)
+        verticalScrollBar()->setValue(std::max(0, (row - 1) * style_.lineHeight));
+    else if ((row + 1) * style_.lineHeight > top + viewport()->height())
+        verticalScrollBar()->setValue((row + 1) * style_.lineHeight - viewport()->height());
+    viewport()->update();
+}
+
+void DiffTextView::clearChosen() {
+    anchorRow_ = cursorRow_ = -1;
+    dragging_ = false;
+    viewport()->update();
 }
 
 int DiffTextView::pinnedHeaderRow() const {
@@ -371,11 +440,20 @@ void DiffTextView::paintCell(QPainter& painter, int row, bool right, const QRect
                              std::optional<int> first, std::optional<int> second, RowTone tone) {
     const bool twoNumbers = layout_ == Layout::unified;
     const int gutterWidth = twoNumbers ? 2 * numberWidth : numberWidth;
-    const QColor fill = toneColor(tone);
+    const bool chosen = isChosen(row, right);
+    QColor fill = toneColor(tone);
+    if (chosen) {
+        QColor tint = style_.chosen;
+        tint.setAlphaF(0.22);
+        fill = over(tint, fill);
+    }
     painter.fillRect(area, fill);
     painter.fillRect(QRect(area.left(), area.top(), gutterWidth, area.height()),
                      tone == RowTone::addition || tone == RowTone::deletion ? fill.darker(104)
                                                                             : style_.gutter);
+    // A bar at the cell's edge marks a chosen line apart from its colour.
+    if (chosen)
+        painter.fillRect(QRect(area.left(), area.top(), 3, area.height()), style_.chosen);
     if (tone == RowTone::empty)
         return;
     const int baseline = area.top() + style_.ascent;
@@ -452,7 +530,30 @@ void DiffTextView::paintHeader(QPainter& painter, int row, int y) {
     painter.restore();
 }
 
+void DiffTextView::requestLinesAction(int action, const std::vector<ChosenLines>& lines) {
+    if (lines.empty())
+        return;
+    switch (action) {
+    case 0:
+        if (actions_.stage)
+            emit stageLinesRequested(lines);
+        break;
+    case 1:
+        if (actions_.unstage)
+            emit unstageLinesRequested(lines);
+        break;
+    default:
+        if (actions_.discard)
+            emit discardLinesRequested(lines);
+        break;
+    }
+}
+
 void DiffTextView::requestAction(int action, int hunk, const std::string& shown) {
+    if (action >= 3) {
+        requestLinesAction(action - 3, chosenLines());
+        return;
+    }
     if (hunk < 0)
         return;
     switch (action) {
@@ -478,6 +579,11 @@ void DiffTextView::resizeEvent(QResizeEvent* event) {
 
 void DiffTextView::mouseMoveEvent(QMouseEvent* event) {
     hoverPoint_ = event->position().toPoint();
+    if (dragging_ && (event->buttons() & Qt::LeftButton)) {
+        const int y = std::clamp(hoverPoint_.y(), 0, viewport()->height() - 1);
+        const int row = rowAt(y);
+        chooseTo(row >= 0 ? row : int(rows_.size()) - 1);
+    }
     viewport()->setCursor(shownButtonAt(hoverPoint_) ? Qt::PointingHandCursor : Qt::IBeamCursor);
     viewport()->update();
 }
@@ -491,13 +597,31 @@ void DiffTextView::leaveEvent(QEvent* event) {
 void DiffTextView::mousePressEvent(QMouseEvent* event) {
     // The press is where the pointer is, whether or not a move told so before.
     hoverPoint_ = event->position().toPoint();
-    if (event->button() == Qt::LeftButton)
+    if (event->button() == Qt::LeftButton) {
         if (const std::optional<Button> button = shownButtonAt(hoverPoint_)) {
             const int hunk = rows_[std::size_t(rowAt(hoverPoint_.y()))].hunk;
             requestAction(button->action, hunk, shownHunk(rows_, hunk));
             return;
         }
+        // A click on a header (or the pinned one) lets the chosen lines go.
+        const int row =
+            hoverPoint_.y() < style_.lineHeight && pinnedHeaderRow() >= 0 ? -1 : rowAt(hoverPoint_.y());
+        if (row < 0 || rows_[std::size_t(row)].isHunkHeader) {
+            clearChosen();
+        } else {
+            // Shift+click moves the end of the chosen rows; a click starts them anew.
+            if (!(event->modifiers() & Qt::ShiftModifier))
+                clearChosen();
+            chooseTo(row);
+            dragging_ = anchorRow_ >= 0;
+        }
+    }
     QAbstractScrollArea::mousePressEvent(event);
+}
+
+void DiffTextView::mouseReleaseEvent(QMouseEvent* event) {
+    dragging_ = false;
+    QAbstractScrollArea::mouseReleaseEvent(event);
 }
 
 void DiffTextView::focusInEvent(QFocusEvent* event) {
@@ -517,14 +641,23 @@ void DiffTextView::keyPressEvent(QKeyEvent* event) {
         if (count > 0)
             scrollToHunk(std::clamp(hunk + step, 0, count - 1));
     };
+    const bool shift = event->modifiers() & Qt::ShiftModifier;
     switch (event->key()) {
     case Qt::Key_S:
     case Qt::Key_U:
     case Qt::Key_D: {
         const int action = event->key() == Qt::Key_S ? 0 : event->key() == Qt::Key_U ? 1 : 2;
-        requestAction(action, hunk, shownHunk(rows_, hunk));
+        if (const std::vector<ChosenLines> lines = chosenLines(); !lines.empty())
+            requestLinesAction(action, lines);
+        else
+            requestAction(action, hunk, shownHunk(rows_, hunk));
         return;
     }
+    case Qt::Key_Escape:
+        if (anchorRow_ < 0)
+            QAbstractScrollArea::keyPressEvent(event);
+        clearChosen();
+        return;
     case Qt::Key_N:
         moveHunk(1);
         return;
@@ -532,11 +665,24 @@ void DiffTextView::keyPressEvent(QKeyEvent* event) {
         moveHunk(-1);
         return;
     case Qt::Key_Up:
-        verticalScrollBar()->setValue(verticalScrollBar()->value() - style_.lineHeight);
+    case Qt::Key_Down: {
+        const int step = event->key() == Qt::Key_Up ? -1 : 1;
+        if (!shift) {
+            verticalScrollBar()->setValue(verticalScrollBar()->value() + step * style_.lineHeight);
+            return;
+        }
+        if (anchorRow_ >= 0) {
+            chooseTo(cursorRow_ + step);
+            return;
+        }
+        // The first choice is the first change of the hunk the keys act on.
+        for (std::size_t row = 0; row < rows_.size(); ++row)
+            if (rows_[row].hunk == hunk && (showsChange(rows_[row], false) || showsChange(rows_[row], true))) {
+                chooseTo(int(row));
+                return;
+            }
         return;
-    case Qt::Key_Down:
-        verticalScrollBar()->setValue(verticalScrollBar()->value() + style_.lineHeight);
-        return;
+    }
     case Qt::Key_Home:
         verticalScrollBar()->setValue(0);
         return;
@@ -555,17 +701,30 @@ void DiffTextView::contextMenuEvent(QContextMenuEvent* event) {
     if (hunk < 0 || !(actions_.stage || actions_.unstage || actions_.discard))
         return;
     // The menu waits for the person while a reload may replace the rows: the action carries the
-    // hunk as it was when the menu opened.
+    // hunk and the lines as they were when the menu opened.
     const std::string shown = shownHunk(rows_, hunk);
+    const std::vector<ChosenLines> lines = chosenLines();
     QMenu menu(this);
     const std::pair<bool, const char*> offers[] = {
         {actions_.stage, "S"}, {actions_.unstage, "U"}, {actions_.discard, "D"}};
+    // The chosen lines' actions come first: they take the keys while lines are chosen.
+    if (!lines.empty()) {
+        for (int action = 0; action < 3; ++action) {
+            if (!offers[action].first)
+                continue;
+            QAction* item = menu.addAction(buttonTitle(action + 3), this,
+                                           [this, action, &lines] { requestLinesAction(action, lines); });
+            item->setShortcut(QKeySequence(QString::fromLatin1(offers[action].second)));
+        }
+        menu.addSeparator();
+    }
     for (int action = 0; action < 3; ++action) {
         if (!offers[action].first)
             continue;
         QAction* item = menu.addAction(buttonTitle(action), this,
                                        [this, action, hunk, &shown] { requestAction(action, hunk, shown); });
-        item->setShortcut(QKeySequence(QString::fromLatin1(offers[action].second)));
+        if (lines.empty())
+            item->setShortcut(QKeySequence(QString::fromLatin1(offers[action].second)));
     }
     menu.exec(event->globalPos());
 }

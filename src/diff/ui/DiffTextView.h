@@ -5,7 +5,9 @@
 // hunk, or while the view has the focus and the hunk is the one in sight, which the keys act on:
 // S stages, U unstages, D discards, N and P move between hunks, the menu key opens its menu. The
 // header of a hunk scrolled partly out of sight stays pinned at the top, so its buttons stay in
-// reach.
+// reach. Lines are chosen by a click, a drag or Shift+click, and by Shift+Up and Shift+Down;
+// while chosen lines are changes, the headers of their hunks offer the line actions beside the
+// hunk's, and S, U and D act on the lines instead of the hunk. Escape lets the lines go.
 #pragma once
 
 #include "diff/DiffDetailViewModel.h"
@@ -38,22 +40,28 @@ class DiffTextView final : public QAbstractScrollArea {
     // The hunk of the first row in sight, or -1.
     int currentHunk() const;
     void scrollToHunk(int hunk);
-    // Where the header row of `hunk` shows the button of `action` (0 stage, 1 unstage, 2 discard)
-    // when the hunk's buttons show, in viewport coordinates; empty when it isn't offered or not in
-    // sight.
+    // Where the header row of `hunk` shows the button of `action` (0 stage, 1 unstage, 2 discard;
+    // 3, 4 and 5 the same for the chosen lines) when the hunk's buttons show, in viewport
+    // coordinates; empty when it isn't offered or not in sight.
     QRect hunkButtonRect(int hunk, int action) const;
+    // The additions and deletions of the chosen rows, by hunk.
+    std::vector<ChosenLines> chosenLines() const;
 
   signals:
     // `shown` is the hunk as it was in sight when the person chose it (shownHunk()).
     void stageHunkRequested(int hunk, const std::string& shown);
     void unstageHunkRequested(int hunk, const std::string& shown);
     void discardHunkRequested(int hunk, const std::string& shown);
+    void stageLinesRequested(const std::vector<ChosenLines>& lines);
+    void unstageLinesRequested(const std::vector<ChosenLines>& lines);
+    void discardLinesRequested(const std::vector<ChosenLines>& lines);
 
   protected:
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
     void leaveEvent(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
@@ -66,7 +74,7 @@ class DiffTextView final : public QAbstractScrollArea {
     struct Style {
         QFont font;
         QColor background, gutter, gutterText, text, headerText, hover, buttonFill, buttonText, divider;
-        QColor addition, deletion, hunkHeader, emptyCell;
+        QColor addition, deletion, hunkHeader, emptyCell, chosen;
         std::vector<QColor> tokens; // by SyntaxTokenType
         qreal charWidth = 7;
         std::optional<QRawFont> columnFont; // the font when it sets text in columns
@@ -81,7 +89,7 @@ class DiffTextView final : public QAbstractScrollArea {
         QList<quint32> glyphs;
     };
     struct Button {
-        int action; // 0 stage, 1 unstage, 2 discard
+        int action; // 0 stage, 1 unstage, 2 discard; 3 to 5 the same for the chosen lines
         QRect rect;
     };
 
@@ -104,12 +112,21 @@ class DiffTextView final : public QAbstractScrollArea {
     int pinnedHeaderRow() const;
     // Where the header `row` is drawn, pinned or in its place.
     int headerTop(int row) const;
-    // Whether the buttons of `hunk` show: it is under the pointer, or the keys act on it.
+    // Whether the buttons of `hunk` show: it is under the pointer, the keys act on it, or it holds
+    // chosen lines.
     bool showsButtons(int hunk) const;
+    bool holdsChosenLines(int hunk) const;
+    // Whether the side of `row` shows a chosen addition or deletion.
+    bool isChosen(int row, bool right) const;
+    // Chooses the rows from the anchor to `row`, and keeps `row` in sight.
+    void chooseTo(int row);
+    void clearChosen();
     // The button of the header row under `point` that shows there, if any.
     std::optional<Button> shownButtonAt(QPoint point) const;
     int rowAt(int y) const;
     void requestAction(int action, int hunk, const std::string& shown);
+    // The chosen lines' action (0 stage, 1 unstage, 2 discard), when offered.
+    void requestLinesAction(int action, const std::vector<ChosenLines>& lines);
     QString buttonTitle(int action) const;
     QColor toneColor(RowTone tone) const;
 
@@ -125,6 +142,10 @@ class DiffTextView final : public QAbstractScrollArea {
     int longestLine_ = 0;
     Style style_;
     QPoint hoverPoint_{-1, -1};
+    // The chosen rows run from the anchor to the cursor, either way; none while the anchor is -1.
+    int anchorRow_ = -1;
+    int cursorRow_ = -1;
+    bool dragging_ = false;
 };
 
 } // namespace orvel

@@ -1300,6 +1300,10 @@
         <source>The diff changed after the hunk was chosen, so nothing was done. It has been read again: choose the hunk once more.</source>
         <translation>选择该区块后差异已经变化，因此没有执行任何操作。差异已重新读取：请再次选择该区块。</translation>
     </message>
+    <message>
+        <source>The diff changed after the lines were chosen, so nothing was done. It has been read again: choose the lines once more.</source>
+        <translation>选择这些行后差异已经变化，因此没有执行任何操作。差异已重新读取：请再次选择这些行。</translation>
+    </message>
 </context>
 <context>
     <name>orvel::DiffPane</name>
@@ -1463,6 +1467,10 @@
         <source> (dirty)</source>
         <translation>（有改动）</translation>
     </message>
+    <message>
+        <source>The chosen lines&apos; changes will be permanently lost.</source>
+        <translation>所选行的更改将永久丢失。</translation>
+    </message>
 </context>
 <context>
     <name>orvel::DiffTextView</name>
@@ -1489,6 +1497,18 @@
     <message>
         <source>Discard Hunk</source>
         <translation>丢弃区块</translation>
+    </message>
+    <message>
+        <source>Stage Lines</source>
+        <translation>暂存所选行</translation>
+    </message>
+    <message>
+        <source>Unstage Lines</source>
+        <translation>取消暂存所选行</translation>
+    </message>
+    <message>
+        <source>Discard Lines</source>
+        <translation>丢弃所选行</translation>
     </message>
 </context>
 <context>
