@@ -37,9 +37,11 @@ const RebaseTodoEntry* RebasePlanItemModel::entry(int row) const {
 
 void RebasePlanItemModel::showPredictionsOf(const InteractiveRebaseViewModel& model) {
     predictions_ = &model;
+    // Only the mark changes: an editor open in another column must keep what the user is choosing.
     connect(&model, &InteractiveRebaseViewModel::predictionsChanged, this, [this] {
         if (rowCount() > 0)
-            emit dataChanged(index(0, 0), index(rowCount() - 1, ColumnCount - 1));
+            emit dataChanged(index(0, CommitColumn), index(rowCount() - 1, CommitColumn),
+                             {Qt::DecorationRole, Qt::ToolTipRole, Qt::AccessibleTextRole});
     });
 }
 
