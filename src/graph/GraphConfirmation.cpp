@@ -55,6 +55,29 @@ QString GraphConfirmation::text() const {
     return {};
 }
 
+QString GraphConfirmation::predictionText(const std::optional<MergePrediction>& prediction) const {
+    if (kind != Kind::cherryPick && kind != Kind::revert)
+        return {};
+    if (!prediction)
+        return localized("Checking for conflicts…");
+    const bool isRevert = kind == Kind::revert;
+    switch (prediction->outcome) {
+    case MergePrediction::Outcome::clean:
+        return isRevert ? localized("Reverting %1 will be clean.", shortHash(hash))
+                        : localized("Cherry-picking %1 will be clean.", shortHash(hash));
+    case MergePrediction::Outcome::conflicts: {
+        const auto count = static_cast<int>(prediction->files.size());
+        const auto files = shownFiles(prediction->files);
+        return isRevert ? localized("Reverting %1 will conflict in %2 file(s): %3", shortHash(hash), count, files)
+                        : localized("Cherry-picking %1 will conflict in %2 file(s): %3", shortHash(hash), count,
+                                    files);
+    }
+    case MergePrediction::Outcome::unknown:
+        return localized("No conflict preview: %1", prediction->reason);
+    }
+    return {};
+}
+
 QString GraphConfirmation::acceptLabel() const {
     switch (kind) {
     case Kind::hardReset:

@@ -2,8 +2,11 @@
 // it as an alert and, on acceptance, hands it back to the model to run.
 #pragma once
 
+#include "core/records/MergePrediction.h"
+
 #include <QString>
 
+#include <optional>
 #include <string>
 
 namespace orvel {
@@ -17,6 +20,9 @@ struct GraphConfirmation {
     // The alert's title and message, in the current language.
     QString title() const;
     QString text() const;
+    // What a cherry-pick or revert will do, as the alert says it: "Checking…" while there is no
+    // prediction yet; nothing for the other kinds.
+    QString predictionText(const std::optional<MergePrediction>& prediction) const;
     // The label of the accepting button.
     QString acceptLabel() const;
 };

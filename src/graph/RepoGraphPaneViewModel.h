@@ -140,6 +140,9 @@ class RepoGraphPaneViewModel final : public QObject {
     void requestCreateTag(const std::string& hash) { emit createTagRequested(hash); }
     // Runs what an accepted confirmation asked for.
     QCoro::Task<void> confirm(GraphConfirmation confirmation);
+    // What the asked cherry-pick or revert will do, predicted while its confirmation is open:
+    // nothing before git answered. Accepting never waits for it.
+    const std::optional<MergePrediction>& confirmationPrediction() const { return confirmationPrediction_; }
 
     // The actions themselves, with their toasts; each reloads the graph on success and raises
     // repositoryChanged when git changed the repository.
@@ -189,6 +192,7 @@ class RepoGraphPaneViewModel final : public QObject {
     // Any search field changed.
     void searchChanged();
     void confirmationRequested(const orvel::GraphConfirmation& confirmation);
+    void confirmationPredictionChanged();
     void createBranchRequested(const std::string& hash);
     void createTagRequested(const std::string& hash);
     // A reset, cherry-pick or revert changed the repository: the tab refreshes the other panes.
@@ -233,6 +237,8 @@ class RepoGraphPaneViewModel final : public QObject {
     // Raises repositoryChanged and reloads the rows after an action changed the repository.
     void afterChange();
     QCoro::Task<void> pickOrRevert(std::string hash, bool isRevert);
+    // Asks to confirm a cherry-pick or a revert and predicts it while the question is open.
+    QCoro::Task<void> askToPick(GraphConfirmation confirmation);
     // Adds the hits of the immediate search among the store's commits from `first` on.
     void matchLocally(std::size_t first);
     void rebuildOrderedMatches();
@@ -279,6 +285,8 @@ class RepoGraphPaneViewModel final : public QObject {
     // The look-ups of "go to".
     LoadGeneration lookUps_;
     LoadGeneration messageCopies_;
+    LoadGeneration predictions_;
+    std::optional<MergePrediction> confirmationPrediction_;
 
     std::optional<std::string> selectedHash_;
     std::optional<GraphCommit> selectedCommit_;

@@ -120,16 +120,35 @@ void RepoGraphPaneViewModel::requestReset(const std::string& hash, ResetMode mod
 
 void RepoGraphPaneViewModel::requestCherryPick(const std::string& hash) {
     if (isWorkingTreeDirty())
-        emit confirmationRequested({GraphConfirmation::Kind::cherryPick, hash});
+        askToPick({GraphConfirmation::Kind::cherryPick, hash});
     else
         cherryPick(hash);
 }
 
 void RepoGraphPaneViewModel::requestRevert(const std::string& hash) {
     if (isWorkingTreeDirty())
-        emit confirmationRequested({GraphConfirmation::Kind::revert, hash});
+        askToPick({GraphConfirmation::Kind::revert, hash});
     else
         revert(hash);
+}
+
+QCoro::Task<void> RepoGraphPaneViewModel::askToPick(GraphConfirmation confirmation) {
+    auto ticket = predictions_.begin(this);
+    confirmationPrediction_.reset();
+    emit confirmationRequested(confirmation);
+    auto service = service_;
+    auto run = service->predictPick(repo_, confirmation.hash, confirmation.kind == GraphConfirmation::Kind::revert,
+                                    ticket.stopToken());
+    MergePrediction prediction;
+    try {
+        prediction = co_await std::move(run);
+    } catch (const std::exception& error) {
+        prediction = MergePrediction::unknown(error.what());
+    }
+    if (!ticket.isCurrent())
+        co_return;
+    confirmationPrediction_ = std::move(prediction);
+    emit confirmationPredictionChanged();
 }
 
 QCoro::Task<void> RepoGraphPaneViewModel::confirm(GraphConfirmation confirmation) {

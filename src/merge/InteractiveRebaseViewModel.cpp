@@ -41,6 +41,58 @@ void InteractiveRebaseViewModel::setEntries(std::vector<RebaseTodoEntry> entries
     }
     plan_.emplace(onto_, std::move(entries));
     emit planReady();
+    predict();
+}
+
+QCoro::Task<void> InteractiveRebaseViewModel::predict() {
+    if (!plan_)
+        co_return;
+    auto ticket = predictionRuns_.begin(this);
+    const RebasePlan plan = plan_->plan();
+    predictions_.clear();
+    isPredicting_ = true;
+    emit predictionsChanged();
+    auto service = service_;
+    auto run = service->predictRebase(repo_, plan, ticket.stopToken());
+    std::vector<MergePrediction> answers;
+    try {
+        answers = co_await std::move(run);
+    } catch (const std::exception& error) {
+        if (!ticket.isCurrent())
+            co_return;
+        qCDebug(lcOps, "op=rebase.predict reason=%s", redactForLog(error.what()).c_str());
+    }
+    if (!ticket.isCurrent())
+        co_return;
+    isPredicting_ = false;
+    unpredictableReason_.clear();
+    for (std::size_t i = 0; i < answers.size() && i < plan.entries.size(); ++i) {
+        if (answers[i].outcome == MergePrediction::Outcome::unknown && unpredictableReason_.empty())
+            unpredictableReason_ = answers[i].reason;
+        predictions_[plan.entries[i].id] = std::move(answers[i]);
+    }
+    emit predictionsChanged();
+}
+
+const MergePrediction* InteractiveRebaseViewModel::prediction(const QUuid& id) const {
+    const auto found = predictions_.find(id);
+    return found == predictions_.end() ? nullptr : &found->second;
+}
+
+QString InteractiveRebaseViewModel::predictionStatus() const {
+    if (isPredicting_)
+        return localized("Checking for conflicts…");
+    if (!unpredictableReason_.empty())
+        return localized("No conflict preview: %1", unpredictableReason_);
+    return {};
+}
+
+QString InteractiveRebaseViewModel::conflictText(const QUuid& id) const {
+    const MergePrediction* row = prediction(id);
+    if (!row || row->outcome != MergePrediction::Outcome::conflicts)
+        return {};
+    return localized("Will stop on a conflict in %1 file(s): %2", static_cast<int>(row->files.size()),
+                     shownFiles(row->files));
 }
 
 QCoro::Task<void> InteractiveRebaseViewModel::start() {

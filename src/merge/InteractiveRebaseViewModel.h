@@ -3,6 +3,7 @@
 // repository rebasing, and the conflict banner takes over from there.
 #pragma once
 
+#include "core/records/MergePrediction.h"
 #include "core/records/RepoEntry.h"
 #include "core/support/LoadGeneration.h"
 #include "merge/RebasePlanModel.h"
@@ -12,6 +13,7 @@
 
 #include <QCoro/QCoroTask>
 
+#include <map>
 #include <memory>
 #include <optional>
 #include <string>
@@ -43,6 +45,17 @@ class InteractiveRebaseViewModel final : public QObject {
     // Runs the plan as it stands; the outcome is a toast, then finished().
     QCoro::Task<void> start();
 
+    // Predicts which rows of the plan as it stands will stop on a conflict. A newer call (the plan
+    // changed again) cancels a running one; starting the rebase never waits for it.
+    QCoro::Task<void> predict();
+    bool isPredicting() const { return isPredicting_; }
+    // The last finished prediction of the row `id`, while the plan is the one it was made for.
+    const MergePrediction* prediction(const QUuid& id) const;
+    // "Checking…" while predicting, why git cannot tell when it cannot, otherwise nothing.
+    QString predictionStatus() const;
+    // A row's tooltip line: where it stops and on which files; nothing for a clean row.
+    QString conflictText(const QUuid& id) const;
+
   signals:
     void planReady();
     void runningChanged();
@@ -50,6 +63,7 @@ class InteractiveRebaseViewModel final : public QObject {
     void finished();
     // Nothing to edit: the sheet is not to be shown.
     void closed();
+    void predictionsChanged();
 
   private:
     RepoEntry repo_;
@@ -59,6 +73,10 @@ class InteractiveRebaseViewModel final : public QObject {
     std::optional<RebasePlanModel> plan_;
     bool isRunning_ = false;
     LoadGeneration loads_;
+    LoadGeneration predictionRuns_;
+    std::map<QUuid, MergePrediction> predictions_;
+    bool isPredicting_ = false;
+    std::string unpredictableReason_;
 };
 
 } // namespace orvel

@@ -214,6 +214,8 @@ void SidebarViewModel::cancelPending() {
     pendingRemoteDeleteBranch_.reset();
     pendingDeleteTag_.reset();
     pendingDropStash_.reset();
+    pendingMerge_.reset();
+    mergePredictions_.cancel();
     emit pendingChanged();
 }
 

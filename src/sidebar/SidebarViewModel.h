@@ -5,6 +5,7 @@
 // details (default branch, tags, merged branches) are kept.
 #pragma once
 
+#include "core/records/MergePrediction.h"
 #include "core/records/RebasePlan.h"
 #include "core/records/RepoEntry.h"
 #include "core/support/LoadGeneration.h"
@@ -76,6 +77,9 @@ class SidebarViewModel final : public QObject {
     const std::optional<BranchEntry>& pendingRemoteDeleteBranch() const { return pendingRemoteDeleteBranch_; }
     const std::optional<TagEntry>& pendingDeleteTag() const { return pendingDeleteTag_; }
     const std::optional<StashEntry>& pendingDropStash() const { return pendingDropStash_; }
+    const std::optional<BranchEntry>& pendingMerge() const { return pendingMerge_; }
+    // What the pending merge will do, as its question says it: "Checking…" until git has answered.
+    QString pendingMergeForecast() const;
     const std::optional<std::string>& selectedBranchHash() const { return selectedBranchHash_; }
     const std::optional<std::string>& selectedBranchName() const { return selectedBranchName_; }
     bool isNavigatingToCommit() const { return isNavigatingToCommit_; }
@@ -125,11 +129,14 @@ class SidebarViewModel final : public QObject {
     void requestRemoteDelete(const BranchEntry& branch);
     void requestDeleteTag(const TagEntry& tag);
     void requestDropStash(const StashEntry& stash);
+    // Also predicts the merge while the question is open; confirming never waits for that.
+    void requestMerge(const BranchEntry& branch);
     void cancelPending();
     QCoro::Task<void> forceDeleteBranch();
     QCoro::Task<void> deleteRemoteBranch();
     QCoro::Task<void> deleteTag();
     QCoro::Task<void> dropStash();
+    QCoro::Task<void> confirmMerge();
 
   signals:
     // The lists, the trees, isLoading or loadError changed.
@@ -138,6 +145,8 @@ class SidebarViewModel final : public QObject {
     void detailsChanged();
     // A pending field was set or cleared.
     void pendingChanged();
+    // The prediction of the pending merge arrived.
+    void pendingMergeForecastChanged();
     void selectionChanged();
     // Every successful branch load, with the whole list as git gave it.
     void branchesLoaded(const std::vector<orvel::BranchEntry>& branches);
@@ -175,6 +184,9 @@ class SidebarViewModel final : public QObject {
     std::optional<BranchEntry> pendingRemoteDeleteBranch_;
     std::optional<TagEntry> pendingDeleteTag_;
     std::optional<StashEntry> pendingDropStash_;
+    std::optional<BranchEntry> pendingMerge_;
+    std::optional<MergePrediction> pendingMergePrediction_;
+    LoadGeneration mergePredictions_;
     std::optional<std::string> selectedBranchHash_;
     std::optional<std::string> selectedBranchName_;
     bool isNavigatingToCommit_ = false;

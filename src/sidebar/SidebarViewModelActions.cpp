@@ -293,6 +293,56 @@ QCoro::Task<void> SidebarViewModel::mergeBranch(BranchEntry branch) {
         self->reloadAfterCheckout();
 }
 
+void SidebarViewModel::requestMerge(const BranchEntry& branch) {
+    if (!checkRepository())
+        return;
+    pendingMerge_ = branch;
+    pendingMergePrediction_.reset();
+    emit pendingChanged();
+    [](QPointer<SidebarViewModel> self, std::shared_ptr<GitServiceProtocol> service, RepoEntry repo,
+       std::string name, LoadTicket ticket) -> QCoro::Task<void> {
+        MergePrediction prediction;
+        try {
+            prediction = co_await service->predictMerge(std::move(repo), std::move(name), ticket.stopToken());
+        } catch (const std::exception& error) {
+            prediction = MergePrediction::unknown(error.what());
+        }
+        if (!ticket.isCurrent() || !self)
+            co_return;
+        self->pendingMergePrediction_ = std::move(prediction);
+        emit self->pendingMergeForecastChanged();
+    }(this, service_, *repo_, branch.name, mergePredictions_.begin(this));
+}
+
+QString SidebarViewModel::pendingMergeForecast() const {
+    if (!pendingMerge_)
+        return {};
+    const BranchEntry* head = currentBranch();
+    const std::string into = head ? head->name : "HEAD";
+    if (!pendingMergePrediction_)
+        return localized("Checking for conflicts…");
+    switch (pendingMergePrediction_->outcome) {
+    case MergePrediction::Outcome::clean:
+        return localized("Merging '%1' into '%2' will be clean.", pendingMerge_->name, into);
+    case MergePrediction::Outcome::conflicts:
+        return localized("Merging '%1' into '%2' will conflict in %3 file(s): %4", pendingMerge_->name, into,
+                         static_cast<int>(pendingMergePrediction_->files.size()),
+                         shownFiles(pendingMergePrediction_->files));
+    case MergePrediction::Outcome::unknown:
+        return localized("No conflict preview: %1", pendingMergePrediction_->reason);
+    }
+    return {};
+}
+
+QCoro::Task<void> SidebarViewModel::confirmMerge() {
+    if (!pendingMerge_)
+        co_return;
+    const BranchEntry branch = *std::exchange(pendingMerge_, std::nullopt);
+    mergePredictions_.cancel();
+    emit pendingChanged();
+    co_await mergeBranch(branch);
+}
+
 QCoro::Task<void> SidebarViewModel::pullBranch(BranchEntry branch) {
     if (!checkRepository())
         co_return;

@@ -310,10 +310,16 @@ TEST_F(GraphModelTest, ActionsAskFirstWhereTheyMustAndTellTheirOutcome) {
     model.requestCherryPick(hashOf(1));
     ASSERT_TRUE(QTest::qWaitFor([&] { return lastToast() == "Cherry-picked c1"; }));
     EXPECT_TRUE(asked.isEmpty());
+    // The question tells what the revert will do once git has answered.
     model.setWorkingTreeCounts(1, 0);
+    service->predictions[hashOf(1)] = {MergePrediction::Outcome::conflicts, {"a.c", "b.h"}, {}};
     model.requestRevert(hashOf(1));
     ASSERT_EQ(asked.count(), 1);
-    EXPECT_EQ(asked.takeFirst().at(0).value<GraphConfirmation>().title(), "Revert onto Dirty Working Tree");
+    const auto revert = asked.takeFirst().at(0).value<GraphConfirmation>();
+    EXPECT_EQ(revert.title(), "Revert onto Dirty Working Tree");
+    ASSERT_TRUE(QTest::qWaitFor([&] { return model.confirmationPrediction().has_value(); }));
+    EXPECT_EQ(revert.predictionText(model.confirmationPrediction()),
+              QString::fromStdString("Reverting " + hashOf(1).substr(0, 7) + " will conflict in 2 file(s): a.c, b.h"));
 
     RepoGraphPaneViewModel unloaded(RepoEntry{}, service, toasts);
     test::await(unloaded.cherryPick(hashOf(1)));

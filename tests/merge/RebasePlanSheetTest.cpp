@@ -101,6 +101,40 @@ TEST_F(RebasePlanSheetTest, RewordMoveExecAndAutosquashRunThroughGit) {
     EXPECT_FALSE(std::filesystem::exists(repo / "pwned"));
 }
 
+// Rows that will stop on a conflict carry a mark and their files in the tooltip, recomputed on git
+// as rows move; Start stays usable while that runs.
+TEST_F(RebasePlanSheetTest, MarksTheRowsThatWillConflictAsTheyMove) {
+    repo.write("f", "x\n");
+    const std::string base = repo.commitAll("base");
+    repo.write("f", "y\n");
+    repo.commitAll("A");
+    repo.write("f", "z\n");
+    repo.commitAll("B");
+
+    QPointer<RebasePlanSheet> sheet = new RebasePlanSheet(entry(), base, service, toasts);
+    sheet->model().load();
+    ASSERT_TRUE(test::eventually([&] { return sheet->isVisible() && !sheet->model().isPredicting(); }));
+    auto* list = sheet->findChild<QTreeView*>(QStringLiteral("rebase-sheet.commit-list"));
+    auto& rows = *static_cast<RebasePlanItemModel*>(list->model());
+    const auto tooltip = [&](int row) { return rows.index(row, 0).data(Qt::ToolTipRole).toString(); };
+    const auto marked = [&](int row) {
+        return !rows.index(row, RebasePlanItemModel::CommitColumn).data(Qt::DecorationRole).isNull();
+    };
+    EXPECT_TRUE(tooltip(0).isEmpty());
+    EXPECT_FALSE(marked(0) || marked(1));
+
+    list->setCurrentIndex(rows.index(1, 0));
+    QTest::keyClick(list, Qt::Key_Up, Qt::ControlModifier);
+    EXPECT_TRUE(sheet->findChild<QPushButton*>(QStringLiteral("rebase-sheet.start"))->isEnabled());
+    ASSERT_TRUE(test::eventually([&] { return marked(0); }));
+    EXPECT_EQ(tooltip(0), QStringLiteral("Will stop on a conflict in 1 file(s): f"));
+
+    QTest::keyClick(list, Qt::Key_Down, Qt::ControlModifier);
+    ASSERT_TRUE(test::eventually([&] { return !sheet->model().isPredicting(); }));
+    EXPECT_FALSE(marked(0) || marked(1));
+    sheet->close();
+}
+
 // Chooses `action` in the menu the row's action cell opens, as a double click does.
 void chooseAction(QTreeView& list, int row, const QString& action) {
     const QModelIndex cell = list.model()->index(row, RebasePlanItemModel::ActionColumn);

@@ -29,6 +29,11 @@ class CountingExecutor final : public GitExecutorProtocol {
         record(arguments);
         return git_->executeWithEnvironment(arguments, repoPath, environment);
     }
+    void executeStreaming(const Arguments& arguments, const std::string& repoPath,
+                          const std::function<void(std::string_view)>& consume) override {
+        record(arguments);
+        git_->executeStreaming(arguments, repoPath, consume);
+    }
     std::string resolvedGitPath() override { return git_->resolvedGitPath(); }
     std::string gitVersion() override { return git_->gitVersion(); }
     void setGitPathOverride(const std::optional<std::string>& path) override {

@@ -110,3 +110,31 @@ TEST_F(SidebarGit, StashesApplyPopAndDrop) {
     ASSERT_TRUE(test::eventually([&] { return sidebar.stashEntries().empty(); }));
     EXPECT_EQ(repo.git({"stash", "list"}), "");
 }
+
+// A merge asks first, and the question tells what git will do: clean, or the files that will
+// conflict; nothing is merged until the user agrees.
+TEST_F(SidebarGit, AMergeAsksFirstAndTellsWhichFilesWillConflict) {
+    test::await(sidebar.loadBranches(entry));
+    const auto forecastFor = [&](const char* branch) {
+        sidebar.requestMerge(*find(branch));
+        EXPECT_EQ(sidebar.pendingMergeForecast(), "Checking for conflicts…");
+        EXPECT_TRUE(test::eventually([&] { return sidebar.pendingMergeForecast() != "Checking for conflicts…"; }));
+        return sidebar.pendingMergeForecast();
+    };
+    EXPECT_EQ(forecastFor("topic"), "Merging 'topic' into 'main' will be clean.");
+    sidebar.cancelPending();
+    EXPECT_FALSE(sidebar.pendingMerge());
+
+    repo.git({"checkout", "-q", "-b", "clash"});
+    repo.write("a.txt", "clash\n");
+    repo.commitAll("clash");
+    repo.git({"checkout", "-q", "main"});
+    repo.write("a.txt", "main\n");
+    repo.commitAll("main");
+    test::await(sidebar.loadBranches(entry));
+    EXPECT_EQ(forecastFor("clash"), "Merging 'clash' into 'main' will conflict in 1 file(s): a.txt");
+    EXPECT_EQ(repo.git({"status", "--porcelain"}), "");
+    test::await(sidebar.confirmMerge());
+    EXPECT_EQ(lastToast(), "Merge conflict in 1 file(s)");
+    EXPECT_FALSE(sidebar.pendingMerge());
+}

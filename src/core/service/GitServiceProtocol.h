@@ -14,6 +14,7 @@
 #include "core/records/FileChange.h"
 #include "core/records/GraphCommit.h"
 #include "core/records/HunkLines.h"
+#include "core/records/MergePrediction.h"
 #include "core/records/RebasePlan.h"
 #include "core/records/RemoteEntry.h"
 #include "core/records/RepoEntry.h"
@@ -114,6 +115,15 @@ class GitServiceProtocol {
                                                                      std::stop_token cancellation = {}) = 0;
     virtual QCoro::Task<InteractiveRebaseResult> interactiveRebase(RepoEntry repo, RebasePlan plan,
                                                                    std::stop_token cancellation = {}) = 0;
+    // What merging `branch` into HEAD, picking or reverting `commit` onto HEAD, or each row of
+    // `plan` will do, without changing the repository; they run outside the repository's queue. A
+    // git too old to tell, or a failure of git, answers unknown with the reason.
+    virtual QCoro::Task<MergePrediction> predictMerge(RepoEntry repo, std::string branch,
+                                                      std::stop_token cancellation = {}) = 0;
+    virtual QCoro::Task<MergePrediction> predictPick(RepoEntry repo, std::string commit, bool revert,
+                                                     std::stop_token cancellation = {}) = 0;
+    virtual QCoro::Task<std::vector<MergePrediction>> predictRebase(RepoEntry repo, RebasePlan plan,
+                                                                    std::stop_token cancellation = {}) = 0;
     virtual QCoro::Task<void> pushBranch(RepoEntry repo, std::string branch, std::string remote,
                                          std::stop_token cancellation = {}) = 0;
     virtual QCoro::Task<std::string> tagDetail(RepoEntry repo, std::string name,

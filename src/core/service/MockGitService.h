@@ -87,6 +87,12 @@ class MockGitService : public GitServiceProtocol {
                                                              std::stop_token cancellation = {}) override;
     QCoro::Task<InteractiveRebaseResult> interactiveRebase(RepoEntry repo, RebasePlan plan,
                                                            std::stop_token cancellation = {}) override;
+    QCoro::Task<MergePrediction> predictMerge(RepoEntry repo, std::string branch,
+                                              std::stop_token cancellation = {}) override;
+    QCoro::Task<MergePrediction> predictPick(RepoEntry repo, std::string commit, bool revert,
+                                             std::stop_token cancellation = {}) override;
+    QCoro::Task<std::vector<MergePrediction>> predictRebase(RepoEntry repo, RebasePlan plan,
+                                                            std::stop_token cancellation = {}) override;
     QCoro::Task<void> pushBranch(RepoEntry repo, std::string branch, std::string remote,
                                  std::stop_token cancellation = {}) override;
     QCoro::Task<std::string> tagDetail(RepoEntry repo, std::string name,
@@ -206,6 +212,11 @@ class MockGitService : public GitServiceProtocol {
     // answers `interactiveRebaseOutcome`.
     std::optional<RebasePlan> lastRebasePlan;
     InteractiveRebaseResult interactiveRebaseOutcome = rebase::Success{};
+    // The predictions answer these: merges and picks by branch or commit (clean when absent), a plan
+    // with `rebasePredictions` one by one (clean past its end); the last plan asked about is kept.
+    std::map<std::string, MergePrediction> predictions;
+    std::vector<MergePrediction> rebasePredictions;
+    std::optional<RebasePlan> lastPredictedPlan;
     // How often `updateCommitGraph` ran; it answers that it wrote the file.
     int commitGraphUpdates = 0;
 

@@ -57,4 +57,22 @@ QCoro::Task<InteractiveRebaseResult> MockGitService::interactiveRebase(RepoEntry
     co_return InteractiveRebaseResult(interactiveRebaseOutcome);
 }
 
+QCoro::Task<MergePrediction> MockGitService::predictMerge(RepoEntry, std::string branch, std::stop_token) {
+    const auto found = predictions.find(branch);
+    co_return found == predictions.end() ? MergePrediction::clean() : found->second;
+}
+
+QCoro::Task<MergePrediction> MockGitService::predictPick(RepoEntry repo, std::string commit, bool,
+                                                         std::stop_token cancellation) {
+    co_return co_await predictMerge(std::move(repo), std::move(commit), std::move(cancellation));
+}
+
+QCoro::Task<std::vector<MergePrediction>> MockGitService::predictRebase(RepoEntry, RebasePlan plan,
+                                                                        std::stop_token) {
+    std::vector<MergePrediction> answers(plan.entries.size(), MergePrediction::clean());
+    std::copy_n(rebasePredictions.begin(), std::min(answers.size(), rebasePredictions.size()), answers.begin());
+    lastPredictedPlan = std::move(plan);
+    co_return answers;
+}
+
 } // namespace orvel

@@ -89,6 +89,12 @@ class NativeGitService final : public GitServiceProtocol {
                                                              std::stop_token cancellation = {}) override;
     QCoro::Task<InteractiveRebaseResult> interactiveRebase(RepoEntry repo, RebasePlan plan,
                                                            std::stop_token cancellation = {}) override;
+    QCoro::Task<MergePrediction> predictMerge(RepoEntry repo, std::string branch,
+                                              std::stop_token cancellation = {}) override;
+    QCoro::Task<MergePrediction> predictPick(RepoEntry repo, std::string commit, bool revert,
+                                             std::stop_token cancellation = {}) override;
+    QCoro::Task<std::vector<MergePrediction>> predictRebase(RepoEntry repo, RebasePlan plan,
+                                                            std::stop_token cancellation = {}) override;
     QCoro::Task<void> pushBranch(RepoEntry repo, std::string branch, std::string remote,
                                  std::stop_token cancellation = {}) override;
     QCoro::Task<std::string> tagDetail(RepoEntry repo, std::string name,

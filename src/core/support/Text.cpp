@@ -20,17 +20,21 @@ std::string trimmedBlanks(std::string_view text) { return trimmedOf(text, " \t")
 
 std::string trimmedNewlines(std::string_view text) { return trimmedOf(text, "\n"); }
 
-std::vector<std::string_view> splitLines(std::string_view text) {
-    std::vector<std::string_view> lines;
+std::vector<std::string_view> splitFields(std::string_view text, char separator) {
+    std::vector<std::string_view> fields;
     std::size_t start = 0;
     while (start < text.size()) {
-        std::size_t end = text.find('\n', start);
+        std::size_t end = text.find(separator, start);
         if (end == std::string_view::npos)
             end = text.size();
-        lines.push_back(text.substr(start, end - start));
+        fields.push_back(text.substr(start, end - start));
         start = end + 1;
     }
-    return lines;
+    return fields;
+}
+
+std::vector<std::string_view> splitLines(std::string_view text) {
+    return splitFields(text, '\n');
 }
 
 } // namespace orvel

@@ -13,6 +13,8 @@ std::string trimmed(std::string_view text);
 std::string trimmedBlanks(std::string_view text);
 // Without leading and trailing newlines only.
 std::string trimmedNewlines(std::string_view text);
+// The pieces between `separator` characters; a trailing separator adds no empty piece.
+std::vector<std::string_view> splitFields(std::string_view text, char separator);
 // The pieces between "\n" characters; a trailing newline adds no empty piece.
 std::vector<std::string_view> splitLines(std::string_view text);
 

@@ -279,7 +279,13 @@ void GraphPane::ask(const GraphConfirmation& confirmation) {
     box->setIcon(QMessageBox::Warning);
     box->setWindowTitle(confirmation.title());
     box->setText(confirmation.title());
-    box->setInformativeText(confirmation.text());
+    const auto showText = [this, box, confirmation] {
+        const QString prediction = confirmation.predictionText(model_.confirmationPrediction());
+        box->setInformativeText(prediction.isEmpty() ? confirmation.text()
+                                                     : confirmation.text() + QStringLiteral("\n\n") + prediction);
+    };
+    showText();
+    connect(&model_, &RepoGraphPaneViewModel::confirmationPredictionChanged, box, showText);
     QPushButton* cancel = box->addButton(localized("Cancel"), QMessageBox::RejectRole);
     cancel->setObjectName(QStringLiteral("graph.confirmation.cancel"));
     const bool destructive = confirmation.kind == GraphConfirmation::Kind::hardReset;

@@ -1,8 +1,11 @@
 #include "merge/ui/RebasePlanItemModel.h"
 
+#include "merge/InteractiveRebaseViewModel.h"
 #include "settings/LocalizationManager.h"
 
+#include <QApplication>
 #include <QMimeData>
+#include <QStyle>
 
 namespace orvel {
 
@@ -30,6 +33,16 @@ const RebaseTodoEntry* RebasePlanItemModel::entry(int row) const {
     if (row < 0 || row >= rowCount())
         return nullptr;
     return &plan_.entries()[static_cast<std::size_t>(row)];
+}
+
+void RebasePlanItemModel::showPredictionsOf(const InteractiveRebaseViewModel& model) {
+    predictions_ = &model;
+    // Only the mark changes: an editor open in another column must keep what the user is choosing.
+    connect(&model, &InteractiveRebaseViewModel::predictionsChanged, this, [this] {
+        if (rowCount() > 0)
+            emit dataChanged(index(0, CommitColumn), index(rowCount() - 1, CommitColumn),
+                             {Qt::DecorationRole, Qt::ToolTipRole, Qt::AccessibleTextRole});
+    });
 }
 
 void RebasePlanItemModel::rowChanged(int row) {
@@ -111,6 +124,7 @@ QVariant RebasePlanItemModel::data(const QModelIndex& index, int role) const {
     // given another action.
     const bool runsCommand = row->action == RebaseAction::exec;
     const QString action = QString::fromLatin1(rawValue(row->action));
+    const QString conflict = predictions_ ? predictions_->conflictText(row->id) : QString();
     switch (role) {
     case Qt::DisplayRole:
     case Qt::EditRole:
@@ -119,13 +133,23 @@ QVariant RebasePlanItemModel::data(const QModelIndex& index, int role) const {
         if (index.column() == CommitColumn)
             return decoded(row->hash);
         return runsCommand ? decoded(row->execCommand.value_or(std::string())) : shownSubject(*row);
-    case Qt::ToolTipRole:
-        if (row->action == RebaseAction::reword && row->rewordMessage)
-            return decoded(*row->rewordMessage);
+    case Qt::DecorationRole:
+        if (index.column() == CommitColumn && !conflict.isEmpty())
+            return QApplication::style()->standardIcon(QStyle::SP_MessageBoxWarning);
         return {};
+    case Qt::ToolTipRole: {
+        QStringList lines;
+        if (!conflict.isEmpty())
+            lines << conflict;
+        if (row->action == RebaseAction::reword && row->rewordMessage)
+            lines << decoded(*row->rewordMessage);
+        return lines.isEmpty() ? QVariant() : QVariant(lines.join(QStringLiteral("\n\n")));
+    }
     case Qt::AccessibleTextRole:
         if (isExecStep(*row))
             return localized("Exec step: %1", row->execCommand.value_or(std::string()));
+        if (!conflict.isEmpty())
+            return localized("Commit %1: %2, action: %3", row->hash, shownSubject(*row), action) + ". " + conflict;
         return localized("Commit %1: %2, action: %3", row->hash, shownSubject(*row), action);
     case ActionRole:
         return static_cast<int>(row->action);

@@ -9,6 +9,8 @@
 
 namespace orvel {
 
+class InteractiveRebaseViewModel;
+
 class RebasePlanItemModel final : public QAbstractTableModel {
     Q_OBJECT
 
@@ -19,6 +21,8 @@ class RebasePlanItemModel final : public QAbstractTableModel {
     explicit RebasePlanItemModel(RebasePlanModel& plan, QObject* parent = nullptr);
 
     RebasePlanModel& plan() const { return plan_; }
+    // Marks the rows `model` predicts will stop on a conflict, with the files in their tooltips.
+    void showPredictionsOf(const InteractiveRebaseViewModel& model);
     const RebaseTodoEntry* entry(int row) const;
 
     void setAction(int row, RebaseAction action);
@@ -52,6 +56,7 @@ class RebasePlanItemModel final : public QAbstractTableModel {
     void rowChanged(int row);
 
     RebasePlanModel& plan_;
+    const InteractiveRebaseViewModel* predictions_ = nullptr;
 };
 
 } // namespace orvel

@@ -43,7 +43,7 @@ RebasePlanSheet::RebasePlanSheet(RepoEntry repo, std::string onto,
                                  QWidget* parent)
     : OSheet(parent), model_(new InteractiveRebaseViewModel(std::move(repo), std::move(onto),
                                                             std::move(service), toasts, this)),
-      subtitle_(new QLabel(this)), list_(new QTreeView(this)),
+      subtitle_(new QLabel(this)), forecast_(new QLabel(this)), list_(new QTreeView(this)),
       moveUp_(toolButton(this, "rebase-sheet.move-up")),
       moveDown_(toolButton(this, "rebase-sheet.move-down")),
       editMessage_(toolButton(this, "rebase-sheet.edit-message")),
@@ -77,6 +77,9 @@ RebasePlanSheet::RebasePlanSheet(RepoEntry repo, std::string onto,
     contentLayout()->addWidget(subtitle_);
     contentLayout()->addWidget(list_, 1);
     contentLayout()->addLayout(tools);
+    forecast_->setObjectName(QStringLiteral("rebase-sheet.conflict-preview"));
+    forecast_->setTextFormat(Qt::PlainText);
+    contentLayout()->addWidget(forecast_);
 
     connect(delegate, &RebasePlanDelegate::rewordRequested, this, &RebasePlanSheet::editMessage);
     connect(moveUp_, &QPushButton::clicked, this, [this] { moveCurrent(-1); });
@@ -103,6 +106,7 @@ RebasePlanSheet::RebasePlanSheet(RepoEntry repo, std::string onto,
 
 void RebasePlanSheet::showPlan() {
     rows_ = new RebasePlanItemModel(*model_->plan(), this);
+    rows_->showPredictionsOf(*model_);
     list_->setModel(rows_);
     list_->header()->setSectionResizeMode(RebasePlanItemModel::ActionColumn, QHeaderView::ResizeToContents);
     list_->header()->setSectionResizeMode(RebasePlanItemModel::CommitColumn, QHeaderView::ResizeToContents);
@@ -114,6 +118,8 @@ void RebasePlanSheet::showPlan() {
                             list_->header()->sizeHint().height());
     resize(760, sizeHint().height());
     connect(rows_, &RebasePlanItemModel::planChanged, this, &RebasePlanSheet::showState);
+    connect(rows_, &RebasePlanItemModel::planChanged, model_, [this] { model_->predict(); });
+    connect(model_, &InteractiveRebaseViewModel::predictionsChanged, this, &RebasePlanSheet::showState);
     connect(list_->selectionModel(), &QItemSelectionModel::currentChanged, this, &RebasePlanSheet::showState);
     retranslate();
     open();
@@ -154,6 +160,8 @@ void RebasePlanSheet::showState() {
     const RebaseTodoEntry* current = rows_ ? rows_->entry(currentRow()) : nullptr;
     const bool isExec = current && isExecStep(*current);
     list_->setEnabled(editable);
+    forecast_->setText(model_->predictionStatus());
+    forecast_->setVisible(!forecast_->text().isEmpty());
     moveUp_->setEnabled(editable && current && currentRow() > 0);
     moveDown_->setEnabled(editable && current && currentRow() + 1 < rows_->rowCount());
     editMessage_->setEnabled(editable && current && !isExec);

@@ -47,6 +47,7 @@ class RebasePlanSheet final : public OSheet {
     InteractiveRebaseViewModel* model_;
     RebasePlanItemModel* rows_ = nullptr;
     QLabel* subtitle_;
+    QLabel* forecast_; // "Checking…", or why there is no conflict preview
     QTreeView* list_;
     QPushButton* moveUp_;
     QPushButton* moveDown_;

@@ -359,6 +359,50 @@
         <source>Close Tab</source>
         <translation>关闭标签页</translation>
     </message>
+    <message>
+        <source>Checking for conflicts…</source>
+        <translation>正在检查冲突…</translation>
+    </message>
+    <message>
+        <source>No conflict preview: %1</source>
+        <translation>无法预览冲突：%1</translation>
+    </message>
+    <message>
+        <source>Will stop on a conflict in %1 file(s): %2</source>
+        <translation>将在 %1 个文件中因冲突而停止：%2</translation>
+    </message>
+    <message>
+        <source>Reverting %1 will be clean.</source>
+        <translation>还原 %1 不会产生冲突。</translation>
+    </message>
+    <message>
+        <source>Cherry-picking %1 will be clean.</source>
+        <translation>拣选 %1 不会产生冲突。</translation>
+    </message>
+    <message>
+        <source>Reverting %1 will conflict in %2 file(s): %3</source>
+        <translation>还原 %1 将在 %2 个文件中产生冲突：%3</translation>
+    </message>
+    <message>
+        <source>Cherry-picking %1 will conflict in %2 file(s): %3</source>
+        <translation>拣选 %1 将在 %2 个文件中产生冲突：%3</translation>
+    </message>
+    <message>
+        <source>Merge &apos;%1&apos;?</source>
+        <translation>合并“%1”？</translation>
+    </message>
+    <message>
+        <source>Merging &apos;%1&apos; into &apos;%2&apos; will be clean.</source>
+        <translation>将“%1”合并到“%2”不会产生冲突。</translation>
+    </message>
+    <message>
+        <source>Merging &apos;%1&apos; into &apos;%2&apos; will conflict in %3 file(s): %4</source>
+        <translation>将“%1”合并到“%2”将在 %3 个文件中产生冲突：%4</translation>
+    </message>
+    <message>
+        <source>Merge</source>
+        <translation>合并</translation>
+    </message>
 </context>
 <context>
     <name>orvel::AppViewModel</name>

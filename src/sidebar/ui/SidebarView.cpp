@@ -95,6 +95,10 @@ SidebarView::SidebarView(SidebarViewModel& sidebar, UserDefaults& defaults, QWid
     connect(&sidebar_, &SidebarViewModel::detailsChanged, this, &SidebarView::rebuild);
     connect(&filter, &SidebarFilterViewModel::resultsChanged, this, &SidebarView::rebuild);
     connect(&sidebar_, &SidebarViewModel::pendingChanged, this, &SidebarView::showPendingQuestion);
+    connect(&sidebar_, &SidebarViewModel::pendingMergeForecastChanged, this, [this] {
+        if (question_ && sidebar_.pendingMerge())
+            question_->setInformativeText(sidebar_.pendingMergeForecast());
+    });
     connect(tree_, &QTreeView::clicked, this, &SidebarView::select);
     connect(tree_, &QTreeView::activated, this, &SidebarView::select);
     connect(tree_, &QWidget::customContextMenuRequested, this, &SidebarView::showMenu);
@@ -266,6 +270,9 @@ void SidebarView::showPendingQuestion() {
                 "Tags do not have a reflog; this action cannot be undone locally. The remote tag (if any) is "
                 "not affected."),
             localized("Delete Tag"), &SidebarViewModel::deleteTag);
+    else if (const auto& merge = sidebar_.pendingMerge())
+        ask(localized("Merge '%1'?", merge->name), sidebar_.pendingMergeForecast(), localized("Merge"),
+            &SidebarViewModel::confirmMerge);
     else if (sidebar_.pendingDropStash())
         ask(localized("Drop stash?"), localized("Stash drops cannot be undone."), localized("Drop"),
             &SidebarViewModel::dropStash);

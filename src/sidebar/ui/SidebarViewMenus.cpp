@@ -72,7 +72,7 @@ void SidebarView::addBranchActions(QMenu& menu, const BranchEntry& branch) {
     menu.addSeparator();
     if (!isCurrent) {
         menu.addAction(localized("Merge '%1' into '%2'", name, head), this,
-                       [this, branch] { sidebar_.mergeBranch(branch); });
+                       [this, branch] { sidebar_.requestMerge(branch); });
         menu.addAction(localized("Fast-forward '%1' to '%2'", head, name), this,
                        [this, branch] { sidebar_.fastForward(branch); });
         menu.addAction(localized("Rebase '%1' onto '%2'", head, name), this,
