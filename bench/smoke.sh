@@ -49,3 +49,6 @@ echo "$line"
 line=$("$tool" --scenario history-full --tiny --rounds 2 --repo "$work/history" 2>/dev/null)
 echo "$line"
 [[ "$line" =~ ^scenario=history-full-tiny\ ours_ms=[0-9.]+\ git_ms=[0-9.]+\ ratio=[0-9.]+\ paired_ratio=[0-9.]+\ rows=300\ peak_rss_mb=[0-9.]+\ frame_ms=[0-9.]+$ ]]
+line=$("$tool" --scenario discard-journal --tiny --rounds 2 --repo "$work/discard" 2>/dev/null)
+echo "$line"
+[[ "$line" =~ ^scenario=discard-journal-tiny\ ours_ms=[0-9.]+\ git_ms=[0-9.]+\ ratio=[0-9.]+\ paired_ratio=[0-9.]+\ files=50\ failures=0$ ]]

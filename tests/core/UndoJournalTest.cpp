@@ -186,6 +186,17 @@ TEST_F(UndoJournalTest, EveryDestructiveOperationIsBroughtBackAfterARestartAndAG
         const auto entries = history();
         ASSERT_EQ(entries.size(), 1u);
         EXPECT_EQ(entries.front().action, c.action);
+        // The commits the journal keeps stay out of the graph, and its refs out of the names.
+        for (const GraphCommit& commit : await(service.commitGraph(entry(), 100))) {
+            EXPECT_EQ(repo.gitAllowingFailure({"merge-base", "--is-ancestor", commit.hash, "HEAD"}).exitCode == 0 ||
+                          !repo.git({"for-each-ref", "--contains", commit.hash, "refs/heads", "refs/remotes",
+                                     "refs/stash"})
+                               .empty(),
+                      true)
+                << commit.subject;
+            for (const GraphRef& ref : commit.refs)
+                EXPECT_EQ(ref.name.find("orvel"), std::string::npos);
+        }
 
         repo.git({"gc", "-q", "--prune=now"});
         undoNewest();

@@ -26,6 +26,11 @@ struct UndoLimits {
     std::uint64_t bytes = 512ull * 1024 * 1024;
 };
 
+// Stands before "--all": leaves out the journal's refs, which keep commits gone from the user's view.
+inline constexpr const char* allButUndoRefs = "--exclude=refs/orvel/*";
+// Keeps the journal's refs out of the names git prints for a commit ("%D").
+inline constexpr const char* undoDecorations = "--decorate-refs-exclude=refs/orvel/*";
+
 namespace UndoJournal {
 
 // The entries, newest first. Files that don't read back as an entry are passed over.
