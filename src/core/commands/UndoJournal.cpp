@@ -65,11 +65,14 @@ std::vector<UndoEntry> readEntries(const fs::path& folder) {
     std::error_code error;
     for (const auto& item : fs::directory_iterator(folder, error)) {
         const std::string name = item.path().filename().string();
-        if (!name.ends_with(entrySuffix))
+        const std::string id = name.substr(0, name.size() - std::min(name.size(), entrySuffix.size()));
+        // Only the names the journal gives: twenty digits and the suffix.
+        if (!name.ends_with(entrySuffix) || id.size() != 20 ||
+            !std::all_of(id.begin(), id.end(), [](char c) { return c >= '0' && c <= '9'; }))
             continue;
         std::ifstream in(item.path(), std::ios::binary);
         const std::string bytes((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
-        if (auto entry = parseUndoEntry(bytes, name.substr(0, name.size() - entrySuffix.size())))
+        if (auto entry = parseUndoEntry(bytes, id))
             found.push_back(std::move(*entry));
     }
     std::sort(found.begin(), found.end(), [](const UndoEntry& a, const UndoEntry& b) { return a.id > b.id; });

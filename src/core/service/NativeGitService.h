@@ -193,8 +193,11 @@ class NativeGitService final : public GitServiceProtocol {
                       [limits = undoLimits(), action, subject = std::move(subject), paths = std::move(paths),
                        refs = std::move(refs), block = std::move(block)](GitExecutorProtocol& git,
                                                                          const std::string& repoPath) {
+                          // With the journal off, not even the refs are read.
+                          const bool on = limits.entries > 0;
                           return UndoJournal::journalAround(git, repoPath, limits, action, subject, paths,
-                                                            refs(git, repoPath), [&] { return block(git, repoPath); });
+                                                            on ? refs(git, repoPath) : std::vector<std::string>(),
+                                                            [&] { return block(git, repoPath); });
                       });
     }
     template <typename Block>

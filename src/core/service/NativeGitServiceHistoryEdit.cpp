@@ -30,7 +30,7 @@ QCoro::Task<void> NativeGitService::reset(RepoEntry repo, std::string hash, Rese
     auto reset = [hash, mode](GitExecutorProtocol& git, const std::string& repoPath) {
         HistoryEditCommands::reset(git, repoPath, hash, mode);
     };
-    if (mode != ResetMode::hard)
+    if (mode != ResetMode::hard || undoLimits().entries == 0)
         return queued(repo.path, cancellation, std::move(reset));
     // A hard reset overwrites the local changes of tracked files as well as moving the branch.
     return queued(repo.path, cancellation,
