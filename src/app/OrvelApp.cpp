@@ -39,6 +39,10 @@ OrvelApp::OrvelApp()
                                                      *defaults_);
     qCDebug(lcApp, "init: SubprocessExecutor created");
     service_ = std::make_shared<NativeGitService>(executor_, std::make_shared<GitOpRunner>());
+    // The undo journal's bound: 50 entries and 512 MB unless the user set other ones; 0 entries
+    // turns the journal off.
+    service_->setUndoLimits({defaults_->value(QStringLiteral("undoJournalEntries"), 50).toULongLong(),
+                            defaults_->value(QStringLiteral("undoJournalMegabytes"), 512).toULongLong() << 20});
     qCDebug(lcApp, "init: NativeGitService created");
     config_ = std::make_shared<NativeGitConfigService>(executor_);
     settingsPages_ = std::make_unique<SettingsPageModels>(executor_, config_, *defaults_);

@@ -103,19 +103,47 @@ std::vector<FileChange> rowsToDiscard(const std::vector<FileChange>& unstaged,
     return rows;
 }
 
-// One row of Discard All, after everything was unstaged. git can't restore what it doesn't track:
-// an untracked or added file is removed. A rename is undone on both paths: the new one goes, the
-// old one comes back as HEAD has it; a copy only loses its new path.
-QCoro::Task<void> discardRow(std::shared_ptr<GitServiceProtocol> service, RepoEntry repo, FileChange file) {
-    const auto status = file.displayStatus;
-    if (isUntracked(file) || status == TrackedStatus::added || status == TrackedStatus::copied) {
-        co_await removeFile(repo, file.path);
-    } else if (status == TrackedStatus::renamed && file.originalPath) {
-        co_await removeFile(repo, file.path);
-        co_await service->discardChanges(repo, *file.originalPath, false);
-    } else {
-        co_await service->discardChanges(repo, file.path, false);
+// What Discard All does with each row, after everything was unstaged, in one journalled step so
+// that one undo brings all of them back. git can't restore what it doesn't track: an untracked or
+// added file is removed. A rename is undone on both paths: the new
+// one goes, the old one comes back as HEAD has it; a copy only loses its new path. A folder row (a
+// repository of its own) is left to removeFile, which names the refusal.
+struct DiscardPlan {
+    std::vector<std::string> restore;
+    std::vector<std::string> remove;
+    std::vector<std::string> folders;
+};
+
+DiscardPlan planDiscard(const std::vector<FileChange>& rows) {
+    DiscardPlan plan;
+    for (const FileChange& file : rows) {
+        const auto status = file.displayStatus;
+        if (file.path.ends_with('/')) {
+            plan.folders.push_back(file.path);
+        } else if (isUntracked(file) || status == TrackedStatus::added || status == TrackedStatus::copied) {
+            plan.remove.push_back(file.path);
+        } else if (status == TrackedStatus::renamed && file.originalPath) {
+            plan.remove.push_back(file.path);
+            plan.restore.push_back(*file.originalPath);
+        } else {
+            plan.restore.push_back(file.path);
+        }
     }
+    return plan;
+}
+
+// The discard of one row: git can't restore what it never tracked, so an untracked file is
+// removed from the disk; the failure becomes the error of the returned task.
+QCoro::Task<void> discardOne(std::shared_ptr<GitServiceProtocol> service, RepoEntry repo, FileChange file) {
+    if (file.path.ends_with('/')) {
+        co_await removeFile(repo, file.path);
+        co_return;
+    }
+    std::vector<std::string> paths{file.path};
+    const auto failed = isUntracked(file) ? co_await service->discardPaths(repo, {}, std::move(paths))
+                                          : co_await service->discardPaths(repo, std::move(paths), {});
+    if (!failed.empty())
+        throw std::runtime_error(failed.front().reason);
 }
 
 } // namespace
@@ -215,10 +243,7 @@ QCoro::Task<void> ChangesPaneViewModel::unstageAll() {
 QCoro::Task<void> ChangesPaneViewModel::discardFile(FileChange file) {
     qCDebug(lcStaging, "op=discard.file scope=file");
     removeRows(false, [&file](const FileChange& row) { return row.path == file.path; });
-    // git can't restore what it never tracked: an untracked file is removed from the disk.
-    auto operation =
-        isUntracked(file) ? removeFile(repo_, file.path) : service_->discardChanges(repo_, file.path, false);
-    co_await runAndRefresh(std::move(operation), "discard.file", translatable("Discard failed: %1"));
+    co_await runAndRefresh(discardOne(service_, repo_, file), "discard.file", translatable("Discard failed: %1"));
 }
 
 QCoro::Task<void> ChangesPaneViewModel::deleteFile(FileChange file) {
@@ -298,14 +323,27 @@ QCoro::Task<void> ChangesPaneViewModel::discardAll() {
         }
     }
     std::vector<std::string> failed;
-    for (const FileChange& file : rows) {
+    DiscardPlan plan = planDiscard(rows);
+    for (const std::string& folder : plan.folders) {
         try {
-            co_await discardRow(service, repo, file);
+            co_await removeFile(repo, folder);
         } catch (const std::exception& error) {
             qCDebug(lcStaging, "op=discard.all scope=file reason=%s", redactForLog(error.what()).c_str());
-            if (std::find(failed.begin(), failed.end(), file.path) == failed.end())
-                failed.push_back(file.path);
+            failed.push_back(folder);
         }
+    }
+    std::vector<std::string> all = plan.remove;
+    all.insert(all.end(), plan.restore.begin(), plan.restore.end());
+    try {
+        for (const DiscardFailure& failure :
+             co_await service->discardPaths(repo, std::move(plan.restore), std::move(plan.remove))) {
+            qCDebug(lcStaging, "op=discard.all scope=file reason=%s", redactForLog(failure.reason).c_str());
+            if (std::find(failed.begin(), failed.end(), failure.path) == failed.end())
+                failed.push_back(failure.path);
+        }
+    } catch (const std::exception& error) {
+        qCDebug(lcStaging, "op=discard.all scope=all reason=%s", redactForLog(error.what()).c_str());
+        failed.insert(failed.end(), all.begin(), all.end());
     }
     if (!self)
         co_return;

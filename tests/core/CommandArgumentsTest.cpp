@@ -377,10 +377,10 @@ TEST(CommandArguments, DiffAndHistoryCommands) {
          {{"remote"}},
          {"origin\n\n  upstream\t\nfork\n"}},
         {call(HistoryCommands::commitGraph, 200, RemoteNameSet{}),
-         {{"log", "--all", "--topo-order", "-n", "200", graphLog}}},
+         {{"log", "--exclude=refs/orvel/*", "--all", "--decorate-refs-exclude=refs/orvel/*", "--topo-order", "-n", "200", graphLog}}},
         {call(HistoryCommands::streamCommitGraph, 4000, std::size_t{2000}, RemoteNameSet{},
               std::function<void(std::vector<GraphCommit>)>()),
-         {{"log", "--all", "--topo-order", "--skip=4000", graphLog}}},
+         {{"log", "--exclude=refs/orvel/*", "--all", "--decorate-refs-exclude=refs/orvel/*", "--topo-order", "--skip=4000", graphLog}}},
         {call(HistoryCommands::commitDetails, std::string("-p")),
          {{"log", "-n", "1", historyLog, "--end-of-options", "-p"}},
          {"\x01"s + std::string(40, 'a') + "\0aaaaaaa\0\0A\0a@x\0"s + "2026-01-01T00:00:00+00:00\0C\0c@x\0"s +

@@ -134,6 +134,9 @@ class HunkArguments : public test::PrivateTemporaryDirectoryTest {
     std::shared_ptr<ApplyWatchingExecutor> git = std::make_shared<ApplyWatchingExecutor>();
     NativeGitService service{git, std::make_shared<GitOpRunner>(2)};
     RepoEntry repo = RealGitService::repoAt("/repo");
+
+    // Only the hunk commands' own runs are recorded.
+    HunkArguments() { service.setUndoLimits({0, 0}); }
 };
 
 TEST_F(HunkArguments, EachActionReReadsThenAppliesAPrivatePatchFile) {

@@ -50,6 +50,7 @@ TEST(SigningLookUp, CommitAndTagSigningCountOnlyTrueInAnyCaseAndSpacing) {
 TEST(CommitSigning, ServiceAsksBeforeCommitAndAmendThenReadsTheCommitBack) {
     auto executor = std::make_shared<test::RecordingExecutor>();
     NativeGitService service(executor, std::make_shared<GitOpRunner>(2));
+    service.setUndoLimits({0, 0}); // only the commit's own runs are recorded
     const RepoEntry repo = test::RealGitService::repoAt("/r");
     for (std::string answer : {std::string("true\n"), std::string(), historyRecord("signed")})
         executor->reply(std::move(answer));

@@ -21,16 +21,16 @@ TEST(SearchCommands, ArgumentListsByScope) {
         Lists expected;
     };
     const std::vector<Case> cases{
-        {CommitSearchType::message, "Fix", {{"log", "--all", "--grep=Fix", "-i", format}}},
-        {CommitSearchType::author, "-ada", {{"log", "--all", "--author=-ada", "-i", format}}},
+        {CommitSearchType::message, "Fix", {{"log", "--exclude=refs/orvel/*", "--all", "--grep=Fix", "-i", format}}},
+        {CommitSearchType::author, "-ada", {{"log", "--exclude=refs/orvel/*", "--all", "--author=-ada", "-i", format}}},
         {CommitSearchType::diff,
          "a.*b",
-         {{"log", "--all", "-S", "a.*b", "--fixed-strings", format}}},
-        {CommitSearchType::filePath, "--all", {{"log", "--all", format, "--", "--all"}}},
+         {{"log", "--exclude=refs/orvel/*", "--all", "-S", "a.*b", "--fixed-strings", format}}},
+        {CommitSearchType::filePath, "--all", {{"log", "--exclude=refs/orvel/*", "--all", format, "--", "--all"}}},
         {CommitSearchType::all,
          "x",
-         {{"log", "--all", "--grep=x", "-i", format},
-          {"log", "--all", "--author=x", "-i", format}}},
+         {{"log", "--exclude=refs/orvel/*", "--all", "--grep=x", "-i", format},
+          {"log", "--exclude=refs/orvel/*", "--all", "--author=x", "-i", format}}},
         {CommitSearchType::hash, "abc", {}},
         {CommitSearchType::ref, "main", {}},
         {CommitSearchType::message, "", {}},

@@ -1,5 +1,6 @@
 #include "core/commands/HistoryCommands.h"
 
+#include "core/commands/UndoJournal.h"
 #include "core/service/GitServiceError.h"
 #include "core/support/Text.h"
 
@@ -17,15 +18,16 @@ RemoteNameSet remoteNames(GitExecutorProtocol& git, const std::string& repoPath)
 
 std::vector<GraphCommit> commitGraph(GitExecutorProtocol& git, const std::string& repoPath, long limit,
                                      const RemoteNameSet& remoteNames) {
-    const GitExecutorProtocol::Arguments arguments{"log", "--all", "--topo-order", "-n", std::to_string(limit),
-                                                   std::string(graphFormat)};
+    const GitExecutorProtocol::Arguments arguments{
+        "log", allButUndoRefs, "--all", undoDecorations, "--topo-order", "-n", std::to_string(limit),
+        std::string(graphFormat)};
     return GitOutputParser::parseCommitGraph(git.execute(arguments, repoPath), remoteNames);
 }
 
 void streamCommitGraph(GitExecutorProtocol& git, const std::string& repoPath, long skip, std::size_t pageSize,
                        const RemoteNameSet& remoteNames,
                        const std::function<void(std::vector<GraphCommit>)>& deliver) {
-    GitExecutorProtocol::Arguments arguments{"log", "--all", "--topo-order"};
+    GitExecutorProtocol::Arguments arguments{"log", allButUndoRefs, "--all", undoDecorations, "--topo-order"};
     if (skip > 0)
         arguments.push_back("--skip=" + std::to_string(skip));
     arguments.emplace_back(graphFormat);

@@ -1,5 +1,6 @@
 #include "core/commands/SearchCommands.h"
 
+#include "core/commands/UndoJournal.h"
 #include "core/support/Text.h"
 
 #include <unordered_set>
@@ -10,8 +11,8 @@ std::vector<std::vector<std::string>> searchCommandLines(const std::string& quer
     if (query.empty())
         return {};
     const std::string format(hashFormat);
-    const std::vector<std::string> message{"log", "--all", "--grep=" + query, "-i", format};
-    const std::vector<std::string> author{"log", "--all", "--author=" + query, "-i", format};
+    const std::vector<std::string> message{"log", allButUndoRefs, "--all", "--grep=" + query, "-i", format};
+    const std::vector<std::string> author{"log", allButUndoRefs, "--all", "--author=" + query, "-i", format};
     switch (scope) {
     case CommitSearchType::all:
         return {message, author};
@@ -20,9 +21,9 @@ std::vector<std::vector<std::string>> searchCommandLines(const std::string& quer
     case CommitSearchType::author:
         return {author};
     case CommitSearchType::diff:
-        return {{"log", "--all", "-S", query, "--fixed-strings", format}};
+        return {{"log", allButUndoRefs, "--all", "-S", query, "--fixed-strings", format}};
     case CommitSearchType::filePath:
-        return {{"log", "--all", format, "--", query}};
+        return {{"log", allButUndoRefs, "--all", format, "--", query}};
     case CommitSearchType::ref:
     case CommitSearchType::hash:
         return {};

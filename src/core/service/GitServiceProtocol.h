@@ -20,6 +20,7 @@
 #include "core/records/RepoEntry.h"
 #include "core/records/StashEntry.h"
 #include "core/records/TagEntry.h"
+#include "core/records/UndoEntry.h"
 #include "core/service/CommitPageChannel.h"
 #include "core/service/OperationResults.h"
 
@@ -63,6 +64,12 @@ class GitServiceProtocol {
                                            std::stop_token cancellation = {}) = 0;
     virtual QCoro::Task<void> discardChanges(RepoEntry repo, std::string path, bool includeStaged,
                                              std::stop_token cancellation = {}) = 0;
+    // Restores each of `restore` from the index and deletes each of `remove` (files only: a folder
+    // is refused), path by path, so that one failure doesn't stop the others; the bytes they had
+    // go to the undo journal first, as one entry. Gives back the paths that failed.
+    virtual QCoro::Task<std::vector<DiscardFailure>> discardPaths(RepoEntry repo, std::vector<std::string> restore,
+                                                                  std::vector<std::string> remove,
+                                                                  std::stop_token cancellation = {}) = 0;
     virtual QCoro::Task<CommitEntry> commit(RepoEntry repo, std::string message,
                                             std::stop_token cancellation = {}) = 0;
     virtual QCoro::Task<CommitEntry> amendCommit(RepoEntry repo, std::string message,
@@ -201,6 +208,10 @@ class GitServiceProtocol {
                                                                  std::stop_token cancellation = {}) = 0;
     virtual QCoro::Task<std::optional<std::string>> currentBranch(RepoEntry repo,
                                                                   std::stop_token cancellation = {}) = 0;
+    // The entries of the undo journal, newest first.
+    virtual QCoro::Task<std::vector<UndoEntry>> undoHistory(RepoEntry repo, std::stop_token cancellation = {}) = 0;
+    // Brings back what the entry `id` kept; fails, changing nothing, when newer work is in the way.
+    virtual QCoro::Task<void> undo(RepoEntry repo, std::string id, std::stop_token cancellation = {}) = 0;
     virtual QCoro::Task<RepoEntry> cloneRepository(std::string url, std::string path,
                                                    std::stop_token cancellation = {}) = 0;
     virtual QCoro::Task<RepoEntry> initRepository(std::string path, std::optional<std::string> initialBranch,

@@ -1,6 +1,7 @@
 #include "core/service/MockGitService.h"
 
 #include "core/commands/RepositoryCommands.h"
+#include "core/service/GitServiceError.h"
 
 namespace orvel {
 
@@ -47,6 +48,16 @@ QCoro::Task<std::optional<std::string>> MockGitService::defaultBranch(RepoEntry,
 
 QCoro::Task<std::optional<std::string>> MockGitService::currentBranch(RepoEntry, std::stop_token) {
     co_return std::optional<std::string>(repository.currentBranch);
+}
+
+// The mock keeps no journal: nothing to list, nothing to bring back.
+QCoro::Task<std::vector<UndoEntry>> MockGitService::undoHistory(RepoEntry, std::stop_token) {
+    co_return std::vector<UndoEntry>();
+}
+
+QCoro::Task<void> MockGitService::undo(RepoEntry, std::string, std::stop_token) {
+    throw GitServiceError::invalidInput("That undo entry is no longer kept.");
+    co_return;
 }
 
 QCoro::Task<RepoEntry> MockGitService::cloneRepository(std::string url, std::string path, std::stop_token) {

@@ -41,6 +41,9 @@ class MockGitService : public GitServiceProtocol {
                                    std::stop_token cancellation = {}) override;
     QCoro::Task<void> discardChanges(RepoEntry repo, std::string path, bool includeStaged,
                                      std::stop_token cancellation = {}) override;
+    QCoro::Task<std::vector<DiscardFailure>> discardPaths(RepoEntry repo, std::vector<std::string> restore,
+                                                          std::vector<std::string> remove,
+                                                          std::stop_token cancellation = {}) override;
     QCoro::Task<CommitEntry> commit(RepoEntry repo, std::string message,
                                     std::stop_token cancellation = {}) override;
     QCoro::Task<CommitEntry> amendCommit(RepoEntry repo, std::string message,
@@ -163,6 +166,8 @@ class MockGitService : public GitServiceProtocol {
                                                          std::stop_token cancellation = {}) override;
     QCoro::Task<std::optional<std::string>> currentBranch(RepoEntry repo,
                                                           std::stop_token cancellation = {}) override;
+    QCoro::Task<std::vector<UndoEntry>> undoHistory(RepoEntry repo, std::stop_token cancellation = {}) override;
+    QCoro::Task<void> undo(RepoEntry repo, std::string id, std::stop_token cancellation = {}) override;
     QCoro::Task<RepoEntry> cloneRepository(std::string url, std::string path,
                                            std::stop_token cancellation = {}) override;
     QCoro::Task<RepoEntry> initRepository(std::string path, std::optional<std::string> initialBranch,

@@ -105,6 +105,23 @@ QCoro::Task<void> MockGitService::discardChanges(RepoEntry, std::string path, bo
     co_return;
 }
 
+// Restoring goes as discardChanges does; a removed path leaves the status, as the file leaves the disk.
+QCoro::Task<std::vector<DiscardFailure>> MockGitService::discardPaths(RepoEntry repo, std::vector<std::string> restore,
+                                                                      std::vector<std::string> remove,
+                                                                      std::stop_token) {
+    std::vector<DiscardFailure> failed;
+    for (const std::string& path : remove)
+        std::erase_if(workingTree.files, [&path](const FileChange& file) { return file.path == path; });
+    for (const std::string& path : restore) {
+        try {
+            co_await discardChanges(repo, path, false);
+        } catch (const std::exception& error) {
+            failed.push_back({path, error.what()});
+        }
+    }
+    co_return failed;
+}
+
 QCoro::Task<CommitEntry> MockGitService::commit(RepoEntry, std::string message, std::stop_token) {
     co_return commitStaged(message, false);
 }

@@ -2,12 +2,14 @@
 // one block to the repository's queue, where the commands run through the executor.
 #pragma once
 
+#include "core/commands/UndoJournal.h"
 #include "core/process/GitExecutorProtocol.h"
 #include "core/queue/GitOpRunner.h"
 #include "core/service/GitServiceProtocol.h"
 #include "core/service/RemoteNameCache.h"
 
 #include <memory>
+#include <mutex>
 #include <optional>
 #include <stop_token>
 #include <string>
@@ -43,6 +45,9 @@ class NativeGitService final : public GitServiceProtocol {
                                    std::stop_token cancellation = {}) override;
     QCoro::Task<void> discardChanges(RepoEntry repo, std::string path, bool includeStaged,
                                      std::stop_token cancellation = {}) override;
+    QCoro::Task<std::vector<DiscardFailure>> discardPaths(RepoEntry repo, std::vector<std::string> restore,
+                                                          std::vector<std::string> remove,
+                                                          std::stop_token cancellation = {}) override;
     QCoro::Task<CommitEntry> commit(RepoEntry repo, std::string message,
                                     std::stop_token cancellation = {}) override;
     QCoro::Task<CommitEntry> amendCommit(RepoEntry repo, std::string message,
@@ -165,6 +170,8 @@ class NativeGitService final : public GitServiceProtocol {
                                                          std::stop_token cancellation = {}) override;
     QCoro::Task<std::optional<std::string>> currentBranch(RepoEntry repo,
                                                           std::stop_token cancellation = {}) override;
+    QCoro::Task<std::vector<UndoEntry>> undoHistory(RepoEntry repo, std::stop_token cancellation = {}) override;
+    QCoro::Task<void> undo(RepoEntry repo, std::string id, std::stop_token cancellation = {}) override;
     QCoro::Task<RepoEntry> cloneRepository(std::string url, std::string path,
                                            std::stop_token cancellation = {}) override;
     QCoro::Task<RepoEntry> initRepository(std::string path, std::optional<std::string> initialBranch,
@@ -175,6 +182,9 @@ class NativeGitService final : public GitServiceProtocol {
 
     const std::shared_ptr<GitOpRunner>& opRunner() const { return opRunner_; }
 
+    // The bound of the undo journal for the operations queued from now on.
+    void setUndoLimits(UndoLimits limits);
+
   private:
     // Queues `block` behind the earlier operations of the repository at `repoPath`; on a worker it
     // is called with the executor and that path. The one way an operation reaches the queue.
@@ -183,6 +193,36 @@ class NativeGitService final : public GitServiceProtocol {
         return opRunner_->serializedExecute(
             repoPath, [git = executor_, repoPath, block = std::move(block)] { return block(*git, repoPath); },
             std::move(cancellation));
+    }
+
+    // As queued, with what `block` changes kept in the undo journal first: the bytes of `paths`,
+    // the values of the refs that `refs(git, repoPath)` names. Every destructive operation, and
+    // every discard however it changes the files, is queued through here.
+    template <typename Refs, typename Block>
+    auto journalled(const std::string& repoPath, std::stop_token cancellation, UndoAction action, std::string subject,
+                    std::vector<std::string> paths, Refs refs, Block block) {
+        return queued(repoPath, std::move(cancellation),
+                      [limits = undoLimits(), action, subject = std::move(subject), paths = std::move(paths),
+                       refs = std::move(refs), block = std::move(block)](GitExecutorProtocol& git,
+                                                                         const std::string& repoPath) {
+                          // With the journal off, not even the refs are read.
+                          const bool on = limits.entries > 0;
+                          return UndoJournal::journalAround(git, repoPath, limits, action, subject, paths,
+                                                            on ? refs(git, repoPath) : std::vector<std::string>(),
+                                                            [&] { return block(git, repoPath); });
+                      });
+    }
+    template <typename Block>
+    auto queuedDiscard(const std::string& repoPath, std::stop_token cancellation, std::vector<std::string> paths,
+                       Block block) {
+        return journalled(repoPath, std::move(cancellation), UndoAction::discard, {}, std::move(paths),
+                          [](GitExecutorProtocol&, const std::string&) { return std::vector<std::string>(); },
+                          std::move(block));
+    }
+    UndoLimits undoLimits() const;
+    // The refs of an operation that moves the one ref `name`.
+    static auto fixedRefs(std::string name) {
+        return [name = std::move(name)](GitExecutorProtocol&, const std::string&) { return std::vector{name}; };
     }
 
     // Whether git signs under the configuration `key`, asked outside the queue.
@@ -206,6 +246,8 @@ class NativeGitService final : public GitServiceProtocol {
     std::shared_ptr<GitOpRunner> opRunner_;
     // One for the whole service, not per repository; adding or removing a remote clears it.
     std::shared_ptr<RemoteNameCache> remoteNames_ = std::make_shared<RemoteNameCache>();
+    mutable std::mutex undoLimitsMutex_;
+    UndoLimits undoLimits_;
 };
 
 } // namespace orvel

@@ -53,10 +53,10 @@ QCoro::Task<void> NativeGitService::checkoutNewBranch(RepoEntry repo, std::strin
 QCoro::Task<void> NativeGitService::deleteBranch(RepoEntry repo, std::string name, bool force,
                                                  std::stop_token cancellation) {
     qCDebug(lcRefs, "deleteBranch: %s force=%s in %s", name.c_str(), boolText(force), repo.path.c_str());
-    return queued(repo.path, cancellation,
-                  [name, force](GitExecutorProtocol& git, const std::string& repoPath) {
-                      BranchCommands::deleteBranch(git, repoPath, name, force);
-                  });
+    return journalled(repo.path, cancellation, UndoAction::deleteBranch, {}, {}, fixedRefs("refs/heads/" + name),
+                      [name, force](GitExecutorProtocol& git, const std::string& repoPath) {
+                          BranchCommands::deleteBranch(git, repoPath, name, force);
+                      });
 }
 
 QCoro::Task<void> NativeGitService::renameBranch(RepoEntry repo, std::string oldName, std::string newName,
@@ -71,34 +71,39 @@ QCoro::Task<void> NativeGitService::renameBranch(RepoEntry repo, std::string old
 QCoro::Task<void> NativeGitService::deleteRemoteBranch(RepoEntry repo, std::string remote, std::string branch,
                                                        std::stop_token cancellation) {
     qCDebug(lcRefs, "deleteRemoteBranch: %s/%s in %s", remote.c_str(), branch.c_str(), repo.path.c_str());
-    return queued(repo.path, cancellation,
-                  [remote, branch](GitExecutorProtocol& git, const std::string& repoPath) {
-                      BranchCommands::deleteRemoteBranch(git, repoPath, remote, branch);
-                  });
+    // The remote-tracking branch keeps what the remote had; an undo pushes that back.
+    return journalled(repo.path, cancellation, UndoAction::deleteRemoteBranch, remote, {},
+                      fixedRefs("refs/remotes/" + remote + "/" + branch),
+                      [remote, branch](GitExecutorProtocol& git, const std::string& repoPath) {
+                          BranchCommands::deleteRemoteBranch(git, repoPath, remote, branch);
+                      });
 }
 
 QCoro::Task<MergeResult> NativeGitService::merge(RepoEntry repo, std::string branch,
                                                  std::stop_token cancellation) {
     qCDebug(lcOps, "merge: %s in %s", branch.c_str(), repo.path.c_str());
-    return queued(repo.path, cancellation, [branch](GitExecutorProtocol& git, const std::string& repoPath) {
-        return MergeCommands::merge(git, repoPath, branch);
-    });
+    return journalled(repo.path, cancellation, UndoAction::merge, {}, {}, &UndoJournal::checkedOutRefs,
+                      [branch](GitExecutorProtocol& git, const std::string& repoPath) {
+                          return MergeCommands::merge(git, repoPath, branch);
+                      });
 }
 
 QCoro::Task<MergeResult> NativeGitService::fastForwardMerge(RepoEntry repo, std::string branch,
                                                             std::stop_token cancellation) {
     qCDebug(lcOps, "fastForwardMerge: %s in %s", branch.c_str(), repo.path.c_str());
-    return queued(repo.path, cancellation, [branch](GitExecutorProtocol& git, const std::string& repoPath) {
-        return MergeCommands::fastForwardMerge(git, repoPath, branch);
-    });
+    return journalled(repo.path, cancellation, UndoAction::merge, {}, {}, &UndoJournal::checkedOutRefs,
+                      [branch](GitExecutorProtocol& git, const std::string& repoPath) {
+                          return MergeCommands::fastForwardMerge(git, repoPath, branch);
+                      });
 }
 
 QCoro::Task<RebaseResult> NativeGitService::rebase(RepoEntry repo, std::string onto,
                                                    std::stop_token cancellation) {
     qCDebug(lcOps, "rebase: onto %s in %s", onto.c_str(), repo.path.c_str());
-    return queued(repo.path, cancellation, [onto](GitExecutorProtocol& git, const std::string& repoPath) {
-        return MergeCommands::rebase(git, repoPath, onto);
-    });
+    return journalled(repo.path, cancellation, UndoAction::rebase, {}, {}, &UndoJournal::checkedOutRefs,
+                      [onto](GitExecutorProtocol& git, const std::string& repoPath) {
+                          return MergeCommands::rebase(git, repoPath, onto);
+                      });
 }
 
 QCoro::Task<void> NativeGitService::abortMerge(RepoEntry repo, std::stop_token cancellation) {

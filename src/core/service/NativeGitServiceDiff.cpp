@@ -30,10 +30,14 @@ QCoro::Task<void> NativeGitService::hunkAction(const char* name, HunkCommand com
     qCDebug(lcStaging, "%s: %s @@ -%ld,%ld +%ld,%ld @@ in %s", name, path.c_str(),
             static_cast<long>(hunk.oldStart), static_cast<long>(hunk.oldCount),
             static_cast<long>(hunk.newStart), static_cast<long>(hunk.newCount), repo.path.c_str());
-    auto work = queued(repo.path, cancellation,
-                       [command, path, hunk](GitExecutorProtocol& git, const std::string& repoPath) {
-                           command(git, repoPath, path, hunk);
-                       });
+    // Only a discard changes the work tree; staging leaves nothing to keep.
+    std::vector<std::string> kept;
+    if (command == &HunkCommands::discardHunk)
+        kept.push_back(path);
+    auto work = queuedDiscard(repo.path, cancellation, std::move(kept),
+                              [command, path, hunk](GitExecutorProtocol& git, const std::string& repoPath) {
+                                  command(git, repoPath, path, hunk);
+                              });
     return logFailure(name, std::move(work));
 }
 

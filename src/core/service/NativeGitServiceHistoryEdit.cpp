@@ -27,9 +27,17 @@ QCoro::Task<void> NativeGitService::reset(RepoEntry repo, std::string hash, Rese
                                           std::stop_token cancellation) {
     qCDebug(lcOps, "reset: %s mode=%s in %s", hash.c_str(), HistoryEditCommands::resetModeName(mode),
             repo.path.c_str());
+    auto reset = [hash, mode](GitExecutorProtocol& git, const std::string& repoPath) {
+        HistoryEditCommands::reset(git, repoPath, hash, mode);
+    };
+    if (mode != ResetMode::hard || undoLimits().entries == 0)
+        return queued(repo.path, cancellation, std::move(reset));
+    // A hard reset overwrites the local changes of tracked files as well as moving the branch.
     return queued(repo.path, cancellation,
-                  [hash, mode](GitExecutorProtocol& git, const std::string& repoPath) {
-                      HistoryEditCommands::reset(git, repoPath, hash, mode);
+                  [limits = undoLimits(), reset](GitExecutorProtocol& git, const std::string& repoPath) {
+                      UndoJournal::journal(git, repoPath, limits, UndoAction::hardReset, {},
+                                           UndoJournal::locallyChangedFiles(git, repoPath),
+                                           UndoJournal::checkedOutRefs(git, repoPath), [&] { reset(git, repoPath); });
                   });
 }
 

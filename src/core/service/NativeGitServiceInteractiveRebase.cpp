@@ -19,10 +19,10 @@ QCoro::Task<InteractiveRebaseResult> NativeGitService::interactiveRebase(RepoEnt
                                                                          std::stop_token cancellation) {
     qCDebug(lcOps, "interactiveRebase: onto %s with %ld entries in %s", plan.onto.c_str(),
             static_cast<long>(plan.entries.size()), repo.path.c_str());
-    return queued(repo.path, cancellation,
-                  [repo, plan = std::move(plan)](GitExecutorProtocol& git, const std::string&) {
-                      return InteractiveRebaseCommands::interactiveRebase(git, repo, plan);
-                  });
+    return journalled(repo.path, cancellation, UndoAction::rebase, {}, {}, &UndoJournal::checkedOutRefs,
+                      [repo, plan = std::move(plan)](GitExecutorProtocol& git, const std::string&) {
+                          return InteractiveRebaseCommands::interactiveRebase(git, repo, plan);
+                      });
 }
 
 } // namespace orvel

@@ -78,9 +78,17 @@ QCoro::Task<void> NativeGitService::push(RepoEntry repo, std::string remote, std
 QCoro::Task<void> NativeGitService::forcePush(RepoEntry repo, std::string remote,
                                               std::stop_token cancellation) {
     qCDebug(lcOps, "forcePush: %s in %s", remote.c_str(), repo.path.c_str());
-    return queued(repo.path, cancellation, [remote](GitExecutorProtocol& git, const std::string& repoPath) {
-        RemoteCommands::forcePush(git, repoPath, remote);
-    });
+    // What the remote had shows in its remote-tracking branch; an undo pushes that back.
+    auto tracking = [remote](GitExecutorProtocol& git, const std::string& repoPath) {
+        const std::string branch = UndoJournal::checkedOutRef(git, repoPath);
+        if (!branch.starts_with("refs/heads/"))
+            return std::vector<std::string>();
+        return std::vector{"refs/remotes/" + remote + "/" + branch.substr(std::string_view("refs/heads/").size())};
+    };
+    return journalled(repo.path, cancellation, UndoAction::forcePush, remote, {}, tracking,
+                      [remote](GitExecutorProtocol& git, const std::string& repoPath) {
+                          RemoteCommands::forcePush(git, repoPath, remote);
+                      });
 }
 
 } // namespace orvel

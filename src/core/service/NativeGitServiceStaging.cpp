@@ -56,10 +56,10 @@ QCoro::Task<void> NativeGitService::discardChanges(RepoEntry repo, std::string p
                                                    std::stop_token cancellation) {
     qCDebug(lcStaging, "discardChanges: %s includeStaged=%s in %s", path.c_str(),
             includeStaged ? "true" : "false", repo.path.c_str());
-    return queued(repo.path, cancellation,
-                  [path, includeStaged](GitExecutorProtocol& git, const std::string& repoPath) {
-                      StagingCommands::discardChanges(git, repoPath, path, includeStaged);
-                  });
+    return queuedDiscard(repo.path, cancellation, {path},
+                         [path, includeStaged](GitExecutorProtocol& git, const std::string& repoPath) {
+                             StagingCommands::discardChanges(git, repoPath, path, includeStaged);
+                         });
 }
 
 QCoro::Task<bool> NativeGitService::signingSetting(const std::string& repoPath, std::string_view key) {
@@ -71,10 +71,15 @@ QCoro::Task<CommitEntry> NativeGitService::commitWith(CommitCommand command, Rep
                                                       std::string message, std::stop_token cancellation) {
     auto signing = signingSetting(repo.path, commitSigningKey);
     const bool sign = co_await std::move(signing);
-    auto task = queued(repo.path, cancellation,
-                       [command, message, sign](GitExecutorProtocol& git, const std::string& repoPath) {
-                           return command(git, repoPath, message, sign);
-                       });
+    // An amend replaces the commit the branch pointed at; the journal keeps that one.
+    auto branch = [amends = command == &StagingCommands::amendCommit](GitExecutorProtocol& git,
+                                                                      const std::string& repoPath) {
+        return amends ? UndoJournal::checkedOutRefs(git, repoPath) : std::vector<std::string>();
+    };
+    auto task = journalled(repo.path, cancellation, UndoAction::amend, {}, {}, branch,
+                           [command, message, sign](GitExecutorProtocol& git, const std::string& repoPath) {
+                               return command(git, repoPath, message, sign);
+                           });
     co_return co_await std::move(task);
 }
 

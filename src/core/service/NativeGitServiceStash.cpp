@@ -50,9 +50,11 @@ QCoro::Task<OperationResult> NativeGitService::stashApply(RepoEntry repo, long i
 
 QCoro::Task<void> NativeGitService::stashDrop(RepoEntry repo, long index, std::stop_token cancellation) {
     qCDebug(lcOps, "stashDrop: index=%ld in %s", index, repo.path.c_str());
-    return queued(repo.path, cancellation, [index](GitExecutorProtocol& git, const std::string& repoPath) {
-        StashCommands::stashDrop(git, repoPath, index);
-    });
+    return queued(repo.path, cancellation,
+                  [index, limits = undoLimits()](GitExecutorProtocol& git, const std::string& repoPath) {
+                      UndoJournal::journalStashDrop(git, repoPath, limits, index,
+                                                    [&] { StashCommands::stashDrop(git, repoPath, index); });
+                  });
 }
 
 QCoro::Task<std::vector<StashEntry>> NativeGitService::stashList(RepoEntry repo,

@@ -11,6 +11,12 @@
 
 namespace orvel {
 
+// A path a discard could not change, with the reason.
+struct DiscardFailure {
+    std::string path;
+    std::string reason;
+};
+
 struct Conflicted {
     std::vector<ConflictEntry> files;
 };

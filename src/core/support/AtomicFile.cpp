@@ -47,6 +47,10 @@ class StagingFile {
         if (::fchmod(fd_, mode) != 0)
             throwFileError("cannot set permissions of temporary file", path_, errno);
     }
+    void sync() {
+        if (::fsync(fd_) != 0)
+            throwFileError("cannot write temporary file", path_, errno);
+    }
     void close() {
         const int fd = fd_;
         fd_ = -1;
@@ -65,12 +69,30 @@ class StagingFile {
     bool placed_ = false;
 };
 
-void writeAtomically(const std::string& path, std::string_view bytes, mode_t mode) {
+enum class Durability { renamed, synced };
+
+// With `synced`, the bytes reach the disk before the rename, and the rename before the return, so
+// that a crash leaves the old file or the new one, never an empty one.
+void writeAtomically(const std::string& path, std::string_view bytes, mode_t mode,
+                     Durability durability = Durability::renamed) {
     StagingFile staging(path);
     staging.write(bytes);
     staging.setMode(mode);
+    if (durability == Durability::synced)
+        staging.sync();
     staging.close();
     staging.renameTo(path);
+    if (durability == Durability::synced) {
+        const std::string folder = std::filesystem::path(path).parent_path().string();
+        const int fd = ::open(folder.empty() ? "." : folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+        if (fd < 0)
+            throwFileError("cannot open folder", folder, errno);
+        const int synced = ::fsync(fd);
+        const int error = errno;
+        ::close(fd);
+        if (synced != 0)
+            throwFileError("cannot write folder", folder, error);
+    }
 }
 
 } // namespace
@@ -85,6 +107,10 @@ void replaceFileAtomically(const std::string& path, std::string_view bytes) {
 
 void writePrivateFileAtomically(const std::string& path, std::string_view bytes) {
     writeAtomically(path, bytes, 0600);
+}
+
+void writePrivateFileDurably(const std::string& path, std::string_view bytes) {
+    writeAtomically(path, bytes, 0600, Durability::synced);
 }
 
 } // namespace orvel

@@ -14,6 +14,10 @@ void replaceFileAtomically(const std::string& path, std::string_view bytes);
 // Writes `bytes` to `path` readable only by this user (0600).
 void writePrivateFileAtomically(const std::string& path, std::string_view bytes);
 
+// As writePrivateFileAtomically, and on the disk when it returns: a crash at any point leaves
+// either the old file or the whole new one.
+void writePrivateFileDurably(const std::string& path, std::string_view bytes);
+
 // Both remove the sibling on every failure and raise std::filesystem::filesystem_error.
 
 } // namespace orvel

@@ -3974,4 +3974,89 @@
         <translation>大文件行数</translation>
     </message>
 </context>
+<context>
+    <name>orvel::UndoViewModel</name>
+    <message>
+        <source>Restore discarded file &quot;%1&quot;</source>
+        <translation>恢复已丢弃的文件“%1”</translation>
+    </message>
+    <message>
+        <source>Restore %1 discarded files</source>
+        <translation>恢复 %1 个已丢弃的文件</translation>
+    </message>
+    <message>
+        <source>Bring back branch &quot;%1&quot; at %2</source>
+        <translation>在 %2 处恢复分支“%1”</translation>
+    </message>
+    <message>
+        <source>Bring back stash &quot;%1&quot;</source>
+        <translation>恢复储藏“%1”</translation>
+    </message>
+    <message>
+        <source>Undo hard reset of %1 to %2</source>
+        <translation>撤销将 %1 硬重置到 %2</translation>
+    </message>
+    <message>
+        <source>Undo rebase of %1</source>
+        <translation>撤销 %1 的变基</translation>
+    </message>
+    <message>
+        <source>Undo merge into %1</source>
+        <translation>撤销合并到 %1</translation>
+    </message>
+    <message>
+        <source>Undo amend of %1</source>
+        <translation>撤销 %1 的修补提交</translation>
+    </message>
+    <message>
+        <source>Undo force push of %1 to %2</source>
+        <translation>撤销将 %1 强制推送到 %2</translation>
+    </message>
+    <message>
+        <source>Undo failed: %1</source>
+        <translation>撤销失败：%1</translation>
+    </message>
+    <message>
+        <source>Undone</source>
+        <translation>已撤销</translation>
+    </message>
+</context>
+<context>
+    <name>orvel::UndoMenu</name>
+    <message>
+        <source>Undo</source>
+        <translation>撤销</translation>
+    </message>
+    <message>
+        <source>%1?
+
+Files and branches go back to what they were before.</source>
+        <translation>%1？
+
+文件和分支将回到之前的状态。</translation>
+    </message>
+    <message>
+        <source>Undo History…</source>
+        <translation>撤销历史…</translation>
+    </message>
+    <message>
+        <source>Undo: %1</source>
+        <translation>撤销：%1</translation>
+    </message>
+    <message>
+        <source>Nothing to undo</source>
+        <translation>没有可撤销的操作</translation>
+    </message>
+</context>
+<context>
+    <name>orvel::UndoHistoryDialog</name>
+    <message>
+        <source>Undo History</source>
+        <translation>撤销历史</translation>
+    </message>
+    <message>
+        <source>Undo…</source>
+        <translation>撤销…</translation>
+    </message>
+</context>
 </TS>

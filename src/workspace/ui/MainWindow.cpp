@@ -13,6 +13,7 @@
 #include "workspace/ui/GitToolbar.h"
 #include "workspace/ui/RepositoryTabView.h"
 #include "workspace/ui/ToastOverlay.h"
+#include "workspace/ui/UndoMenu.h"
 #include "workspace/ui/WorkspaceMenu.h"
 
 #include <QActionGroup>
@@ -196,6 +197,7 @@ void MainWindow::buildMenus() {
     selectAllAction_ = editMenu_->addAction(QString(), this, [] { forwardToFocus("selectAll"); });
     selectAllAction_->setShortcut(QKeySequence::SelectAll);
     selectAllAction_->setShortcutContext(Qt::WidgetShortcut);
+    new UndoMenu(model_, *editMenu_, this); // Undo and Undo History…, above the clipboard commands
 
     viewMenu_ = menuBar()->addMenu(QString());
     appearanceMenu_ = viewMenu_->addMenu(QString());

@@ -1,0 +1,48 @@
+// One entry of the undo journal: what a destructive action overwrote, deleted or moved, kept so
+// that it can be brought back, and what the action left, so that an undo can tell newer work.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace orvel {
+
+enum class UndoAction { discard, hardReset, deleteBranch, deleteRemoteBranch, dropStash, rebase, merge, amend, forcePush };
+
+// A working-tree file. `before` is the blob holding its bytes, empty when there was no file;
+// `after` is the blob of what the action left, empty when it left no file, unset while unknown.
+struct UndoFile {
+    std::string path;
+    std::string before;
+    bool executable = false;
+    std::optional<std::string> after;
+
+    bool operator==(const UndoFile&) const = default;
+};
+
+// A ref by its full name, with its value before and after the action as full hashes; empty when
+// the ref did not exist, `after` unset while unknown.
+struct UndoRef {
+    std::string name;
+    std::string before;
+    std::optional<std::string> after;
+
+    bool operator==(const UndoRef&) const = default;
+};
+
+struct UndoEntry {
+    std::string id; // sorts in the order the entries were made
+    UndoAction action = UndoAction::discard;
+    // The branch, the remote or the stash message the action was about; empty for a discard.
+    std::string subject;
+    std::int64_t time = 0; // seconds since the epoch
+    std::uint64_t bytes = 0; // the size of the files kept
+    std::vector<UndoFile> files;
+    std::vector<UndoRef> refs;
+
+    bool operator==(const UndoEntry&) const = default;
+};
+
+} // namespace orvel

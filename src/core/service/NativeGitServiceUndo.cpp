@@ -1,0 +1,67 @@
+// The undo journal through the git service: the entries, the undo of one, and the discard of
+// many paths as one entry. The journalling of each destructive operation stands with it.
+#include "core/commands/StagingCommands.h"
+#include "core/commands/UndoJournal.h"
+#include "core/service/NativeGitService.h"
+#include "core/support/Log.h"
+
+#include <filesystem>
+
+namespace orvel {
+
+void NativeGitService::setUndoLimits(UndoLimits limits) {
+    std::lock_guard lock(undoLimitsMutex_);
+    undoLimits_ = limits;
+}
+
+UndoLimits NativeGitService::undoLimits() const {
+    std::lock_guard lock(undoLimitsMutex_);
+    return undoLimits_;
+}
+
+QCoro::Task<std::vector<UndoEntry>> NativeGitService::undoHistory(RepoEntry repo, std::stop_token cancellation) {
+    qCDebug(lcOps, "undoHistory: %s", repo.path.c_str());
+    return queued(repo.path, cancellation, [](GitExecutorProtocol& git, const std::string& repoPath) {
+        return UndoJournal::entries(git, repoPath);
+    });
+}
+
+QCoro::Task<void> NativeGitService::undo(RepoEntry repo, std::string id, std::stop_token cancellation) {
+    qCDebug(lcOps, "undo: %s in %s", id.c_str(), repo.path.c_str());
+    return queued(repo.path, cancellation, [id](GitExecutorProtocol& git, const std::string& repoPath) {
+        UndoJournal::undo(git, repoPath, id);
+    });
+}
+
+QCoro::Task<std::vector<DiscardFailure>> NativeGitService::discardPaths(RepoEntry repo, std::vector<std::string> restore,
+                                                                        std::vector<std::string> remove,
+                                                                        std::stop_token cancellation) {
+    qCDebug(lcStaging, "discardPaths: restore=%ld remove=%ld in %s", static_cast<long>(restore.size()),
+            static_cast<long>(remove.size()), repo.path.c_str());
+    std::vector<std::string> paths = remove;
+    paths.insert(paths.end(), restore.begin(), restore.end());
+    return queuedDiscard(
+        repo.path, cancellation, std::move(paths),
+        [restore, remove](GitExecutorProtocol& git, const std::string& repoPath) {
+            std::vector<DiscardFailure> failed;
+            for (const std::string& path : remove) {
+                const std::filesystem::path target = std::filesystem::path(repoPath) / path;
+                std::error_code error;
+                const auto status = std::filesystem::symlink_status(target, error);
+                if (std::filesystem::is_directory(status))
+                    failed.push_back({path, "\"" + path + "\" is a folder; it is not deleted."});
+                else if (!std::filesystem::remove(target, error))
+                    failed.push_back({path, error ? error.message() : "\"" + path + "\" does not exist."});
+            }
+            for (const std::string& path : restore) {
+                try {
+                    StagingCommands::discardChanges(git, repoPath, path, false);
+                } catch (const std::exception& error) {
+                    failed.push_back({path, error.what()});
+                }
+            }
+            return failed;
+        });
+}
+
+} // namespace orvel

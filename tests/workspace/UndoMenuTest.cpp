@@ -1,0 +1,81 @@
+// Edit > Undo and Undo History… over a real repository: the menu names the newest entry, Ctrl+Z's
+// command asks before bringing a deleted branch back, and the history brings back an older discard.
+#include "workspace/ui/UndoMenu.h"
+
+#include "RemoteFixture.h"
+
+#include <QApplication>
+#include <QListWidget>
+#include <QMenu>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTest>
+
+using namespace orvel;
+
+namespace {
+
+QMessageBox* openAlert() {
+    QMessageBox* box = nullptr;
+    (void)QTest::qWaitFor([&] {
+        for (QWidget* widget : QApplication::topLevelWidgets())
+            if (auto* candidate = qobject_cast<QMessageBox*>(widget); candidate && candidate->isVisible())
+                box = candidate;
+        return box != nullptr;
+    });
+    return box;
+}
+
+void confirmUndo() {
+    QMessageBox* box = openAlert();
+    ASSERT_NE(box, nullptr);
+    for (QAbstractButton* button : box->buttons())
+        if (button->text() == "Undo")
+            return QTest::mouseClick(button, Qt::LeftButton);
+    ADD_FAILURE() << "no Undo button";
+}
+
+class UndoMenuTest : public test::RemoteFixture {};
+
+TEST_F(UndoMenuTest, UndoNamesTheNewestEntryAndTheHistoryBringsBackAnOlderOne) {
+    QWidget window;
+    QMenu edit(&window);
+    edit.addAction(QStringLiteral("Copy"));
+    new UndoMenu(model, edit, &window);
+    auto* undo = edit.findChild<QAction*>(QStringLiteral("menu.undo"));
+    auto* history = edit.findChild<QAction*>(QStringLiteral("menu.undo-history"));
+    ASSERT_TRUE(undo && history);
+    EXPECT_EQ(edit.actions().front(), undo);
+    EXPECT_EQ(undo->shortcut(), QKeySequence(QKeySequence::Undo));
+
+    openLocal();
+    local.write("file.txt", "work that was discarded\n");
+    const auto failed = test::await(service->discardPaths(model.activeTab()->repo(), {"file.txt"}, {}));
+    ASSERT_TRUE(failed.empty());
+    local.git({"branch", "topic"});
+    const std::string topic = local.rev("topic");
+    run(service->deleteBranch(model.activeTab()->repo(), "topic", false));
+
+    emit edit.aboutToShow();
+    const QString expected =
+        QStringLiteral("Undo: Bring back branch \"topic\" at %1").arg(QString::fromStdString(topic.substr(0, 7)));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return undo->text() == expected; })) << undo->text().toStdString();
+
+    undo->trigger();
+    confirmUndo();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return local.gitAllowingFailure({"rev-parse", "topic"}).exitCode == 0; }));
+    EXPECT_EQ(local.rev("topic"), topic);
+
+    history->trigger();
+    auto* list = window.findChild<QListWidget*>(QStringLiteral("undo-history.list"));
+    ASSERT_NE(list, nullptr);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return list->count() == 1; }));
+    EXPECT_TRUE(list->item(0)->text().endsWith("Restore discarded file \"file.txt\"")) << list->item(0)->text().toStdString();
+    QTest::mouseClick(window.findChild<QPushButton*>(QStringLiteral("undo-history.undo")), Qt::LeftButton);
+    confirmUndo();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return local.read("file.txt") == "work that was discarded\n"; }));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return list->count() == 0; }));
+    test::drainQueue(*runner);
+}
+
+} // namespace
