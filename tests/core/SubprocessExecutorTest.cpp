@@ -75,6 +75,19 @@ TEST(SubprocessExecutorFailures, SixtyMegabytesOfStderrGiveTheHundredMegabyteMes
     EXPECT_EQ(errno, ECHILD);
 }
 
+// A streamed reader keeps what it needs itself; the whole history of a large repository is more
+// than the cap on captured output.
+TEST(SubprocessExecutorStreaming, StreamedOutputPassesTheCapOnCapturedOutput) {
+    TempDir dir;
+    auto executor = executorFor(fakeGit(dir, "head -c 110100480 /dev/zero"));
+    std::size_t streamed = 0;
+    executor->executeStreaming({"log"}, "/r", [&](std::string_view piece) { streamed += piece.size(); });
+    EXPECT_EQ(streamed, 110'100'480u);
+    EXPECT_TRUE(test::serviceError([&] { executor->execute({"log"}, "/r"); })
+                    .stderrText()
+                    .starts_with("output exceeded 100 MB limit: "));
+}
+
 TEST(SubprocessExecutorFailures, MissingGitGivesAClearError) {
     auto executor = executorFor("/nonexistent/git");
     try {

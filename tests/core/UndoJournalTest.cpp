@@ -276,7 +276,7 @@ TEST_F(UndoJournalTest, TheBoundDropsTheOldestEntriesWithTheirRefs) {
     };
     for (const auto& c : cases) {
         fs::remove_all(fs::path(repo.path()) / ".git/orvel");
-        for (const std::string ref : sortedLines(keptRefs()))
+        for (const std::string& ref : sortedLines(keptRefs()))
             repo.git({"update-ref", "-d", ref});
         real.service.setUndoLimits(c.limits);
         for (const char* name : {"1.txt", "2.txt", "3.txt"}) {

@@ -71,8 +71,8 @@ void CommitIdentityOffer::changeEvent(QEvent* event) {
 void CommitIdentityOffer::retranslate() {
     banner_->setMessage(OInlineBanner::Kind::warning,
                         localized("Git needs your name and e-mail before it can commit."));
-    name_->setPlaceholderText(localized("Name"));
-    name_->setAccessibleName(localized("Name"));
+    name_->setPlaceholderText(localized("Full name"));
+    name_->setAccessibleName(localized("Full name"));
     email_->setPlaceholderText(localized("E-mail"));
     email_->setAccessibleName(localized("E-mail"));
     allRepositories_->setText(localized("For all repositories"));

@@ -5,6 +5,8 @@
 #include "core/support/Text.h"
 #include "core/support/UserDefaults.h"
 
+#include <limits>
+
 #include <unistd.h>
 
 namespace orvel {
@@ -170,8 +172,11 @@ std::string SubprocessExecutor::run(const Arguments& arguments, const std::strin
         askpass = askpassScriptPath_;
     }
     request.environment = gitEnvironment(inheritedEnvironment(), askpass, environment);
-    request.stdoutCapture =
-        consume ? StreamCapture::streamed(stdoutLimit, *consume) : StreamCapture::capture(stdoutLimit);
+    // Streamed output is handed on as it comes and kept by no one here: its reader bounds what it
+    // holds (the history's page channel waits while pages queue), so only captured output has a cap.
+    // The whole history of a very large repository is far more than the cap in one run.
+    request.stdoutCapture = consume ? StreamCapture::streamed(std::numeric_limits<std::size_t>::max(), *consume)
+                                    : StreamCapture::capture(stdoutLimit);
     request.stderrCapture = StreamCapture::capture(stderrLimit);
 
     ChildOutcome outcome;

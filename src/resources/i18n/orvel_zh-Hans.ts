@@ -899,7 +899,7 @@
         <translation>Git 需要您的姓名和电子邮箱才能提交。</translation>
     </message>
     <message>
-        <source>Name</source>
+        <source>Full name</source>
         <translation>姓名</translation>
     </message>
     <message>
@@ -1276,7 +1276,7 @@
     <name>orvel::CreateTagViewModel</name>
     <message>
         <source>Create tag failed: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>创建标签失败：%1</translation>
     </message>
     <message>
         <source>Invalid tag name: %1</source>

@@ -15,7 +15,6 @@ namespace {
 constexpr int padding = 8;
 constexpr int sampleWidth = 104;
 constexpr int dotSize = 8;
-constexpr int minimumTextWidth = 120;
 
 // A palette in miniature: its window colour framed by its soft stroke, "Aa" in its text colour, and dots
 // of the accent, the change colours and the info colour.
