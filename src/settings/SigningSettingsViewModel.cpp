@@ -241,33 +241,27 @@ QCoro::Task<void> SigningSettingsViewModel::apply() {
     const Snapshot edited = fields_;
     const Snapshot applied = trimmedFields(edited);
     const bool ssh = applied.selectedFormat == SigningFormat::ssh;
-    try {
-        auto writing = applyInBackground(
-            git_, {{"gpg.format", rawValue(applied.selectedFormat).toStdString()},
-                   {"user.signingkey", valueOrErase(ssh ? applied.sshSigningKey : applied.gpgSigningKey)}});
-        co_await std::move(writing);
-    } catch (const std::exception& error) {
-        if (self)
-            fail("apply", error);
-        co_return;
-    }
-    if (!self)
+    // Each write of git's configuration: a failure becomes the error, and the apply stops there.
+    // Answers whether it was written and the model still lives.
+    const auto written = [self, git = git_](std::vector<ConfigEdit> edits) -> QCoro::Task<bool> {
+        try {
+            co_await applyInBackground(git, std::move(edits));
+        } catch (const std::exception& error) {
+            if (self)
+                self->fail("apply", error);
+            co_return false;
+        }
+        co_return !self.isNull();
+    };
+    if (!co_await written({{"gpg.format", rawValue(applied.selectedFormat).toStdString()},
+                           {"user.signingkey", valueOrErase(ssh ? applied.sshSigningKey : applied.gpgSigningKey)}}))
         co_return;
     defaults_.setValue(gpgKeyDefault, applied.gpgSigningKey);
     defaults_.setValue(sshKeyDefault, applied.sshSigningKey);
-    try {
-        auto writing =
-            applyInBackground(git_, {{"gpg.program", valueOrErase(applied.gpgProgram)},
-                                     {"gpg.ssh.allowedSignersFile", valueOrErase(applied.sshAllowedSigners)},
-                                     {"commit.gpgsign", booleanValue(applied.signCommits)},
-                                     {"tag.gpgsign", booleanValue(applied.signTags)}});
-        co_await std::move(writing);
-    } catch (const std::exception& error) {
-        if (self)
-            fail("apply", error);
-        co_return;
-    }
-    if (!self)
+    if (!co_await written({{"gpg.program", valueOrErase(applied.gpgProgram)},
+                           {"gpg.ssh.allowedSignersFile", valueOrErase(applied.sshAllowedSigners)},
+                           {"commit.gpgsign", booleanValue(applied.signCommits)},
+                           {"tag.gpgsign", booleanValue(applied.signTags)}}))
         co_return;
     logToggle(original_.signCommits, applied.signCommits, applied.selectedFormat, "commit");
     logToggle(original_.signTags, applied.signTags, applied.selectedFormat, "tag");
