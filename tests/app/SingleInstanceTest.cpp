@@ -75,6 +75,9 @@ TEST(SingleInstance, LaterStartsHandTheirFoldersToTheRunningProgramAlsoAfterOneW
     environment.insert("HOME", QString::fromStdString(home.path()));
     environment.insert("XDG_CONFIG_HOME", QString::fromStdString(home / "config"));
     environment.insert("XDG_RUNTIME_DIR", QString::fromStdString(runtime.path()));
+    // The killed program leaves its private temporary files; they go with the test's own folder.
+    std::filesystem::create_directory(runtime / "tmp");
+    environment.insert("TMPDIR", QString::fromStdString(runtime / "tmp"));
     environment.insert("QT_QPA_PLATFORM", "offscreen");
     environment.insert("QT_LOGGING_RULES", "orvel.app.debug=true");
     // A killed program ends without its leak report; the one that takes over may end with tabs
