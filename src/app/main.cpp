@@ -2,11 +2,11 @@
 // arguments are folders to open as tabs (a file manager's "Open with" gives them); when this user's
 // program runs already, they go to it and this start ends.
 #include "app/Appearance.h"
-#include "app/FolderOpener.h"
 #include "app/OrvelApp.h"
 #include "app/SingleInstance.h"
 #include "core/support/Version.h"
 #include "settings/GeneralSettingsViewModel.h"
+#include "workspace/FolderOpener.h"
 #include "workspace/AppViewModel.h"
 #include "workspace/WorkspaceTabState.h"
 #include "workspace/WorkspaceViewModel.h"
@@ -78,13 +78,12 @@ int main(int argc, char** argv) {
     QObject::connect(&window.generalSettings(), &orvel::GeneralSettingsViewModel::appearanceChanged,
                      &orvel::applyAppearance);
     reportPaintedGraphs(window, app.appViewModel());
-    orvel::FolderOpener opener(app.appViewModel());
-    QObject::connect(&instance, &orvel::SingleInstance::foldersHandedOver, &opener,
-                     [&window, &opener](const QStringList& handed) {
+    QObject::connect(&instance, &orvel::SingleInstance::foldersHandedOver, &window,
+                     [&window](const QStringList& handed) {
                          bringToFront(window);
-                         opener.open(handed);
+                         window.openFolders(handed);
                      });
     bringToFront(window);
-    opener.open(folders);
+    window.openFolders(folders);
     return QApplication::exec();
 }

@@ -1,7 +1,7 @@
-// The window end to end on real repositories: two tabs side by side that keep their views when
-// switched, the welcome page after the last tab closes, tabs and the window title named by folder
-// and branch, the Window menu's shortcuts as the keys read, and a change made from a terminal that
-// reaches the open tab through the file-system watcher.
+// The window end to end on real repositories: two folders dropped at once open as two tabs that
+// keep their views when switched, the welcome page after the last tab closes, tabs and the window
+// title named by folder and branch, the Window menu's shortcuts as the keys read, and a change made
+// from a terminal that reaches the open tab through the file-system watcher.
 #include "workspace/ui/MainWindow.h"
 
 #include "content/ui/WelcomeView.h"
@@ -24,12 +24,14 @@
 #include <QAction>
 #include <QMenu>
 #include <QMessageBox>
+#include <QMimeData>
 #include <QPainter>
 #include <QProxyStyle>
 #include <QStyleOptionMenuItem>
 #include <QStackedWidget>
 #include <QTabBar>
 #include <QTest>
+#include <QUrl>
 
 #include <gtest/gtest.h>
 
@@ -128,12 +130,16 @@ TEST_F(Window, WindowMenuNamesTheTabKeysAsTheyArePressed) {
     EXPECT_EQ(tabBar().currentIndex(), 0);
 }
 
-TEST_F(Window, TwoTabsKeepTheirViewsWhenSwitchedAndClosingTheLastShowsWelcome) {
+TEST_F(Window, TwoFoldersDroppedOpenAsTabsThatKeepTheirViewsWhenSwitchedAndClosingTheLastShowsWelcome) {
     window.show();
-    EXPECT_TRUE(window.findChild<WelcomeView*>()->isVisible());
-    open(alpha);
-    open(beta);
-    ASSERT_EQ(tabBar().count(), 2);
+    auto* welcome = window.findChild<WelcomeView*>();
+    EXPECT_TRUE(welcome->isVisible());
+    QMimeData folders;
+    folders.setUrls({QUrl::fromLocalFile(QString::fromStdString(alpha.path())),
+                     QUrl::fromLocalFile(QString::fromStdString(beta.path()))});
+    QDropEvent drop(QPointF(welcome->rect().center()), Qt::CopyAction, &folders, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(&window, &drop);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return tabBar().count() == 2; }, 5000));
     EXPECT_EQ(tabBar().tabText(0), tabTitle(alpha.path(), "main"));
     EXPECT_EQ(tabBar().tabText(1), tabTitle(beta.path(), "topic"));
     QWidget* betaView = &currentView();

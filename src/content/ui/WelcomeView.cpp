@@ -15,14 +15,10 @@
 #include "widgets/OEmptyState.h"
 #include "widgets/OInlineBanner.h"
 
-#include <QDragEnterEvent>
-#include <QDropEvent>
-#include <QFileInfo>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QListView>
 #include <QMenu>
-#include <QMimeData>
 #include <QSplitter>
 #include <QStackedWidget>
 #include <QVBoxLayout>
@@ -30,17 +26,6 @@
 namespace orvel {
 
 namespace {
-
-// The first local folder among the dropped URLs.
-QString droppedFolder(const QMimeData* data) {
-    if (!data || !data->hasUrls())
-        return {};
-    for (const QUrl& url : data->urls()) {
-        if (url.isLocalFile() && QFileInfo(url.toLocalFile()).isDir())
-            return url.toLocalFile();
-    }
-    return {};
-}
 
 void logAction(const char* action) {
     qCDebug(lcUi, "op=welcome.action action=%s", action);
@@ -59,7 +44,6 @@ WelcomeView::WelcomeView(WelcomeViewModel& model, QWidget* parent)
       initCard_(new WelcomeCard(QStringLiteral("folder-new"), this)), dropHint_(makeSecondaryLabel(this)),
       preview_(new RepositoryPreview(model, this)) {
     setObjectName(QStringLiteral("welcome"));
-    setAcceptDrops(true);
 
     recents_->setObjectName(QStringLiteral("welcome.recents"));
     recents_->setModel(recentsModel_);
@@ -255,19 +239,6 @@ void WelcomeView::showInitSheet() {
     });
     connect(sheet, &QDialog::rejected, sheet, &QObject::deleteLater);
     sheet->open();
-}
-
-void WelcomeView::dragEnterEvent(QDragEnterEvent* event) {
-    if (!droppedFolder(event->mimeData()).isEmpty())
-        event->acceptProposedAction();
-}
-
-void WelcomeView::dropEvent(QDropEvent* event) {
-    const QString folder = droppedFolder(event->mimeData());
-    if (folder.isEmpty())
-        return;
-    event->acceptProposedAction();
-    emit openRepositoryRequested(folder);
 }
 
 } // namespace orvel

@@ -1,6 +1,6 @@
 // The window's face when no repository is open: the recent repositories on the left, and on the
 // right either the three ways in (open, clone, initialize) or the preview of the selected recent.
-// A folder dropped anywhere on it opens.
+// Folders dropped on it reach the window, which opens them.
 #pragma once
 
 #include <QWidget>
@@ -34,8 +34,6 @@ class WelcomeView final : public QWidget {
   protected:
     void changeEvent(QEvent* event) override;
     void showEvent(QShowEvent* event) override;
-    void dragEnterEvent(QDragEnterEvent* event) override;
-    void dropEvent(QDropEvent* event) override;
 
   private:
     void retranslate();

@@ -9,6 +9,7 @@
 #include "widgets/BoundShortcut.h"
 #include "workspace/AppViewModel.h"
 #include "workspace/AutoFetchScheduler.h"
+#include "workspace/FolderOpener.h"
 #include "workspace/ShortcutText.h"
 #include "workspace/ui/GitToolbar.h"
 #include "workspace/ui/RepositoryTabView.h"
@@ -73,7 +74,7 @@ void forwardToFocus(const char* slot) {
 } // namespace
 
 MainWindow::MainWindow(AppViewModel& model, UserDefaults& defaults, QWidget* parent)
-    : QMainWindow(parent), model_(model), defaults_(defaults),
+    : QMainWindow(parent), model_(model), defaults_(defaults), folderOpener_(new FolderOpener(model, this)),
       generalSettings_(new GeneralSettingsViewModel(defaults, this)), pages_(new QStackedWidget(this)),
       welcomeModel_(new WelcomeViewModel(model.service(), this,
                                          std::shared_ptr<UserDefaults>(&defaults, [](UserDefaults*) {}))),
@@ -420,8 +421,11 @@ void MainWindow::dropEvent(QDropEvent* event) {
     if (folders.isEmpty())
         return;
     event->acceptProposedAction();
-    // One repository per drop: a second open would supersede the first.
-    model_.openRepository(folders.first().toStdString());
+    openFolders(folders);
+}
+
+void MainWindow::openFolders(const QStringList& folders) {
+    folderOpener_->open(folders);
 }
 
 bool MainWindow::eventFilter(QObject* watched, QEvent* event) {

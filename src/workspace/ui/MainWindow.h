@@ -1,6 +1,6 @@
 // The program's window: the menu bar, the repository tabs over a stack of tab views that are made
 // once and kept while hidden, the welcome page when no tab is open, and the status bar with the
-// running activity. A folder dropped on the window opens as a repository.
+// running activity. Folders dropped on the window open as repositories, one tab each.
 #pragma once
 
 #include <QMainWindow>
@@ -17,6 +17,7 @@ class QTabBar;
 namespace orvel {
 
 class AppViewModel;
+class FolderOpener;
 class GeneralSettingsViewModel;
 class RepositoryTabView;
 struct SettingsPageModels;
@@ -39,6 +40,8 @@ class MainWindow final : public QMainWindow {
     GeneralSettingsViewModel& generalSettings() const { return *generalSettings_; }
     // The models of the settings tabs that need the program's git.
     void setSettingsPages(SettingsPageModels& pages);
+    // Opens each of `folders` as a tab, one after another.
+    void openFolders(const QStringList& folders);
 
   signals:
     // A tab's history has been painted with its commits for the first time.
@@ -71,6 +74,7 @@ class MainWindow final : public QMainWindow {
 
     AppViewModel& model_;
     UserDefaults& defaults_;
+    FolderOpener* folderOpener_;
     GeneralSettingsViewModel* generalSettings_;
     QStackedWidget* pages_;
     WelcomeViewModel* welcomeModel_;

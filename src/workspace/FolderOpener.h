@@ -1,6 +1,7 @@
-// Opens the folders the program was started with, and those a later start hands over, as tabs,
-// one after another: an open that started while another runs would supersede it. A folder that is
-// no repository gets the same message as one chosen in the Open dialog, and the next one opens.
+// Opens folders as tabs, one after another: those the program was started with, those a later
+// start hands over and those dropped on the window. An open that started while another runs would
+// supersede it. A folder that is no repository gets the same message as one chosen in the Open
+// dialog, and the next one opens.
 #pragma once
 
 #include <QObject>

@@ -1,4 +1,4 @@
-#include "app/FolderOpener.h"
+#include "workspace/FolderOpener.h"
 
 #include "workspace/AppViewModel.h"
 
