@@ -473,24 +473,38 @@ TEST_F(DiffPaneTest, ChosenLinesAreStagedUnstagedAndDiscardedAlone) {
     confirmation->findChild<QPushButton*>(QStringLiteral("diff-pane.discard-confirm"))->click();
     ASSERT_TRUE(test::eventually([&] { return repo.read("app.cpp") == numberedLines(40, 3); }));
 
-    // Chosen, then the file changes on disk before S: nothing is staged, the pane says so and
-    // shows the file as it is now.
-    ASSERT_TRUE(test::eventually([&] { return model.content() == Content::diff && view.rowCount() > 0; }));
-    view.setFocus();
-    QTest::keyClick(&view, Qt::Key_Down, Qt::ShiftModifier);
-    ASSERT_FALSE(view.chosenLines().empty());
-    repo.write("app.cpp", numberedLines(40, 2));
-    QTest::keyClick(&view, Qt::Key_S);
-    ASSERT_TRUE(test::eventually([&] { return model.hunkActionError().has_value(); }));
-    EXPECT_TRUE(model.hunkActionError()->contains(QStringLiteral("chosen lines not found")));
-    pane.findChild<QMessageBox*>(QStringLiteral("diff-pane.hunk-error"))->close();
-    ASSERT_TRUE(test::eventually([&] {
-        return model.content() == Content::diff &&
-               std::any_of(model.rows().begin(), model.rows().end(), [](const DiffDisplayRow& row) {
-                   return row.left.view().find("changed = 2") != std::string_view::npos;
-               });
-    }));
-    EXPECT_EQ(repo.git({"diff", "--cached"}), "");
+    // Chosen, then the file changes in the working tree (and for U in the index) before the key:
+    // nothing changes, the pane says so and shows the file as it is now.
+    for (const Qt::Key key : {Qt::Key_S, Qt::Key_U, Qt::Key_D}) {
+        SCOPED_TRACE(key);
+        const bool staged = key == Qt::Key_U;
+        repo.write("app.cpp", numberedLines(40, 3));
+        repo.git({staged ? "add" : "reset", "--", "app.cpp"});
+        showAndWait("app.cpp", modified(), staged);
+        ASSERT_TRUE(
+            test::eventually([&] { return model.content() == Content::diff && view.rowCount() > 0; }));
+        view.setFocus();
+        QTest::keyClick(&view, Qt::Key_Down, Qt::ShiftModifier);
+        ASSERT_FALSE(view.chosenLines().empty());
+        repo.write("app.cpp", numberedLines(40, 2));
+        if (staged)
+            repo.git({"add", "app.cpp"});
+        const std::string index = repo.git({"show", ":app.cpp"});
+        QTest::keyClick(&view, key);
+        if (key == Qt::Key_D)
+            pane.findChild<QPushButton*>(QStringLiteral("diff-pane.discard-confirm"))->click();
+        ASSERT_TRUE(test::eventually([&] { return model.hunkActionError().has_value(); }));
+        EXPECT_TRUE(model.hunkActionError()->contains(QStringLiteral("changed after the lines were chosen")));
+        pane.findChild<QMessageBox*>(QStringLiteral("diff-pane.hunk-error"))->close();
+        ASSERT_TRUE(test::eventually([&] {
+            return model.content() == Content::diff &&
+                   std::any_of(model.rows().begin(), model.rows().end(), [](const DiffDisplayRow& row) {
+                       return row.left.view().find("changed = 2") != std::string_view::npos;
+                   });
+        }));
+        EXPECT_EQ(repo.git({"show", ":app.cpp"}), index);
+        EXPECT_EQ(repo.read("app.cpp"), numberedLines(40, 2));
+    }
 }
 
 // A file that a merge left conflicted shows its conflict as git wrote it, our side against
