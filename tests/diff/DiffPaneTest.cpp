@@ -118,6 +118,17 @@ class DiffPaneTest : public ::testing::Test {
         QTest::mouseClick(view.viewport(), Qt::LeftButton, {}, button.center());
     }
 
+    // The pane with its chosen lines, as `name`-light and `name`-dark.
+    void saveLightAndDark(const QString& name) {
+        test::saveScreenshot(pane, name + QStringLiteral("-light"), {1100, 500});
+        const QPalette light = QApplication::palette();
+        QApplication::setPalette(darkPalette());
+        QApplication::processEvents();
+        test::saveScreenshot(pane, name + QStringLiteral("-dark"), {1100, 500});
+        QApplication::setPalette(light);
+        QApplication::processEvents();
+    }
+
     static FileStatusKind modified() {
         return FileStatusKind::tracked(TrackedStatus::unmodified, TrackedStatus::modified);
     }
@@ -379,12 +390,7 @@ TEST_F(DiffPaneTest, ChosenLinesAreStagedUnstagedAndDiscardedAlone) {
     ASSERT_EQ(view.chosenLines().size(), 1u);
     EXPECT_EQ(view.chosenLines()[0].lines.size(), 2u);
     EXPECT_FALSE(view.hunkButtonRect(0, 3).isEmpty());
-    test::saveScreenshot(pane, "diff-lines-chosen-light", {1100, 500});
-    const QPalette light = QApplication::palette();
-    QApplication::setPalette(darkPalette());
-    QApplication::processEvents();
-    test::saveScreenshot(pane, "diff-lines-chosen-dark", {1100, 500});
-    QApplication::setPalette(light);
+    saveLightAndDark("diff-lines-chosen");
 
     QTest::keyClick(&view, Qt::Key_S);
     ASSERT_TRUE(test::eventually([&] {
@@ -435,6 +441,7 @@ TEST_F(DiffPaneTest, ChosenLinesAreStagedUnstagedAndDiscardedAlone) {
     QTest::keyClick(&view, Qt::Key_Escape);
     QTest::keyClick(&view, Qt::Key_Down, Qt::ShiftModifier);
     EXPECT_EQ(chosenText(), "-    int value = 3; // line\n");
+    saveLightAndDark("diff-lines-chosen-split");
     clickHunkButton(0, 4);
     ASSERT_TRUE(test::eventually([&] {
         return repo.git({"diff", "--cached"}).find("-    int value") == std::string::npos;

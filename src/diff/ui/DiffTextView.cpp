@@ -454,9 +454,17 @@ void DiffTextView::paintCell(QPainter& painter, int row, bool right, const QRect
     painter.fillRect(QRect(area.left(), area.top(), gutterWidth, area.height()),
                      tone == RowTone::addition || tone == RowTone::deletion ? fill.darker(104)
                                                                             : style_.gutter);
-    // A bar at the cell's edge marks a chosen line apart from its colour.
-    if (chosen)
+    // A bar at the cell's edge marks a chosen line apart from its colour, and a frame of the same
+    // colour holds each run of chosen lines, so that the choice reads as one on any theme.
+    if (chosen) {
         painter.fillRect(QRect(area.left(), area.top(), 3, area.height()), style_.chosen);
+        painter.setPen(style_.chosen);
+        painter.drawLine(area.topRight(), area.bottomRight());
+        if (!isChosen(row - 1, right))
+            painter.drawLine(area.topLeft(), area.topRight());
+        if (!isChosen(row + 1, right))
+            painter.drawLine(area.bottomLeft(), area.bottomRight());
+    }
     if (tone == RowTone::empty)
         return;
     const int baseline = area.top() + style_.ascent;
