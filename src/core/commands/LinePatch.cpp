@@ -40,22 +40,23 @@ FileNames fileNames(const std::vector<std::string_view>& header) {
 
 // The patch's header. A patch changes lines of one file in place, so both of its sides carry one
 // name, the new side's (the old side's for a deleted file): a rename is not the patch's to repeat.
-// git's own header is kept where the file comes or goes: when the side the patch applies to
-// doesn't exist, it creates the file with the chosen lines, and when the patch `removesFile`,
-// it says so.
+// Where the file comes or goes, when the side the patch applies to doesn't exist or the patch
+// `removesFile`, the header keeps git's two sides, one of them /dev/null, and the file's mode, so
+// that it creates the file with the chosen lines or removes it.
 std::string patchHeader(const std::vector<std::string_view>& lines, const FileNames& names,
                         PatchDirection direction, bool removesFile) {
     const auto [oldName, newName] = names;
-    std::string header;
-    if ((direction == PatchDirection::forward ? oldName : newName) == "/dev/null" || removesFile) {
-        for (const std::string_view line : lines)
-            header.append(line).append("\n");
-        return header;
-    }
+    const bool comesOrGoes =
+        (direction == PatchDirection::forward ? oldName : newName) == "/dev/null" || removesFile;
     const std::string_view name = newName == "/dev/null" ? oldName : newName;
+    std::string header;
     header.append("diff --git ").append(name).append(" ").append(name).append("\n");
-    header.append("--- ").append(name).append("\n");
-    header.append("+++ ").append(name).append("\n");
+    if (comesOrGoes)
+        for (const std::string_view line : lines)
+            if (line.starts_with("new file mode ") || line.starts_with("deleted file mode "))
+                header.append(line).append("\n");
+    header.append("--- ").append(comesOrGoes ? oldName : name).append("\n");
+    header.append("+++ ").append(comesOrGoes ? newName : name).append("\n");
     return header;
 }
 
