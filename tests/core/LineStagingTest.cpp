@@ -1,6 +1,7 @@
 // Line staging on real repositories: chosen lines staged, unstaged and discarded at the edges of a
 // file, without a final newline, in CRLF files, across hunks, in a rename and under a path that is
-// not UTF-8; refused when the file changed after it was shown. Generated changes check the patch
+// not UTF-8, and every line of a new or deleted file, which adds or removes the file as a whole;
+// refused when the file changed after it was shown. Generated changes check the patch
 // builder against git itself.
 #include "RealGitService.h"
 

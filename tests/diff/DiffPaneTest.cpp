@@ -2,9 +2,9 @@
 // discarded after its confirmation leaves the other changes' bytes on disk, hunk buttons show on
 // the hunk under the pointer or with the focus only, the header names the change's side, a hunk
 // action chosen before a reload refuses the other hunk the reload put in its place, a conflicted
-// file shows its conflict and offers the merge editor, lines chosen with the keys or the mouse are
-// staged, unstaged and discarded alone, the modes and the whole-file context, a
-// sparse 2 GB file stops at the gate having read only its first bytes, an image change says it is
+// file shows its conflict and offers the merge editor, lines chosen with the keys or the mouse (on
+// one side of the side-by-side view) are staged, unstaged and discarded alone, the modes and the whole-file
+// context, a sparse 2 GB file stops at the gate having read only its first bytes, an image change says it is
 // loading and then shows both images, a commit that doesn't exist fails with Retry, and the blame
 // sheet lists the file's lines. Screenshots of each.
 #include "diff/ui/DiffPane.h"
