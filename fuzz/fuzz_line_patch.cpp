@@ -31,7 +31,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const auto direction = !choice.empty() && (choice[0] & 1) ? HunkCommands::PatchDirection::reverse
                                                               : HunkCommands::PatchDirection::forward;
 
-    const std::string patch = HunkCommands::buildLinePatch(rawDiff, chosen, direction);
+    const std::string patch = HunkCommands::buildLinePatch(rawDiff, chosen, direction).text;
     if (patch.empty())
         return 0;
     if (patch.back() != '\n')

@@ -2,6 +2,7 @@
 
 #include "core/commands/BlobCommands.h"
 #include "core/queue/BackgroundWork.h"
+#include "core/service/GitServiceError.h"
 #include "core/service/GitServiceProtocol.h"
 #include "core/support/Log.h"
 #include "core/support/UserDefaults.h"
@@ -21,6 +22,14 @@ constexpr int fullContextLines = 99999;
 
 bool isUntracked(const DiffDetailViewModel::Selection& selection) {
     return !selection.commitHash && selection.file.status.kind == FileStatusKind::Case::untracked;
+}
+
+// Why an action chosen on what the pane showed did nothing.
+QString changedSinceChosen(bool lines) {
+    return lines ? localized("The diff changed after the lines were chosen, so nothing was done. It has been "
+                             "read again: choose the lines once more.")
+                 : localized("The diff changed after the hunk was chosen, so nothing was done. It has been "
+                             "read again: choose the hunk once more.");
 }
 
 bool isConflicted(const DiffDetailViewModel::Selection& selection) {
@@ -382,10 +391,7 @@ bool DiffDetailViewModel::stillShown(const Target& target) {
         std::all_of(target.hunks.begin(), target.hunks.end(), shown))
         return true;
     qCDebug(lcDiff, "op=diff.hunkAction reason=hunkNoLongerShown");
-    refuse(target.lines ? localized("The diff changed after the lines were chosen, so nothing was done. It "
-                                    "has been read again: choose the lines once more.")
-                        : localized("The diff changed after the hunk was chosen, so nothing was done. It "
-                                    "has been read again: choose the hunk once more."));
+    refuse(changedSinceChosen(target.lines));
     return false;
 }
 
@@ -431,9 +437,13 @@ QCoro::Task<bool> DiffDetailViewModel::runHunkAction(HunkAction action, Target t
         qCWarning(lcDiff, "op=diff.%s err=%s", name, redactForLog(error.what()).c_str());
         if (!self)
             co_return false;
-        // Lines are chosen on what the pane shows, so a refusal shows what git holds now.
+        // Lines are chosen on what the pane shows, so a refusal shows what git holds now; when
+        // git's diff no longer holds them as shown, the person is told so in their words.
         if (target.lines) {
-            refuse(QString::fromUtf8(error.what()));
+            const auto* refusal = dynamic_cast<const GitServiceError*>(&error);
+            refuse(refusal && refusal->kind() == GitServiceError::Kind::parseFailed
+                       ? changedSinceChosen(true)
+                       : QString::fromUtf8(error.what()));
             co_return false;
         }
         hunkActionError_ = QString::fromUtf8(error.what());

@@ -92,7 +92,8 @@ bool showsChange(const DiffDisplayRow& row, bool right) {
            (tone == RowTone::addition || tone == RowTone::deletion);
 }
 
-std::vector<ChosenLines> chosenLines(const std::vector<DiffDisplayRow>& rows, int first, int last) {
+std::vector<ChosenLines> chosenLines(const std::vector<DiffDisplayRow>& rows, int first, int last,
+                                     bool right) {
     if (first > last)
         std::swap(first, last);
     first = std::max(first, 0);
@@ -100,13 +101,11 @@ std::vector<ChosenLines> chosenLines(const std::vector<DiffDisplayRow>& rows, in
     std::vector<ChosenLines> chosen;
     for (int index = first; index <= last; ++index) {
         const DiffDisplayRow& row = rows[std::size_t(index)];
-        for (const bool right : {false, true}) {
-            if (!showsChange(row, right))
-                continue;
-            if (chosen.empty() || chosen.back().hunk != row.hunk)
-                chosen.push_back({row.hunk, shownHunk(rows, row.hunk), {}});
-            chosen.back().lines.push_back(right ? row.rightLine : row.leftLine);
-        }
+        if (!showsChange(row, right))
+            continue;
+        if (chosen.empty() || chosen.back().hunk != row.hunk)
+            chosen.push_back({row.hunk, shownHunk(rows, row.hunk), {}});
+        chosen.back().lines.push_back(right ? row.rightLine : row.leftLine);
     }
     return chosen;
 }

@@ -53,9 +53,12 @@ std::string shownHunk(const std::vector<DiffDisplayRow>& rows, int hunk);
 // Whether a side of `row` shows an addition or a deletion of a hunk's lines, which can be chosen.
 bool showsChange(const DiffDisplayRow& row, bool right);
 
-// The additions and deletions that the rows from `first` to `last` show (both included, in either
-// order), by hunk; the other rows in between choose nothing.
-std::vector<ChosenLines> chosenLines(const std::vector<DiffDisplayRow>& rows, int first, int last);
+// The additions and deletions that one side of the rows from `first` to `last` shows (both
+// included, in either order), by hunk: the left side holds every line of the unified view, the
+// old side's of the side-by-side one, and `right` the new side's. The other rows in between, and
+// the other side, choose nothing.
+std::vector<ChosenLines> chosenLines(const std::vector<DiffDisplayRow>& rows, int first, int last,
+                                     bool right);
 
 std::vector<DiffDisplayRow> unifiedRows(const FileDiff& file);
 std::vector<DiffDisplayRow> sideBySideRows(const FileDiff& file);

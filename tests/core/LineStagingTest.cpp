@@ -1,6 +1,7 @@
 // Line staging on real repositories: chosen lines staged, unstaged and discarded at the edges of a
 // file, without a final newline, in CRLF files, across hunks, in a rename and under a path that is
-// not UTF-8; refused when the file changed after it was shown. Generated changes check the patch
+// not UTF-8, and every line of a new or deleted file, which adds or removes the file as a whole;
+// refused when the file changed after it was shown. Generated changes check the patch
 // builder against git itself.
 #include "RealGitService.h"
 
@@ -14,6 +15,7 @@
 
 #include <filesystem>
 #include <map>
+#include <optional>
 #include <random>
 #include <set>
 
@@ -71,6 +73,17 @@ class LineStaging : public test::PrivateTemporaryDirectoryTest {
         }
     }
     std::string indexOf(const std::string& path) const { return repo.git({"show", ":" + path}); }
+    // The file's text in the index or the working tree; none where there is no such file.
+    std::optional<std::string> indexed(const std::string& path) const {
+        if (repo.git({"ls-files", "--", path}).empty())
+            return std::nullopt;
+        return indexOf(path);
+    }
+    std::optional<std::string> onDisk(const std::string& path) const {
+        if (!std::filesystem::exists(repo / path))
+            return std::nullopt;
+        return repo.read(path);
+    }
 
     test::TempRepo repo;
     RealGitService real;
@@ -87,10 +100,16 @@ TEST_F(LineStaging, OnlyTheChosenLinesChange) {
     struct Case {
         const char* name;
         std::string path;
-        std::string committed, worktree; // unstaging stages the worktree first
+        // None: no such file. Unstaging stages the worktree first; a new file is otherwise only
+        // announced to the index (`add -N`), which is when git's diff shows it.
+        std::optional<std::string> committed, worktree;
         Action action;
         std::set<std::string> chosen;
-        std::string expected; // the index after staging or unstaging, the worktree after a discard
+        // The index after staging or unstaging, the worktree after a discard; none: no such file.
+        std::optional<std::string> expected;
+        // What `git status --porcelain` then says of the file, when checked: every line of a whole
+        // file leaves it as the action on the whole file does.
+        const char* status = nullptr;
     };
     const std::string five = "one\ntwo\nthree\nfour\n";
     const std::string edgesChanged = "ONE\ntwo\nthree\nfour\nfive\n";
@@ -160,6 +179,13 @@ TEST_F(LineStaging, OnlyTheChosenLinesChange) {
          Action::stage,
          {"-b\r", "+B\r"},
          "a\r\nB\r\nc\r\n"},
+        {"crlf, unstage",
+         "w.txt",
+         "a\r\nb\r\nc\r\n",
+         "a\r\nB\r\nc\r\nd\r\n",
+         Action::unstage,
+         {"-b\r", "+B\r"},
+         "a\r\nb\r\nc\r\nd\r\n"},
         {"crlf, discard",
          "w.txt",
          "a\r\nb\r\nc\r\n",
@@ -210,26 +236,93 @@ TEST_F(LineStaging, OnlyTheChosenLinesChange) {
          Action::discard,
          {"-one", "+ONE"},
          "one\ntwo\nthree\nfour\nfive\n"},
+        {"every line of a new file, unstage",
+         "new file.txt",
+         {},
+         "a\nb",
+         Action::unstage,
+         {"+a", "+b"},
+         {},
+         "?? \"new file.txt\"\n"},
+        {"every line of a new file, stage",
+         "new file.txt",
+         {},
+         "a\nb",
+         Action::stage,
+         {"+a", "+b"},
+         "a\nb",
+         "A  \"new file.txt\"\n"},
+        {"every line of a new file, discard",
+         "new file.txt",
+         {},
+         "a\nb",
+         Action::discard,
+         {"+a", "+b"},
+         {},
+         ""},
+        {"a line of a new file, discard",
+         "new file.txt",
+         {},
+         "a\nb\n",
+         Action::discard,
+         {"+a"},
+         "b\n",
+         " A \"new file.txt\"\n"},
+        {"every line of a deleted file, stage",
+         "gone file.txt",
+         "a\nb",
+         {},
+         Action::stage,
+         {"-a", "-b"},
+         {},
+         "D  \"gone file.txt\"\n"},
+        {"every line of a deleted file, unstage",
+         "gone file.txt",
+         "a\nb",
+         {},
+         Action::unstage,
+         {"-a", "-b"},
+         "a\nb",
+         " D \"gone file.txt\"\n"},
+        {"every line of a deleted file, discard",
+         "gone file.txt",
+         "a\nb",
+         {},
+         Action::discard,
+         {"-a", "-b"},
+         "a\nb",
+         ""},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.name);
-        repo.write(c.path, c.committed);
-        repo.commitAll(c.name);
-        repo.write(c.path, c.worktree);
+        if (c.committed) {
+            repo.write(c.path, *c.committed);
+            repo.commitAll(c.name);
+        }
+        if (c.worktree)
+            repo.write(c.path, *c.worktree);
+        else
+            std::filesystem::remove(repo / c.path);
         const bool staged = c.action == Action::unstage;
         if (staged)
             repo.git({"add", "--", c.path});
+        else if (!c.committed)
+            repo.git({"add", "-N", "--", c.path});
         FileChange file;
         file.path = c.path;
         run(c.action, file, choose(diffOf(c.path, staged), c.chosen));
         if (c.action == Action::discard) {
-            EXPECT_EQ(repo.read(c.path), c.expected);
-            EXPECT_EQ(indexOf(c.path), c.committed);
+            EXPECT_EQ(onDisk(c.path), c.expected);
+            if (c.committed)
+                EXPECT_EQ(indexed(c.path), c.committed);
         } else {
-            EXPECT_EQ(indexOf(c.path), c.expected);
-            EXPECT_EQ(repo.read(c.path), c.worktree);
+            EXPECT_EQ(indexed(c.path), c.expected);
+            EXPECT_EQ(onDisk(c.path), c.worktree);
         }
+        if (c.status)
+            EXPECT_EQ(repo.git({"status", "--porcelain", "--", c.path}), c.status);
         repo.git({"reset", "-q", "--hard"});
+        repo.git({"clean", "-q", "-f"});
     }
 }
 
@@ -437,7 +530,7 @@ TEST_F(LineStaging, GeneratedChoicesApplyAsGitReadsThem) {
         for (const PatchDirection direction : {PatchDirection::forward, PatchDirection::reverse}) {
             const bool forward = direction == PatchDirection::forward;
             const std::string expected = expectedResult(oldText, newText, file, places, direction);
-            const std::string patch = buildLinePatch(rawDiff, chosen, direction);
+            const std::string patch = buildLinePatch(rawDiff, chosen, direction).text;
             if (patch.empty()) {
                 EXPECT_EQ(expected, forward ? oldText : newText) << "nothing chosen changes the file";
                 continue;

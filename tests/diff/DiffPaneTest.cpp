@@ -2,9 +2,9 @@
 // discarded after its confirmation leaves the other changes' bytes on disk, hunk buttons show on
 // the hunk under the pointer or with the focus only, the header names the change's side, a hunk
 // action chosen before a reload refuses the other hunk the reload put in its place, a conflicted
-// file shows its conflict and offers the merge editor, lines chosen with the keys or the mouse are
-// staged, unstaged and discarded alone, the modes and the whole-file context, a
-// sparse 2 GB file stops at the gate having read only its first bytes, an image change says it is
+// file shows its conflict and offers the merge editor, lines chosen with the keys or the mouse (on
+// one side of the side-by-side view) are staged, unstaged and discarded alone, the modes and the whole-file
+// context, a sparse 2 GB file stops at the gate having read only its first bytes, an image change says it is
 // loading and then shows both images, a commit that doesn't exist fails with Retry, and the blame
 // sheet lists the file's lines. Screenshots of each.
 #include "diff/ui/DiffPane.h"
@@ -17,8 +17,8 @@
 #include "core/service/NativeGitService.h"
 #include "core/support/UserDefaults.h"
 #include "support/Await.h"
-#include "support/Eventually.h"
 #include "support/DrainQueue.h"
+#include "support/Eventually.h"
 #include "support/GitFixture.h"
 #include "support/Screenshot.h"
 
@@ -118,6 +118,17 @@ class DiffPaneTest : public ::testing::Test {
         QTest::mouseClick(view.viewport(), Qt::LeftButton, {}, button.center());
     }
 
+    // The pane with its chosen lines, as `name`-light and `name`-dark.
+    void saveLightAndDark(const QString& name) {
+        test::saveScreenshot(pane, name + QStringLiteral("-light"), {1100, 500});
+        const QPalette light = QApplication::palette();
+        QApplication::setPalette(darkPalette());
+        QApplication::processEvents();
+        test::saveScreenshot(pane, name + QStringLiteral("-dark"), {1100, 500});
+        QApplication::setPalette(light);
+        QApplication::processEvents();
+    }
+
     static FileStatusKind modified() {
         return FileStatusKind::tracked(TrackedStatus::unmodified, TrackedStatus::modified);
     }
@@ -142,9 +153,12 @@ TEST_F(DiffPaneTest, StagesOneHunkAndDiscardsAnotherAfterConfirming) {
 
     // The first hunk's Stage button puts exactly that change into the index.
     clickHunkButton(0, 0);
-    ASSERT_TRUE(test::eventually([&] { return repo.git({"diff", "--cached"}).find("changed = 3") != std::string::npos; }));
+    ASSERT_TRUE(test::eventually([&] {
+        return repo.git({"diff", "--cached"}).find("changed = 3") != std::string::npos;
+    }));
     EXPECT_EQ(repo.git({"diff", "--cached"}).find("changed = 35"), std::string::npos);
-    ASSERT_TRUE(test::eventually([&] { return model.content() == Content::diff && model.fileDiff()->hunks.size() == 1; }));
+    ASSERT_TRUE(test::eventually(
+        [&] { return model.content() == Content::diff && model.fileDiff()->hunks.size() == 1; }));
 
     // Discard asks first; Cancel keeps the change, Discard removes it from the working tree only.
     clickHunkButton(0, 2);
@@ -268,7 +282,9 @@ TEST_F(DiffPaneTest, ALongHunkKeepsItsHeaderAndButtonsInReach) {
     test::saveScreenshot(pane, "diff-pinned-hunk-header", {1100, 400});
 
     clickHunkButton(0, 0);
-    ASSERT_TRUE(test::eventually([&] { return repo.git({"diff", "--cached"}).find("int other = 20") != std::string::npos; }));
+    ASSERT_TRUE(test::eventually([&] {
+        return repo.git({"diff", "--cached"}).find("int other = 20") != std::string::npos;
+    }));
 }
 
 // The header says which list a working-tree change belongs to; a commit's change has no side.
@@ -374,12 +390,7 @@ TEST_F(DiffPaneTest, ChosenLinesAreStagedUnstagedAndDiscardedAlone) {
     ASSERT_EQ(view.chosenLines().size(), 1u);
     EXPECT_EQ(view.chosenLines()[0].lines.size(), 2u);
     EXPECT_FALSE(view.hunkButtonRect(0, 3).isEmpty());
-    test::saveScreenshot(pane, "diff-lines-chosen-light", {1100, 500});
-    const QPalette light = QApplication::palette();
-    QApplication::setPalette(darkPalette());
-    QApplication::processEvents();
-    test::saveScreenshot(pane, "diff-lines-chosen-dark", {1100, 500});
-    QApplication::setPalette(light);
+    saveLightAndDark("diff-lines-chosen");
 
     QTest::keyClick(&view, Qt::Key_S);
     ASSERT_TRUE(test::eventually([&] {
@@ -389,8 +400,10 @@ TEST_F(DiffPaneTest, ChosenLinesAreStagedUnstagedAndDiscardedAlone) {
     ASSERT_TRUE(
         test::eventually([&] { return model.content() == Content::diff && view.chosenLines().empty(); }));
 
-    // Side by side on the staged side: a click and a Shift+click on the same row choose both of
-    // its cells; the hunk's header offers Unstage Lines.
+    // Side by side on the staged side, lines are chosen on one side: the removed line on the
+    // left, the added one on the right, whatever a Shift+click, a drag or Shift+Down reaches on
+    // the other side or among context; the hunk's header offers Unstage Lines only while a
+    // change is chosen.
     showAndWait("app.cpp", modified(), true);
     pane.findChild<QToolButton*>(QStringLiteral("diff-pane.mode.split"))->click();
     const QRect header = view.hunkButtonRect(0, 1);
@@ -398,11 +411,49 @@ TEST_F(DiffPaneTest, ChosenLinesAreStagedUnstagedAndDiscardedAlone) {
     // The middle of `row` at `x`: a button stands two pixels inside its header row.
     const int lineHeight = header.height() + 4;
     const auto at = [lineHeight](int x, int row) { return QPoint(x, row * lineHeight + lineHeight / 2); };
+    const auto chosenText = [&] {
+        std::string text;
+        for (const ChosenLines& hunk : view.chosenLines())
+            for (const int line : hunk.lines) {
+                const DiffLine& chosen =
+                    model.fileDiff()->hunks[std::size_t(hunk.hunk)].lines[std::size_t(line)];
+                text += (chosen.type == DiffLineType::addition ? "+" : "-") + chosen.content.str() + "\n";
+            }
+        return text;
+    };
+    const auto drag = [&](QPoint from, QPoint to) {
+        QTest::mousePress(view.viewport(), Qt::LeftButton, {}, from);
+        QMouseEvent move(QEvent::MouseMove, to, view.viewport()->mapToGlobal(to), Qt::NoButton,
+                         Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(view.viewport(), &move);
+        QTest::mouseRelease(view.viewport(), Qt::LeftButton, {}, to);
+    };
     // Three lines of context under the header, then the changed pair.
     QTest::mouseClick(view.viewport(), Qt::LeftButton, {}, at(100, 4));
-    QTest::mouseClick(view.viewport(), Qt::LeftButton, Qt::ShiftModifier, at(700, 4));
-    ASSERT_EQ(view.chosenLines().size(), 1u);
-    EXPECT_EQ(view.chosenLines()[0].lines.size(), 2u);
+    QTest::mouseClick(view.viewport(), Qt::LeftButton, Qt::ShiftModifier, at(700, 5));
+    QTest::keyClick(&view, Qt::Key_Down, Qt::ShiftModifier);
+    EXPECT_EQ(chosenText(), "-    int value = 3; // line\n");
+    drag(at(700, 1), at(700, 4));
+    EXPECT_EQ(chosenText(), "+    int changed = 3; // line\n");
+    drag(at(100, 1), at(100, 3));
+    EXPECT_EQ(chosenText(), "");
+    EXPECT_TRUE(view.hunkButtonRect(0, 4).isEmpty());
+    QTest::keyClick(&view, Qt::Key_Escape);
+    QTest::keyClick(&view, Qt::Key_Down, Qt::ShiftModifier);
+    EXPECT_EQ(chosenText(), "-    int value = 3; // line\n");
+    saveLightAndDark("diff-lines-chosen-split");
+    clickHunkButton(0, 4);
+    ASSERT_TRUE(test::eventually([&] {
+        return repo.git({"diff", "--cached"}).find("-    int value") == std::string::npos;
+    }));
+    // Only the added line is left staged, alone on its row's right side.
+    ASSERT_TRUE(test::eventually([&] {
+        return model.content() == Content::diff &&
+               std::none_of(model.rows().begin(), model.rows().end(),
+                            [](const DiffDisplayRow& row) { return row.leftTone == RowTone::deletion; });
+    }));
+    QTest::mouseClick(view.viewport(), Qt::LeftButton, {}, at(700, 4));
+    EXPECT_EQ(chosenText(), "+    int changed = 3; // line\n");
     clickHunkButton(0, 4);
     ASSERT_TRUE(test::eventually([&] { return repo.git({"diff", "--cached"}).empty(); }));
 
@@ -419,13 +470,9 @@ TEST_F(DiffPaneTest, ChosenLinesAreStagedUnstagedAndDiscardedAlone) {
     const int from = rowOfText("value = 5;");
     const int to = rowOfText("changed = 5;");
     ASSERT_LT(from, to);
-    QTest::mousePress(view.viewport(), Qt::LeftButton, {}, at(100, from));
-    QMouseEvent drag(QEvent::MouseMove, at(100, to), view.viewport()->mapToGlobal(at(100, to)), Qt::NoButton,
-                     Qt::LeftButton, Qt::NoModifier);
-    QApplication::sendEvent(view.viewport(), &drag);
-    QTest::mouseRelease(view.viewport(), Qt::LeftButton, {}, at(100, to));
-    ASSERT_EQ(view.chosenLines().size(), 1u);
-    EXPECT_EQ(view.chosenLines()[0].lines.size(), 2u);
+    // Unified, every line stands on one side, wherever the pointer is.
+    drag(at(700, from), at(700, to));
+    EXPECT_EQ(chosenText(), "-    int value = 5; // line\n+    int changed = 5; // line\n");
     QTest::keyClick(&view, Qt::Key_D);
     auto* confirmation = pane.findChild<QMessageBox*>(QStringLiteral("diff-pane.discard-confirmation"));
     ASSERT_NE(confirmation, nullptr);
@@ -433,24 +480,38 @@ TEST_F(DiffPaneTest, ChosenLinesAreStagedUnstagedAndDiscardedAlone) {
     confirmation->findChild<QPushButton*>(QStringLiteral("diff-pane.discard-confirm"))->click();
     ASSERT_TRUE(test::eventually([&] { return repo.read("app.cpp") == numberedLines(40, 3); }));
 
-    // Chosen, then the file changes on disk before S: nothing is staged, the pane says so and
-    // shows the file as it is now.
-    ASSERT_TRUE(test::eventually([&] { return model.content() == Content::diff && view.rowCount() > 0; }));
-    view.setFocus();
-    QTest::keyClick(&view, Qt::Key_Down, Qt::ShiftModifier);
-    ASSERT_FALSE(view.chosenLines().empty());
-    repo.write("app.cpp", numberedLines(40, 2));
-    QTest::keyClick(&view, Qt::Key_S);
-    ASSERT_TRUE(test::eventually([&] { return model.hunkActionError().has_value(); }));
-    EXPECT_TRUE(model.hunkActionError()->contains(QStringLiteral("chosen lines not found")));
-    pane.findChild<QMessageBox*>(QStringLiteral("diff-pane.hunk-error"))->close();
-    ASSERT_TRUE(test::eventually([&] {
-        return model.content() == Content::diff &&
-               std::any_of(model.rows().begin(), model.rows().end(), [](const DiffDisplayRow& row) {
-                   return row.left.view().find("changed = 2") != std::string_view::npos;
-               });
-    }));
-    EXPECT_EQ(repo.git({"diff", "--cached"}), "");
+    // Chosen, then the file changes in the working tree (and for U in the index) before the key:
+    // nothing changes, the pane says so and shows the file as it is now.
+    for (const Qt::Key key : {Qt::Key_S, Qt::Key_U, Qt::Key_D}) {
+        SCOPED_TRACE(key);
+        const bool staged = key == Qt::Key_U;
+        repo.write("app.cpp", numberedLines(40, 3));
+        repo.git({staged ? "add" : "reset", "--", "app.cpp"});
+        showAndWait("app.cpp", modified(), staged);
+        ASSERT_TRUE(
+            test::eventually([&] { return model.content() == Content::diff && view.rowCount() > 0; }));
+        view.setFocus();
+        QTest::keyClick(&view, Qt::Key_Down, Qt::ShiftModifier);
+        ASSERT_FALSE(view.chosenLines().empty());
+        repo.write("app.cpp", numberedLines(40, 2));
+        if (staged)
+            repo.git({"add", "app.cpp"});
+        const std::string index = repo.git({"show", ":app.cpp"});
+        QTest::keyClick(&view, key);
+        if (key == Qt::Key_D)
+            pane.findChild<QPushButton*>(QStringLiteral("diff-pane.discard-confirm"))->click();
+        ASSERT_TRUE(test::eventually([&] { return model.hunkActionError().has_value(); }));
+        EXPECT_TRUE(model.hunkActionError()->contains(QStringLiteral("changed after the lines were chosen")));
+        pane.findChild<QMessageBox*>(QStringLiteral("diff-pane.hunk-error"))->close();
+        ASSERT_TRUE(test::eventually([&] {
+            return model.content() == Content::diff &&
+                   std::any_of(model.rows().begin(), model.rows().end(), [](const DiffDisplayRow& row) {
+                       return row.left.view().find("changed = 2") != std::string_view::npos;
+                   });
+        }));
+        EXPECT_EQ(repo.git({"show", ":app.cpp"}), index);
+        EXPECT_EQ(repo.read("app.cpp"), numberedLines(40, 2));
+    }
 }
 
 // A file that a merge left conflicted shows its conflict as git wrote it, our side against
@@ -538,7 +599,8 @@ TEST_F(DiffPaneTest, ModesAndWholeFileContextWithColoursInBothAppearances) {
     // "Show full file" asks git for the whole file as context: one hunk over every line, and no
     // hunk buttons, since git would not cut that hunk.
     pane.findChild<QToolButton*>(QStringLiteral("diff-pane.full-context"))->click();
-    ASSERT_TRUE(test::eventually([&] { return model.content() == Content::diff && model.fileDiff()->hunks.size() == 1; }));
+    ASSERT_TRUE(test::eventually(
+        [&] { return model.content() == Content::diff && model.fileDiff()->hunks.size() == 1; }));
     EXPECT_EQ(model.fileDiff()->hunks[0].oldCount, 43);
     EXPECT_FALSE(model.hunkActions().stage);
 
@@ -551,7 +613,8 @@ TEST_F(DiffPaneTest, ModesAndWholeFileContextWithColoursInBothAppearances) {
     QApplication::setPalette(darkPalette());
     pane.findChild<QToolButton*>(QStringLiteral("diff-pane.full-context"))->click();
     pane.findChild<QToolButton*>(QStringLiteral("diff-pane.mode.diff"))->click();
-    ASSERT_TRUE(test::eventually([&] { return model.content() == Content::diff && model.fileDiff()->hunks.size() == 2; }));
+    ASSERT_TRUE(test::eventually(
+        [&] { return model.content() == Content::diff && model.fileDiff()->hunks.size() == 2; }));
     test::saveScreenshot(pane, "diff-unified-dark", {1100, 700});
     pane.findChild<QToolButton*>(QStringLiteral("diff-pane.mode.split"))->click();
     test::saveScreenshot(pane, "diff-split-dark", {1100, 700});

@@ -47,14 +47,16 @@ Arguments rereadOf(Arguments arguments, const FileChange& file) {
     return arguments;
 }
 
-void applyLines(GitExecutorProtocol& git, const std::string& repoPath, const Arguments& reread,
-                Arguments apply, const std::vector<HunkLines>& lines, PatchDirection direction) {
+// Returns what it applied.
+LinePatch applyLines(GitExecutorProtocol& git, const std::string& repoPath, const Arguments& reread,
+                     Arguments apply, const std::vector<HunkLines>& lines, PatchDirection direction) {
     const std::string rawDiff = git.execute(reread, repoPath);
-    const std::string patch = buildLinePatch(rawDiff, lines, direction);
-    if (patch.empty())
+    LinePatch patch = buildLinePatch(rawDiff, lines, direction);
+    if (patch.text.empty())
         throw GitServiceError::parseFailed(
             "apply", "chosen lines not found \u2014 file may have changed since you viewed the diff");
-    applyPatch(git, repoPath, patch, std::move(apply));
+    applyPatch(git, repoPath, patch.text, std::move(apply));
+    return patch;
 }
 
 } // namespace
@@ -89,8 +91,14 @@ void unstageLines(GitExecutorProtocol& git, const std::string& repoPath, const F
 
 void discardLines(GitExecutorProtocol& git, const std::string& repoPath, const FileChange& file,
                   const std::vector<HunkLines>& lines) {
-    applyLines(git, repoPath, rereadOf({"diff"}, file), {"apply", "--reverse", "--whitespace=nowarn"}, lines,
-               PatchDirection::reverse);
+    const LinePatch patch =
+        applyLines(git, repoPath, rereadOf({"diff"}, file), {"apply", "--reverse", "--whitespace=nowarn"},
+                   lines, PatchDirection::reverse);
+    // git's diff shows a whole new file only while the index holds no more than the intent to add
+    // it (`add -N`): with every line discarded the file is gone, and that intent goes with it, so
+    // nothing is left of the file, as after discarding it whole.
+    if (patch.removesFile)
+        git.execute({"update-index", "--remove", "--", file.path}, repoPath);
 }
 
 } // namespace orvel::HunkCommands

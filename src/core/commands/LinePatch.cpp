@@ -40,23 +40,23 @@ FileNames fileNames(const std::vector<std::string_view>& header) {
 
 // The patch's header. A patch changes lines of one file in place, so both of its sides carry one
 // name, the new side's (the old side's for a deleted file): a rename is not the patch's to repeat.
-// Only when the side the patch applies to doesn't exist is git's own header kept, which creates
-// the file with the chosen lines.
-std::string patchHeader(std::string_view rawDiff, PatchDirection direction) {
-    const std::vector<std::string_view> lines = patchHeaderLines(rawDiff);
-    const auto [oldName, newName] = fileNames(lines);
-    if (oldName.empty() || newName.empty())
-        return {};
-    std::string header;
-    if ((direction == PatchDirection::forward ? oldName : newName) == "/dev/null") {
-        for (const std::string_view line : lines)
-            header.append(line).append("\n");
-        return header;
-    }
+// Where the file comes or goes, when the side the patch applies to doesn't exist or the patch
+// `removesFile`, the header keeps git's two sides, one of them /dev/null, and the file's mode, so
+// that it creates the file with the chosen lines or removes it.
+std::string patchHeader(const std::vector<std::string_view>& lines, const FileNames& names,
+                        PatchDirection direction, bool removesFile) {
+    const auto [oldName, newName] = names;
+    const bool comesOrGoes =
+        (direction == PatchDirection::forward ? oldName : newName) == "/dev/null" || removesFile;
     const std::string_view name = newName == "/dev/null" ? oldName : newName;
+    std::string header;
     header.append("diff --git ").append(name).append(" ").append(name).append("\n");
-    header.append("--- ").append(name).append("\n");
-    header.append("+++ ").append(name).append("\n");
+    if (comesOrGoes)
+        for (const std::string_view line : lines)
+            if (line.starts_with("new file mode ") || line.starts_with("deleted file mode "))
+                header.append(line).append("\n");
+    header.append("--- ").append(comesOrGoes ? oldName : name).append("\n");
+    header.append("+++ ").append(comesOrGoes ? newName : name).append("\n");
     return header;
 }
 
@@ -131,10 +131,11 @@ void appendLine(std::string& patch, char sign, std::string_view content) {
 
 } // namespace
 
-std::string buildLinePatch(std::string_view rawDiff, const std::vector<HunkLines>& chosen,
-                           PatchDirection direction) {
-    const std::string header = patchHeader(rawDiff, direction);
-    if (header.empty() || chosen.empty())
+LinePatch buildLinePatch(std::string_view rawDiff, const std::vector<HunkLines>& chosen,
+                         PatchDirection direction) {
+    const std::vector<std::string_view> headerLines = patchHeaderLines(rawDiff);
+    const FileNames names = fileNames(headerLines);
+    if (names.oldName.empty() || names.newName.empty() || chosen.empty())
         return {};
     const DiffResult parsed = GitOutputParser::parseDiff(std::string(rawDiff));
     if (parsed.files.size() != 1)
@@ -161,6 +162,8 @@ std::string buildLinePatch(std::string_view rawDiff, const std::vector<HunkLines
     std::string body;
     // How far the side the patch makes has moved from the other by the hunks before.
     long shift = 0;
+    // The lines the patch leaves on the side it makes.
+    long resultLines = 0;
     for (const auto& [index, set] : places) {
         const DiffHunk& hunk = hunks[index];
         const std::vector<PatchLine> lines = patchLines(hunk, set, direction);
@@ -177,6 +180,7 @@ std::string buildLinePatch(std::string_view rawDiff, const std::vector<HunkLines
         const long place = (baseCount > 0 ? baseStart : baseStart + 1) + shift;
         const long resultStart = resultCount > 0 ? place : place - 1;
         shift += resultCount - baseCount;
+        resultLines += resultCount;
         const auto range = [](long start, long count) {
             return std::to_string(start) + "," + std::to_string(count);
         };
@@ -192,7 +196,10 @@ std::string buildLinePatch(std::string_view rawDiff, const std::vector<HunkLines
     }
     if (body.empty())
         return {};
-    return header + body;
+    // A file missing on the side the patch makes is one hunk of changes in git's diff: the patch
+    // leaves none of its lines exactly when every one of them is chosen.
+    const bool removesFile = resultLines == 0 && (forward ? names.newName : names.oldName) == "/dev/null";
+    return {patchHeader(headerLines, names, direction, removesFile) + body, removesFile};
 }
 
 } // namespace orvel::HunkCommands

@@ -18,11 +18,18 @@ namespace orvel::HunkCommands {
 // index or discarding from the working tree).
 enum class PatchDirection : char { forward, reverse };
 
+struct LinePatch {
+    std::string text;
+    // The patch takes every line of a file that the other side of the diff doesn't have, so it
+    // removes the file, as the action on the whole file does, rather than leave it empty.
+    bool removesFile = false;
+};
+
 // One patch with a hunk for every chosen hunk that changes something, with exact counts, for the
-// one file `rawDiff` holds. Empty when `rawDiff` isn't the diff of one file, when a chosen hunk
-// isn't there with the same numbers and lines, when a chosen place is outside its hunk, or when
-// nothing chosen is a change.
-std::string buildLinePatch(std::string_view rawDiff, const std::vector<HunkLines>& chosen,
-                           PatchDirection direction);
+// one file `rawDiff` holds. Its text is empty when `rawDiff` isn't the diff of one file, when a
+// chosen hunk isn't there with the same numbers and lines, when a chosen place is outside its
+// hunk, or when nothing chosen is a change.
+LinePatch buildLinePatch(std::string_view rawDiff, const std::vector<HunkLines>& chosen,
+                         PatchDirection direction);
 
 } // namespace orvel::HunkCommands

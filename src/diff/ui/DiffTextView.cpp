@@ -299,7 +299,7 @@ bool DiffTextView::showsButtons(int hunk) const {
 std::vector<ChosenLines> DiffTextView::chosenLines() const {
     if (anchorRow_ < 0)
         return {};
-    return orvel::chosenLines(rows_, anchorRow_, cursorRow_);
+    return orvel::chosenLines(rows_, anchorRow_, cursorRow_, chosenRight_);
 }
 
 bool DiffTextView::holdsChosenLines(int hunk) const {
@@ -314,18 +314,21 @@ bool DiffTextView::holdsChosenLines(int hunk) const {
 }
 
 bool DiffTextView::isChosen(int row, bool right) const {
-    if (anchorRow_ < 0 || row < std::min(anchorRow_, cursorRow_) || row > std::max(anchorRow_, cursorRow_))
+    if (anchorRow_ < 0 || right != chosenRight_ || row < std::min(anchorRow_, cursorRow_) ||
+        row > std::max(anchorRow_, cursorRow_))
         return false;
     return showsChange(rows_[std::size_t(row)], right);
 }
 
-void DiffTextView::chooseTo(int row) {
+void DiffTextView::chooseTo(int row, bool right) {
     // Lines are chosen only where something can be done with them.
     if (rows_.empty() || !(actions_.stage || actions_.unstage || actions_.discard))
         return;
     row = std::clamp(row, 0, int(rows_.size()) - 1);
-    if (anchorRow_ < 0)
+    if (anchorRow_ < 0) {
         anchorRow_ = row;
+        chosenRight_ = right && layout_ == Layout::sideBySide;
+    }
     cursorRow_ = row;
     // In sight below a pinned header.
     const int top = verticalScrollBar()->value();
@@ -451,9 +454,17 @@ void DiffTextView::paintCell(QPainter& painter, int row, bool right, const QRect
     painter.fillRect(QRect(area.left(), area.top(), gutterWidth, area.height()),
                      tone == RowTone::addition || tone == RowTone::deletion ? fill.darker(104)
                                                                             : style_.gutter);
-    // A bar at the cell's edge marks a chosen line apart from its colour.
-    if (chosen)
+    // A bar at the cell's edge marks a chosen line apart from its colour, and a frame of the same
+    // colour holds each run of chosen lines, so that the choice reads as one on any theme.
+    if (chosen) {
         painter.fillRect(QRect(area.left(), area.top(), 3, area.height()), style_.chosen);
+        painter.setPen(style_.chosen);
+        painter.drawLine(area.topRight(), area.bottomRight());
+        if (!isChosen(row - 1, right))
+            painter.drawLine(area.topLeft(), area.topRight());
+        if (!isChosen(row + 1, right))
+            painter.drawLine(area.bottomLeft(), area.bottomRight());
+    }
     if (tone == RowTone::empty)
         return;
     const int baseline = area.top() + style_.ascent;
@@ -612,7 +623,7 @@ void DiffTextView::mousePressEvent(QMouseEvent* event) {
             // Shift+click moves the end of the chosen rows; a click starts them anew.
             if (!(event->modifiers() & Qt::ShiftModifier))
                 clearChosen();
-            chooseTo(row);
+            chooseTo(row, hoverPoint_.x() > viewport()->width() / 2);
             dragging_ = anchorRow_ >= 0;
         }
     }
@@ -675,10 +686,11 @@ void DiffTextView::keyPressEvent(QKeyEvent* event) {
             chooseTo(cursorRow_ + step);
             return;
         }
-        // The first choice is the first change of the hunk the keys act on.
+        // The first choice is the first change of the hunk the keys act on, on its side.
         for (std::size_t row = 0; row < rows_.size(); ++row)
-            if (rows_[row].hunk == hunk && (showsChange(rows_[row], false) || showsChange(rows_[row], true))) {
-                chooseTo(int(row));
+            if (rows_[row].hunk == hunk &&
+                (showsChange(rows_[row], false) || showsChange(rows_[row], true))) {
+                chooseTo(int(row), !showsChange(rows_[row], false));
                 return;
             }
         return;

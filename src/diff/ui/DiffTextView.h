@@ -5,8 +5,9 @@
 // hunk, or while the view has the focus and the hunk is the one in sight, which the keys act on:
 // S stages, U unstages, D discards, N and P move between hunks, the menu key opens its menu. The
 // header of a hunk scrolled partly out of sight stays pinned at the top, so its buttons stay in
-// reach. Lines are chosen by a click, a drag or Shift+click, and by Shift+Up and Shift+Down;
-// while chosen lines are changes, the headers of their hunks offer the line actions beside the
+// reach. Lines are chosen by a click, a drag or Shift+click, and by Shift+Up and Shift+Down; side
+// by side, they are the lines of the side where the choice began, removed on the left and added on
+// the right. While chosen lines are changes, the headers of their hunks offer the line actions beside the
 // hunk's, and S, U and D act on the lines instead of the hunk. Escape lets the lines go.
 #pragma once
 
@@ -118,8 +119,9 @@ class DiffTextView final : public QAbstractScrollArea {
     bool holdsChosenLines(int hunk) const;
     // Whether the side of `row` shows a chosen addition or deletion.
     bool isChosen(int row, bool right) const;
-    // Chooses the rows from the anchor to `row`, and keeps `row` in sight.
-    void chooseTo(int row);
+    // Chooses the rows from the anchor to `row`, and keeps `row` in sight; the first choice takes
+    // the lines of the `right` side (of the side-by-side view), the ones after keep the side.
+    void chooseTo(int row, bool right = false);
     void clearChosen();
     // The button of the header row under `point` that shows there, if any.
     std::optional<Button> shownButtonAt(QPoint point) const;
@@ -145,6 +147,8 @@ class DiffTextView final : public QAbstractScrollArea {
     // The chosen rows run from the anchor to the cursor, either way; none while the anchor is -1.
     int anchorRow_ = -1;
     int cursorRow_ = -1;
+    // The side of the chosen rows whose lines are chosen: the right one of the side-by-side view.
+    bool chosenRight_ = false;
     bool dragging_ = false;
 };
 
