@@ -122,6 +122,17 @@ TEST_F(UndoJournalTest, EveryDestructiveOperationIsBroughtBackAfterARestartAndAG
     } cases[] = {
         {"discard one file", UndoAction::discard, [&] { repo.write("a.txt", "edited\r\n\0bytes"); },
          [&] { return service.discardChanges(entry(), "a.txt", false); }},
+        {"discard lines", UndoAction::discard, [&] { repo.write("a.txt", "alpha\r\nedited\nand added\n"); },
+         [&]() -> QCoro::Task<void> {
+             const DiffResult diff = co_await service.diff(entry(), DiffContext::unstaged(), std::nullopt);
+             HunkLines chosen{diff.files.at(0).hunks.at(0), {}};
+             for (std::size_t i = 0; i < chosen.hunk.lines.size(); ++i)
+                 if (chosen.hunk.lines[i].type == DiffLineType::addition)
+                     chosen.lines.push_back(int(i));
+             FileChange file;
+             file.path = "a.txt";
+             co_await service.discardLines(entry(), file, {chosen});
+         }},
         {"discard all", UndoAction::discard,
          [&] {
              repo.write("a.txt", "edited");

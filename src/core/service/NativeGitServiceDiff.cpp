@@ -67,11 +67,14 @@ QCoro::Task<void> NativeGitService::linesAction(const char* name, LinesCommand c
         count += hunk.lines.size();
     qCDebug(lcStaging, "%s: %s (%zu lines in %zu hunks) in %s", name, file.path.c_str(), count, lines.size(),
             repo.path.c_str());
-    auto work = queued(repo.path, cancellation,
-                       [command, file = std::move(file),
-                        lines = std::move(lines)](GitExecutorProtocol& git, const std::string& repoPath) {
-                           command(git, repoPath, file, lines);
-                       });
+    std::vector<std::string> kept;
+    if (command == &HunkCommands::discardLines)
+        kept.push_back(file.path);
+    auto work = queuedDiscard(repo.path, cancellation, std::move(kept),
+                              [command, file = std::move(file),
+                               lines = std::move(lines)](GitExecutorProtocol& git, const std::string& repoPath) {
+                                  command(git, repoPath, file, lines);
+                              });
     return logFailure(name, std::move(work));
 }
 
