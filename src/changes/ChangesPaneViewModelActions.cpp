@@ -139,9 +139,15 @@ QCoro::Task<void> discardOne(std::shared_ptr<GitServiceProtocol> service, RepoEn
         co_await removeFile(repo, file.path);
         co_return;
     }
+    // A file added with intent (git add -N) has an empty blob in the index: restoring it from there
+    // would leave an empty file marked as added, so its mark goes first and the file with it.
+    const bool intentToAdd = !isUntracked(file) && file.displayStatus == TrackedStatus::added;
+    if (intentToAdd)
+        co_await service->unstage(repo, file.path);
     std::vector<std::string> paths{file.path};
-    const auto failed = isUntracked(file) ? co_await service->discardPaths(repo, {}, std::move(paths))
-                                          : co_await service->discardPaths(repo, std::move(paths), {});
+    const auto failed = isUntracked(file) || intentToAdd
+                            ? co_await service->discardPaths(repo, {}, std::move(paths))
+                            : co_await service->discardPaths(repo, std::move(paths), {});
     if (!failed.empty())
         throw std::runtime_error(failed.front().reason);
 }

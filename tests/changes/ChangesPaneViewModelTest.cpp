@@ -67,7 +67,15 @@ TEST_F(ChangesModelOnRealGit, StatusSplitsIntoStagedAndUnstagedRows) {
     EXPECT_EQ(model().filteredUnstagedFiles().size(), 2u);
 }
 
-TEST_F(ChangesModelOnRealGit, DiscardAllRemovesAnAddedFileAndRestoresTrackedOnes) {
+TEST_F(ChangesModelOnRealGit, DiscardRemovesAddedFilesAndRestoresTrackedOnes) {
+    repo.write("intent.txt", "added with intent\n");
+    repo.git({"add", "-N", "intent.txt"});
+    test::await(model().refreshStatus());
+    ASSERT_EQ(model().unstagedFiles().size(), 1u);
+    test::await(model().discardFile(model().unstagedFiles().front()));
+    EXPECT_FALSE(std::filesystem::exists(repo / "intent.txt"));
+    EXPECT_EQ(repo.git({"status", "--porcelain"}), "");
+
     repo.write("both.txt", "changed\n");
     repo.write("added.txt", "staged new file\n");
     repo.git({"add", "added.txt"});
