@@ -46,8 +46,11 @@ struct MockSide {
     // histories conflict on.
     static void conflictsOnContent(GitServiceProtocol& service, const Lines& paths) {
         std::vector<ConflictEntry> files;
-        for (const auto& path : paths)
-            files.push_back({QUuid::createUuid(), path});
+        for (const auto& path : paths) {
+            ConflictEntry& file = files.emplace_back();
+            file.id = QUuid::createUuid();
+            file.path = path;
+        }
         auto& mock = dynamic_cast<MockGitService&>(service);
         mock.mergeOutcome = Conflicted{files};
         mock.rebaseOutcome = RebaseStop{"", 0, 0, files};
