@@ -20,7 +20,8 @@ struct Operation {
     // The subject of the refusal ("Branch name" gives "Branch name must not begin with '-': ...");
     // empty where the value stands behind "--" or is only a value of an option.
     std::string role;
-    std::function<void(GitServiceProtocol&, const RepoEntry&, const std::string& value, std::stop_token)> call;
+    std::function<void(GitServiceProtocol&, const RepoEntry&, const std::string& value, std::stop_token)>
+        call;
     // `kept`: the value is data that the operation keeps (a url, a written file): it may change things.
     Value value = Value::taken;
 };
@@ -39,7 +40,10 @@ inline std::vector<Operation> everyOperation(const std::string& scratch) {
         {"open", "", [](S s, R, V v, T t) { await(s.open(v, t)); }},
         {"status", "", [](S s, R r, V, T t) { await(s.status(r, t)); }, none},
         {"stage", "", [](S s, R r, V v, T t) { await(s.stage(r, v, t)); }},
-        {"stageFiles", "", [](S s, R r, V v, T t) { await(s.stageFiles(r, {"tracked.txt", v}, t)); }},
+        {"stageFiles", "",
+         [](S s, R r, V v, T t) {
+             await(s.stageFiles(r, {"tracked.txt", v}, t));
+         }},
         {"stageAll", "", [](S s, R r, V, T t) { await(s.stageAll(r, t)); }, none},
         {"unstage", "", [](S s, R r, V v, T t) { await(s.unstage(r, v, t)); }},
         {"unstageFiles", "", [](S s, R r, V v, T t) { await(s.unstageFiles(r, {v}, t)); }},
@@ -52,11 +56,14 @@ inline std::vector<Operation> everyOperation(const std::string& scratch) {
         {"amendCommit", "", [](S s, R r, V, T t) { await(s.amendCommit(r, "m", t)); }, none},
         {"commitHistory", "", [](S s, R r, V, T t) { await(s.commitHistory(r, 10, t)); }, none},
         {"commitGraph", "", [](S s, R r, V, T t) { await(s.commitGraph(r, 10, t)); }, none},
-        {"diff unstaged", "", [](S s, R r, V, T t) { await(s.diff(r, DiffContext::unstaged(), {}, t)); }, none},
-        {"diff commit", "revision", [](S s, R r, V v, T t) { await(s.diff(r, DiffContext::commit(v), {}, t)); }},
+        {"diff unstaged", "", [](S s, R r, V, T t) { await(s.diff(r, DiffContext::unstaged(), {}, t)); },
+         none},
+        {"diff commit", "revision",
+         [](S s, R r, V v, T t) { await(s.diff(r, DiffContext::commit(v), {}, t)); }},
         {"diff parent", "revision",
          [](S s, R r, V v, T t) { await(s.diff(r, DiffContext::commit(v, 0), {}, t)); }},
-        {"diff stash", "revision", [](S s, R r, V v, T t) { await(s.diff(r, DiffContext::stash(v), {}, t)); }},
+        {"diff stash", "revision",
+         [](S s, R r, V v, T t) { await(s.diff(r, DiffContext::stash(v), {}, t)); }},
         {"diff range", "revision",
          [](S s, R r, V v, T t) { await(s.diff(r, DiffContext::commitRange("main", v), {}, t)); }},
         {"commitDiff", "revision", [](S s, R r, V v, T t) { await(s.commitDiff(r, v, {}, t)); }},
@@ -64,15 +71,18 @@ inline std::vector<Operation> everyOperation(const std::string& scratch) {
         {"blame", "", [](S s, R r, V v, T t) { await(s.blame(r, v, t)); }},
         {"branches", "", [](S s, R r, V, T t) { await(s.branches(r, t)); }, none},
         {"createBranch", "Branch name", [](S s, R r, V v, T t) { await(s.createBranch(r, v, {}, t)); }},
-        {"createBranch start", "Start point", [](S s, R r, V v, T t) { await(s.createBranch(r, "new", v, t)); }},
+        {"createBranch start", "Start point",
+         [](S s, R r, V v, T t) { await(s.createBranch(r, "new", v, t)); }},
         {"checkoutBranch", "Branch name", [](S s, R r, V v, T t) { await(s.checkoutBranch(r, v, t)); }},
         {"checkoutNewBranch", "Branch name",
          [](S s, R r, V v, T t) { await(s.checkoutNewBranch(r, v, "main", t)); }},
         {"checkoutNewBranch start", "Start point",
          [](S s, R r, V v, T t) { await(s.checkoutNewBranch(r, "new", v, t)); }},
         {"deleteBranch", "Branch name", [](S s, R r, V v, T t) { await(s.deleteBranch(r, v, true, t)); }},
-        {"renameBranch old", "Branch name", [](S s, R r, V v, T t) { await(s.renameBranch(r, v, "new", t)); }},
-        {"renameBranch new", "Branch name", [](S s, R r, V v, T t) { await(s.renameBranch(r, "topic", v, t)); }},
+        {"renameBranch old", "Branch name",
+         [](S s, R r, V v, T t) { await(s.renameBranch(r, v, "new", t)); }},
+        {"renameBranch new", "Branch name",
+         [](S s, R r, V v, T t) { await(s.renameBranch(r, "topic", v, t)); }},
         {"deleteRemoteBranch remote", "Remote name",
          [](S s, R r, V v, T t) { await(s.deleteRemoteBranch(r, v, "main", t)); }},
         {"deleteRemoteBranch branch", "Branch name",
@@ -82,12 +92,17 @@ inline std::vector<Operation> everyOperation(const std::string& scratch) {
         {"rebase", "Rebase target", [](S s, R r, V v, T t) { await(s.rebase(r, v, t)); }},
         {"rebaseTodoList", "Rebase target", [](S s, R r, V v, T t) { await(s.rebaseTodoList(r, v, t)); }},
         {"interactiveRebase", "Rebase target",
-         [](S s, R r, V v, T t) { await(s.interactiveRebase(r, RebasePlan{v, {}}, t)); }},
-        {"pushBranch branch", "Branch name", [](S s, R r, V v, T t) { await(s.pushBranch(r, v, "origin", t)); }},
-        {"pushBranch remote", "Remote name", [](S s, R r, V v, T t) { await(s.pushBranch(r, "main", v, t)); }},
+         [](S s, R r, V v, T t) {
+             await(s.interactiveRebase(r, RebasePlan{v, {}}, t));
+         }},
+        {"pushBranch branch", "Branch name",
+         [](S s, R r, V v, T t) { await(s.pushBranch(r, v, "origin", t)); }},
+        {"pushBranch remote", "Remote name",
+         [](S s, R r, V v, T t) { await(s.pushBranch(r, "main", v, t)); }},
         {"tagDetail", "tag name", [](S s, R r, V v, T t) { await(s.tagDetail(r, v, t)); }},
         {"listRemotes", "", [](S s, R r, V, T t) { await(s.listRemotes(r, t)); }, none},
-        {"addRemote name", "Remote name", [](S s, R r, V v, T t) { await(s.addRemote(r, v, "/srv/r.git", t)); }},
+        {"addRemote name", "Remote name",
+         [](S s, R r, V v, T t) { await(s.addRemote(r, v, "/srv/r.git", t)); }},
         {"removeRemote", "Remote name", [](S s, R r, V v, T t) { await(s.removeRemote(r, v, t)); }},
         {"fetch", "Remote name", [](S s, R r, V v, T t) { await(s.fetch(r, v, true, t)); }},
         {"pull", "Remote name", [](S s, R r, V v, T t) { await(s.pull(r, v, PullStrategy::useConfig, t)); }},
@@ -98,7 +113,8 @@ inline std::vector<Operation> everyOperation(const std::string& scratch) {
         {"reset", "commit", [](S s, R r, V v, T t) { await(s.reset(r, v, ResetMode::hard, t)); }},
         {"listTags", "", [](S s, R r, V, T t) { await(s.listTags(r, t)); }, none},
         {"createTag", "tag name", [](S s, R r, V v, T t) { await(s.createTag(r, v, {}, {}, t)); }},
-        {"createTag hash", "commit", [](S s, R r, V v, T t) { await(s.createTag(r, "new", v, "message", t)); }},
+        {"createTag hash", "commit",
+         [](S s, R r, V v, T t) { await(s.createTag(r, "new", v, "message", t)); }},
         {"pushTag name", "tag name", [](S s, R r, V v, T t) { await(s.pushTag(r, v, "origin", t)); }},
         {"pushTag remote", "remote name", [](S s, R r, V v, T t) { await(s.pushTag(r, "v1", v, t)); }},
         {"deleteTag", "tag name", [](S s, R r, V v, T t) { await(s.deleteTag(r, v, t)); }},
@@ -109,7 +125,8 @@ inline std::vector<Operation> everyOperation(const std::string& scratch) {
         {"stashDrop", "", [](S s, R r, V, T t) { await(s.stashDrop(r, 0, t)); }, none},
         {"stashList", "", [](S s, R r, V, T t) { await(s.stashList(r, t)); }, none},
         {"stashFile", "", [](S s, R r, V v, T t) { await(s.stashFile(r, v, t)); }},
-        {"resolveConflictUsingOurs", "", [](S s, R r, V v, T t) { await(s.resolveConflictUsingOurs(r, v, t)); }},
+        {"resolveConflictUsingOurs", "",
+         [](S s, R r, V v, T t) { await(s.resolveConflictUsingOurs(r, v, t)); }},
         {"resolveConflictUsingTheirs", "",
          [](S s, R r, V v, T t) { await(s.resolveConflictUsingTheirs(r, v, t)); }},
         {"abortMerge", "", [](S s, R r, V, T t) { await(s.abortMerge(r, t)); }, none},
@@ -127,11 +144,13 @@ inline std::vector<Operation> everyOperation(const std::string& scratch) {
          [scratch](S s, R, V v, T t) { await(s.cloneRepository(v, scratch + "/clone", t)); }},
         {"cloneRepository path", "",
          [scratch](S s, R r, V v, T t) { await(s.cloneRepository(r.path, scratch + "/" + v + "c", t)); }},
-        {"initRepository path", "", [scratch](S s, R, V v, T t) { await(s.initRepository(scratch + "/" + v, {}, t)); }},
+        {"initRepository path", "",
+         [scratch](S s, R, V v, T t) { await(s.initRepository(scratch + "/" + v, {}, t)); }},
         {"initRepository branch", "Branch name",
          [scratch](S s, R, V v, T t) { await(s.initRepository(scratch + "/init", v, t)); }},
         {"addRemote url", "URL", [](S s, R r, V v, T t) { await(s.addRemote(r, "kept", v, t)); }, kept},
-        {"writeResolvedFile", "", [](S s, R r, V v, T t) { await(s.writeResolvedFile(r, v, "x\n", t)); }, kept},
+        {"writeResolvedFile", "", [](S s, R r, V v, T t) { await(s.writeResolvedFile(r, v, "x\n", t)); },
+         kept},
     };
 }
 

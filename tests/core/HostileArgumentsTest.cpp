@@ -69,7 +69,8 @@ TEST_F(HostileArguments, RefusedOrTakenLiterallyAndNothingRunsOrChanges) {
         for (const std::string& value : hostileValues()) {
             SCOPED_TRACE(std::string(operation.name) + " with " + value);
             const bool optionLike = value.starts_with('-');
-            const std::string thrown = test::thrownText([&] { operation.call(real.service, repo, value, {}); });
+            const std::string thrown =
+                test::thrownText([&] { operation.call(real.service, repo, value, {}); });
             if (optionLike && !operation.role.empty())
                 EXPECT_EQ(thrown, "Invalid input: " + operation.role + " must not begin with '-': " + value);
             EXPECT_FALSE(std::filesystem::exists(marker()));

@@ -42,8 +42,10 @@ TEST(StatusParserOrdinary, EveryStatusLetterUnknownOnesSymlinksAndSubmodules) {
         bool symlink = false, submodule = false;
     } cases[] = {
         {"1 AD N... 000000 100644 000000 " + zeros + " " + hashA + " added-then-deleted", added, deleted},
-        {"1 .T N... 100644 100644 120000 " + hashA + " " + hashA + " became-link", unmodified, typeChanged, true},
-        {"1 .T N... 120000 120000 100644 " + hashA + " " + hashA + " was-link", unmodified, typeChanged, true},
+        {"1 .T N... 100644 100644 120000 " + hashA + " " + hashA + " became-link", unmodified, typeChanged,
+         true},
+        {"1 .T N... 120000 120000 100644 " + hashA + " " + hashA + " was-link", unmodified, typeChanged,
+         true},
         {"1 X? N... 100644 100644 100644 " + hashA + " " + hashA + " unknown", unmodified, unmodified},
         {"1 M N... 100644 100644 100644 " + hashA + " " + hashA + " one-letter", unmodified, unmodified},
         {"1 .M SC.. 160000 160000 160000 " + hashA + " " + hashA + " vendor/lib", unmodified, modified, false,
