@@ -7,6 +7,7 @@
 #include "support/GitFixture.h"
 #include "support/ServiceError.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <cerrno>
@@ -89,13 +90,9 @@ TEST(SubprocessExecutorStreaming, StreamedOutputPassesTheCapOnCapturedOutput) {
 }
 
 TEST(SubprocessExecutorFailures, MissingGitGivesAClearError) {
-    auto executor = executorFor("/nonexistent/git");
-    try {
-        executor->execute({"status"}, "/r");
-        FAIL() << "expected an error";
-    } catch (const std::system_error& error) {
-        EXPECT_NE(std::string(error.what()).find("Could not run git at /nonexistent/git"), std::string::npos);
-    }
+    EXPECT_THAT([] { executorFor("/nonexistent/git")->execute({"status"}, "/r"); },
+                ::testing::ThrowsMessage<std::system_error>(
+                    ::testing::HasSubstr("Could not run git at /nonexistent/git")));
 }
 
 TEST(SubprocessExecutorEnvironment, PathPromptLocaleAskpassAndExtras) {
