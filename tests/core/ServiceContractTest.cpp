@@ -73,9 +73,12 @@ Lines statusLines(const StatusResult& status) {
     return lines;
 }
 
+// Every case starts from a repository whose "main" and "topic" diverge on one file.
 template <typename Side>
 class ServiceContract : public ::testing::Test {
   protected:
+    ServiceContract() { repo.divergeOnOneFile(); }
+
     // Starts the service under test over the repository as the case has prepared it.
     GitServiceProtocol& start() {
         service_ = Side::start(real_, repo.path());
@@ -122,7 +125,6 @@ TYPED_TEST_SUITE(ServiceContract, Sides);
 } // namespace
 
 TYPED_TEST(ServiceContract, StagingMovesFilesBetweenIndexAndWorkTree) {
-    this->repo.divergeOnOneFile();
     this->repo.write("file", "staged\n");
     this->repo.git({"add", "file"});
     this->repo.write("other", "changed\n");
@@ -152,7 +154,6 @@ TYPED_TEST(ServiceContract, StagingMovesFilesBetweenIndexAndWorkTree) {
 }
 
 TYPED_TEST(ServiceContract, CommitAndAmendReadTheNewCommitBack) {
-    this->repo.divergeOnOneFile();
     const std::string parent = this->repo.head();
     this->repo.write("new", "new\n");
     GitServiceProtocol& s = this->start();
@@ -177,7 +178,6 @@ TYPED_TEST(ServiceContract, CommitAndAmendReadTheNewCommitBack) {
 }
 
 TYPED_TEST(ServiceContract, BranchesAreCreatedCheckedOutRenamedAndDeleted) {
-    this->repo.divergeOnOneFile();
     this->repo.git({"branch", "merged-one", "HEAD~1"});
     const std::string topic = this->repo.rev("topic");
     GitServiceProtocol& s = this->start();
@@ -210,7 +210,6 @@ TYPED_TEST(ServiceContract, BranchesAreCreatedCheckedOutRenamedAndDeleted) {
 }
 
 TYPED_TEST(ServiceContract, MergeOutcomesFollowTheHistoryAndAConflictCanBeAborted) {
-    this->repo.divergeOnOneFile();
     this->repo.git({"branch", "behind", "HEAD~1"});
     this->repo.git({"checkout", "-q", "-b", "ahead"});
     const std::string ahead = this->repo.commitAll("ahead");
@@ -240,7 +239,6 @@ TYPED_TEST(ServiceContract, MergeOutcomesFollowTheHistoryAndAConflictCanBeAborte
 }
 
 TYPED_TEST(ServiceContract, ConflictSidesTakeOursOrTheirs) {
-    this->repo.divergeOnOneFile();
     GitServiceProtocol& s = this->start();
     const RepoEntry& repo = this->entry;
     this->conflictsOnContent({"file"});
@@ -257,7 +255,6 @@ TYPED_TEST(ServiceContract, ConflictSidesTakeOursOrTheirs) {
 }
 
 TYPED_TEST(ServiceContract, RebaseOutcomesAndAbort) {
-    this->repo.divergeOnOneFile();
     this->repo.git({"checkout", "-q", "topic"});
     this->repo.git({"branch", "below", "HEAD~1"});
     const std::string topic = this->repo.head();
@@ -282,7 +279,6 @@ TYPED_TEST(ServiceContract, RebaseOutcomesAndAbort) {
 }
 
 TYPED_TEST(ServiceContract, TagsAreListedByNameCheckedOutAndDeleted) {
-    this->repo.divergeOnOneFile();
     const std::string head = this->repo.head();
     const std::string base = this->repo.rev("HEAD~1");
     GitServiceProtocol& s = this->start();
@@ -316,7 +312,6 @@ TYPED_TEST(ServiceContract, TagsAreListedByNameCheckedOutAndDeleted) {
 }
 
 TYPED_TEST(ServiceContract, StashesSaveApplyDropAndPop) {
-    this->repo.divergeOnOneFile();
     this->repo.write("file", "changed\n");
     this->repo.write("new", "new\n");
     GitServiceProtocol& s = this->start();
@@ -354,7 +349,6 @@ TYPED_TEST(ServiceContract, StashesSaveApplyDropAndPop) {
 
 TYPED_TEST(ServiceContract, RemotesAreListedAddedRemovedAndChecked) {
     TempRepo origin(TempRepo::Kind::bare);
-    this->repo.divergeOnOneFile();
     this->repo.git({"remote", "add", "origin", origin.path()});
     GitServiceProtocol& s = this->start();
     const RepoEntry& repo = this->entry;
@@ -390,7 +384,6 @@ TYPED_TEST(ServiceContract, RemotesAreListedAddedRemovedAndChecked) {
 }
 
 TYPED_TEST(ServiceContract, CherryPickRevertAndResetRewriteTheHistory) {
-    this->repo.divergeOnOneFile();
     this->repo.git({"checkout", "-q", "-b", "pick", "HEAD~1"});
     this->repo.write("picked", "picked\n");
     const std::string picked = this->repo.commitAll("add picked");
