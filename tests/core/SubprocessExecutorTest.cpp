@@ -12,7 +12,6 @@
 
 #include <cerrno>
 #include <filesystem>
-#include <sys/stat.h>
 #include <sys/wait.h>
 #include <system_error>
 
@@ -23,10 +22,8 @@ namespace {
 
 // A fake git: a script with `body`, made executable.
 std::string fakeGit(const TempDir& dir, const std::string& body, const std::string& name = "git") {
-    const std::string path = dir / name;
-    test::writeFile(path, "#!/bin/sh\n" + body + "\n");
-    ::chmod(path.c_str(), 0755);
-    return path;
+    test::writeScript(dir / name, "#!/bin/sh\n" + body + "\n");
+    return dir / name;
 }
 
 std::unique_ptr<SubprocessExecutor> executorFor(const std::string& gitPath,
