@@ -1,7 +1,6 @@
 // The blame parser over real `git blame --porcelain` output, checked line by line against
 // `git blame --line-porcelain` of the same file, which repeats every commit's details on every line.
 #include "DatedCommits.h"
-#include "RecordPrinters.h"
 
 #include "core/parsers/BlameParser.h"
 #include "core/support/Text.h"
