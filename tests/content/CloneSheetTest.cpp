@@ -131,10 +131,8 @@ TEST(CloneSheet, EmptyRepositoryGetsItsFirstCommitAndPushAndAFailedPushKeepsTheC
         test::TempDir place;
         const std::string remote = place / "empty.git";
         test::git(place.path(), {"init", "--bare", "-b", "main", remote});
-        if (rejectPush) {
-            test::writeFile(remote + "/hooks/pre-receive", "#!/bin/sh\necho refused >&2\nexit 1\n");
-            std::filesystem::permissions(remote + "/hooks/pre-receive", std::filesystem::perms::owner_all);
-        }
+        if (rejectPush)
+            test::writeScript(remote + "/hooks/pre-receive", "#!/bin/sh\necho refused >&2\nexit 1\n");
         test::WelcomeOnRealGit welcome;
         welcome.defaults->setValue("emptyRepoInitFile", rejectPush ? "gitkeep" : "readme");
         CloneSheet* sheet = fillCloneSheet(welcome, remote, place / "work");

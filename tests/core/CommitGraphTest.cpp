@@ -40,18 +40,15 @@ std::string writeCommitObject(const TempRepo& repo, const std::vector<std::strin
     return hash;
 }
 
-class CommitGraphOfRepository : public ::testing::Test {
+class CommitGraphOfRepository : public test::RepositoryTest {
   protected:
     std::vector<GraphCommit> graph(long limit = 100) {
-        return test::await(git.service.commitGraph(test::RealGitService::repoAt(repo.path()), limit));
+        return test::await(real.service.commitGraph(entry(), limit));
     }
     // What the detail pane reads of one commit.
     CommitEntry details(const std::string& hash) {
-        return test::await(git.service.commitDetails(test::RealGitService::repoAt(repo.path()), hash));
+        return test::await(real.service.commitDetails(entry(), hash));
     }
-
-    TempRepo repo;
-    test::RealGitService git;
 };
 
 } // namespace
@@ -152,9 +149,8 @@ TEST_F(CommitGraphOfRepository, LocalBranchNamedLikeARemoteBranchDependsOnTheRem
     test::TempRepo remote(test::TempRepo::Kind::bare);
     repo.git({"remote", "add", "elsewhere", remote.path()});
     EXPECT_EQ(refTypeOfOriginX(), GraphRefType::localBranch);
-    const RepoEntry entry = test::RealGitService::repoAt(repo.path());
-    auto adding = git.service.addRemote(entry, "origin", remote.path());
-    auto loading = git.service.commitGraph(entry, 100);
+    auto adding = real.service.addRemote(entry(), "origin", remote.path());
+    auto loading = real.service.commitGraph(entry(), 100);
     test::await(std::move(adding));
     const auto refs = test::await(std::move(loading)).front().refs;
     EXPECT_NE(std::ranges::find(refs, GraphRef{"origin/x", GraphRefType::remoteBranch, false}), refs.end());
@@ -185,8 +181,7 @@ TEST_F(CommitGraphOfRepository, HistoryFollowsHeadOnlyWithRawDecorations) {
     repo.git({"checkout", "-q", "main"});
     const std::string second = repo.commitAll("second");
 
-    const auto history =
-        test::await(git.service.commitHistory(test::RealGitService::repoAt(repo.path()), 10));
+    const auto history = test::await(real.service.commitHistory(entry(), 10));
     ASSERT_EQ(history.size(), 2u);
     EXPECT_EQ(history[0].hash, second);
     EXPECT_EQ(history[0].refs, std::vector<std::string>{"HEAD -> main"});
@@ -200,6 +195,5 @@ TEST_F(CommitGraphOfRepository, HistoryFollowsHeadOnlyWithRawDecorations) {
     EXPECT_TRUE(history[1].parentHashes.empty());
     using namespace std::chrono;
     EXPECT_EQ(history[1].authorDate, sys_days{year{2026} / 3 / 4} + hours{3} + minutes{6} + seconds{7});
-    EXPECT_EQ(test::await(git.service.commitHistory(test::RealGitService::repoAt(repo.path()), 1)).size(),
-              1u);
+    EXPECT_EQ(test::await(real.service.commitHistory(entry(), 1)).size(), 1u);
 }

@@ -8,10 +8,9 @@
 #include "core/service/GitServiceError.h"
 #include "core/support/UserDefaults.h"
 #include "support/Await.h"
+#include "support/Eventually.h"
 #include "support/GitFixture.h"
 #include "support/SilentRemote.h"
-
-#include <QCoreApplication>
 
 #include <QCoro/QCoroTask>
 
@@ -55,17 +54,10 @@ void waitUntilIdle(const GitOpRunner& runner) {
         std::this_thread::sleep_for(2ms);
 }
 
-// Spins the event loop until `condition` holds; false after a generous time-out, so that a stall
-// fails the test instead of hanging it.
+// A generous time-out, so that a stall fails the test instead of hanging it.
 template <typename Condition>
 bool eventually(Condition condition) {
-    const auto deadline = std::chrono::steady_clock::now() + 60s;
-    while (!condition()) {
-        if (std::chrono::steady_clock::now() > deadline)
-            return false;
-        QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
-    }
-    return true;
+    return test::eventually(condition, 60s);
 }
 
 // The errno of the std::system_error that `task` ends with; 0 for any other outcome.

@@ -42,13 +42,6 @@ const std::string hostileMessage = "Fix 'single' and \"double\" quotes\n\n"
                                    "$(touch pwned) `touch pwned` back\\slash \\n %s %%\n"
                                    "it's the third line";
 
-std::string writeScript(const TempDir& dir, const std::string& name, const std::string& text) {
-    const std::string path = dir / name;
-    test::writeFile(path, text);
-    std::filesystem::permissions(path, std::filesystem::perms(0755));
-    return path;
-}
-
 // Runs `script` with sh as git does, giving it `argument` as "$1"; returns the exit code.
 int runWithSh(const std::string& script, const std::string& argument) {
     QProcess sh;
@@ -131,8 +124,9 @@ TEST(RebaseTodoScriptTest, RewordScriptWritesHostileMessagesByteForByte) {
     TempDir dir;
     const std::string gitDir = dir / "it's \"a\" $(dir)/.git/";
     std::filesystem::create_directories(gitDir + "rebase-merge");
-    const std::string script = writeScript(
-        dir, "reword.sh", RebaseTodo::rewordEditorScript(gitDir, {{2, hostileMessage}, {5, "  spaced\n\n"}}));
+    const std::string script = dir / "reword.sh";
+    test::writeScript(script,
+                      RebaseTodo::rewordEditorScript(gitDir, {{2, hostileMessage}, {5, "  spaced\n\n"}}));
     const std::string messageFile = dir / "COMMIT_EDITMSG";
 
     const auto runAtStep = [&](const std::optional<std::string>& msgnum) {

@@ -46,8 +46,11 @@ struct MockSide {
     // histories conflict on.
     static void conflictsOnContent(GitServiceProtocol& service, const Lines& paths) {
         std::vector<ConflictEntry> files;
-        for (const auto& path : paths)
-            files.push_back({QUuid::createUuid(), path});
+        for (const auto& path : paths) {
+            ConflictEntry& file = files.emplace_back();
+            file.id = QUuid::createUuid();
+            file.path = path;
+        }
         auto& mock = dynamic_cast<MockGitService&>(service);
         mock.mergeOutcome = Conflicted{files};
         mock.rebaseOutcome = RebaseStop{"", 0, 0, files};
@@ -70,9 +73,12 @@ Lines statusLines(const StatusResult& status) {
     return lines;
 }
 
+// Every case starts from a repository whose "main" and "topic" diverge on one file.
 template <typename Side>
 class ServiceContract : public ::testing::Test {
   protected:
+    ServiceContract() { repo.divergeOnOneFile(); }
+
     // Starts the service under test over the repository as the case has prepared it.
     GitServiceProtocol& start() {
         service_ = Side::start(real_, repo.path());
@@ -119,7 +125,6 @@ TYPED_TEST_SUITE(ServiceContract, Sides);
 } // namespace
 
 TYPED_TEST(ServiceContract, StagingMovesFilesBetweenIndexAndWorkTree) {
-    this->repo.divergeOnOneFile();
     this->repo.write("file", "staged\n");
     this->repo.git({"add", "file"});
     this->repo.write("other", "changed\n");
@@ -149,7 +154,6 @@ TYPED_TEST(ServiceContract, StagingMovesFilesBetweenIndexAndWorkTree) {
 }
 
 TYPED_TEST(ServiceContract, CommitAndAmendReadTheNewCommitBack) {
-    this->repo.divergeOnOneFile();
     const std::string parent = this->repo.head();
     this->repo.write("new", "new\n");
     GitServiceProtocol& s = this->start();
@@ -174,7 +178,6 @@ TYPED_TEST(ServiceContract, CommitAndAmendReadTheNewCommitBack) {
 }
 
 TYPED_TEST(ServiceContract, BranchesAreCreatedCheckedOutRenamedAndDeleted) {
-    this->repo.divergeOnOneFile();
     this->repo.git({"branch", "merged-one", "HEAD~1"});
     const std::string topic = this->repo.rev("topic");
     GitServiceProtocol& s = this->start();
@@ -207,7 +210,6 @@ TYPED_TEST(ServiceContract, BranchesAreCreatedCheckedOutRenamedAndDeleted) {
 }
 
 TYPED_TEST(ServiceContract, MergeOutcomesFollowTheHistoryAndAConflictCanBeAborted) {
-    this->repo.divergeOnOneFile();
     this->repo.git({"branch", "behind", "HEAD~1"});
     this->repo.git({"checkout", "-q", "-b", "ahead"});
     const std::string ahead = this->repo.commitAll("ahead");
@@ -237,7 +239,6 @@ TYPED_TEST(ServiceContract, MergeOutcomesFollowTheHistoryAndAConflictCanBeAborte
 }
 
 TYPED_TEST(ServiceContract, ConflictSidesTakeOursOrTheirs) {
-    this->repo.divergeOnOneFile();
     GitServiceProtocol& s = this->start();
     const RepoEntry& repo = this->entry;
     this->conflictsOnContent({"file"});
@@ -254,7 +255,6 @@ TYPED_TEST(ServiceContract, ConflictSidesTakeOursOrTheirs) {
 }
 
 TYPED_TEST(ServiceContract, RebaseOutcomesAndAbort) {
-    this->repo.divergeOnOneFile();
     this->repo.git({"checkout", "-q", "topic"});
     this->repo.git({"branch", "below", "HEAD~1"});
     const std::string topic = this->repo.head();
@@ -279,7 +279,6 @@ TYPED_TEST(ServiceContract, RebaseOutcomesAndAbort) {
 }
 
 TYPED_TEST(ServiceContract, TagsAreListedByNameCheckedOutAndDeleted) {
-    this->repo.divergeOnOneFile();
     const std::string head = this->repo.head();
     const std::string base = this->repo.rev("HEAD~1");
     GitServiceProtocol& s = this->start();
@@ -313,7 +312,6 @@ TYPED_TEST(ServiceContract, TagsAreListedByNameCheckedOutAndDeleted) {
 }
 
 TYPED_TEST(ServiceContract, StashesSaveApplyDropAndPop) {
-    this->repo.divergeOnOneFile();
     this->repo.write("file", "changed\n");
     this->repo.write("new", "new\n");
     GitServiceProtocol& s = this->start();
@@ -351,7 +349,6 @@ TYPED_TEST(ServiceContract, StashesSaveApplyDropAndPop) {
 
 TYPED_TEST(ServiceContract, RemotesAreListedAddedRemovedAndChecked) {
     TempRepo origin(TempRepo::Kind::bare);
-    this->repo.divergeOnOneFile();
     this->repo.git({"remote", "add", "origin", origin.path()});
     GitServiceProtocol& s = this->start();
     const RepoEntry& repo = this->entry;
@@ -387,7 +384,6 @@ TYPED_TEST(ServiceContract, RemotesAreListedAddedRemovedAndChecked) {
 }
 
 TYPED_TEST(ServiceContract, CherryPickRevertAndResetRewriteTheHistory) {
-    this->repo.divergeOnOneFile();
     this->repo.git({"checkout", "-q", "-b", "pick", "HEAD~1"});
     this->repo.write("picked", "picked\n");
     const std::string picked = this->repo.commitAll("add picked");

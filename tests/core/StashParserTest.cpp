@@ -1,7 +1,6 @@
 // The stash list parser over real `git stash list` output: stashes made on a branch, with
 // untracked files, in detached state and stored by hand, then the same output cut and bent.
 #include "DatedCommits.h"
-#include "RecordPrinters.h"
 
 #include "core/parsers/StashParser.h"
 #include "core/support/Text.h"

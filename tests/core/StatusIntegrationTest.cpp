@@ -17,16 +17,13 @@ using test::TempRepo;
 
 namespace {
 
-class StatusOfARealRepository : public ::testing::Test {
+class StatusOfARealRepository : public test::RepositoryTest {
   protected:
-    test::RealGitService real;
     SubprocessExecutor& executor = *real.executor;
-    TempRepo repo;
 
     std::map<std::string, FileChange> statusByPath() {
-        const RepoEntry entry = test::RealGitService::repoAt(repo.path());
         std::map<std::string, FileChange> byPath;
-        for (auto& file : test::await(real.service.status(entry)).files)
+        for (auto& file : test::await(real.service.status(entry())).files)
             byPath.emplace(file.path, file);
         return byPath;
     }

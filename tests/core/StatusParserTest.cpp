@@ -34,31 +34,31 @@ TEST(StatusParserOrdinary, PathKeepsItsBlanksAndSidesComeFromXY) {
     EXPECT_FALSE(files[0].isSubmodule);
 }
 
-TEST(StatusParserOrdinary, EveryStatusLetterAndUnknownOnes) {
-    const auto files = parseStatusResult(records({
-        "1 AD N... 000000 100644 000000 " + zeros + " " + hashA + " added-then-deleted",
-        "1 .T N... 100644 100644 120000 " + hashA + " " + hashA + " type-changed",
-        "1 X? N... 100644 100644 100644 " + hashA + " " + hashA + " unknown-letters",
-        "1 M N... 100644 100644 100644 " + hashA + " " + hashA + " one-letter-code",
-    }));
-    ASSERT_EQ(files.size(), 4u);
-    EXPECT_EQ(files[0].status, FileStatusKind::tracked(TrackedStatus::added, TrackedStatus::deleted));
-    EXPECT_EQ(files[1].status,
-              FileStatusKind::tracked(TrackedStatus::unmodified, TrackedStatus::typeChanged));
-    EXPECT_TRUE(files[1].isSymlink);
-    EXPECT_EQ(files[2].status, FileStatusKind::tracked(TrackedStatus::unmodified, TrackedStatus::unmodified));
-    EXPECT_EQ(files[3].status, FileStatusKind::tracked(TrackedStatus::unmodified, TrackedStatus::unmodified));
-}
-
-TEST(StatusParserOrdinary, SymlinkTurnedIntoAFileAndSubmodule) {
-    const auto files = parseStatusResult(records({
-        "1 .T N... 120000 120000 100644 " + hashA + " " + hashA + " link",
-        "1 .M SC.. 160000 160000 160000 " + hashA + " " + hashA + " vendor/lib",
-    }));
-    ASSERT_EQ(files.size(), 2u);
-    EXPECT_TRUE(files[0].isSymlink);
-    EXPECT_TRUE(files[1].isSubmodule);
-    EXPECT_FALSE(files[1].isSymlink);
+TEST(StatusParserOrdinary, EveryStatusLetterUnknownOnesSymlinksAndSubmodules) {
+    using enum TrackedStatus;
+    const struct {
+        std::string record;
+        TrackedStatus index, worktree;
+        bool symlink = false, submodule = false;
+    } cases[] = {
+        {"1 AD N... 000000 100644 000000 " + zeros + " " + hashA + " added-then-deleted", added, deleted},
+        {"1 .T N... 100644 100644 120000 " + hashA + " " + hashA + " became-link", unmodified, typeChanged,
+         true},
+        {"1 .T N... 120000 120000 100644 " + hashA + " " + hashA + " was-link", unmodified, typeChanged,
+         true},
+        {"1 X? N... 100644 100644 100644 " + hashA + " " + hashA + " unknown", unmodified, unmodified},
+        {"1 M N... 100644 100644 100644 " + hashA + " " + hashA + " one-letter", unmodified, unmodified},
+        {"1 .M SC.. 160000 160000 160000 " + hashA + " " + hashA + " vendor/lib", unmodified, modified, false,
+         true},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.record);
+        const auto files = parseStatusResult(records({c.record}));
+        ASSERT_EQ(files.size(), 1u);
+        EXPECT_EQ(files[0].status, FileStatusKind::tracked(c.index, c.worktree));
+        EXPECT_EQ(files[0].isSymlink, c.symlink);
+        EXPECT_EQ(files[0].isSubmodule, c.submodule);
+    }
 }
 
 TEST(StatusParserRenames, OriginalPathIsTheNextRecordWhateverItLooksLike) {

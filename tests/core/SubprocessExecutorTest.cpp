@@ -7,11 +7,11 @@
 #include "support/GitFixture.h"
 #include "support/ServiceError.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <cerrno>
 #include <filesystem>
-#include <sys/stat.h>
 #include <sys/wait.h>
 #include <system_error>
 
@@ -22,10 +22,8 @@ namespace {
 
 // A fake git: a script with `body`, made executable.
 std::string fakeGit(const TempDir& dir, const std::string& body, const std::string& name = "git") {
-    const std::string path = dir / name;
-    test::writeFile(path, "#!/bin/sh\n" + body + "\n");
-    ::chmod(path.c_str(), 0755);
-    return path;
+    test::writeScript(dir / name, "#!/bin/sh\n" + body + "\n");
+    return dir / name;
 }
 
 std::unique_ptr<SubprocessExecutor> executorFor(const std::string& gitPath,
@@ -89,13 +87,9 @@ TEST(SubprocessExecutorStreaming, StreamedOutputPassesTheCapOnCapturedOutput) {
 }
 
 TEST(SubprocessExecutorFailures, MissingGitGivesAClearError) {
-    auto executor = executorFor("/nonexistent/git");
-    try {
-        executor->execute({"status"}, "/r");
-        FAIL() << "expected an error";
-    } catch (const std::system_error& error) {
-        EXPECT_NE(std::string(error.what()).find("Could not run git at /nonexistent/git"), std::string::npos);
-    }
+    EXPECT_THAT([] { executorFor("/nonexistent/git")->execute({"status"}, "/r"); },
+                ::testing::ThrowsMessage<std::system_error>(
+                    ::testing::HasSubstr("Could not run git at /nonexistent/git")));
 }
 
 TEST(SubprocessExecutorEnvironment, PathPromptLocaleAskpassAndExtras) {

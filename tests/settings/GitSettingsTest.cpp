@@ -35,11 +35,6 @@ using namespace orvel;
 
 namespace {
 
-void writeScript(const std::string& path, const std::string& content) {
-    test::writeFile(path, content);
-    std::filesystem::permissions(path, std::filesystem::perms::owner_all);
-}
-
 class GitSettingsOnRealGit : public ::testing::Test {
   protected:
     GitSettingsOnRealGit() {
@@ -146,12 +141,13 @@ TEST_F(GitSettingsOnRealGit, ApplyThenCancelKeepsWhatWasAppliedAndDropsTheRest) 
 TEST_F(GitSettingsOnRealGit, AFileThatIsNotAWorkingGitIsRefusedAndAChosenGitRunsEveryLaterCommand) {
     const std::string silent = dir / "not-executable";
     test::writeFile(silent, "#!/bin/sh\necho git version 1\n");
-    writeScript(dir / "fails", "#!/bin/sh\necho git version 1\nexit 1\n");
-    writeScript(dir / "other-program", "#!/bin/sh\necho other-program 1.0\n");
-    writeScript(dir / "no-interpreter", "#!/nowhere/sh\n");
+    test::writeScript(dir / "fails", "#!/bin/sh\necho git version 1\nexit 1\n");
+    test::writeScript(dir / "other-program", "#!/bin/sh\necho other-program 1.0\n");
+    test::writeScript(dir / "no-interpreter", "#!/nowhere/sh\n");
     // A git of the user's own that notes each run, to show which git the executor starts.
     const std::string wrapper = dir / "my-git";
-    writeScript(wrapper, "#!/bin/sh\necho \"$@\" >> '" + dir / "runs" + "'\nexec /usr/bin/git \"$@\"\n");
+    test::writeScript(wrapper,
+                      "#!/bin/sh\necho \"$@\" >> '" + dir / "runs" + "'\nexec /usr/bin/git \"$@\"\n");
     defaults.setValue("gitBinaryPath", QString::fromStdString(wrapper));
     auto model = loadedModel({QString::fromStdString(dir / "missing"), "/usr/bin/git"});
     ASSERT_EQ(model->availableBinaries().size(), 2u);

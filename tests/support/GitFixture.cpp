@@ -89,6 +89,11 @@ void writeFile(const std::string& path, const std::string& content) {
     file << content;
 }
 
+void writeScript(const std::string& path, const std::string& content) {
+    writeFile(path, content);
+    fs::permissions(path, fs::perms::owner_all);
+}
+
 std::string readFile(const std::string& path) {
     std::ifstream file(path, std::ios::binary);
     std::ostringstream content;

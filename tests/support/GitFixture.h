@@ -44,6 +44,8 @@ std::string git(const std::string& directory, const std::vector<std::string>& ar
 GitRun gitAllowingFailure(const std::string& directory, const std::vector<std::string>& arguments);
 
 void writeFile(const std::string& path, const std::string& content);
+// Writes `content` to `path` and lets its owner run it.
+void writeScript(const std::string& path, const std::string& content);
 std::string readFile(const std::string& path);
 
 // A repository in a TempDir: "git init" with branch "main" unless `bare` asks otherwise.

@@ -11,8 +11,7 @@ namespace orvel::test {
 SilentRemote::SilentRemote(const std::string& directory, const std::string& name)
     : script_(directory + "/silent-" + name + ".sh"), marker_(directory + "/silent-" + name + ".reached") {
     // The shell keeps its stdout, the connection to git, open while cat drains the requests.
-    writeFile(script_, "#!/bin/sh\n: > '" + marker_ + "'\ncat > /dev/null\n");
-    std::filesystem::permissions(script_, std::filesystem::perms::owner_all);
+    writeScript(script_, "#!/bin/sh\n: > '" + marker_ + "'\ncat > /dev/null\n");
 }
 
 void SilentRemote::addTo(const std::string& repo) const {
