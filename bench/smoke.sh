@@ -51,7 +51,7 @@ echo "$line"
 [[ "$line" =~ ^scenario=history-full-tiny\ ours_ms=[0-9.]+\ git_ms=[0-9.]+\ ratio=[0-9.]+\ paired_ratio=[0-9.]+\ rows=300\ peak_rss_mb=[0-9.]+\ frame_ms=[0-9.]+$ ]]
 line=$("$tool" --scenario rebase-preview-50 --tiny --rounds 2 --repo "$work/rebase" 2>/dev/null)
 echo "$line"
-[[ "$line" =~ ^scenario=rebase-preview-tiny\ ours_ms=[0-9.]+\ git_ms=[0-9.]+\ ratio=[0-9.]+\ .*\ steps=8\ conflicts=0\ merge_tree_only_ms=[0-9.]+\ reprediction_ms=[0-9.]+$ ]]
+[[ "$line" =~ ^scenario=rebase-preview-tiny\ ours_ms=[0-9.]+\ git_ms=[0-9.]+\ ratio=[0-9.]+\ .*\ steps=8\ conflicts=0\ merge_tree_only_ms=[0-9.]+\ reprediction_ms=[0-9.]+\ reprediction_end_ms=[0-9.]+\ reprediction_start_ms=[0-9.]+$ ]]
 line=$("$tool" --scenario discard-journal --tiny --rounds 2 --repo "$work/discard" 2>/dev/null)
 echo "$line"
 [[ "$line" =~ ^scenario=discard-journal-tiny\ ours_ms=[0-9.]+\ git_ms=[0-9.]+\ ratio=[0-9.]+\ paired_ratio=[0-9.]+\ files=50\ failures=0$ ]]

@@ -2,11 +2,14 @@
 // line that changed every one of those files elsewhere (and two of them on the same lines), so that
 // every step is a real three-way merge. Ours predicts the whole plan through the service; git's
 // side runs, for the same steps, the commands git 2.39 needs for a pick on a tree (`commit-tree`
-// for the throw-away base, then `merge-tree`), each step on the tree the one before left. The line
-// also reports merge-tree's share alone and one re-prediction after two rows swapped places.
+// for the throw-away base, then `merge-tree`), each step on the tree the one before left; every
+// round of ours starts from an empty cache of steps. The line also reports merge-tree's share
+// alone and one re-prediction after two rows swapped places, in the middle, at the end and at the
+// start of the plan, each after the plan as it was had been predicted into the same cache.
 #include "e2e/Scenario.h"
 #include "e2e/SyntheticRepo.h"
 
+#include "core/commands/MergePredictionCache.h"
 #include "core/parsers/MergeTreeParser.h"
 #include "core/service/NativeGitService.h"
 
@@ -68,8 +71,12 @@ int runRebasePreview(const ScenarioOptions& options) {
     RebasePlan plan{"main", QCoro::waitFor(service.rebaseTodoList(bench.repo, "main"))};
     if (plan.entries.size() != steps)
         return 1;
-    RebasePlan reordered = plan;
-    std::swap(reordered.entries[steps / 2], reordered.entries[steps / 2 + 1]);
+    // The plan with the rows at `row` and the one after it swapped.
+    const auto swappedAt = [&plan](std::size_t row) {
+        RebasePlan swapped = plan;
+        std::swap(swapped.entries[row], swapped.entries[row + 1]);
+        return swapped;
+    };
 
     // The steps as git's side runs them: each commit, its parent, and the tree the plan starts on.
     const auto trimmedLine = [](std::string text) { return text.substr(0, text.find('\n')); };
@@ -98,7 +105,8 @@ int runRebasePreview(const ScenarioOptions& options) {
     std::size_t conflicts = 0;
     const auto runOurs = [&] {
         conflicts = 0;
-        for (const auto& prediction : QCoro::waitFor(service.predictRebase(bench.repo, plan)))
+        const auto cache = std::make_shared<MergePredictionCache>();
+        for (const auto& prediction : QCoro::waitFor(service.predictRebase(bench.repo, plan, cache)))
             conflicts += prediction.outcome == MergePrediction::Outcome::conflicts;
     };
     runOurs(); // warms caches and the discovery of git
@@ -106,14 +114,26 @@ int runRebasePreview(const ScenarioOptions& options) {
     alternate(options.rounds, [&] { git.measure([&] { runGitSteps(true); }); }, [&] { ours.measure(runOurs); });
     for (int round = 0; round < options.rounds; ++round)
         mergeTreeOnly.measure([&] { runGitSteps(false); });
-    std::vector<double> reprediction;
-    for (int round = 0; round < options.rounds; ++round)
-        reprediction.push_back(
-            milliseconds([&] { QCoro::waitFor(service.predictRebase(bench.repo, round % 2 ? plan : reordered)); }));
+    // The median time to predict the plan swapped at `row`, with the plan as it was predicted first.
+    const auto repredicted = [&](std::size_t row) {
+        const RebasePlan changed = swappedAt(row);
+        std::vector<double> times;
+        for (int round = 0; round < options.rounds; ++round) {
+            const auto cache = std::make_shared<MergePredictionCache>();
+            QCoro::waitFor(service.predictRebase(bench.repo, plan, cache));
+            times.push_back(
+                milliseconds([&] { QCoro::waitFor(service.predictRebase(bench.repo, changed, cache)); }));
+        }
+        return median(times);
+    };
 
-    char extra[200];
-    std::snprintf(extra, sizeof extra, " steps=%zu conflicts=%zu merge_tree_only_ms=%.2f reprediction_ms=%.2f",
-                  steps, conflicts, median(mergeTreeOnly.wall), median(reprediction));
+    char extra[300];
+    std::snprintf(
+        extra, sizeof extra,
+        " steps=%zu conflicts=%zu merge_tree_only_ms=%.2f reprediction_ms=%.2f reprediction_end_ms=%.2f"
+        " reprediction_start_ms=%.2f",
+        steps, conflicts, median(mergeTreeOnly.wall), repredicted(steps / 2), repredicted(steps - 2),
+        repredicted(0));
     report(options.tiny ? "rebase-preview-tiny" : "rebase-preview-50", ours, git, extra);
     return conflicts == (options.tiny ? 0U : 2U) ? 0 : 1;
 }

@@ -21,9 +21,9 @@ QString GraphConfirmation::title() const {
     case Kind::mixedReset:
         return localized("Mixed Reset");
     case Kind::cherryPick:
-        return localized("Cherry-pick onto Dirty Working Tree");
+        return dirtyTree ? localized("Cherry-pick onto Dirty Working Tree") : localized("Cherry-pick Commit");
     case Kind::revert:
-        return localized("Revert onto Dirty Working Tree");
+        return dirtyTree ? localized("Revert onto Dirty Working Tree") : localized("Revert Commit");
     }
     return {};
 }
@@ -45,10 +45,14 @@ QString GraphConfirmation::text() const {
             "unstaged. Uncommitted changes are preserved.",
             shortHash(hash));
     case Kind::cherryPick:
+        if (!dirtyTree)
+            return localized("Cherry-pick %1 onto the current branch?", shortHash(hash));
         return localized(
             "Cherry-pick %1 onto a working tree with uncommitted changes? Conflicts are possible.",
             shortHash(hash));
     case Kind::revert:
+        if (!dirtyTree)
+            return localized("Revert %1 on the current branch?", shortHash(hash));
         return localized("Revert %1 onto a working tree with uncommitted changes? Conflicts are possible.",
                          shortHash(hash));
     }
@@ -73,7 +77,8 @@ QString GraphConfirmation::predictionText(const std::optional<MergePrediction>& 
                                     files);
     }
     case MergePrediction::Outcome::unknown:
-        return localized("No conflict preview: %1", prediction->reason);
+        return prediction->reason.empty() ? QString()
+                                          : localized("No conflict preview: %1", prediction->reason);
     }
     return {};
 }

@@ -16,6 +16,7 @@ struct GraphConfirmation {
 
     Kind kind = Kind::hardReset;
     std::string hash;
+    bool dirtyTree = false; // a cherry-pick or revert onto uncommitted changes
 
     // The alert's title and message, in the current language.
     QString title() const;

@@ -129,8 +129,9 @@ class RepoGraphPaneViewModel final : public QObject {
     // is still selected: the rows may not have loaded yet.
     void selectCommit(std::string hash, bool userDriven = true);
 
-    // The context menu's actions on the commit `hash`. Resets always ask first; cherry-pick and
-    // revert ask only while the working tree has changes. Both raise confirmationRequested.
+    // The context menu's actions on the commit `hash`. Resets, cherry-picks and reverts ask first,
+    // through confirmationRequested; a cherry-pick's or revert's question also tells what git will
+    // do, and warns when the working tree has changes.
     void copyHash(const std::string& hash);
     QCoro::Task<void> copyMessage(std::string hash);
     void requestReset(const std::string& hash, ResetMode mode);

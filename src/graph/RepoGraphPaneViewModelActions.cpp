@@ -119,17 +119,11 @@ void RepoGraphPaneViewModel::requestReset(const std::string& hash, ResetMode mod
 }
 
 void RepoGraphPaneViewModel::requestCherryPick(const std::string& hash) {
-    if (isWorkingTreeDirty())
-        askToPick({GraphConfirmation::Kind::cherryPick, hash});
-    else
-        cherryPick(hash);
+    askToPick({GraphConfirmation::Kind::cherryPick, hash, isWorkingTreeDirty()});
 }
 
 void RepoGraphPaneViewModel::requestRevert(const std::string& hash) {
-    if (isWorkingTreeDirty())
-        askToPick({GraphConfirmation::Kind::revert, hash});
-    else
-        revert(hash);
+    askToPick({GraphConfirmation::Kind::revert, hash, isWorkingTreeDirty()});
 }
 
 QCoro::Task<void> RepoGraphPaneViewModel::askToPick(GraphConfirmation confirmation) {

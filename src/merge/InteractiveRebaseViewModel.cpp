@@ -53,7 +53,7 @@ QCoro::Task<void> InteractiveRebaseViewModel::predict() {
     isPredicting_ = true;
     emit predictionsChanged();
     auto service = service_;
-    auto run = service->predictRebase(repo_, plan, ticket.stopToken());
+    auto run = service->predictRebase(repo_, plan, predictionCache_, ticket.stopToken());
     std::vector<MergePrediction> answers;
     try {
         answers = co_await std::move(run);

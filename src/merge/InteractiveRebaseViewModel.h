@@ -3,6 +3,7 @@
 // repository rebasing, and the conflict banner takes over from there.
 #pragma once
 
+#include "core/commands/MergePredictionCache.h"
 #include "core/records/MergePrediction.h"
 #include "core/records/RepoEntry.h"
 #include "core/support/LoadGeneration.h"
@@ -46,7 +47,8 @@ class InteractiveRebaseViewModel final : public QObject {
     QCoro::Task<void> start();
 
     // Predicts which rows of the plan as it stands will stop on a conflict. A newer call (the plan
-    // changed again) cancels a running one; starting the rebase never waits for it.
+    // changed again) cancels a running one; starting the rebase never waits for it. The steps
+    // before the first row that changed are not worked out again.
     QCoro::Task<void> predict();
     bool isPredicting() const { return isPredicting_; }
     // The last finished prediction of the row `id`, while the plan is the one it was made for.
@@ -75,6 +77,7 @@ class InteractiveRebaseViewModel final : public QObject {
     LoadGeneration loads_;
     LoadGeneration predictionRuns_;
     std::map<QUuid, MergePrediction> predictions_;
+    std::shared_ptr<MergePredictionCache> predictionCache_ = std::make_shared<MergePredictionCache>();
     bool isPredicting_ = false;
     std::string unpredictableReason_;
 };

@@ -9,6 +9,7 @@
 #include "core/support/Log.h"
 #include "notices/ToastManager.h"
 #include "settings/LocalizationManager.h"
+#include "sidebar/MergeForecast.h"
 #include "sidebar/TagVersionOrder.h"
 
 #include <QPointer>
@@ -319,19 +320,7 @@ QString SidebarViewModel::pendingMergeForecast() const {
         return {};
     const BranchEntry* head = currentBranch();
     const std::string into = head ? head->name : "HEAD";
-    if (!pendingMergePrediction_)
-        return localized("Checking for conflicts…");
-    switch (pendingMergePrediction_->outcome) {
-    case MergePrediction::Outcome::clean:
-        return localized("Merging '%1' into '%2' will be clean.", pendingMerge_->name, into);
-    case MergePrediction::Outcome::conflicts:
-        return localized("Merging '%1' into '%2' will conflict in %3 file(s): %4", pendingMerge_->name, into,
-                         static_cast<int>(pendingMergePrediction_->files.size()),
-                         shownFiles(pendingMergePrediction_->files));
-    case MergePrediction::Outcome::unknown:
-        return localized("No conflict preview: %1", pendingMergePrediction_->reason);
-    }
-    return {};
+    return mergeForecast(pendingMergePrediction_, pendingMerge_->name, into);
 }
 
 QCoro::Task<void> SidebarViewModel::confirmMerge() {

@@ -1,11 +1,13 @@
 // The merge prediction against what git then does: for each kind of conflict, the predicted merge,
 // cherry-pick, revert and rebase stop on the same files as the real ones (or all are clean), and a
-// prediction leaves the working tree, the index and every ref as they were.
+// prediction leaves the working tree, the index and every ref as they were. A re-prediction works
+// out only the steps it has not seen, and a git too old to predict says why once.
 #include "RealGitService.h"
 
 #include "core/commands/MergePredictionCommands.h"
 #include "core/support/Text.h"
 #include "support/Await.h"
+#include "support/CountingExecutor.h"
 #include "support/GitFixture.h"
 
 #include <gtest/gtest.h>
@@ -110,7 +112,8 @@ TEST_F(MergePredictionOnRealGit, MatchesWhatTheRealMergePickRevertAndRebaseDo) {
         repo.git({"checkout", "-q", "topic"});
         const std::string topicBefore = snapshot(repo);
         const auto plan = RebasePlan{"main", await(real.service.rebaseTodoList(entry, "main"))};
-        const auto rebase = await(real.service.predictRebase(entry, plan));
+        const auto rebase =
+            await(real.service.predictRebase(entry, plan, std::make_shared<MergePredictionCache>()));
         EXPECT_EQ(snapshot(repo), topicBefore);
         repo.git({"checkout", "-q", "main"});
 
@@ -146,23 +149,34 @@ TEST_F(MergePredictionOnRealGit, FollowsThePlanAsTheUserReordersDropsAndSquashes
         copy.action = action;
         return copy;
     };
+    // The edits follow one another on one sheet, with one cache: each runs merge-tree only for the
+    // steps whose tree and commit no edit before it predicted (a step on its commit's own parent
+    // needs no merge at all).
     struct Case {
         const char* name;
         std::vector<RebaseTodoEntry> entries;
         std::optional<std::size_t> firstStop;
+        std::size_t merges;
     };
     const Case cases[] = {
-        {"as it was", {row(0), row(1), row(2)}, std::nullopt},
-        {"B before A", {row(1), row(0), row(2)}, 0},
-        {"A dropped", {row(0, RebaseAction::drop), row(1), row(2)}, 1},
-        {"B squashed into A", {row(0), row(1, RebaseAction::fixup), row(2)}, std::nullopt},
-        {"reversed", {row(2), row(1), row(0)}, 1},
-        {"reordered back", {row(2), row(0), row(1)}, std::nullopt},
+        {"as it was", {row(0), row(1), row(2)}, std::nullopt, 0},
+        {"B before A", {row(1), row(0), row(2)}, 0, 3},
+        {"A dropped", {row(0, RebaseAction::drop), row(1), row(2)}, 1, 1},
+        {"B squashed into A", {row(0), row(1, RebaseAction::fixup), row(2)}, std::nullopt, 0},
+        {"reversed", {row(2), row(1), row(0)}, 1, 3},
+        {"reordered back", {row(2), row(0), row(1)}, std::nullopt, 2},
     };
-    for (const auto& [name, entries, firstStop] : cases) {
+    const auto counting = std::make_shared<test::CountingExecutor>(real.executor);
+    NativeGitService service(counting, real.runner);
+    const auto cache = std::make_shared<MergePredictionCache>();
+    for (const auto& [name, entries, firstStop, merges] : cases) {
         SCOPED_TRACE(name);
         const RebasePlan plan{"main", entries};
-        const auto predictions = await(real.service.predictRebase(entry(), plan));
+        const auto predictions = await(service.predictRebase(entry(), plan, cache));
+        const auto calls = counting->takeCalls();
+        EXPECT_EQ(std::count_if(calls.begin(), calls.end(),
+                                [](const auto& call) { return call[0] == "merge-tree"; }),
+                  static_cast<long>(merges));
         ASSERT_EQ(predictions.size(), entries.size());
         const auto conflicting = std::find_if(predictions.begin(), predictions.end(), [](const auto& p) {
             return p.outcome == MergePrediction::Outcome::conflicts;
@@ -181,6 +195,21 @@ TEST_F(MergePredictionOnRealGit, FollowsThePlanAsTheUserReordersDropsAndSquashes
         }
         repo.git({"reset", "-q", "--hard", rows[2].hash});
     }
+}
+
+TEST_F(MergePredictionOnRealGit, AGitTooOldToPredictSaysWhyOnceAndRunsNothing) {
+    repo.write("f", "x\n");
+    repo.commitAll("base");
+    const auto old = std::make_shared<test::CountingExecutor>(real.executor, "git version 2.37.7");
+    NativeGitService service(old, real.runner);
+    const auto first = await(service.predictMerge(entry(), "main"));
+    EXPECT_EQ(first.outcome, MergePrediction::Outcome::unknown);
+    EXPECT_EQ(first.reason, "Conflict preview needs git 2.38 or later; this is git version 2.37.7");
+    EXPECT_EQ(await(service.predictPick(entry(), "main", true)), MergePrediction::unknown(""));
+    const RebasePlan plan{"main", {RebaseTodoEntry{}}};
+    EXPECT_EQ(await(service.predictRebase(entry(), plan, std::make_shared<MergePredictionCache>())),
+              std::vector{MergePrediction::unknown("")});
+    EXPECT_TRUE(old->takeCalls().empty());
 }
 
 TEST(MergePredictionVersion, NeedsGit238OrLater) {

@@ -306,11 +306,21 @@ TEST_F(GraphModelTest, ActionsAskFirstWhereTheyMustAndTellTheirOutcome) {
     EXPECT_EQ(lastToast(), "Reset failed: git reset failed: fatal: ambiguous argument 'x'");
     EXPECT_EQ(changed.count(), 1);
 
-    // A cherry-pick onto a clean tree runs at once; onto a dirty one it asks.
+    // A cherry-pick asks first, on a clean tree too, and its question tells what git will do; a
+    // git too old to tell, once it has said so, leaves only the question.
+    const QString shortHash = QString::fromStdString(hashOf(1).substr(0, 7));
     model.requestCherryPick(hashOf(1));
-    ASSERT_TRUE(QTest::qWaitFor([&] { return lastToast() == "Cherry-picked c1"; }));
-    EXPECT_TRUE(asked.isEmpty());
-    // The question tells what the revert will do once git has answered.
+    ASSERT_EQ(asked.count(), 1);
+    const auto pick = asked.takeFirst().at(0).value<GraphConfirmation>();
+    EXPECT_EQ(pick.title(), "Cherry-pick Commit");
+    EXPECT_EQ(pick.text(), "Cherry-pick " + shortHash + " onto the current branch?");
+    ASSERT_TRUE(QTest::qWaitFor([&] { return model.confirmationPrediction().has_value(); }));
+    EXPECT_EQ(pick.predictionText(model.confirmationPrediction()),
+              "Cherry-picking " + shortHash + " will be clean.");
+    EXPECT_EQ(pick.predictionText(MergePrediction::unknown("")), "");
+    test::await(model.confirm(pick));
+    EXPECT_EQ(lastToast(), "Cherry-picked c1");
+    // Onto changes, the revert's question warns of them and tells its conflicts.
     model.setWorkingTreeCounts(1, 0);
     service->predictions[hashOf(1)] = {MergePrediction::Outcome::conflicts, {"a.c", "b.h"}, {}};
     model.requestRevert(hashOf(1));

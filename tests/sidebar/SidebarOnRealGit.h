@@ -7,53 +7,13 @@
 #include "core/queue/GitOpRunner.h"
 #include "core/service/NativeGitService.h"
 #include "core/support/UserDefaults.h"
+#include "notices/ToastManager.h"
 #include "sidebar/SidebarViewModel.h"
+#include "support/CountingExecutor.h"
 #include "support/DrainQueue.h"
 #include "support/GitFixture.h"
-#include "notices/ToastManager.h"
-
-#include <mutex>
 
 namespace orvel::test {
-
-class CountingExecutor final : public GitExecutorProtocol {
-  public:
-    explicit CountingExecutor(std::shared_ptr<GitExecutorProtocol> git) : git_(std::move(git)) {}
-
-    std::string execute(const Arguments& arguments, const std::string& repoPath) override {
-        record(arguments);
-        return git_->execute(arguments, repoPath);
-    }
-    std::string executeWithEnvironment(const Arguments& arguments, const std::string& repoPath,
-                                       const Environment& environment) override {
-        record(arguments);
-        return git_->executeWithEnvironment(arguments, repoPath, environment);
-    }
-    void executeStreaming(const Arguments& arguments, const std::string& repoPath,
-                          const std::function<void(std::string_view)>& consume) override {
-        record(arguments);
-        git_->executeStreaming(arguments, repoPath, consume);
-    }
-    std::string resolvedGitPath() override { return git_->resolvedGitPath(); }
-    std::string gitVersion() override { return git_->gitVersion(); }
-    void setGitPathOverride(const std::optional<std::string>& path) override {
-        git_->setGitPathOverride(path);
-    }
-
-    std::vector<Arguments> takeCalls() {
-        std::lock_guard lock(mutex_);
-        return std::exchange(calls_, {});
-    }
-
-  private:
-    void record(const Arguments& arguments) {
-        std::lock_guard lock(mutex_);
-        calls_.push_back(arguments);
-    }
-    std::shared_ptr<GitExecutorProtocol> git_;
-    std::mutex mutex_;
-    std::vector<Arguments> calls_;
-};
 
 struct SidebarOnRealGit {
     TempRepo origin{TempRepo::Kind::bare};

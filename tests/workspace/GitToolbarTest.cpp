@@ -108,6 +108,49 @@ TEST_F(Toolbar, BadgesForceThroughTheWarningAndANamedStash) {
     EXPECT_EQ(local.read("a.txt"), "a");
 }
 
+// A pull that will merge asks first and tells, from the upstream as last fetched, which files the
+// merge will conflict in; nothing moves until the user agrees. A pull that fast-forwards does not ask.
+TEST_F(Toolbar, APullThatWillMergeAsksFirstAndTellsItsConflicts) {
+    commitElsewhere("file.txt", "theirs\n");
+    local.write("file.txt", "mine\n");
+    local.commitAll("mine");
+    local.git({"fetch", "-q", "origin"});
+    window.show();
+    WorkspaceTabState& tab = openLocal();
+    auto& pull = find<GitToolbarButton>("toolbar.pull");
+    ASSERT_TRUE(test::eventually([&] { return pull.badge() == 1; }));
+    const std::string head = local.head();
+
+    pull.click();
+    QMessageBox* box = openDialog<QMessageBox>();
+    ASSERT_TRUE(box);
+    EXPECT_EQ(box->objectName(), "toolbar.pull.confirmation");
+    EXPECT_EQ(box->text(), "Pull 'origin/main' by Merge?");
+    ASSERT_TRUE(test::eventually([&] {
+        return box->informativeText().contains(
+            "Merging 'origin/main' into 'main' will conflict in 1 file(s): file.txt");
+    })) << box->informativeText().toStdString();
+    EXPECT_TRUE(box->informativeText().contains("The preview uses 'origin/main' as last fetched."));
+    EXPECT_EQ(local.head(), head);
+    for (QAbstractButton* button : box->buttons())
+        if (button->text() == "Pull")
+            button->click();
+    ASSERT_TRUE(test::eventually([&] { return shown.contains("Pull conflict in 1 file(s)"); }));
+    test::drainQueue(*runner);
+    local.git({"merge", "--abort"});
+
+    local.git({"reset", "-q", "--hard", "origin/main"});
+    commitElsewhere("more.txt", "more\n");
+    local.git({"fetch", "-q", "origin"});
+    tab.refresh();
+    auto& push = find<GitToolbarButton>("toolbar.push");
+    ASSERT_TRUE(test::eventually([&] { return pull.badge() == 1 && push.badge() == 0; }));
+    pull.click();
+    ASSERT_TRUE(test::eventually([&] { return shown.contains("Pulled (fast-forward)"); }));
+    EXPECT_FALSE(window.findChild<QMessageBox*>("toolbar.pull.confirmation"));
+    EXPECT_EQ(local.head(), origin.rev("main"));
+}
+
 TEST_F(Toolbar, BranchSheetCarriesLocalChangesOverToTheNewBranch) {
     window.show();
     openLocal();

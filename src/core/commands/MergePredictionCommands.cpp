@@ -144,7 +144,8 @@ MergePrediction predictPick(GitExecutorProtocol& git, const std::string& repoPat
 }
 
 std::vector<MergePrediction> predictRebase(GitExecutorProtocol& git, const std::string& repoPath,
-                                           const RebasePlan& plan, std::stop_token cancellation) {
+                                           const RebasePlan& plan, MergePredictionCache& cache,
+                                           std::stop_token cancellation) {
     refuseOptionLike(plan.onto, "Target");
     std::vector<std::string> names;
     for (const auto& entry : plan.entries)
@@ -189,7 +190,16 @@ std::vector<MergePrediction> predictRebase(GitExecutorProtocol& git, const std::
             predictions.push_back(MergePrediction::clean());
             continue;
         }
-        predictions.push_back(pickOnto(git, repoPath, tree, *commit, tree));
+        if (auto known = cache.find(tree, commit->hash)) {
+            tree = std::move(known->tree);
+            predictions.push_back(std::move(known->prediction));
+            continue;
+        }
+        MergePredictionCache::Pick pick;
+        pick.prediction = pickOnto(git, repoPath, tree, *commit, pick.tree);
+        cache.store(tree, commit->hash, pick);
+        tree = std::move(pick.tree);
+        predictions.push_back(std::move(pick.prediction));
     }
     return predictions;
 }

@@ -6,6 +6,7 @@
 // git's own maintenance removes them. Each function blocks until its git commands have ended.
 #pragma once
 
+#include "core/commands/MergePredictionCache.h"
 #include "core/process/GitExecutorProtocol.h"
 #include "core/records/MergePrediction.h"
 #include "core/records/RebasePlan.h"
@@ -30,9 +31,11 @@ MergePrediction predictPick(GitExecutorProtocol& git, const std::string& repoPat
 // One prediction a row of the plan, in its order: each step is picked onto the tree the steps
 // before it leave; a squash or fixup merges into the previous result like a pick; drop and exec
 // rows change nothing and answer clean. After a conflicting step the later ones go on from the
-// tree git wrote for it, conflict markers included. Throws OperationCancelled between steps once
+// tree git wrote for it, conflict markers included. A step `cache` knows is answered from it, and
+// each step worked out is stored there. Throws OperationCancelled between steps once
 // `cancellation` has fired.
 std::vector<MergePrediction> predictRebase(GitExecutorProtocol& git, const std::string& repoPath,
-                                           const RebasePlan& plan, std::stop_token cancellation = {});
+                                           const RebasePlan& plan, MergePredictionCache& cache,
+                                           std::stop_token cancellation = {});
 
 } // namespace orvel::MergePredictionCommands

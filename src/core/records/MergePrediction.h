@@ -13,7 +13,9 @@ struct MergePrediction {
 
     Outcome outcome = Outcome::unknown;
     std::vector<std::string> files; // the conflicted paths, sorted, each once
-    std::string reason;             // why there is no answer, for Outcome::unknown
+    // Why there is no answer, for Outcome::unknown; empty when it is not to be said again (git
+    // too old to predict is said once).
+    std::string reason;
 
     static MergePrediction clean() { return {Outcome::clean, {}, {}}; }
     static MergePrediction unknown(std::string why) { return {Outcome::unknown, {}, std::move(why)}; }

@@ -34,6 +34,8 @@
 
 namespace orvel {
 
+class MergePredictionCache;
+
 class GitServiceProtocol {
   public:
     virtual ~GitServiceProtocol() = default;
@@ -124,13 +126,15 @@ class GitServiceProtocol {
                                                                    std::stop_token cancellation = {}) = 0;
     // What merging `branch` into HEAD, picking or reverting `commit` onto HEAD, or each row of
     // `plan` will do, without changing the repository; they run outside the repository's queue. A
-    // git too old to tell, or a failure of git, answers unknown with the reason.
+    // git too old to tell, or a failure of git, answers unknown with the reason. A rebase's steps
+    // already worked out in `cache` are taken from it, and new ones stored there.
     virtual QCoro::Task<MergePrediction> predictMerge(RepoEntry repo, std::string branch,
                                                       std::stop_token cancellation = {}) = 0;
     virtual QCoro::Task<MergePrediction> predictPick(RepoEntry repo, std::string commit, bool revert,
                                                      std::stop_token cancellation = {}) = 0;
-    virtual QCoro::Task<std::vector<MergePrediction>> predictRebase(RepoEntry repo, RebasePlan plan,
-                                                                    std::stop_token cancellation = {}) = 0;
+    virtual QCoro::Task<std::vector<MergePrediction>>
+    predictRebase(RepoEntry repo, RebasePlan plan, std::shared_ptr<MergePredictionCache> cache,
+                  std::stop_token cancellation = {}) = 0;
     virtual QCoro::Task<void> pushBranch(RepoEntry repo, std::string branch, std::string remote,
                                          std::stop_token cancellation = {}) = 0;
     virtual QCoro::Task<std::string> tagDetail(RepoEntry repo, std::string name,

@@ -68,6 +68,7 @@ QCoro::Task<MergePrediction> MockGitService::predictPick(RepoEntry repo, std::st
 }
 
 QCoro::Task<std::vector<MergePrediction>> MockGitService::predictRebase(RepoEntry, RebasePlan plan,
+                                                                        std::shared_ptr<MergePredictionCache>,
                                                                         std::stop_token) {
     std::vector<MergePrediction> answers(plan.entries.size(), MergePrediction::clean());
     std::copy_n(rebasePredictions.begin(), std::min(answers.size(), rebasePredictions.size()), answers.begin());

@@ -99,6 +99,7 @@ class NativeGitService final : public GitServiceProtocol {
     QCoro::Task<MergePrediction> predictPick(RepoEntry repo, std::string commit, bool revert,
                                              std::stop_token cancellation = {}) override;
     QCoro::Task<std::vector<MergePrediction>> predictRebase(RepoEntry repo, RebasePlan plan,
+                                                            std::shared_ptr<MergePredictionCache> cache,
                                                             std::stop_token cancellation = {}) override;
     QCoro::Task<void> pushBranch(RepoEntry repo, std::string branch, std::string remote,
                                  std::stop_token cancellation = {}) override;

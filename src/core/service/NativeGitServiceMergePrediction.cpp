@@ -6,9 +6,23 @@
 #include "core/service/NativeGitService.h"
 #include "core/support/Log.h"
 
+#include <mutex>
+#include <set>
+
 namespace orvel {
 
 namespace {
+
+// A git too old to predict is said once a program run: the program runs one git for every
+// repository, so saying it on each confirmation would only repeat it. Later answers for the same
+// reason come back with none, and a confirmation then says nothing of conflicts. Another git chosen
+// in the settings, too old as well, has another version in its reason and is told again.
+std::string untoldReason(const std::string& reason) {
+    static std::mutex mutex;
+    static std::set<std::string> told;
+    const std::lock_guard lock(mutex);
+    return told.insert(reason).second ? reason : std::string();
+}
 
 // Runs `predict` unless git is too old to, turning git's failure into an unknown answer made by
 // `unknown` from the reason.
@@ -18,7 +32,7 @@ auto predicted(GitExecutorProtocol& git, const std::stop_token& cancellation, Pr
     if (cancellation.stop_requested())
         throw OperationCancelled();
     if (auto reason = MergePredictionCommands::unsupportedReason(git.gitVersion()))
-        return unknown(*reason);
+        return unknown(untoldReason(*reason));
     try {
         return predict();
     } catch (const GitServiceError& error) {
@@ -53,14 +67,16 @@ QCoro::Task<MergePrediction> NativeGitService::predictPick(RepoEntry repo, std::
     });
 }
 
-QCoro::Task<std::vector<MergePrediction>> NativeGitService::predictRebase(RepoEntry repo, RebasePlan plan,
-                                                                          std::stop_token cancellation) {
+QCoro::Task<std::vector<MergePrediction>>
+NativeGitService::predictRebase(RepoEntry repo, RebasePlan plan, std::shared_ptr<MergePredictionCache> cache,
+                                std::stop_token cancellation) {
     qCDebug(lcOps, "predictRebase: onto %s with %ld entries in %s", plan.onto.c_str(),
             static_cast<long>(plan.entries.size()), repo.path.c_str());
-    return opRunner_->runUnqueued([git = executor_, path = repo.path, plan = std::move(plan), cancellation] {
+    return opRunner_->runUnqueued([git = executor_, path = repo.path, plan = std::move(plan),
+                                   cache = std::move(cache), cancellation] {
         return predicted(
             *git, cancellation,
-            [&] { return MergePredictionCommands::predictRebase(*git, path, plan, cancellation); },
+            [&] { return MergePredictionCommands::predictRebase(*git, path, plan, *cache, cancellation); },
             [&](const std::string& reason) {
                 return std::vector<MergePrediction>(plan.entries.size(), MergePrediction::unknown(reason));
             });

@@ -1676,6 +1676,18 @@
 <context>
     <name>orvel::GitToolbar</name>
     <message>
+        <source>Pull &apos;%1&apos; by Merge?</source>
+        <translation>以合并方式拉取“%1”？</translation>
+    </message>
+    <message>
+        <source>&apos;%1&apos; and &apos;%2&apos; have diverged: the pull will merge what it fetches into &apos;%1&apos;.</source>
+        <translation>“%1”与“%2”已分叉：拉取会把获取到的提交合并到“%1”。</translation>
+    </message>
+    <message>
+        <source>The preview uses &apos;%1&apos; as last fetched.</source>
+        <translation>预览基于上次获取时的“%1”。</translation>
+    </message>
+    <message>
         <source>Git Toolbar</source>
         <translation>Git 工具栏</translation>
     </message>
@@ -1757,6 +1769,22 @@
     <message>
         <source>Revert onto Dirty Working Tree</source>
         <translation>在有改动的工作区上还原</translation>
+    </message>
+    <message>
+        <source>Cherry-pick Commit</source>
+        <translation>拣选提交</translation>
+    </message>
+    <message>
+        <source>Revert Commit</source>
+        <translation>还原提交</translation>
+    </message>
+    <message>
+        <source>Cherry-pick %1 onto the current branch?</source>
+        <translation>将 %1 拣选到当前分支？</translation>
+    </message>
+    <message>
+        <source>Revert %1 on the current branch?</source>
+        <translation>在当前分支上还原 %1？</translation>
     </message>
     <message>
         <source>Reset to %1? This will move HEAD to that commit and discard any uncommitted changes plus any commits that are not reachable from another branch. This cannot be undone.</source>

@@ -2,6 +2,7 @@
 
 #include "settings/LocalizationManager.h"
 #include "widgets/Icons.h"
+#include "widgets/OAlert.h"
 #include "workspace/AppViewModel.h"
 #include "workspace/GitToolbarViewModel.h"
 #include "workspace/ui/GitToolbarButton.h"
@@ -11,6 +12,7 @@
 #include <QActionGroup>
 #include <QEvent>
 #include <QMenu>
+#include <QPointer>
 
 namespace orvel {
 
@@ -69,6 +71,7 @@ GitToolbar::GitToolbar(AppViewModel& app, QWidget* parent)
     connect(model_, &GitToolbarViewModel::selectedPullStrategyChanged, this, &GitToolbar::showState);
     connect(model_, &GitToolbarViewModel::activeTabChanged, this, &GitToolbar::showState);
     connect(model_, &GitToolbarViewModel::stashesChanged, this, &GitToolbar::showState);
+    connect(model_, &GitToolbarViewModel::pullConfirmationNeeded, this, &GitToolbar::askPull);
     connect(&app, &AppViewModel::activityChanged, this, &GitToolbar::showState);
     // Over the welcome page there is no tab to act on.
     connect(&app, &AppViewModel::modeChanged, this,
@@ -118,6 +121,24 @@ void GitToolbar::showState() {
         button->setEnabled(enabled);
     popStash_->setEnabled(model_->canPopStash());
     status_->setState(model_->app().activityMessage(), counts.ahead, counts.behind);
+}
+
+void GitToolbar::askPull() {
+    QPointer<GitToolbarViewModel> model(model_);
+    QMessageBox* box = showAlert(
+        window(), QMessageBox::Question, model_->pendingPullTitle(), model_->pendingPullMessage(),
+        {{localized("Cancel"), QMessageBox::RejectRole}, {localized("Pull"), QMessageBox::AcceptRole}}, 0,
+        [model](int index) {
+            if (model && index == 1)
+                model->confirmPull();
+            else if (model)
+                model->cancelPull();
+        });
+    box->setObjectName(QStringLiteral("toolbar.pull.confirmation"));
+    connect(model_, &GitToolbarViewModel::pendingPullChanged, box, [this, box] {
+        if (model_->isPullPending())
+            box->setInformativeText(model_->pendingPullMessage());
+    });
 }
 
 void GitToolbar::changeEvent(QEvent* event) {

@@ -1,6 +1,6 @@
-// The toolbar above the repository tabs: Fetch, Pull with its strategies, Push with the commits it
-// would send and Force Push, Branch, New Tag and Stash, then the status of the work under way or
-// the current branch's distance from its upstream. Every button acts on the active tab.
+// The toolbar above the repository tabs: Fetch, Pull with its strategies (asking first when it will
+// merge), Push with the commits it would send and Force Push, Branch, New Tag and Stash, then the status of
+// the work under way or the current branch's distance from its upstream. Every button acts on the active tab.
 #pragma once
 
 #include <QToolBar>
@@ -35,6 +35,8 @@ class GitToolbar final : public QToolBar {
     GitToolbarButton* addButton(const char* identifier, const char* icon);
     void retranslate();
     void showState();
+    // The question before a pull that will merge, with the prediction once it comes.
+    void askPull();
 
     GitToolbarViewModel* model_;
     WorkspaceCommandPrompts* prompts_;
