@@ -1,8 +1,10 @@
 // Edit > Undo and Undo History… over a real repository: the menu names the newest entry, Ctrl+Z's
 // command asks before bringing a deleted branch back, and the history brings back an older discard.
+// In the main window, Ctrl+Z right after a Discard All confirmed from the keyboard asks to undo it.
 #include "workspace/ui/UndoMenu.h"
 
 #include "RemoteFixture.h"
+#include "workspace/ui/MainWindow.h"
 
 #include <QApplication>
 #include <QListWidget>
@@ -10,6 +12,7 @@
 #include <QMessageBox>
 #include <QPushButton>
 #include <QTest>
+#include <QToolButton>
 
 using namespace orvel;
 
@@ -75,6 +78,41 @@ TEST_F(UndoMenuTest, UndoNamesTheNewestEntryAndTheHistoryBringsBackAnOlderOne) {
     confirmUndo();
     EXPECT_TRUE(QTest::qWaitFor([&] { return local.read("file.txt") == "work that was discarded\n"; }));
     EXPECT_TRUE(QTest::qWaitFor([&] { return list->count() == 0; }));
+    test::drainQueue(*runner);
+}
+
+// The Discard All button, focused from the keyboard, turns off while it works: its focus must not
+// pass to a text field, and the window must be active again once the confirmation has closed.
+TEST_F(UndoMenuTest, CtrlZRightAfterAKeyboardConfirmedDiscardAllAsksToUndoIt) {
+    MainWindow window(model, defaults);
+    window.resize(1280, 800);
+    window.show();
+    window.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    openLocal();
+    local.write("file.txt", "changed\n");
+    model.activeTab()->refresh();
+    auto* discardAll = window.findChild<QToolButton*>(QStringLiteral("changes-pane.discard-all"));
+    ASSERT_NE(discardAll, nullptr);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return discardAll->isEnabled(); }));
+
+    discardAll->setFocus(Qt::TabFocusReason);
+    QTest::keyClick(window.windowHandle(), Qt::Key_Space);
+    QMessageBox* box = openAlert();
+    ASSERT_NE(box, nullptr);
+    // Cancel is the default; Tab reaches Discard.
+    QTest::keyClick(box->windowHandle(), Qt::Key_Tab);
+    QTest::keyClick(box->windowHandle(), Qt::Key_Space);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return local.read("file.txt") == "one\n"; }));
+    test::drainQueue(*runner);
+
+    QTest::keyClick(window.windowHandle(), Qt::Key_Z, Qt::ControlModifier);
+    box = openAlert();
+    ASSERT_NE(box, nullptr);
+    EXPECT_TRUE(box->informativeText().startsWith("Restore discarded file \"file.txt\"?"))
+        << box->informativeText().toStdString();
+    confirmUndo();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return local.read("file.txt") == "changed\n"; }));
     test::drainQueue(*runner);
 }
 

@@ -81,8 +81,13 @@ void ChangesPaneHeader::showState() {
     listButton_->setChecked(!tree);
     treeButton_->setChecked(tree);
     discarding_->setVisible(model_.isDiscardingAll());
-    discardAll_->setEnabled(!model_.isDiscardingAll() &&
-                            !(model_.stagedFiles().empty() && model_.unstagedFiles().empty()));
+    const bool canDiscard = !model_.isDiscardingAll() &&
+                            !(model_.stagedFiles().empty() && model_.unstagedFiles().empty());
+    // A focused button that turns off hands its focus to the next widget, the commit form's text
+    // field, which would then keep Ctrl+Z from reaching Edit > Undo; the window keeps it instead.
+    if (!canDiscard && window()->focusWidget() == discardAll_)
+        discardAll_->clearFocus();
+    discardAll_->setEnabled(canDiscard);
 }
 
 void ChangesPaneHeader::changeEvent(QEvent* event) {
