@@ -1,15 +1,18 @@
 // Edit > Undo and Undo History… over a real repository: the menu names the newest entry, Ctrl+Z's
 // command asks before bringing a deleted branch back, and the history brings back an older discard.
-// In the main window, Ctrl+Z right after a Discard All confirmed from the keyboard asks to undo it.
+// In the main window, the Discard All confirmation names Edit > Undo while the journal is on, and
+// Ctrl+Z right after a Discard All confirmed from the keyboard asks to undo it.
 #include "workspace/ui/UndoMenu.h"
 
 #include "RemoteFixture.h"
+#include "settings/UndoSentence.h"
 #include "workspace/ui/MainWindow.h"
 
 #include <QApplication>
 #include <QListWidget>
 #include <QMenu>
 #include <QMessageBox>
+#include <QPointer>
 #include <QPushButton>
 #include <QTest>
 #include <QToolButton>
@@ -96,10 +99,23 @@ TEST_F(UndoMenuTest, CtrlZRightAfterAKeyboardConfirmedDiscardAllAsksToUndoIt) {
     ASSERT_NE(discardAll, nullptr);
     ASSERT_TRUE(QTest::qWaitFor([&] { return discardAll->isEnabled(); }));
 
+    // With the journal off, the confirmation warns that the discard is for good.
+    setUndoJournalOn(false);
+    discardAll->click();
+    QMessageBox* box = openAlert();
+    setUndoJournalOn(true);
+    ASSERT_NE(box, nullptr);
+    EXPECT_EQ(box->informativeText(), "Are you sure you want to discard all changes? This cannot be undone.");
+    QPointer<QMessageBox> closing(box);
+    QTest::keyClick(box->windowHandle(), Qt::Key_Escape);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !closing; }));
+
     discardAll->setFocus(Qt::TabFocusReason);
     QTest::keyClick(window.windowHandle(), Qt::Key_Space);
-    QMessageBox* box = openAlert();
+    box = openAlert();
     ASSERT_NE(box, nullptr);
+    EXPECT_EQ(box->informativeText(),
+              "Are you sure you want to discard all changes? You can bring it back with Edit > Undo.");
     // Cancel is the default; Tab reaches Discard.
     QTest::keyClick(box->windowHandle(), Qt::Key_Tab);
     QTest::keyClick(box->windowHandle(), Qt::Key_Space);

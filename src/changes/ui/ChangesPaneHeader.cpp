@@ -2,6 +2,7 @@
 
 #include "changes/ChangesPaneViewModel.h"
 #include "settings/LocalizationManager.h"
+#include "settings/UndoSentence.h"
 #include "widgets/Icons.h"
 #include "widgets/OAlert.h"
 
@@ -53,7 +54,8 @@ ChangesPaneHeader::ChangesPaneHeader(ChangesPaneViewModel& model, QWidget* paren
     connect(discardAll_, &QToolButton::clicked, this, [this] {
         QPointer<ChangesPaneViewModel> guard(&model_);
         confirm(this, localized("Discard All Changes"),
-                localized("Are you sure you want to discard all changes? This cannot be undone."),
+                undoableText(localized("Are you sure you want to discard all changes?"),
+                             localized("Are you sure you want to discard all changes? This cannot be undone.")),
                 localized("Discard"), true, [guard] {
                     if (guard)
                         guard->discardAll();
