@@ -496,16 +496,16 @@ void journalRefs(GitExecutorProtocol& git, const std::string& repoPath, const Un
     std::set<std::pair<std::string, UndoFileMode>> kept;
     for (std::size_t i = 0; i < files.size(); ++i) {
         files[i].before = blobs[i];
-        if (!blobs[i].empty())
+        if (!blobs[i].empty() && blobs[i] != notAFile)
             kept.emplace(blobs[i], files[i].mode);
     }
     entry.files = std::move(files);
     if (!kept.empty())
         git.execute({"update-ref", keepRef(entry.id, "files"), treeOf(git, repoPath, folder, entry.id, kept)},
                     repoPath);
-    for (const UndoRef& ref : refs)
-        if (!ref.before.empty())
-            git.execute({"update-ref", keepRef(entry.id, std::to_string(&ref - refs.data())), ref.before}, repoPath);
+    for (std::size_t i = 0; i < refs.size(); ++i)
+        if (!refs[i].before.empty())
+            git.execute({"update-ref", keepRef(entry.id, std::to_string(i)), refs[i].before}, repoPath);
     entry.refs = std::move(refs);
     save(folder, entry);
     runThenSeal(operation, [&] {
