@@ -37,9 +37,9 @@ std::vector<std::string> sortedLines(const std::string& text) {
     return lines;
 }
 
-// Everything an undo must put back: the work tree's files with their executable bit and its
-// links with their targets, the refs,
-// the checked-out branch, the stashes (as a set: a stash comes back on top) and the remote's refs.
+// Everything an undo must put back: the work tree's files with their executable bit, its links
+// with their targets, the refs, the checked-out branch, the stashes (as a set: a stash comes back
+// on top) and the remote's refs.
 struct Snapshot {
     std::map<std::string, std::string> files;
     std::string refs;

@@ -2,7 +2,8 @@
 // or delete and the refs it will move are kept, so that the newest entries can be brought back.
 //
 // It lives in "<git directory>/orvel/undo", private to this user (0700 folders, 0600 files), one
-// file an entry, each written whole and synced before it counts. The kept blobs and commits stay
+// file an entry, each written whole and synced before it counts, and the file "stopped" naming the
+// action that began a merge or rebase stopped in the middle. The kept blobs and commits stay
 // reachable through refs under "refs/orvel/undo/<id>/", so that git's garbage collection keeps them
 // until the entry is dropped. All functions block and run inside the repository's queue.
 #pragma once
