@@ -12,6 +12,7 @@
 #include "settings/LocalizationManager.h"
 #include "settings/SettingsPageModels.h"
 #include "settings/ThemeEngine.h"
+#include "settings/UndoSentence.h"
 #include "widgets/OrvelStyle.h"
 #include "workspace/AppViewModel.h"
 #include "workspace/CredentialManager.h"
@@ -41,8 +42,11 @@ OrvelApp::OrvelApp()
     service_ = std::make_shared<NativeGitService>(executor_, std::make_shared<GitOpRunner>());
     // The undo journal's bound: 50 entries and 512 MB unless the user set other ones; 0 entries
     // turns the journal off.
-    service_->setUndoLimits({defaults_->value(QStringLiteral("undoJournalEntries"), 50).toULongLong(),
-                            defaults_->value(QStringLiteral("undoJournalMegabytes"), 512).toULongLong() << 20});
+    const UndoLimits undoLimits{defaults_->value(QStringLiteral("undoJournalEntries"), 50).toULongLong(),
+                                defaults_->value(QStringLiteral("undoJournalMegabytes"), 512).toULongLong() << 20};
+    service_->setUndoLimits(undoLimits);
+    // The confirmations of the actions it keeps say that Edit > Undo brings them back.
+    setUndoJournalOn(undoLimits.entries > 0);
     qCDebug(lcApp, "init: NativeGitService created");
     config_ = std::make_shared<NativeGitConfigService>(executor_);
     settingsPages_ = std::make_unique<SettingsPageModels>(executor_, config_, *defaults_);

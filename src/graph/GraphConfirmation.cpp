@@ -1,6 +1,7 @@
 #include "graph/GraphConfirmation.h"
 
 #include "settings/LocalizationManager.h"
+#include "settings/UndoSentence.h"
 
 namespace orvel {
 
@@ -31,10 +32,13 @@ QString GraphConfirmation::title() const {
 QString GraphConfirmation::text() const {
     switch (kind) {
     case Kind::hardReset:
-        return localized(
-            "Reset to %1? This will move HEAD to that commit and discard any uncommitted changes plus "
-            "any commits that are not reachable from another branch. This cannot be undone.",
-            shortHash(hash));
+        return undoableText(
+            localized("Reset to %1? This will move HEAD to that commit and discard any uncommitted changes plus "
+                      "any commits that are not reachable from another branch.",
+                      shortHash(hash)),
+            localized("Reset to %1? This will move HEAD to that commit and discard any uncommitted changes plus "
+                      "any commits that are not reachable from another branch. This cannot be undone.",
+                      shortHash(hash)));
     case Kind::softReset:
         return localized("Soft reset to %1? HEAD will move to that commit and any commits in between will be "
                          "squashed into staged changes. Uncommitted changes are preserved.",

@@ -4,6 +4,7 @@
 
 #include <QAbstractButton>
 #include <QLabel>
+#include <QPointer>
 #include <QPushButton>
 
 #include <algorithm>
@@ -35,8 +36,13 @@ QMessageBox* showAlert(QWidget* parent, QMessageBox::Icon icon, const QString& t
     safeIndex = std::clamp(safeIndex, 0, static_cast<int>(added.size()) - 1);
     box->setDefaultButton(added[safeIndex]);
     box->setEscapeButton(added[safeIndex]);
+    // The window under the alert is made active again when it closes: the window system need not
+    // do it, and until then no key reaches the window's shortcuts (Ctrl+Z for Edit > Undo).
+    QPointer<QWidget> window(parent ? parent->window() : nullptr);
     QObject::connect(
-        box, &QMessageBox::finished, box, [box, added, safeIndex, answered = std::move(answered)] {
+        box, &QMessageBox::finished, box, [box, added, safeIndex, window, answered = std::move(answered)] {
+            if (window)
+                window->activateWindow();
             const auto chosen = std::find(added.begin(), added.end(), box->clickedButton());
             if (answered)
                 answered(chosen != added.end() ? static_cast<int>(chosen - added.begin()) : safeIndex);

@@ -51,6 +51,8 @@ QString UndoViewModel::describe(const UndoEntry& entry) {
         return localized("Undo rebase of %1", name);
     case UndoAction::merge:
         return localized("Undo merge into %1", name);
+    case UndoAction::pull:
+        return localized("Undo pull into %1", name);
     case UndoAction::amend:
         return localized("Undo amend of %1", name);
     case UndoAction::forcePush:

@@ -1,6 +1,7 @@
 // The undo journal on real repositories: every destructive operation of the service brought back
 // byte for byte and ref for ref by a service made afresh (as after a restart), also after git's
-// garbage collection; the refusals that protect newer work; the bound; the entry's bytes.
+// garbage collection; a merge or rebase stopped on a conflict journalled by the step that ends it;
+// the refusals that protect newer work; the bound; the entry's bytes.
 #include "RealGitService.h"
 
 #include "core/commands/UndoEntryFormat.h"
@@ -36,8 +37,9 @@ std::vector<std::string> sortedLines(const std::string& text) {
     return lines;
 }
 
-// Everything an undo must put back: the work tree's files with their executable bit, the refs,
-// the checked-out branch, the stashes (as a set: a stash comes back on top) and the remote's refs.
+// Everything an undo must put back: the work tree's files with their executable bit, its links
+// with their targets, the refs, the checked-out branch, the stashes (as a set: a stash comes back
+// on top) and the remote's refs.
 struct Snapshot {
     std::map<std::string, std::string> files;
     std::string refs;
@@ -58,7 +60,11 @@ Snapshot snapshot(const TempRepo& repo, const TempRepo* remote = nullptr) {
     Snapshot result;
     for (const auto& item : fs::recursive_directory_iterator(repo.path())) {
         const std::string relative = fs::relative(item.path(), repo.path()).string();
-        if (relative.starts_with(".git") || !item.is_regular_file())
+        if (relative.starts_with(".git"))
+            continue;
+        if (item.is_symlink())
+            result.files[relative] = "l:" + fs::read_symlink(item.path()).string();
+        if (item.is_symlink() || !item.is_regular_file())
             continue;
         const bool executable = (fs::status(item.path()).permissions() & fs::perms::owner_exec) != fs::perms::none;
         result.files[relative] = (executable ? "x:" : "-:") + repo.read(relative);
@@ -78,6 +84,7 @@ class UndoJournalTest : public test::RepositoryTest {
         repo.write("a.txt", "alpha\r\nno newline at the end");
         repo.write("run.sh", "#!/bin/sh\necho run\n");
         fs::permissions(repo / "run.sh", fs::perms(0755));
+        fs::create_symlink("a.txt", repo / "to-a");
         repo.commitAll("base");
     }
 
@@ -107,6 +114,31 @@ class UndoJournalTest : public test::RepositoryTest {
         repo.git({"checkout", "-q", "main"});
         repo.write("main.txt", "main\n");
         repo.commitAll("main work");
+    }
+
+    // A remote "origin" whose "main" is one commit ahead of the local one, which has a commit of
+    // its own beside it when `diverged`.
+    void behindOrigin(bool diverged) {
+        repo.write("pulled.txt", "pulled\n");
+        repo.commitAll("pulled");
+        repo.git({"push", "-q", "-u", "origin", "main"});
+        repo.git({"reset", "-q", "--hard", "HEAD~1"});
+        if (diverged) {
+            repo.write("main.txt", "main\n");
+            repo.commitAll("main work");
+        }
+    }
+
+    // Puts the repository back at the commit `base` with nothing else around, also on `remote`.
+    void startAgain(const std::string& base, const TempRepo& remote) {
+        repo.git({"reset", "-q", "--hard", base});
+        repo.git({"clean", "-qfdx"});
+        repo.gitAllowingFailure({"stash", "clear"});
+        repo.gitAllowingFailure({"branch", "-D", "topic"});
+        for (const char* ref : {"refs/heads/main", "refs/heads/topic"})
+            remote.gitAllowingFailure({"update-ref", "-d", ref});
+        repo.gitAllowingFailure({"update-ref", "-d", "refs/remotes/origin/main"});
+        repo.gitAllowingFailure({"update-ref", "-d", "refs/remotes/origin/topic"});
     }
 };
 
@@ -144,6 +176,20 @@ TEST_F(UndoJournalTest, EveryDestructiveOperationIsBroughtBackAfterARestartAndAG
                  co_await service.discardPaths(entry(), {"a.txt", "run.sh"}, {"new dir/-u.bin", "missing"});
              EXPECT_EQ(failed.size(), 1u); // "missing" was never there
          }},
+        {"discard of links and of an untracked folder", UndoAction::discard,
+         [&] {
+             fs::remove(repo / "to-a");
+             fs::create_symlink("run.sh", repo / "to-a");
+             fs::create_symlink("no such file", repo / "dangling");
+             repo.write("new dir/sub/deep.txt", "deep\n");
+             repo.write("new dir/tool", "#!/bin/sh\n");
+             fs::permissions(repo / "new dir/tool", fs::perms(0755));
+             fs::create_symlink("../../a.txt", repo / "new dir/sub/up");
+         },
+         [&]() -> QCoro::Task<void> {
+             const auto failed = co_await service.discardPaths(entry(), {"to-a"}, {"dangling", "new dir"});
+             EXPECT_TRUE(failed.empty());
+         }},
         {"hard reset over local changes", UndoAction::hardReset,
          [&] {
              repo.write("b.txt", "second\n");
@@ -174,6 +220,12 @@ TEST_F(UndoJournalTest, EveryDestructiveOperationIsBroughtBackAfterARestartAndAG
          [&]() -> QCoro::Task<void> { co_await service.merge(entry(), "topic"); }},
         {"rebase", UndoAction::rebase, [&] { diverge(); },
          [&]() -> QCoro::Task<void> { co_await service.rebase(entry(), "topic"); }},
+        {"pull by fast-forward", UndoAction::pull, [&] { behindOrigin(false); },
+         [&]() -> QCoro::Task<void> { co_await service.pull(entry(), "origin", PullStrategy::fastForwardOnly); }},
+        {"pull by merge", UndoAction::pull, [&] { behindOrigin(true); },
+         [&]() -> QCoro::Task<void> { co_await service.pull(entry(), "origin", PullStrategy::merge); }},
+        {"pull by rebase", UndoAction::pull, [&] { behindOrigin(true); },
+         [&]() -> QCoro::Task<void> { co_await service.pull(entry(), "origin", PullStrategy::rebase); }},
         {"force push", UndoAction::forcePush,
          [&] {
              repo.git({"push", "-q", "-u", "origin", "main"});
@@ -216,14 +268,77 @@ TEST_F(UndoJournalTest, EveryDestructiveOperationIsBroughtBackAfterARestartAndAG
         EXPECT_EQ(keptRefs(), "");
 
         // The next case starts from the same commit with nothing else around.
-        repo.git({"reset", "-q", "--hard", base});
-        repo.git({"clean", "-qfdx"});
-        repo.gitAllowingFailure({"stash", "clear"});
-        repo.gitAllowingFailure({"branch", "-D", "topic"});
-        for (const char* ref : {"refs/heads/main", "refs/heads/topic"})
-            remote.gitAllowingFailure({"update-ref", "-d", ref});
-        repo.gitAllowingFailure({"update-ref", "-d", "refs/remotes/origin/main"});
-        repo.gitAllowingFailure({"update-ref", "-d", "refs/remotes/origin/topic"});
+        startAgain(base, remote);
+    }
+}
+
+TEST_F(UndoJournalTest, AMergeOrRebaseStoppedOnAConflictIsJournalledByTheStepThatEndsIt) {
+    TempRepo remote(TempRepo::Kind::bare);
+    repo.git({"remote", "add", "origin", remote.path()});
+    NativeGitService& service = real.service;
+    auto resolve = [&] {
+        repo.write("a.txt", "resolved\n");
+        repo.git({"add", "a.txt"});
+    };
+    auto commit = [&]() -> QCoro::Task<void> {
+        resolve();
+        co_await service.commit(entry(), "merged");
+    };
+    auto resume = [&]() -> QCoro::Task<void> {
+        resolve();
+        const InteractiveRebaseResult result = co_await service.rebaseContinue(entry());
+        EXPECT_TRUE(std::holds_alternative<rebase::Success>(result));
+    };
+    const struct {
+        const char* name;
+        UndoAction action;
+        std::function<QCoro::Task<void>()> start;
+        std::function<QCoro::Task<void>()> end;
+    } cases[] = {
+        {"merge, then commit", UndoAction::merge,
+         [&]() -> QCoro::Task<void> { co_await service.merge(entry(), "topic"); }, commit},
+        {"rebase, then continue", UndoAction::rebase,
+         [&]() -> QCoro::Task<void> { co_await service.rebase(entry(), "topic"); }, resume},
+        {"rebase, then skip", UndoAction::rebase,
+         [&]() -> QCoro::Task<void> { co_await service.rebase(entry(), "topic"); },
+         [&]() -> QCoro::Task<void> { co_await service.rebaseSkip(entry()); }},
+        {"interactive rebase, then continue", UndoAction::rebase,
+         [&]() -> QCoro::Task<void> {
+             auto todo = co_await service.rebaseTodoList(entry(), "topic");
+             co_await service.interactiveRebase(entry(), RebasePlan{"topic", std::move(todo)});
+         },
+         resume},
+        {"pull by merge, then commit", UndoAction::pull,
+         [&]() -> QCoro::Task<void> { co_await service.pull(entry(), "origin", PullStrategy::merge); }, commit},
+        {"pull by rebase, then continue", UndoAction::pull,
+         [&]() -> QCoro::Task<void> { co_await service.pull(entry(), "origin", PullStrategy::rebase); }, resume},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.name);
+        const std::string base = repo.head();
+        // "topic", which is also origin's "main", and the local "main" change a.txt each its way.
+        repo.git({"checkout", "-q", "-b", "topic"});
+        repo.write("a.txt", "theirs\n");
+        repo.commitAll("theirs");
+        repo.git({"push", "-q", "origin", "topic:main"});
+        repo.git({"checkout", "-q", "main"});
+        repo.git({"branch", "-q", "--set-upstream-to=origin/main"});
+        repo.write("a.txt", "ours\n");
+        repo.commitAll("ours");
+        const Snapshot before = snapshot(repo);
+
+        await(c.start());
+        ASSERT_NE(repo.gitAllowingFailure({"diff", "--name-only", "--diff-filter=U"}).out, "");
+        EXPECT_TRUE(history().empty());
+        await(c.end());
+        ASSERT_EQ(repo.read("a.txt"), std::string(c.name).ends_with("skip") ? "theirs\n" : "resolved\n");
+        const auto entries = history();
+        ASSERT_EQ(entries.size(), 1u);
+        EXPECT_EQ(entries.front().action, c.action);
+        undoNewest();
+        EXPECT_EQ(snapshot(repo), before);
+        EXPECT_TRUE(history().empty());
+        startAgain(base, remote);
     }
 }
 
@@ -338,8 +453,9 @@ TEST(UndoEntryFormat, AnEntryReadsBackWholeAndNothingLessIsAnEntry) {
     entry.subject = "origin?\n";
     entry.time = 1767268800;
     entry.bytes = 12;
-    entry.files = {{"dir/a b\n", "e69de29bb2d1d6434b8b29ae775ad8c2e48c5391", true, std::string()},
-                   {"?", "", false, std::nullopt}};
+    entry.files = {{"dir/a b\n", "e69de29bb2d1d6434b8b29ae775ad8c2e48c5391", UndoFileMode::executable, std::string()},
+                   {"link", "e69de29bb2d1d6434b8b29ae775ad8c2e48c5391", UndoFileMode::link, std::nullopt},
+                   {"?", "", UndoFileMode::regular, std::nullopt}};
     entry.refs = {{"refs/remotes/origin/main", "1111111111111111111111111111111111111111", std::nullopt},
                   {"refs/heads/x", "", std::string("2222222222222222222222222222222222222222")}};
     const std::string bytes = formatUndoEntry(entry);

@@ -1,15 +1,21 @@
 // Edit > Undo and Undo History… over a real repository: the menu names the newest entry, Ctrl+Z's
 // command asks before bringing a deleted branch back, and the history brings back an older discard.
+// In the main window, the Discard All confirmation names Edit > Undo while the journal is on, and
+// Ctrl+Z right after a Discard All confirmed from the keyboard asks to undo it.
 #include "workspace/ui/UndoMenu.h"
 
 #include "RemoteFixture.h"
+#include "settings/UndoSentence.h"
+#include "workspace/ui/MainWindow.h"
 
 #include <QApplication>
 #include <QListWidget>
 #include <QMenu>
 #include <QMessageBox>
+#include <QPointer>
 #include <QPushButton>
 #include <QTest>
+#include <QToolButton>
 
 using namespace orvel;
 
@@ -75,6 +81,54 @@ TEST_F(UndoMenuTest, UndoNamesTheNewestEntryAndTheHistoryBringsBackAnOlderOne) {
     confirmUndo();
     EXPECT_TRUE(QTest::qWaitFor([&] { return local.read("file.txt") == "work that was discarded\n"; }));
     EXPECT_TRUE(QTest::qWaitFor([&] { return list->count() == 0; }));
+    test::drainQueue(*runner);
+}
+
+// The Discard All button, focused from the keyboard, turns off while it works: its focus must not
+// pass to a text field, and the window must be active again once the confirmation has closed.
+TEST_F(UndoMenuTest, CtrlZRightAfterAKeyboardConfirmedDiscardAllAsksToUndoIt) {
+    MainWindow window(model, defaults);
+    window.resize(1280, 800);
+    window.show();
+    window.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    openLocal();
+    local.write("file.txt", "changed\n");
+    model.activeTab()->refresh();
+    auto* discardAll = window.findChild<QToolButton*>(QStringLiteral("changes-pane.discard-all"));
+    ASSERT_NE(discardAll, nullptr);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return discardAll->isEnabled(); }));
+
+    // With the journal off, the confirmation warns that the discard is for good.
+    setUndoJournalOn(false);
+    discardAll->click();
+    QMessageBox* box = openAlert();
+    setUndoJournalOn(true);
+    ASSERT_NE(box, nullptr);
+    EXPECT_EQ(box->informativeText(), "Are you sure you want to discard all changes? This cannot be undone.");
+    QPointer<QMessageBox> closing(box);
+    QTest::keyClick(box->windowHandle(), Qt::Key_Escape);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !closing; }));
+
+    discardAll->setFocus(Qt::TabFocusReason);
+    QTest::keyClick(window.windowHandle(), Qt::Key_Space);
+    box = openAlert();
+    ASSERT_NE(box, nullptr);
+    EXPECT_EQ(box->informativeText(),
+              "Are you sure you want to discard all changes? You can bring it back with Edit > Undo.");
+    // Cancel is the default; Tab reaches Discard.
+    QTest::keyClick(box->windowHandle(), Qt::Key_Tab);
+    QTest::keyClick(box->windowHandle(), Qt::Key_Space);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return local.read("file.txt") == "one\n"; }));
+    test::drainQueue(*runner);
+
+    QTest::keyClick(window.windowHandle(), Qt::Key_Z, Qt::ControlModifier);
+    box = openAlert();
+    ASSERT_NE(box, nullptr);
+    EXPECT_TRUE(box->informativeText().startsWith("Restore discarded file \"file.txt\"?"))
+        << box->informativeText().toStdString();
+    confirmUndo();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return local.read("file.txt") == "changed\n"; }));
     test::drainQueue(*runner);
 }
 

@@ -3,6 +3,7 @@
 #include "changes/ChangesPaneViewModel.h"
 #include "changes/StatusRows.h"
 #include "settings/LocalizationManager.h"
+#include "settings/UndoSentence.h"
 #include "widgets/OAlert.h"
 
 #include <QMenu>
@@ -57,8 +58,9 @@ void confirmDiscardFile(ChangesPaneViewModel& model, const FileChange& file, QWi
         return;
     }
     confirm(parent, localized("Discard Changes"),
-            localized("Are you sure you want to discard all changes to \"%1\"? This cannot be undone.",
-                      displayPath(file)),
+            undoableText(localized("Are you sure you want to discard all changes to \"%1\"?", displayPath(file)),
+                         localized("Are you sure you want to discard all changes to \"%1\"? This cannot be undone.",
+                                   displayPath(file))),
             localized("Discard"), true, [guard, file] {
                 if (guard)
                     guard->discardFile(file);

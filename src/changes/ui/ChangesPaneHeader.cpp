@@ -2,6 +2,7 @@
 
 #include "changes/ChangesPaneViewModel.h"
 #include "settings/LocalizationManager.h"
+#include "settings/UndoSentence.h"
 #include "widgets/Icons.h"
 #include "widgets/OAlert.h"
 
@@ -53,7 +54,8 @@ ChangesPaneHeader::ChangesPaneHeader(ChangesPaneViewModel& model, QWidget* paren
     connect(discardAll_, &QToolButton::clicked, this, [this] {
         QPointer<ChangesPaneViewModel> guard(&model_);
         confirm(this, localized("Discard All Changes"),
-                localized("Are you sure you want to discard all changes? This cannot be undone."),
+                undoableText(localized("Are you sure you want to discard all changes?"),
+                             localized("Are you sure you want to discard all changes? This cannot be undone.")),
                 localized("Discard"), true, [guard] {
                     if (guard)
                         guard->discardAll();
@@ -81,8 +83,13 @@ void ChangesPaneHeader::showState() {
     listButton_->setChecked(!tree);
     treeButton_->setChecked(tree);
     discarding_->setVisible(model_.isDiscardingAll());
-    discardAll_->setEnabled(!model_.isDiscardingAll() &&
-                            !(model_.stagedFiles().empty() && model_.unstagedFiles().empty()));
+    const bool canDiscard = !model_.isDiscardingAll() &&
+                            !(model_.stagedFiles().empty() && model_.unstagedFiles().empty());
+    // A focused button that turns off hands its focus to the next widget, the commit form's text
+    // field, which would then keep Ctrl+Z from reaching Edit > Undo; the window keeps it instead.
+    if (!canDiscard && window()->focusWidget() == discardAll_)
+        discardAll_->clearFocus();
+    discardAll_->setEnabled(canDiscard);
 }
 
 void ChangesPaneHeader::changeEvent(QEvent* event) {

@@ -12,7 +12,7 @@ constexpr std::string_view magic = "orvel-undo 1";
 // Stands for a value the entry does not know yet.
 constexpr std::string_view unknown = "?";
 
-constexpr std::array<std::pair<UndoAction, const char*>, 9> actionNames{{
+constexpr std::array<std::pair<UndoAction, const char*>, 10> actionNames{{
     {UndoAction::discard, "discard"},
     {UndoAction::hardReset, "hard-reset"},
     {UndoAction::deleteBranch, "delete-branch"},
@@ -22,6 +22,13 @@ constexpr std::array<std::pair<UndoAction, const char*>, 9> actionNames{{
     {UndoAction::merge, "merge"},
     {UndoAction::amend, "amend"},
     {UndoAction::forcePush, "force-push"},
+    {UndoAction::pull, "pull"},
+}};
+
+constexpr std::array<std::pair<UndoFileMode, std::string_view>, 3> modeNames{{
+    {UndoFileMode::regular, "-"},
+    {UndoFileMode::executable, "x"},
+    {UndoFileMode::link, "l"},
 }};
 
 void put(std::string& out, std::string_view field) {
@@ -78,6 +85,20 @@ std::optional<UndoAction> actionNamed(std::string_view name) {
     return std::nullopt;
 }
 
+std::optional<UndoFileMode> modeNamed(std::optional<std::string_view> name) {
+    for (const auto& [mode, text] : modeNames)
+        if (name == text)
+            return mode;
+    return std::nullopt;
+}
+
+std::string_view modeName(UndoFileMode mode) {
+    for (const auto& [candidate, text] : modeNames)
+        if (candidate == mode)
+            return text;
+    return "-";
+}
+
 } // namespace
 
 const char* undoActionName(UndoAction action) {
@@ -98,7 +119,7 @@ std::string formatUndoEntry(const UndoEntry& entry) {
     for (const UndoFile& file : entry.files) {
         put(out, file.path);
         put(out, file.before);
-        put(out, file.executable ? "x" : "-");
+        put(out, modeName(file.mode));
         putOptional(out, file.after);
     }
     put(out, std::to_string(entry.refs.size()));
@@ -137,9 +158,9 @@ std::optional<UndoEntry> parseUndoEntry(std::string_view bytes, std::string id) 
         const auto before = fields.next();
         const auto mode = fields.next();
         const auto after = fields.optional();
-        if (!path || !before || !after || (mode != "x" && mode != "-"))
+        if (!path || !before || !after || !modeNamed(mode))
             return std::nullopt;
-        entry.files.push_back({std::string(*path), std::string(*before), mode == "x", *after});
+        entry.files.push_back({std::string(*path), std::string(*before), *modeNamed(mode), *after});
     }
     const auto refCount = fields.number<std::size_t>();
     if (!refCount || *refCount > bytes.size() / 3)

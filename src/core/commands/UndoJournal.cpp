@@ -39,9 +39,26 @@ std::vector<std::string> outputLines(const std::string& output) {
     return lines;
 }
 
+fs::path gitDirectory(GitExecutorProtocol& git, const std::string& repoPath) {
+    return trimmed(git.execute({"rev-parse", "--absolute-git-dir"}, repoPath));
+}
+
+fs::path journalFolder(const fs::path& gitDir) {
+    return gitDir / "orvel" / "undo";
+}
+
 fs::path journalFolder(GitExecutorProtocol& git, const std::string& repoPath) {
-    const std::string gitDir = trimmed(git.execute({"rev-parse", "--absolute-git-dir"}, repoPath));
-    return fs::path(gitDir) / "orvel" / "undo";
+    return journalFolder(gitDirectory(git, repoPath));
+}
+
+// The note of a merge or rebase stopped in the middle: what began it, for the step that ends it.
+fs::path stopNote(const fs::path& folder) {
+    return folder / "stopped";
+}
+
+std::string fileText(const fs::path& path) {
+    std::ifstream in(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
 }
 
 // Makes the folder and its parent private to this user, also when an older one was not.
@@ -70,9 +87,7 @@ std::vector<UndoEntry> readEntries(const fs::path& folder) {
         if (!name.ends_with(entrySuffix) || id.size() != 20 ||
             !std::all_of(id.begin(), id.end(), [](char c) { return c >= '0' && c <= '9'; }))
             continue;
-        std::ifstream in(item.path(), std::ios::binary);
-        const std::string bytes((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
-        if (auto entry = parseUndoEntry(bytes, id))
+        if (auto entry = parseUndoEntry(fileText(item.path()), id))
             found.push_back(std::move(*entry));
     }
     std::sort(found.begin(), found.end(), [](const UndoEntry& a, const UndoEntry& b) { return a.id > b.id; });
@@ -118,10 +133,8 @@ void bound(GitExecutorProtocol& git, const std::string& repoPath, const fs::path
     }
 }
 
-// A new entry with its id and time; the journal's folder comes back through `folder`.
-UndoEntry newEntry(GitExecutorProtocol& git, const std::string& repoPath, UndoAction action,
-                   std::string subject, fs::path& folder) {
-    folder = journalFolder(git, repoPath);
+// A new entry of the journal in `folder`, with its id and time.
+UndoEntry newEntry(const fs::path& folder, UndoAction action, std::string subject) {
     UndoEntry entry;
     entry.id = freshId(readEntries(folder));
     entry.action = action;
@@ -153,8 +166,8 @@ std::vector<std::string> hashFiles(GitExecutorProtocol& git, const std::string& 
 }
 
 struct FileState {
-    enum class Kind { missing, file, other } kind = Kind::missing;
-    bool executable = false;
+    enum class Kind { missing, file, link, other } kind = Kind::missing;
+    UndoFileMode mode = UndoFileMode::regular;
     std::uint64_t size = 0;
 };
 
@@ -162,36 +175,110 @@ FileState stateOf(const std::string& repoPath, const std::string& path) {
     struct stat info {};
     if (::lstat((fs::path(repoPath) / path).c_str(), &info) != 0)
         return {};
+    const auto size = static_cast<std::uint64_t>(info.st_size);
+    if (S_ISLNK(info.st_mode))
+        return {FileState::Kind::link, UndoFileMode::link, size};
     if (!S_ISREG(info.st_mode))
         return {FileState::Kind::other};
-    return {FileState::Kind::file, (info.st_mode & S_IXUSR) != 0, static_cast<std::uint64_t>(info.st_size)};
+    return {FileState::Kind::file, (info.st_mode & S_IXUSR) != 0 ? UndoFileMode::executable : UndoFileMode::regular,
+            size};
 }
 
-// What each path holds now: its blob, empty when missing, `notAFile` for anything else.
+// The blobs of the links at `paths`, in their order: each holds the link's target, as git keeps a
+// link. hash-object reads the file a link points at, so each target is first written to a file
+// of its own in the journal's private folder. With `write`, also stored in the repository.
+std::vector<std::string> hashLinks(GitExecutorProtocol& git, const std::string& repoPath,
+                                   const std::vector<std::string>& paths, bool write) {
+    if (paths.empty())
+        return {};
+    const fs::path folder = privateFolder(journalFolder(git, repoPath)) / "links";
+    fs::remove_all(folder);
+    struct RemoveFolder {
+        fs::path path;
+        ~RemoveFolder() {
+            std::error_code ignored;
+            fs::remove_all(path, ignored);
+        }
+    } removeFolder{folder};
+    fs::create_directory(folder);
+    std::vector<std::string> targets;
+    for (const std::string& path : paths) {
+        targets.push_back((folder / std::to_string(targets.size())).string());
+        writePrivateFileDurably(targets.back(), fs::read_symlink(fs::path(repoPath) / path).string());
+    }
+    return hashFiles(git, repoPath, targets, write);
+}
+
+// The blob of what each of `paths` holds, in their order: a file's bytes, a link's target; empty
+// for nothing, `notAFile` for anything else. With `write`, the blobs are stored in the repository.
 std::vector<std::string> contents(GitExecutorProtocol& git, const std::string& repoPath,
-                                  const std::vector<std::string>& paths) {
+                                  const std::vector<std::string>& paths, bool write = false) {
     std::vector<std::string> result(paths.size());
-    std::vector<std::string> files;
-    std::vector<std::size_t> where;
+    std::vector<std::string> files, links;
+    std::vector<std::size_t> whereFiles, whereLinks;
     for (std::size_t i = 0; i < paths.size(); ++i) {
-        const FileState state = stateOf(repoPath, paths[i]);
-        if (state.kind == FileState::Kind::other)
+        switch (stateOf(repoPath, paths[i]).kind) {
+        case FileState::Kind::other:
             result[i] = notAFile;
-        if (state.kind == FileState::Kind::file) {
+            break;
+        case FileState::Kind::file:
             files.push_back(paths[i]);
-            where.push_back(i);
+            whereFiles.push_back(i);
+            break;
+        case FileState::Kind::link:
+            links.push_back(paths[i]);
+            whereLinks.push_back(i);
+            break;
+        case FileState::Kind::missing:
+            break;
         }
     }
-    const std::vector<std::string> hashes = hashFiles(git, repoPath, files, false);
-    for (std::size_t i = 0; i < where.size(); ++i)
-        result[where[i]] = hashes[i];
+    const std::vector<std::string> fileHashes = hashFiles(git, repoPath, files, write);
+    const std::vector<std::string> linkHashes = hashLinks(git, repoPath, links, write);
+    for (std::size_t i = 0; i < whereFiles.size(); ++i)
+        result[whereFiles[i]] = fileHashes[i];
+    for (std::size_t i = 0; i < whereLinks.size(); ++i)
+        result[whereLinks[i]] = linkHashes[i];
     return result;
 }
 
-// A tree naming each kept blob by its hash, written through an index of the journal's own, so
-// that one ref keeps all of them.
+// The paths a discard of `paths` may change, each once: a folder stands for every file and link
+// under it, but for what lies in a repository of its own, which no discard deletes.
+std::vector<std::string> expandFolders(const std::string& repoPath, const std::vector<std::string>& paths) {
+    std::vector<std::string> expanded;
+    std::set<std::string> seen;
+    const auto add = [&](const std::string& path) {
+        if (seen.insert(path).second)
+            expanded.push_back(path);
+    };
+    for (const std::string& path : paths) {
+        const fs::path top = fs::path(repoPath) / path;
+        std::error_code error;
+        if (!fs::is_directory(fs::symlink_status(top, error))) {
+            add(path);
+            continue;
+        }
+        std::vector<std::string> found;
+        for (auto item = fs::recursive_directory_iterator(top, error); !error && item != fs::end(item);
+             item.increment(error)) {
+            const auto status = item->symlink_status(error);
+            if (fs::is_directory(status) && fs::exists(fs::symlink_status(item->path() / ".git", error)))
+                item.disable_recursion_pending();
+            else if (fs::is_regular_file(status) || fs::is_symlink(status))
+                found.push_back((fs::path(path) / fs::relative(item->path(), top)).generic_string());
+        }
+        if (!fs::exists(fs::symlink_status(top / ".git", error))) {
+            std::sort(found.begin(), found.end());
+            std::for_each(found.begin(), found.end(), add);
+        }
+    }
+    return expanded;
+}
+
+// A tree naming each kept blob by its hash, a link's target as a link, written through an index
+// of the journal's own, so that one ref keeps all of them.
 std::string treeOf(GitExecutorProtocol& git, const std::string& repoPath, const fs::path& folder,
-                   const std::string& id, const std::set<std::string>& blobs) {
+                   const std::string& id, const std::set<std::pair<std::string, UndoFileMode>>& blobs) {
     const std::string index = (privateFolder(folder) / (id + ".index")).string();
     const GitExecutorProtocol::Environment environment{{"GIT_INDEX_FILE", index}};
     struct RemoveIndex {
@@ -201,11 +288,15 @@ std::string treeOf(GitExecutorProtocol& git, const std::string& repoPath, const 
             fs::remove(path, ignored);
         }
     } removeIndex{index};
-    const std::vector<std::string> all(blobs.begin(), blobs.end());
+    const std::vector<std::pair<std::string, UndoFileMode>> all(blobs.begin(), blobs.end());
     for (std::size_t start = 0; start < all.size(); start += pathsPerRun) {
         Arguments arguments{"update-index", "--add"};
-        for (std::size_t i = start; i < std::min(all.size(), start + pathsPerRun); ++i)
-            arguments.insert(arguments.end(), {"--cacheinfo", "100644," + all[i] + "," + all[i]});
+        for (std::size_t i = start; i < std::min(all.size(), start + pathsPerRun); ++i) {
+            const auto& [blob, mode] = all[i];
+            const bool link = mode == UndoFileMode::link;
+            arguments.insert(arguments.end(),
+                             {"--cacheinfo", (link ? "120000," : "100644,") + blob + "," + blob + (link ? ".link" : "")});
+        }
         git.executeWithEnvironment(arguments, repoPath, environment);
     }
     return trimmed(git.executeWithEnvironment({"write-tree"}, repoPath, environment));
@@ -251,25 +342,36 @@ void checkFiles(GitExecutorProtocol& git, const std::string& repoPath, const Und
             refuse("\"" + paths[i] + "\" was changed after the discard; undoing would overwrite that change.");
 }
 
+// Puts `staged`, a new file or link beside the work tree's files, in the place of `target` at once.
+void moveInPlace(const fs::path& staged, const fs::path& target) {
+    try {
+        fs::create_directories(target.parent_path());
+        fs::rename(staged, target);
+    } catch (...) {
+        std::error_code ignored;
+        fs::remove(staged, ignored);
+        throw;
+    }
+}
+
 void restoreFiles(GitExecutorProtocol& git, const std::string& repoPath, const UndoEntry& entry) {
-    for (const UndoFile& file : entry.files) {
+    for (std::size_t i = 0; i < entry.files.size(); ++i) {
+        const UndoFile& file = entry.files[i];
         const fs::path target = fs::path(repoPath) / file.path;
         if (file.before.empty()) {
             fs::remove(target);
-            continue;
-        }
-        // git writes the blob's bytes as they are to a new file in the work tree's top folder, on
-        // the same file system as the target, so the rename below replaces it at once.
-        const fs::path staged = fs::path(repoPath) / trimmed(git.execute({"unpack-file", file.before}, repoPath));
-        try {
-            fs::permissions(staged, file.executable ? fs::perms(0755) : fs::perms(0644),
+        } else if (file.mode == UndoFileMode::link) {
+            const fs::path staged = fs::path(repoPath) / (".orvel-undo-" + entry.id + "-" + std::to_string(i));
+            fs::create_symlink(git.execute({"cat-file", "blob", file.before}, repoPath), staged);
+            moveInPlace(staged, target);
+        } else {
+            // git writes the blob's bytes as they are to a new file in the work tree's top folder,
+            // on the same file system as the target, so the rename replaces it at once.
+            const fs::path staged =
+                fs::path(repoPath) / trimmed(git.execute({"unpack-file", file.before}, repoPath));
+            fs::permissions(staged, file.mode == UndoFileMode::executable ? fs::perms(0755) : fs::perms(0644),
                             fs::perm_options::replace);
-            fs::create_directories(target.parent_path());
-            fs::rename(staged, target);
-        } catch (...) {
-            std::error_code ignored;
-            fs::remove(staged, ignored);
-            throw;
+            moveInPlace(staged, target);
         }
     }
 }
@@ -321,6 +423,7 @@ void restoreRefs(GitExecutorProtocol& git, const std::string& repoPath, const Un
         case UndoAction::hardReset:
         case UndoAction::rebase:
         case UndoAction::merge:
+        case UndoAction::pull:
         case UndoAction::amend:
             if (isCheckedOut(git, repoPath, ref.name)) {
                 // The work tree follows the branch back; "--keep" refuses rather than lose local
@@ -340,60 +443,84 @@ void restoreRefs(GitExecutorProtocol& git, const std::string& repoPath, const Un
     }
 }
 
-} // namespace
-
-std::vector<UndoEntry> entries(GitExecutorProtocol& git, const std::string& repoPath) {
-    return readEntries(journalFolder(git, repoPath));
+bool stops(UndoAction action) {
+    return action == UndoAction::merge || action == UndoAction::rebase || action == UndoAction::pull;
 }
 
-void journal(GitExecutorProtocol& git, const std::string& repoPath, const UndoLimits& limits, UndoAction action,
-             const std::string& subject, const std::vector<std::string>& paths,
-             const std::vector<std::string>& refNames, const std::function<void()>& operation) {
-    if (limits.entries == 0 || (paths.empty() && refNames.empty()))
-        return operation();
-    std::vector<UndoFile> files;
-    std::vector<std::string> present;
-    std::uint64_t bytes = 0;
-    std::set<std::string> seen;
-    for (const std::string& path : paths) {
-        if (!seen.insert(path).second)
+// The merge or rebase stopped in the middle, if any, as an entry of the one ref the step that
+// ends it moves, with its value from before it began: git keeps a rebased branch where it was
+// until the end and names it in the rebase's state, and a merge ends in a commit on HEAD.
+std::optional<UndoEntry> stoppedOperation(GitExecutorProtocol& git, const std::string& repoPath,
+                                          const fs::path& gitDir) {
+    UndoEntry stopped;
+    for (const char* state : {"rebase-merge", "rebase-apply"}) {
+        const std::string head = trimmed(fileText(gitDir / state / "head-name"));
+        const std::string before = trimmed(fileText(gitDir / state / "orig-head"));
+        if (head.empty() || before.empty())
             continue;
+        stopped.action = UndoAction::rebase;
+        stopped.refs.push_back({head.starts_with("refs/") ? head : "HEAD", before, std::nullopt});
+        return stopped;
+    }
+    if (!fs::exists(gitDir / "MERGE_HEAD"))
+        return std::nullopt;
+    stopped.action = UndoAction::merge;
+    stopped.refs.push_back({checkedOutRef(git, repoPath), resolve(git, repoPath, "HEAD"), std::nullopt});
+    return stopped;
+}
+
+// Keeps the bytes of `paths` and the refs at their values in `refs`, runs `operation`, then notes
+// what it left, as journal says.
+void journalRefs(GitExecutorProtocol& git, const std::string& repoPath, const UndoLimits& limits,
+                 UndoAction action, const std::string& subject, const std::vector<std::string>& paths,
+                 std::vector<UndoRef> refs, const std::function<void()>& operation) {
+    std::vector<UndoFile> files;
+    std::uint64_t bytes = 0;
+    for (const std::string& path : expandFolders(repoPath, paths)) {
         const FileState state = stateOf(repoPath, path);
         if (state.kind == FileState::Kind::other)
             continue;
-        files.push_back({path, {}, state.executable, std::nullopt});
+        files.push_back({path, {}, state.mode, std::nullopt});
         bytes += state.size;
-        if (state.kind == FileState::Kind::file)
-            present.push_back(path);
     }
-    if (files.empty() && refNames.empty())
+    if (files.empty() && refs.empty())
         return operation();
-    fs::path folder;
-    UndoEntry entry = newEntry(git, repoPath, action, subject, folder);
-    entry.files = std::move(files);
+    const fs::path gitDir = gitDirectory(git, repoPath);
+    const fs::path folder = journalFolder(gitDir);
+    UndoEntry entry = newEntry(folder, action, subject);
     entry.bytes = bytes;
-    const std::vector<std::string> blobs = hashFiles(git, repoPath, present, true);
-    std::set<std::string> kept;
-    for (std::size_t i = 0, next = 0; i < entry.files.size(); ++i) {
-        if (next < present.size() && entry.files[i].path == present[next]) {
-            entry.files[i].before = blobs[next++];
-            kept.insert(entry.files[i].before);
-        }
+    std::vector<std::string> recorded;
+    for (const UndoFile& file : files)
+        recorded.push_back(file.path);
+    const std::vector<std::string> blobs = contents(git, repoPath, recorded, true);
+    std::set<std::pair<std::string, UndoFileMode>> kept;
+    for (std::size_t i = 0; i < files.size(); ++i) {
+        files[i].before = blobs[i];
+        if (!blobs[i].empty() && blobs[i] != notAFile)
+            kept.emplace(blobs[i], files[i].mode);
     }
+    entry.files = std::move(files);
     if (!kept.empty())
         git.execute({"update-ref", keepRef(entry.id, "files"), treeOf(git, repoPath, folder, entry.id, kept)},
                     repoPath);
-    for (const std::string& name : refNames) {
-        const std::string value = resolve(git, repoPath, name);
-        if (!value.empty())
-            git.execute({"update-ref", keepRef(entry.id, std::to_string(entry.refs.size())), value}, repoPath);
-        entry.refs.push_back({name, value, std::nullopt});
-    }
+    for (std::size_t i = 0; i < refs.size(); ++i)
+        if (!refs[i].before.empty())
+            git.execute({"update-ref", keepRef(entry.id, std::to_string(i)), refs[i].before}, repoPath);
+    entry.refs = std::move(refs);
     save(folder, entry);
     runThenSeal(operation, [&] {
-        std::vector<std::string> recorded;
-        for (const UndoFile& file : entry.files)
-            recorded.push_back(file.path);
+        // Stopped in the middle: what it left is no state to go back from; the note tells the
+        // step that ends it what began it.
+        if (stops(action) && stoppedOperation(git, repoPath, gitDir)) {
+            drop(git, repoPath, folder, entry);
+            UndoEntry note = entry;
+            note.files.clear();
+            writePrivateFileDurably(stopNote(folder).string(), formatUndoEntry(note));
+            return;
+        }
+        std::error_code ignored;
+        if (stops(action))
+            fs::remove(stopNote(folder), ignored);
         const std::vector<std::string> after = contents(git, repoPath, recorded);
         bool changed = false;
         for (std::size_t i = 0; i < after.size(); ++i) {
@@ -409,6 +536,41 @@ void journal(GitExecutorProtocol& git, const std::string& repoPath, const UndoLi
         save(folder, entry);
         bound(git, repoPath, folder, limits);
     });
+}
+
+} // namespace
+
+std::vector<UndoEntry> entries(GitExecutorProtocol& git, const std::string& repoPath) {
+    return readEntries(journalFolder(git, repoPath));
+}
+
+void journal(GitExecutorProtocol& git, const std::string& repoPath, const UndoLimits& limits, UndoAction action,
+             const std::string& subject, const std::vector<std::string>& paths,
+             const std::vector<std::string>& refNames, const std::function<void()>& operation) {
+    if (limits.entries == 0 || (paths.empty() && refNames.empty()))
+        return operation();
+    std::vector<UndoRef> refs;
+    for (const std::string& name : refNames)
+        refs.push_back({name, resolve(git, repoPath, name), std::nullopt});
+    journalRefs(git, repoPath, limits, action, subject, paths, std::move(refs), operation);
+}
+
+void journalResumed(GitExecutorProtocol& git, const std::string& repoPath, const UndoLimits& limits,
+                    const std::function<void()>& operation) {
+    if (limits.entries == 0)
+        return operation();
+    const fs::path gitDir = gitDirectory(git, repoPath);
+    std::optional<UndoEntry> stopped = stoppedOperation(git, repoPath, gitDir);
+    if (!stopped)
+        return operation();
+    // The note names the action only while it is about the same ref and value: a merge or rebase
+    // begun elsewhere leaves none, or an older one.
+    const auto note = parseUndoEntry(fileText(stopNote(journalFolder(gitDir))), "0");
+    if (note && note->refs == stopped->refs) {
+        stopped->action = note->action;
+        stopped->subject = note->subject;
+    }
+    journalRefs(git, repoPath, limits, stopped->action, stopped->subject, {}, std::move(stopped->refs), operation);
 }
 
 void journalDiscard(GitExecutorProtocol& git, const std::string& repoPath, const UndoLimits& limits,
@@ -434,8 +596,8 @@ void journalStashDrop(GitExecutorProtocol& git, const std::string& repoPath, con
     const auto messages = outputLines(git.execute({"stash", "list", "--format=%gs"}, repoPath));
     if (limits.entries == 0 || commit.empty() || index < 0 || static_cast<std::size_t>(index) >= messages.size())
         return dropStash();
-    fs::path folder;
-    UndoEntry entry = newEntry(git, repoPath, UndoAction::dropStash, messages[static_cast<std::size_t>(index)], folder);
+    const fs::path folder = journalFolder(git, repoPath);
+    UndoEntry entry = newEntry(folder, UndoAction::dropStash, messages[static_cast<std::size_t>(index)]);
     git.execute({"update-ref", keepRef(entry.id, "0"), commit}, repoPath);
     entry.refs.push_back({"refs/stash", commit, std::string()});
     save(folder, entry);

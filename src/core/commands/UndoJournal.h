@@ -2,7 +2,8 @@
 // or delete and the refs it will move are kept, so that the newest entries can be brought back.
 //
 // It lives in "<git directory>/orvel/undo", private to this user (0700 folders, 0600 files), one
-// file an entry, each written whole and synced before it counts. The kept blobs and commits stay
+// file an entry, each written whole and synced before it counts, and the file "stopped" naming the
+// action that began a merge or rebase stopped in the middle. The kept blobs and commits stay
 // reachable through refs under "refs/orvel/undo/<id>/", so that git's garbage collection keeps them
 // until the entry is dropped. All functions block and run inside the repository's queue.
 #pragma once
@@ -36,14 +37,31 @@ namespace UndoJournal {
 // The entries, newest first. Files that don't read back as an entry are passed over.
 std::vector<UndoEntry> entries(GitExecutorProtocol& git, const std::string& repoPath);
 
+// Runs `operation` inside `journal`, which takes it as a std::function<void()>, and hands back
+// the value it gives.
+template <typename Operation, typename Journal>
+auto passingResult(Operation operation, Journal journal) {
+    using Result = decltype(operation());
+    if constexpr (std::is_void_v<Result>) {
+        journal(std::function<void()>(operation));
+    } else {
+        std::optional<Result> result;
+        journal(std::function<void()>([&] { result.emplace(operation()); }));
+        return std::move(*result);
+    }
+}
+
 // Keeps the working-tree bytes of `paths` (relative to the work tree; a missing one is kept as
-// missing, folders and symbolic links are left out), runs `discard`, then notes what it left, all
-// as one entry. Every discard goes through here, whichever way it changes the files.
+// missing, a link as its target, a folder as every file and link under it but a repository of
+// its own), runs `discard`, then notes what it left, all as one entry. Every discard goes through
+// here, whichever way it changes the files.
 void journalDiscard(GitExecutorProtocol& git, const std::string& repoPath, const UndoLimits& limits,
                     const std::vector<std::string>& paths, const std::function<void()>& discard);
 
 // Keeps the bytes of `paths` as journalDiscard does and the values of `refNames` (full names),
 // runs `operation`, then notes what it left. An operation that changed none of them leaves no entry.
+// A merge, rebase or pull that stops in the middle (on a conflict, at an edit) leaves none either:
+// the step that ends it journals the whole of it (see journalResumed).
 void journal(GitExecutorProtocol& git, const std::string& repoPath, const UndoLimits& limits, UndoAction action,
              const std::string& subject, const std::vector<std::string>& paths,
              const std::vector<std::string>& refNames, const std::function<void()>& operation);
@@ -53,15 +71,16 @@ template <typename Operation>
 auto journalAround(GitExecutorProtocol& git, const std::string& repoPath, const UndoLimits& limits,
                    UndoAction action, const std::string& subject, const std::vector<std::string>& paths,
                    const std::vector<std::string>& refNames, Operation operation) {
-    using Result = decltype(operation());
-    if constexpr (std::is_void_v<Result>) {
-        journal(git, repoPath, limits, action, subject, paths, refNames, operation);
-    } else {
-        std::optional<Result> result;
-        journal(git, repoPath, limits, action, subject, paths, refNames, [&] { result.emplace(operation()); });
-        return std::move(*result);
-    }
+    return passingResult(std::move(operation), [&](const std::function<void()>& run) {
+        journal(git, repoPath, limits, action, subject, paths, refNames, run);
+    });
 }
+
+// Runs `operation`, a step that may end a merge or rebase stopped earlier (a continue, a skip,
+// the commit of a merge), and journals the move of the branch from its value before that merge
+// or rebase began, under the action that began it. Without one stopped, it just runs `operation`.
+void journalResumed(GitExecutorProtocol& git, const std::string& repoPath, const UndoLimits& limits,
+                    const std::function<void()>& operation);
 
 // The tracked files whose work-tree or staged bytes differ from HEAD: what a hard reset overwrites.
 std::vector<std::string> locallyChangedFiles(GitExecutorProtocol& git, const std::string& repoPath);

@@ -9,14 +9,18 @@
 
 namespace orvel {
 
-enum class UndoAction { discard, hardReset, deleteBranch, deleteRemoteBranch, dropStash, rebase, merge, amend, forcePush };
+enum class UndoAction { discard, hardReset, deleteBranch, deleteRemoteBranch, dropStash, rebase, merge, amend, forcePush, pull };
 
-// A working-tree file. `before` is the blob holding its bytes, empty when there was no file;
-// `after` is the blob of what the action left, empty when it left no file, unset while unknown.
+// What a kept path was: a file, an executable file, or a symbolic link, whose blob is its target.
+enum class UndoFileMode { regular, executable, link };
+
+// A working-tree file or link. `before` is the blob holding its bytes, empty when there was
+// nothing; `after` is the blob of what the action left, empty when it left nothing, unset while
+// unknown.
 struct UndoFile {
     std::string path;
     std::string before;
-    bool executable = false;
+    UndoFileMode mode = UndoFileMode::regular;
     std::optional<std::string> after;
 
     bool operator==(const UndoFile&) const = default;

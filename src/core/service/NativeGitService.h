@@ -213,6 +213,19 @@ class NativeGitService final : public GitServiceProtocol {
                                                             [&] { return block(git, repoPath); });
                       });
     }
+    // As queued, for a step that may end a merge or rebase stopped earlier: when it does, the
+    // journal keeps the branch as it was before that merge or rebase began.
+    template <typename Block>
+    auto resuming(const std::string& repoPath, std::stop_token cancellation, Block block) {
+        return queued(repoPath, std::move(cancellation),
+                      [limits = undoLimits(), block = std::move(block)](GitExecutorProtocol& git,
+                                                                        const std::string& repoPath) {
+                          return UndoJournal::passingResult([&] { return block(git, repoPath); },
+                                                            [&](const std::function<void()>& run) {
+                                                                UndoJournal::journalResumed(git, repoPath, limits, run);
+                                                            });
+                      });
+    }
     template <typename Block>
     auto queuedDiscard(const std::string& repoPath, std::stop_token cancellation, std::vector<std::string> paths,
                        Block block) {

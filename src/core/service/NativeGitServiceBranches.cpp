@@ -137,7 +137,7 @@ QCoro::Task<void> NativeGitService::abortRevert(RepoEntry repo, std::stop_token 
 QCoro::Task<InteractiveRebaseResult> NativeGitService::rebaseContinue(RepoEntry repo,
                                                                       std::stop_token cancellation) {
     qCDebug(lcOps, "rebaseContinue: %s", repo.path.c_str());
-    return queued(repo.path, cancellation, [repo](GitExecutorProtocol& git, const std::string&) {
+    return resuming(repo.path, cancellation, [repo](GitExecutorProtocol& git, const std::string&) {
         return MergeCommands::rebaseContinue(git, repo);
     });
 }
@@ -145,7 +145,7 @@ QCoro::Task<InteractiveRebaseResult> NativeGitService::rebaseContinue(RepoEntry 
 QCoro::Task<InteractiveRebaseResult> NativeGitService::rebaseSkip(RepoEntry repo,
                                                                   std::stop_token cancellation) {
     qCDebug(lcOps, "rebaseSkip: %s", repo.path.c_str());
-    return queued(repo.path, cancellation, [repo](GitExecutorProtocol& git, const std::string&) {
+    return resuming(repo.path, cancellation, [repo](GitExecutorProtocol& git, const std::string&) {
         return MergeCommands::rebaseSkip(git, repo);
     });
 }

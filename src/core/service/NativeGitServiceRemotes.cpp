@@ -62,10 +62,11 @@ QCoro::Task<MergeResult> NativeGitService::pull(RepoEntry repo, std::string remo
                                                 std::stop_token cancellation) {
     qCDebug(lcOps, "pull: %s strategy=%s in %s", remote.c_str(), RemoteCommands::toString(strategy),
             repo.path.c_str());
-    return queued(repo.path, cancellation,
-                  [remote, strategy](GitExecutorProtocol& git, const std::string& repoPath) {
-                      return RemoteCommands::pull(git, repoPath, remote, strategy);
-                  });
+    // A merge or rebase of the checked-out branch, whichever the strategy makes it.
+    return journalled(repo.path, cancellation, UndoAction::pull, remote, {}, &UndoJournal::checkedOutRefs,
+                      [remote, strategy](GitExecutorProtocol& git, const std::string& repoPath) {
+                          return RemoteCommands::pull(git, repoPath, remote, strategy);
+                      });
 }
 
 QCoro::Task<void> NativeGitService::push(RepoEntry repo, std::string remote, std::stop_token cancellation) {

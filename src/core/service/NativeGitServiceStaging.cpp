@@ -71,16 +71,15 @@ QCoro::Task<CommitEntry> NativeGitService::commitWith(CommitCommand command, Rep
                                                       std::string message, std::stop_token cancellation) {
     auto signing = signingSetting(repo.path, commitSigningKey);
     const bool sign = co_await std::move(signing);
-    // An amend replaces the commit the branch pointed at; the journal keeps that one.
-    auto branch = [amends = command == &StagingCommands::amendCommit](GitExecutorProtocol& git,
-                                                                      const std::string& repoPath) {
-        return amends ? UndoJournal::checkedOutRefs(git, repoPath) : std::vector<std::string>();
+    auto run = [command, message, sign](GitExecutorProtocol& git, const std::string& repoPath) {
+        return command(git, repoPath, message, sign);
     };
-    auto task = journalled(repo.path, cancellation, UndoAction::amend, {}, {}, branch,
-                           [command, message, sign](GitExecutorProtocol& git, const std::string& repoPath) {
-                               return command(git, repoPath, message, sign);
-                           });
-    co_return co_await std::move(task);
+    // An amend replaces the commit the branch pointed at; the journal keeps that one. A commit
+    // may end a merge stopped on a conflict; the journal keeps the branch from before the merge.
+    if (command == &StagingCommands::amendCommit)
+        co_return co_await journalled(repo.path, cancellation, UndoAction::amend, {}, {},
+                                      &UndoJournal::checkedOutRefs, std::move(run));
+    co_return co_await resuming(repo.path, cancellation, std::move(run));
 }
 
 QCoro::Task<CommitEntry> NativeGitService::commit(RepoEntry repo, std::string message,

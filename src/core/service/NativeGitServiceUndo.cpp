@@ -45,12 +45,17 @@ QCoro::Task<std::vector<DiscardFailure>> NativeGitService::discardPaths(RepoEntr
         [restore, remove](GitExecutorProtocol& git, const std::string& repoPath) {
             std::vector<DiscardFailure> failed;
             for (const std::string& path : remove) {
-                const std::filesystem::path target = std::filesystem::path(repoPath) / path;
+                namespace fs = std::filesystem;
+                const fs::path target = fs::path(repoPath) / path;
                 std::error_code error;
-                const auto status = std::filesystem::symlink_status(target, error);
-                if (std::filesystem::is_directory(status))
-                    failed.push_back({path, "\"" + path + "\" is a folder; it is not deleted."});
-                else if (!std::filesystem::remove(target, error))
+                const bool folder = fs::is_directory(fs::symlink_status(target, error));
+                // A folder goes with everything in it, which the journal keeps, but for one that
+                // holds a repository of its own: its history would go with it.
+                if (folder && fs::exists(fs::symlink_status(target / ".git", error)))
+                    failed.push_back({path, "\"" + path + "\" holds a repository of its own; it is not deleted."});
+                else if (folder && fs::remove_all(target, error) == static_cast<std::uintmax_t>(-1))
+                    failed.push_back({path, error.message()});
+                else if (!folder && !fs::remove(target, error))
                     failed.push_back({path, error ? error.message() : "\"" + path + "\" does not exist."});
             }
             for (const std::string& path : restore) {

@@ -5,6 +5,7 @@
 #include "diff/ui/DiffTextView.h"
 #include "diff/ui/ImagePairView.h"
 #include "settings/LocalizationManager.h"
+#include "settings/UndoSentence.h"
 #include "widgets/Icons.h"
 #include "widgets/OEmptyState.h"
 
@@ -306,9 +307,12 @@ void DiffPane::confirmDiscard() {
     auto* confirm = new QMessageBox(QMessageBox::Warning, localized("Discard Changes?"),
                                     localized("Discard Changes?"), QMessageBox::NoButton, this);
     confirm->setObjectName(QStringLiteral("diff-pane.discard-confirmation"));
-    confirm->setInformativeText(model_.discardsLines()
-                                    ? localized("The chosen lines' changes will be permanently lost.")
-                                    : localized("This hunk's changes will be permanently lost."));
+    confirm->setInformativeText(
+        model_.discardsLines()
+            ? undoableText(localized("The chosen lines' changes will be discarded."),
+                           localized("The chosen lines' changes will be permanently lost."))
+            : undoableText(localized("This hunk's changes will be discarded."),
+                           localized("This hunk's changes will be permanently lost.")));
     QPushButton* discard = confirm->addButton(localized("Discard"), QMessageBox::DestructiveRole);
     discard->setObjectName(QStringLiteral("diff-pane.discard-confirm"));
     QPushButton* cancel = confirm->addButton(localized("Cancel"), QMessageBox::RejectRole);

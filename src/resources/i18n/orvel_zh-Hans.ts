@@ -4086,5 +4086,45 @@ Files and branches go back to what they were before.</source>
         <source>Undo…</source>
         <translation>撤销…</translation>
     </message>
+    <message>
+        <source>Undo pull into %1</source>
+        <translation>撤销拉取到 %1</translation>
+    </message>
+    <message>
+        <source>You can bring it back with Edit &gt; Undo.</source>
+        <translation>可以通过“编辑 > 撤销”恢复。</translation>
+    </message>
+    <message>
+        <source>Are you sure you want to discard all changes to &quot;%1&quot;?</source>
+        <translation>确定要丢弃“%1”的所有更改吗？</translation>
+    </message>
+    <message>
+        <source>Are you sure you want to discard all changes?</source>
+        <translation>确定要丢弃所有更改吗？</translation>
+    </message>
+    <message>
+        <source>Discard %1 uncommitted change(s)?</source>
+        <translation>丢弃 %1 项未提交的更改？</translation>
+    </message>
+    <message>
+        <source>The chosen lines&apos; changes will be discarded.</source>
+        <translation>所选行的更改将被丢弃。</translation>
+    </message>
+    <message>
+        <source>This hunk&apos;s changes will be discarded.</source>
+        <translation>此区块的更改将被丢弃。</translation>
+    </message>
+    <message>
+        <source>This branch has commits that have not been merged.</source>
+        <translation>此分支含有尚未合并的提交。</translation>
+    </message>
+    <message>
+        <source>This will delete the branch on the remote.</source>
+        <translation>这将删除远程上的分支。</translation>
+    </message>
+    <message>
+        <source>Reset to %1? This will move HEAD to that commit and discard any uncommitted changes plus any commits that are not reachable from another branch.</source>
+        <translation>重置到 %1？这会将 HEAD 移到该提交，并丢弃所有未提交的更改以及无法从其他分支到达的提交。</translation>
+    </message>
 </context>
 </TS>

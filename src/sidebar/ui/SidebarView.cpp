@@ -1,6 +1,7 @@
 #include "sidebar/ui/SidebarView.h"
 
 #include "settings/LocalizationManager.h"
+#include "settings/UndoSentence.h"
 #include "settings/ThemeEngine.h"
 #include "sidebar/SidebarTreeModel.h"
 #include "sidebar/SidebarViewModel.h"
@@ -256,13 +257,15 @@ void SidebarView::showPendingQuestion() {
     };
     if (const auto& branch = sidebar_.pendingForceDeleteBranch())
         ask(localized("Branch '%1' is not fully merged", branch->name),
-            localized(
-                "This branch has commits that have not been merged. Force deleting will permanently discard "
-                "those commits once the reflog expires. This cannot be undone."),
+            undoableText(localized("This branch has commits that have not been merged."),
+                         localized("This branch has commits that have not been merged. Force deleting will "
+                                   "permanently discard those commits once the reflog expires. This cannot be "
+                                   "undone.")),
             localized("Force Delete"), &SidebarViewModel::forceDeleteBranch);
     else if (const auto& remote = sidebar_.pendingRemoteDeleteBranch())
         ask(localized("Delete remote branch '%1'?", remote->name),
-            localized("This will delete the branch on the remote. This action cannot be undone locally."),
+            undoableText(localized("This will delete the branch on the remote."),
+                         localized("This will delete the branch on the remote. This action cannot be undone locally.")),
             localized("Delete on Remote"), &SidebarViewModel::deleteRemoteBranch);
     else if (const auto& tag = sidebar_.pendingDeleteTag())
         ask(localized("Delete tag '%1'?", tag->name),
@@ -274,7 +277,7 @@ void SidebarView::showPendingQuestion() {
         ask(localized("Merge '%1'?", merge->name), sidebar_.pendingMergeForecast(), localized("Merge"),
             &SidebarViewModel::confirmMerge);
     else if (sidebar_.pendingDropStash())
-        ask(localized("Drop stash?"), localized("Stash drops cannot be undone."), localized("Drop"),
+        ask(localized("Drop stash?"), undoableText({}, localized("Stash drops cannot be undone.")), localized("Drop"),
             &SidebarViewModel::dropStash);
     if (question_)
         question_->setObjectName(QStringLiteral("sidebar.confirmation"));

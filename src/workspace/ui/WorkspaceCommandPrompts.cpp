@@ -2,6 +2,7 @@
 
 #include "content/ui/CreateBranchSheet.h"
 #include "settings/LocalizationManager.h"
+#include "settings/UndoSentence.h"
 #include "sidebar/ui/CreateTagSheet.h"
 #include "widgets/OAlert.h"
 #include "workspace/AppViewModel.h"
@@ -76,8 +77,9 @@ void WorkspaceCommandPrompts::askNewTag() {
 void WorkspaceCommandPrompts::askDiscard(int fileCount) {
     QPointer<WorkspaceCommands> commands(&commands_);
     showAlert(window_, QMessageBox::Warning, localized("Discard Uncommitted Changes?"),
-              localized("Discard %1 uncommitted change(s)? This cannot be undone. Stashing is safer.",
-                        QString::number(fileCount)),
+              undoableText(localized("Discard %1 uncommitted change(s)?", QString::number(fileCount)),
+                           localized("Discard %1 uncommitted change(s)? This cannot be undone. Stashing is safer.",
+                                     QString::number(fileCount))),
               {{localized("Cancel"), QMessageBox::RejectRole},
                {localized("Discard and Create Branch"), QMessageBox::DestructiveRole}},
               0, [commands](int chosen) {
