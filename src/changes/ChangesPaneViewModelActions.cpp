@@ -36,22 +36,6 @@ std::string fullPath(const RepoEntry& repo, const std::string& path) {
     return (std::filesystem::path(repo.path) / path).string();
 }
 
-// Removal is permanent: the file doesn't go to a bin. A path that is already gone is an error, as
-// the file manager would say. A folder holding a repository of its own (a nested repository, a
-// submodule's work tree) is refused with `refusal`: its history would go with it.
-QCoro::Task<void> removeOnPool(std::string path, QString refusal) {
-    co_await runOnPool(backgroundPool(), [path, refusal] {
-        const auto status = std::filesystem::symlink_status(path);
-        if (!std::filesystem::exists(status))
-            throw std::filesystem::filesystem_error(
-                "Cannot remove file", path, std::make_error_code(std::errc::no_such_file_or_directory));
-        if (std::filesystem::is_directory(status) &&
-            std::filesystem::exists(std::filesystem::symlink_status(std::filesystem::path(path) / ".git")))
-            throw std::runtime_error(refusal.toStdString());
-        std::filesystem::remove_all(path);
-    });
-}
-
 // Appends `entry` as a line of its own to the ignore file at `path`, made when missing.
 void appendIgnoreEntry(const std::string& path, const std::string& entry) {
     std::string text;
@@ -75,9 +59,17 @@ bool isUntracked(const FileChange& file) {
     return file.status.kind == FileStatusKind::Case::untracked;
 }
 
-QCoro::Task<void> removeFile(const RepoEntry& repo, const std::string& path) {
-    return removeOnPool(fullPath(repo, path), localized("%1 is a nested repository; Orvel does not delete it",
-                                                        QString::fromUtf8(path)));
+// Removes an untracked file or folder as one journalled discard, so that Edit > Undo brings it back.
+// A path already gone is an error, as the file manager would say; a folder holding a repository of
+// its own is refused by name.
+QCoro::Task<void> removeFile(std::shared_ptr<GitServiceProtocol> service, RepoEntry repo, std::string path) {
+    const auto failed = co_await service->discardPaths(repo, {}, {path});
+    if (failed.empty())
+        co_return;
+    if (failed.front().nestedRepository)
+        throw std::runtime_error(
+            localized("%1 is a nested repository; Orvel does not delete it", QString::fromUtf8(path)).toStdString());
+    throw std::runtime_error(failed.front().reason);
 }
 
 // A path that the index added, alone or by a rename or a copy: HEAD doesn't have it.
@@ -105,22 +97,20 @@ std::vector<FileChange> rowsToDiscard(const std::vector<FileChange>& unstaged,
 
 // What Discard All does with each row, after everything was unstaged, in one journalled step so
 // that one undo brings all of them back. git can't restore what it doesn't track: an untracked or
-// added file is removed. A rename is undone on both paths: the new
-// one goes, the old one comes back as HEAD has it; a copy only loses its new path. A folder row (a
-// repository of its own) is left to removeFile, which names the refusal.
+// added file or folder is removed (the service refuses a folder holding a repository of its own). A
+// rename is undone on both paths: the new one goes, the old one comes back as HEAD has it; a copy
+// only loses its new path.
 struct DiscardPlan {
     std::vector<std::string> restore;
     std::vector<std::string> remove;
-    std::vector<std::string> folders;
 };
 
 DiscardPlan planDiscard(const std::vector<FileChange>& rows) {
     DiscardPlan plan;
     for (const FileChange& file : rows) {
         const auto status = file.displayStatus;
-        if (file.path.ends_with('/')) {
-            plan.folders.push_back(file.path);
-        } else if (isUntracked(file) || status == TrackedStatus::added || status == TrackedStatus::copied) {
+        if (file.path.ends_with('/') || isUntracked(file) || status == TrackedStatus::added ||
+            status == TrackedStatus::copied) {
             plan.remove.push_back(file.path);
         } else if (status == TrackedStatus::renamed && file.originalPath) {
             plan.remove.push_back(file.path);
@@ -135,19 +125,16 @@ DiscardPlan planDiscard(const std::vector<FileChange>& rows) {
 // The discard of one row: git can't restore what it never tracked, so an untracked file is
 // removed from the disk; the failure becomes the error of the returned task.
 QCoro::Task<void> discardOne(std::shared_ptr<GitServiceProtocol> service, RepoEntry repo, FileChange file) {
-    if (file.path.ends_with('/')) {
-        co_await removeFile(repo, file.path);
-        co_return;
-    }
     // A file added with intent (git add -N) has an empty blob in the index: restoring it from there
     // would leave an empty file marked as added, so its mark goes first and the file with it.
     const bool intentToAdd = !isUntracked(file) && file.displayStatus == TrackedStatus::added;
     if (intentToAdd)
         co_await service->unstage(repo, file.path);
-    std::vector<std::string> paths{file.path};
-    const auto failed = isUntracked(file) || intentToAdd
-                            ? co_await service->discardPaths(repo, {}, std::move(paths))
-                            : co_await service->discardPaths(repo, std::move(paths), {});
+    if (isUntracked(file) || intentToAdd || file.path.ends_with('/')) {
+        co_await removeFile(service, repo, file.path);
+        co_return;
+    }
+    const auto failed = co_await service->discardPaths(repo, {file.path}, {});
     if (!failed.empty())
         throw std::runtime_error(failed.front().reason);
 }
@@ -255,7 +242,7 @@ QCoro::Task<void> ChangesPaneViewModel::discardFile(FileChange file) {
 QCoro::Task<void> ChangesPaneViewModel::deleteFile(FileChange file) {
     QPointer<ChangesPaneViewModel> self(this);
     try {
-        co_await removeFile(repo_, file.path);
+        co_await removeFile(service_, repo_, file.path);
     } catch (const std::exception& error) {
         qCDebug(lcStaging, "op=delete.file reason=%s", redactForLog(error.what()).c_str());
         if (self)
@@ -330,14 +317,6 @@ QCoro::Task<void> ChangesPaneViewModel::discardAll() {
     }
     std::vector<std::string> failed;
     DiscardPlan plan = planDiscard(rows);
-    for (const std::string& folder : plan.folders) {
-        try {
-            co_await removeFile(repo, folder);
-        } catch (const std::exception& error) {
-            qCDebug(lcStaging, "op=discard.all scope=file reason=%s", redactForLog(error.what()).c_str());
-            failed.push_back(folder);
-        }
-    }
     std::vector<std::string> all = plan.remove;
     all.insert(all.end(), plan.restore.begin(), plan.restore.end());
     try {

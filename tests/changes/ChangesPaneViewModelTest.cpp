@@ -75,6 +75,15 @@ TEST_F(ChangesModelOnRealGit, DiscardRemovesAddedFilesAndRestoresTrackedOnes) {
     test::await(model().discardFile(model().unstagedFiles().front()));
     EXPECT_FALSE(std::filesystem::exists(repo / "intent.txt"));
     EXPECT_EQ(repo.git({"status", "--porcelain"}), "");
+    // Deleting an untracked file goes through the undo journal, which brings it back.
+    repo.write("notes/draft.txt", "only here\n");
+    test::await(model().refreshStatus());
+    test::await(model().deleteFile(model().unstagedFiles().front()));
+    EXPECT_FALSE(std::filesystem::exists(repo / "notes/draft.txt"));
+    const auto entries = test::await(service->undoHistory(entry()));
+    ASSERT_EQ(entries.size(), 2u);
+    test::await(service->undo(entry(), entries.front().id));
+    EXPECT_EQ(repo.read("notes/draft.txt"), "only here\n");
 
     repo.write("both.txt", "changed\n");
     repo.write("added.txt", "staged new file\n");

@@ -25,7 +25,8 @@ void confirmDeleteFile(ChangesPaneViewModel& model, const FileChange& file, QWid
     }
     QPointer<ChangesPaneViewModel> guard(&model);
     confirm(parent, localized("Delete File"),
-            localized("Are you sure you want to delete \"%1\"? This cannot be undone.", displayPath(file)),
+            undoableText(localized("Are you sure you want to delete \"%1\"?", displayPath(file)),
+                         localized("Are you sure you want to delete \"%1\"? This cannot be undone.", displayPath(file))),
             localized("Delete"), true, [guard, file] {
                 if (guard)
                     guard->deleteFile(file);

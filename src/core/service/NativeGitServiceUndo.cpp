@@ -52,7 +52,7 @@ QCoro::Task<std::vector<DiscardFailure>> NativeGitService::discardPaths(RepoEntr
                 // A folder goes with everything in it, which the journal keeps, but for one that
                 // holds a repository of its own: its history would go with it.
                 if (folder && fs::exists(fs::symlink_status(target / ".git", error)))
-                    failed.push_back({path, "\"" + path + "\" holds a repository of its own; it is not deleted."});
+                    failed.push_back({path, "\"" + path + "\" holds a repository of its own; it is not deleted.", true});
                 else if (folder && fs::remove_all(target, error) == static_cast<std::uintmax_t>(-1))
                     failed.push_back({path, error.message()});
                 else if (!folder && !fs::remove(target, error))

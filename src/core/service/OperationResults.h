@@ -11,10 +11,12 @@
 
 namespace orvel {
 
-// A path a discard could not change, with the reason.
+// A path a discard could not change, with the reason. A folder holding a repository of its own is
+// never deleted: its history would go with it.
 struct DiscardFailure {
     std::string path;
     std::string reason;
+    bool nestedRepository = false;
 };
 
 struct Conflicted {
