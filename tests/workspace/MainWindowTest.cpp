@@ -137,7 +137,11 @@ TEST_F(Window, TwoFoldersDroppedOpenAsTabsThatKeepTheirViewsWhenSwitchedAndClosi
     QMimeData folders;
     folders.setUrls({QUrl::fromLocalFile(QString::fromStdString(alpha.path())),
                      QUrl::fromLocalFile(QString::fromStdString(beta.path()))});
-    QDropEvent drop(QPointF(welcome->rect().center()), Qt::CopyAction, &folders, Qt::LeftButton, Qt::NoModifier);
+    // Qt delivers a drop to the widget that accepted the drag's entry.
+    const QPoint centre = welcome->mapTo(&window, welcome->rect().center());
+    QDragEnterEvent enter(centre, Qt::CopyAction, &folders, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(&window, &enter);
+    QDropEvent drop(QPointF(centre), Qt::CopyAction, &folders, Qt::LeftButton, Qt::NoModifier);
     QApplication::sendEvent(&window, &drop);
     ASSERT_TRUE(QTest::qWaitFor([&] { return tabBar().count() == 2; }, 5000));
     EXPECT_EQ(tabBar().tabText(0), tabTitle(alpha.path(), "main"));

@@ -60,6 +60,10 @@
         <translation>确定要删除“%1”吗？此操作无法撤销。</translation>
     </message>
     <message>
+        <source>Are you sure you want to delete &quot;%1&quot;?</source>
+        <translation>确定要删除“%1”吗？</translation>
+    </message>
+    <message>
         <source>Delete</source>
         <translation>删除</translation>
     </message>
