@@ -3,6 +3,7 @@
 #include "settings/LocalizationManager.h"
 
 #include <QAbstractButton>
+#include <QFontMetrics>
 #include <QLabel>
 #include <QPointer>
 #include <QPushButton>
@@ -10,6 +11,11 @@
 #include <algorithm>
 
 namespace orvel {
+
+namespace {
+// The width of a message's lines, in average characters, before it wraps.
+constexpr int messageColumns = 48;
+} // namespace
 
 QMessageBox* showAlert(QWidget* parent, QMessageBox::Icon icon, const QString& title, const QString& message,
                        std::vector<AlertButton> buttons, int safeIndex, std::function<void(int)> answered) {
@@ -28,8 +34,14 @@ QMessageBox* showAlert(QWidget* parent, QMessageBox::Icon icon, const QString& t
         bold.setBold(true);
         titleLabel->setFont(bold);
     }
-    if (auto* messageLabel = box->findChild<QLabel*>(QStringLiteral("qt_msgbox_informativelabel")))
+    if (auto* messageLabel = box->findChild<QLabel*>(QStringLiteral("qt_msgbox_informativelabel"))) {
         messageLabel->setTextFormat(Qt::PlainText);
+        // Qt sizes the box by its title and wraps the message to that width: a short title would
+        // squeeze a long message into a narrow column.
+        const QFontMetrics metrics(messageLabel->font());
+        messageLabel->setMinimumWidth(
+            std::min(metrics.horizontalAdvance(message), metrics.averageCharWidth() * messageColumns));
+    }
     std::vector<QPushButton*> added;
     for (const AlertButton& button : buttons)
         added.push_back(box->addButton(button.text, button.role));

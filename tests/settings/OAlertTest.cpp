@@ -37,14 +37,18 @@ TEST(OAlertTest, TheSafeButtonAnswersEnterAndEscapeAndOnlyTheActionConfirms) {
     };
     for (const auto& c : cases) {
         bool confirmed = false;
-        QMessageBox* box = confirm(&window, "Delete branch?", "<b>topic</b> goes.", "Delete", true,
-                                   [&] { confirmed = true; });
+        QMessageBox* box = confirm(&window, "Delete branch?",
+                                   "<b>topic</b> goes, with the commits no other branch holds. You can bring "
+                                   "it back with Edit > Undo.",
+                                   "Delete", true, [&] { confirmed = true; });
         ASSERT_EQ(openAlert(window), box) << c.what;
         EXPECT_EQ(box->windowModality(), Qt::WindowModal);
         EXPECT_EQ(box->text(), "Delete branch?");
         const auto* message = box->findChild<QLabel*>("qt_msgbox_informativelabel");
         ASSERT_NE(message, nullptr);
         EXPECT_EQ(message->textFormat(), Qt::PlainText) << "a branch name is not markup";
+        // A short title does not squeeze the message into a narrow column.
+        EXPECT_GE(box->sizeHint().width(), message->fontMetrics().averageCharWidth() * 40);
         test::saveScreenshot(*box, "confirm-alert", box->sizeHint());
         c.answer(box);
         EXPECT_TRUE(QTest::qWaitFor([&] { return window.findChild<QMessageBox*>() == nullptr; })) << c.what;
