@@ -7,6 +7,7 @@
 #include "settings/LocalizationManager.h"
 #include "settings/UndoSentence.h"
 #include "widgets/Icons.h"
+#include "widgets/OAlert.h"
 #include "widgets/OEmptyState.h"
 
 #include <QButtonGroup>
@@ -15,6 +16,7 @@
 #include <QLabel>
 #include <QLocale>
 #include <QMessageBox>
+#include <QPointer>
 #include <QPushButton>
 #include <QStackedWidget>
 #include <QToolButton>
@@ -293,40 +295,37 @@ void DiffPane::showHunkActionError() {
     const auto& error = model_.hunkActionError();
     if (!error)
         return;
-    auto* alert = new QMessageBox(QMessageBox::Warning, localized("Hunk Action Failed"),
-                                  localized("Hunk Action Failed"), QMessageBox::Ok, this);
+    QPointer<DiffDetailViewModel> model(&model_);
+    QMessageBox* alert = showAlert(this, QMessageBox::Warning, localized("Hunk Action Failed"), *error, {}, 0,
+                                   [model](int) {
+                                       if (model)
+                                           model->clearHunkActionError();
+                                   });
     alert->setObjectName(QStringLiteral("diff-pane.hunk-error"));
-    alert->setInformativeText(*error);
-    alert->setAttribute(Qt::WA_DeleteOnClose);
-    alert->setWindowModality(Qt::WindowModal);
-    connect(alert, &QMessageBox::finished, this, [this] { model_.clearHunkActionError(); });
-    alert->open();
 }
 
 void DiffPane::confirmDiscard() {
-    auto* confirm = new QMessageBox(QMessageBox::Warning, localized("Discard Changes?"),
-                                    localized("Discard Changes?"), QMessageBox::NoButton, this);
-    confirm->setObjectName(QStringLiteral("diff-pane.discard-confirmation"));
-    confirm->setInformativeText(
-        model_.discardsLines()
-            ? undoableText(localized("The chosen lines' changes will be discarded."),
-                           localized("The chosen lines' changes will be permanently lost."))
-            : undoableText(localized("This hunk's changes will be discarded."),
-                           localized("This hunk's changes will be permanently lost.")));
-    QPushButton* discard = confirm->addButton(localized("Discard"), QMessageBox::DestructiveRole);
-    discard->setObjectName(QStringLiteral("diff-pane.discard-confirm"));
-    QPushButton* cancel = confirm->addButton(localized("Cancel"), QMessageBox::RejectRole);
-    confirm->setDefaultButton(cancel);
-    confirm->setEscapeButton(cancel);
-    confirm->setAttribute(Qt::WA_DeleteOnClose);
-    confirm->setWindowModality(Qt::WindowModal);
-    connect(confirm, &QMessageBox::finished, this, [this, confirm, discard] {
-        if (confirm->clickedButton() == discard)
-            model_.confirmDiscard();
-        else
-            model_.cancelDiscard();
-    });
-    confirm->open();
+    const QString message = model_.discardsLines()
+                                ? undoableText(localized("The chosen lines' changes will be discarded."),
+                                               localized("The chosen lines' changes will be permanently lost."))
+                                : undoableText(localized("This hunk's changes will be discarded."),
+                                               localized("This hunk's changes will be permanently lost."));
+    QPointer<DiffDetailViewModel> model(&model_);
+    QMessageBox* box = showAlert(this, QMessageBox::Warning, localized("Discard Changes?"), message,
+                                 {{localized("Cancel"), QMessageBox::RejectRole},
+                                  {localized("Discard"), QMessageBox::DestructiveRole}},
+                                 0, [model](int chosen) {
+                                     if (!model)
+                                         return;
+                                     if (chosen == 1)
+                                         model->confirmDiscard();
+                                     else
+                                         model->cancelDiscard();
+                                 });
+    box->setObjectName(QStringLiteral("diff-pane.discard-confirmation"));
+    for (QAbstractButton* button : box->buttons())
+        if (box->buttonRole(button) == QMessageBox::DestructiveRole)
+            button->setObjectName(QStringLiteral("diff-pane.discard-confirm"));
 }
 
 void DiffPane::changeEvent(QEvent* event) {
