@@ -31,14 +31,14 @@ void GitToolbarViewModel::setSelectedPullStrategy(PullStrategy strategy) {
     emit selectedPullStrategyChanged();
 }
 
-QCoro::Task<void> GitToolbarViewModel::pull() {
+QCoro::Task<void> GitToolbarViewModel::pull(PullStrategy strategy) {
     WorkspaceTabState* tab = app_.activeTab();
     const BranchEntry* branch = tab ? currentLocalBranch(tab->branches()) : nullptr;
-    const bool merges = selectedPullStrategy_ == PullStrategy::merge && branch && branch->upstream &&
+    const bool merges = strategy == PullStrategy::merge && branch && branch->upstream &&
                         !branch->upstream->isGone && branch->upstream->ahead > 0 &&
                         branch->upstream->behind > 0;
     if (!merges) {
-        co_await commands_.pull(selectedPullStrategy_);
+        co_await commands_.pull(strategy);
         co_return;
     }
     askToPull(tab->repo(), branch->name, branch->upstream->name);

@@ -40,7 +40,7 @@ class GitToolbarViewModel final : public QObject {
     // upstream, as last fetched, makes a merge commit: it asks first (pullConfirmationNeeded) and
     // predicts the merge of the upstream as last fetched into HEAD while the question is open.
     // Every other pull is a fast-forward or no merge at all, and runs at once.
-    QCoro::Task<void> pull();
+    QCoro::Task<void> pull(PullStrategy strategy);
     bool isPullPending() const { return pendingPull_.has_value(); }
     // The question's title and message; the message tells the prediction once git has answered.
     QString pendingPullTitle() const;

@@ -109,7 +109,8 @@ TEST_F(Toolbar, BadgesForceThroughTheWarningAndANamedStash) {
 }
 
 // A pull that will merge asks first and tells, from the upstream as last fetched, which files the
-// merge will conflict in; nothing moves until the user agrees. A pull that fast-forwards does not ask.
+// merge will conflict in; nothing moves until the user agrees. The Workspace menu's Pull asks alike. A
+// pull that fast-forwards does not ask.
 TEST_F(Toolbar, APullThatWillMergeAsksFirstAndTellsItsConflicts) {
     commitElsewhere("file.txt", "theirs\n");
     local.write("file.txt", "mine\n");
@@ -120,6 +121,15 @@ TEST_F(Toolbar, APullThatWillMergeAsksFirstAndTellsItsConflicts) {
     auto& pull = find<GitToolbarButton>("toolbar.pull");
     ASSERT_TRUE(test::eventually([&] { return pull.badge() == 1; }));
     const std::string head = local.head();
+
+    // The Workspace menu's Pull asks the same question; declined, nothing moves.
+    window.findChild<QAction*>("menu.pull")->trigger();
+    QMessageBox* asked = openDialog<QMessageBox>();
+    ASSERT_TRUE(asked);
+    EXPECT_EQ(asked->objectName(), "toolbar.pull.confirmation");
+    asked->reject();
+    ASSERT_TRUE(test::eventually([&] { return !window.findChild<QMessageBox*>("toolbar.pull.confirmation"); }));
+    EXPECT_EQ(local.head(), head);
 
     pull.click();
     QMessageBox* box = openDialog<QMessageBox>();

@@ -30,7 +30,7 @@ GitToolbar::GitToolbar(AppViewModel& app, QWidget* parent)
     setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
 
     connect(fetch_, &QToolButton::clicked, model_, [this] { model_->commands().fetch(); });
-    connect(pull_, &QToolButton::clicked, model_, [this] { model_->pull(); });
+    connect(pull_, &QToolButton::clicked, model_, [this] { model_->pull(model_->selectedPullStrategy()); });
     pull_->setPopupMode(QToolButton::MenuButtonPopup);
     pull_->setMenu(pullMenu_);
     for (const auto& [strategy, identifier] :
@@ -45,7 +45,7 @@ GitToolbar::GitToolbar(AppViewModel& app, QWidget* parent)
         // Choosing a strategy also pulls with it; the check mark remembers it for the button.
         connect(action, &QAction::triggered, model_, [this, strategy = strategy] {
             model_->setSelectedPullStrategy(strategy);
-            model_->pull();
+            model_->pull(strategy);
         });
     }
     connect(push_, &QToolButton::clicked, model_, [this] { model_->commands().push(); });

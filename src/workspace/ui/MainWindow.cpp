@@ -116,7 +116,8 @@ MainWindow::MainWindow(AppViewModel& model, UserDefaults& defaults, QWidget* par
     statusBar()->addPermanentWidget(busy_);
 
     new ToastOverlay(model_.toastManager(), this);
-    addToolBar(new GitToolbar(model_, this));
+    toolbar_ = new GitToolbar(model_, this);
+    addToolBar(toolbar_);
     buildMenus();
     retranslate();
 
@@ -223,7 +224,7 @@ void MainWindow::buildMenus() {
     });
     refreshAction_->setObjectName(QStringLiteral("menu.refresh"));
     refreshAction_->setShortcuts({QKeySequence::Refresh, QKeySequence(Qt::CTRL | Qt::Key_R)});
-    workspaceMenuActions_ = new WorkspaceMenu(model_, *generalSettings_, *workspaceMenu_, this);
+    workspaceMenuActions_ = new WorkspaceMenu(model_, toolbar_->model(), *generalSettings_, *workspaceMenu_, this);
 
     windowMenu_ = menuBar()->addMenu(QString());
     nextTabAction_ = windowMenu_->addAction(QString(), this, [this] { stepTab(1); });

@@ -19,6 +19,7 @@ namespace orvel {
 class AppViewModel;
 class FolderOpener;
 class GeneralSettingsViewModel;
+class GitToolbar;
 class RepositoryTabView;
 struct SettingsPageModels;
 class WorkspaceMenu;
@@ -84,6 +85,7 @@ class MainWindow final : public QMainWindow {
     QStackedWidget* tabViews_;
     QLabel* activityLabel_;
     QProgressBar* busy_;
+    GitToolbar* toolbar_ = nullptr;
     QFileDialog* openDialog_ = nullptr;
 
     QMenu* fileMenu_;

@@ -9,6 +9,7 @@
 #include "settings/ui/SigningSettingsTab.h"
 #include "widgets/BoundShortcut.h"
 #include "workspace/AppViewModel.h"
+#include "workspace/GitToolbarViewModel.h"
 #include "workspace/WorkspaceCommands.h"
 #include "workspace/ui/SettingsDialog.h"
 #include "workspace/ui/WorkspaceCommandPrompts.h"
@@ -20,14 +21,14 @@
 
 namespace orvel {
 
-WorkspaceMenu::WorkspaceMenu(AppViewModel& app, GeneralSettingsViewModel& generalSettings, QMenu& menu,
-                             QWidget* window)
+WorkspaceMenu::WorkspaceMenu(AppViewModel& app, GitToolbarViewModel& toolbar,
+                             GeneralSettingsViewModel& generalSettings, QMenu& menu, QWidget* window)
     : QObject(&menu), app_(app), generalSettings_(generalSettings), menu_(menu), window_(window),
       commands_(new WorkspaceCommands(app, QStringLiteral("menu"), this)),
       prompts_(new WorkspaceCommandPrompts(app, *commands_, window)) {
     menu_.addSeparator();
     fetch_ = menu_.addAction(QString(), commands_, [this] { commands_->fetch(); });
-    pull_ = menu_.addAction(QString(), commands_, [this] { commands_->pull(PullStrategy::merge); });
+    pull_ = menu_.addAction(QString(), &toolbar, [&toolbar] { toolbar.pull(PullStrategy::merge); });
     push_ = menu_.addAction(QString(), commands_, [this] { commands_->push(); });
     forcePush_ = menu_.addAction(QString(), prompts_, &WorkspaceCommandPrompts::askForcePush);
     menu_.addSeparator();

@@ -13,6 +13,7 @@ namespace orvel {
 
 class AppViewModel;
 class GeneralSettingsViewModel;
+class GitToolbarViewModel;
 class SettingsDialog;
 struct SettingsPageModels;
 class WorkspaceCommandPrompts;
@@ -22,8 +23,10 @@ class WorkspaceMenu final : public QObject {
     Q_OBJECT
 
   public:
-    // Adds the commands to `menu`; their prompts open over `window`.
-    WorkspaceMenu(AppViewModel& app, GeneralSettingsViewModel& generalSettings, QMenu& menu, QWidget* window);
+    // Adds the commands to `menu`; their prompts open over `window`. Pull goes through the
+    // toolbar's model, so that a pull that will merge asks first there as well.
+    WorkspaceMenu(AppViewModel& app, GitToolbarViewModel& toolbar, GeneralSettingsViewModel& generalSettings,
+                  QMenu& menu, QWidget* window);
 
     bool eventFilter(QObject* watched, QEvent* event) override;
     // The models of the tabs that need the program's git; without them those tabs stay empty.
