@@ -1,5 +1,6 @@
 #include "sidebar/MergeForecast.h"
 
+#include "core/service/GitServiceProtocol.h"
 #include "settings/LocalizationManager.h"
 
 namespace orvel {
@@ -19,6 +20,15 @@ QString mergeForecast(const std::optional<MergePrediction>& prediction, const st
                                           : localized("No conflict preview: %1", prediction->reason);
     }
     return {};
+}
+
+QCoro::Task<MergePrediction> predictMergeOf(std::shared_ptr<GitServiceProtocol> service, RepoEntry repo,
+                                            std::string branch, std::stop_token cancellation) {
+    try {
+        co_return co_await service->predictMerge(std::move(repo), std::move(branch), std::move(cancellation));
+    } catch (const std::exception& error) {
+        co_return MergePrediction::unknown(error.what());
+    }
 }
 
 } // namespace orvel

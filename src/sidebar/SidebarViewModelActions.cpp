@@ -302,12 +302,8 @@ void SidebarViewModel::requestMerge(const BranchEntry& branch) {
     emit pendingChanged();
     [](QPointer<SidebarViewModel> self, std::shared_ptr<GitServiceProtocol> service, RepoEntry repo,
        std::string name, LoadTicket ticket) -> QCoro::Task<void> {
-        MergePrediction prediction;
-        try {
-            prediction = co_await service->predictMerge(std::move(repo), std::move(name), ticket.stopToken());
-        } catch (const std::exception& error) {
-            prediction = MergePrediction::unknown(error.what());
-        }
+        MergePrediction prediction =
+            co_await predictMergeOf(std::move(service), std::move(repo), std::move(name), ticket.stopToken());
         if (!ticket.isCurrent() || !self)
             co_return;
         self->pendingMergePrediction_ = std::move(prediction);

@@ -50,13 +50,8 @@ void GitToolbarViewModel::askToPull(RepoEntry repo, std::string branch, std::str
     emit pullConfirmationNeeded();
     [](QPointer<GitToolbarViewModel> self, std::shared_ptr<GitServiceProtocol> service, RepoEntry repo,
        std::string upstream, LoadTicket ticket) -> QCoro::Task<void> {
-        MergePrediction prediction;
-        try {
-            prediction =
-                co_await service->predictMerge(std::move(repo), std::move(upstream), ticket.stopToken());
-        } catch (const std::exception& error) {
-            prediction = MergePrediction::unknown(error.what());
-        }
+        MergePrediction prediction =
+            co_await predictMergeOf(std::move(service), std::move(repo), std::move(upstream), ticket.stopToken());
         if (!ticket.isCurrent() || !self)
             co_return;
         self->pendingPullPrediction_ = std::move(prediction);
