@@ -84,7 +84,16 @@ QString InteractiveRebaseViewModel::predictionStatus() const {
         return localized("Checking for conflicts…");
     if (!unpredictableReason_.empty())
         return localized("No conflict preview: %1", unpredictableReason_);
-    return {};
+    int stopping = 0;
+    for (const auto& [id, row] : predictions_) {
+        if (row.outcome == MergePrediction::Outcome::unknown)
+            return {};
+        stopping += row.outcome == MergePrediction::Outcome::conflicts ? 1 : 0;
+    }
+    if (predictions_.empty())
+        return {};
+    return stopping == 0 ? localized("No step will stop on a conflict.")
+                         : localized("%1 step(s) will stop on a conflict.", stopping);
 }
 
 QString InteractiveRebaseViewModel::conflictText(const QUuid& id) const {

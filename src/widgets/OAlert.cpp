@@ -37,10 +37,8 @@ QMessageBox* showAlert(QWidget* parent, QMessageBox::Icon icon, const QString& t
     if (auto* messageLabel = box->findChild<QLabel*>(QStringLiteral("qt_msgbox_informativelabel"))) {
         messageLabel->setTextFormat(Qt::PlainText);
         // Qt sizes the box by its title and wraps the message to that width: a short title would
-        // squeeze a long message into a narrow column.
-        const QFontMetrics metrics(messageLabel->font());
-        messageLabel->setMinimumWidth(
-            std::min(metrics.horizontalAdvance(message), metrics.averageCharWidth() * messageColumns));
+        // squeeze a long message into a narrow column, also one that arrives later ("Checking…").
+        messageLabel->setMinimumWidth(QFontMetrics(messageLabel->font()).averageCharWidth() * messageColumns);
     }
     std::vector<QPushButton*> added;
     for (const AlertButton& button : buttons)

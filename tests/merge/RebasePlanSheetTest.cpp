@@ -11,6 +11,7 @@
 #include "notices/ToastManager.h"
 
 #include <QComboBox>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMimeData>
 #include <QPlainTextEdit>
@@ -120,14 +121,20 @@ TEST_F(RebasePlanSheetTest, MarksTheRowsThatWillConflictAsTheyMove) {
     const auto marked = [&](int row) {
         return !rows.index(row, RebasePlanItemModel::CommitColumn).data(Qt::DecorationRole).isNull();
     };
+    const auto summary = [&] {
+        return sheet->findChild<QLabel*>(QStringLiteral("rebase-sheet.conflict-preview"))->text();
+    };
     EXPECT_TRUE(tooltip(0).isEmpty());
     EXPECT_FALSE(marked(0) || marked(1));
+    EXPECT_EQ(summary(), QStringLiteral("No step will stop on a conflict."));
 
     list->setCurrentIndex(rows.index(1, 0));
     QTest::keyClick(list, Qt::Key_Up, Qt::ControlModifier);
     EXPECT_TRUE(sheet->findChild<QPushButton*>(QStringLiteral("rebase-sheet.start"))->isEnabled());
     ASSERT_TRUE(test::eventually([&] { return marked(0); }));
     EXPECT_EQ(tooltip(0), QStringLiteral("Will stop on a conflict in 1 file(s): f"));
+    ASSERT_TRUE(test::eventually([&] { return !sheet->model().isPredicting(); }));
+    EXPECT_EQ(summary(), QStringLiteral("2 step(s) will stop on a conflict."));
 
     QTest::keyClick(list, Qt::Key_Down, Qt::ControlModifier);
     ASSERT_TRUE(test::eventually([&] { return !sheet->model().isPredicting(); }));

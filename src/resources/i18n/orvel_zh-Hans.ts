@@ -376,6 +376,14 @@
         <translation>将在 %1 个文件中因冲突而停止：%2</translation>
     </message>
     <message>
+        <source>No step will stop on a conflict.</source>
+        <translation>没有步骤会因冲突而停止。</translation>
+    </message>
+    <message>
+        <source>%1 step(s) will stop on a conflict.</source>
+        <translation>%1 个步骤会因冲突而停止。</translation>
+    </message>
+    <message>
         <source>Reverting %1 will be clean.</source>
         <translation>还原 %1 不会产生冲突。</translation>
     </message>
