@@ -76,17 +76,18 @@ QCoro::Task<void> RepoGraphPaneViewModel::pageOn() {
     qCDebug(lcGraph, "op=graph.page skip=%ld", skip);
     showProgress();
     auto run = service_->streamCommitGraph(repo_, skip, stream_, ticket.stopToken());
+    // The model may be gone when git's run ends: nothing of it is touched before the ticket says so.
+    bool reachedRoot = false;
     try {
         co_await std::move(run);
-        reachedRoot_ = true;
+        reachedRoot = true;
     } catch (const std::exception& error) {
-        if (!ticket.isCurrent())
-            co_return;
         // A load ended because nothing more was wanted is no failure.
         qCDebug(lcGraph, "op=graph.page reason=%s", redactForLog(error.what()).c_str());
     }
     if (!ticket.isCurrent())
         co_return;
+    reachedRoot_ = reachedRoot;
     streamEnded_ = true;
     takeStreamedPage();
 }
