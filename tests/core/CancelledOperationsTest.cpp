@@ -17,9 +17,6 @@ TEST(CancelledOperations, FailBeforeAnyCommandRuns) {
     RepoEntry repo;
     repo.path = "/nonexistent/repo";
     for (const test::Operation& operation : test::everyOperation("/nonexistent/place")) {
-        // A resolved file is written outside the queue; only its staging is queued and cancelled.
-        if (std::string_view(operation.name) == "writeResolvedFile")
-            continue;
         SCOPED_TRACE(operation.name);
         auto git = std::make_shared<test::RecordingExecutor>();
         NativeGitService service(git, std::make_shared<GitOpRunner>(1));

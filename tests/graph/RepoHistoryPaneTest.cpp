@@ -87,8 +87,9 @@ TEST_F(RepoHistoryPaneTest, MergeCommitShowsBothParentsAndAParentLeadsToItsFiles
     ASSERT_TRUE(test::eventually([&] { return !graph.isLoadingFileChanges() && graph.selectedCommit() && !graph.selectedCommit()->abbreviatedHash.empty(); }));
     EXPECT_EQ(pane.findChild<QLabel*>(QStringLiteral("history.subject"))->text(),
               QStringLiteral("Merge topic"));
+    // A widget added to a shown layout appears at the next turn of the event loop.
+    ASSERT_TRUE(test::eventually([&] { return parentLinks().size() == 2u; }));
     auto links = parentLinks();
-    ASSERT_EQ(links.size(), 2u);
     EXPECT_EQ(links[0]->text().toStdString(), readme.substr(0, 12));
     EXPECT_EQ(links[1]->text().toStdString(), topic.substr(0, 12));
     // The merge brought the topic's two files; its own first parent's readme is not among them.

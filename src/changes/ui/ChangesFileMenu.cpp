@@ -44,7 +44,9 @@ void confirmDiscardFile(ChangesPaneViewModel& model, const FileChange& file, QWi
     if (file.status.kind == FileStatusKind::Case::untracked) {
         showAlert(
             parent, QMessageBox::Warning, localized("Discard Untracked File"),
-            localized("This file is untracked. It cannot be restored by git. Choose how to discard it:"),
+            undoableText(localized("This file is untracked."),
+                         localized("This file is untracked. It cannot be restored by git.")) +
+                QLatin1Char(' ') + localized("Choose how to discard it:"),
             {{localized("Delete File"), QMessageBox::DestructiveRole},
              {localized("Stash File"), QMessageBox::AcceptRole},
              {localized("Cancel"), QMessageBox::RejectRole}},

@@ -1,6 +1,6 @@
 // One file's view of the repository as operations of the git service: blame, its history, a
-// blob's bytes, and reading and writing the working-tree file. The file is read and written outside
-// the queue (that is no git command); a resolved file is then staged in a block of its own.
+// blob's bytes, and reading and writing the working-tree file. The file is read outside the queue
+// (that is no git command); a resolved file is written and staged in the queue.
 #include "core/commands/BlobCommands.h"
 #include "core/commands/FileHistoryCommands.h"
 #include "core/commands/StagingCommands.h"
@@ -29,16 +29,14 @@ QCoro::Task<std::string> NativeGitService::readBlob(RepoEntry repo, std::string 
 QCoro::Task<void> NativeGitService::writeResolvedFile(RepoEntry repo, std::string path, std::string content,
                                                       std::stop_token cancellation) {
     qCDebug(lcStaging, "writeResolvedFile: %s in %s", path.c_str(), repo.path.c_str());
-    auto write = opRunner_->runUnqueued([file = BlobCommands::workTreeFile(repo.path, path), content] {
-        replaceFileAtomically(file, content);
-    });
-    co_await std::move(write);
-    auto task = queued(repo.path, cancellation,
-                       [relative = BlobCommands::repoRelativePath(path)](GitExecutorProtocol& git,
-                                                                         const std::string& repoPath) {
-                           StagingCommands::stage(git, repoPath, relative);
-                       });
-    co_await std::move(task);
+    // Written and staged in one queued block: a cancelled write leaves the file as it was, and no
+    // git command of the repository runs while the file changes under it.
+    return queued(repo.path, cancellation,
+                  [file = BlobCommands::workTreeFile(repo.path, path), relative = BlobCommands::repoRelativePath(path),
+                   content = std::move(content)](GitExecutorProtocol& git, const std::string& repoPath) {
+                      replaceFileAtomically(file, content);
+                      StagingCommands::stage(git, repoPath, relative);
+                  });
 }
 
 QCoro::Task<std::string> NativeGitService::readWorkTreeFile(RepoEntry repo, std::string path,

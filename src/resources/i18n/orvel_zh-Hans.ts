@@ -72,8 +72,16 @@
         <translation>丢弃未跟踪的文件</translation>
     </message>
     <message>
-        <source>This file is untracked. It cannot be restored by git. Choose how to discard it:</source>
-        <translation>此文件未被跟踪，git 无法恢复它。请选择丢弃方式：</translation>
+        <source>This file is untracked.</source>
+        <translation>此文件未被跟踪。</translation>
+    </message>
+    <message>
+        <source>This file is untracked. It cannot be restored by git.</source>
+        <translation>此文件未被跟踪，git 无法恢复它。</translation>
+    </message>
+    <message>
+        <source>Choose how to discard it:</source>
+        <translation>请选择丢弃方式：</translation>
     </message>
     <message>
         <source>Stash File</source>
