@@ -64,7 +64,8 @@ QString GraphTableModel::accessibleText(int row) const {
 }
 
 QVariant GraphTableModel::headerData(int section, Qt::Orientation orientation, int role) const {
-    if (orientation != Qt::Horizontal || role != Qt::DisplayRole)
+    // The tooltip gives the whole title of a column too narrow to show it.
+    if (orientation != Qt::Horizontal || (role != Qt::DisplayRole && role != Qt::ToolTipRole))
         return {};
     switch (section) {
     case graphColumn:

@@ -1,11 +1,14 @@
 #include "graph/ui/GraphTableView.h"
 
+#include "widgets/ElidingHeaderView.h"
+
 #include <QHeaderView>
 #include <QScrollBar>
 
 namespace orvel {
 
 GraphTableView::GraphTableView(QWidget* parent) : QTableView(parent) {
+    setHorizontalHeader(new ElidingHeaderView(Qt::Horizontal, this));
     setSelectionBehavior(SelectRows);
     setSelectionMode(SingleSelection);
     setShowGrid(false);
