@@ -97,12 +97,7 @@ std::string rows(int from, int to) {
 }
 
 TEST_F(LineStaging, OnlyTheChosenLinesChange) {
-    struct Case {
-        const char* name;
-        std::string path;
-        // None: no such file. Unstaging stages the worktree first; a new file is otherwise only
-        // announced to the index (`add -N`), which is when git's diff shows it.
-        std::optional<std::string> committed, worktree;
+    struct Outcome {
         Action action;
         std::set<std::string> chosen;
         // The index after staging or unstaging, the worktree after a discard; none: no such file.
@@ -111,219 +106,119 @@ TEST_F(LineStaging, OnlyTheChosenLinesChange) {
         // file leaves it as the action on the whole file does.
         const char* status = nullptr;
     };
-    const std::string five = "one\ntwo\nthree\nfour\n";
+    struct Case {
+        const char* name;
+        std::string path;
+        // None: no such file. Unstaging stages the worktree first; a new file is otherwise only
+        // announced to the index (`add -N`), which is when git's diff shows it.
+        std::optional<std::string> committed, worktree;
+        std::vector<Outcome> outcomes;
+    };
+    const std::string four = "one\ntwo\nthree\nfour\n";
     const std::string edgesChanged = "ONE\ntwo\nthree\nfour\nfive\n";
     const std::string twoHunks = rows(1, 1) + "row two\n" + rows(3, 17) + "row eighteen\n" + rows(19, 20);
+    const Action stage = Action::stage, unstage = Action::unstage, discard = Action::discard;
+    const char* const actionNames[] = {"stage", "unstage", "discard"};
     const Case cases[] = {
-        {"first line",
+        {"edges",
          "f.txt",
-         five,
+         four,
          edgesChanged,
-         Action::stage,
-         {"-one", "+ONE"},
-         "ONE\ntwo\nthree\nfour\n"},
-        {"last line", "f.txt", five, edgesChanged, Action::stage, {"+five"}, five + "five\n"},
-        {"deletion alone", "f.txt", five, edgesChanged, Action::stage, {"-one"}, "two\nthree\nfour\n"},
-        {"addition alone",
-         "f.txt",
-         five,
-         edgesChanged,
-         Action::stage,
-         {"+ONE"},
-         "one\nONE\ntwo\nthree\nfour\n"},
-        {"unstage first line",
-         "f.txt",
-         five,
-         edgesChanged,
-         Action::unstage,
-         {"-one", "+ONE"},
-         "one\ntwo\nthree\nfour\nfive\n"},
-        {"unstage last line",
-         "f.txt",
-         five,
-         edgesChanged,
-         Action::unstage,
-         {"+five"},
-         "ONE\ntwo\nthree\nfour\n"},
-        {"unstage deletion alone",
-         "f.txt",
-         five,
-         edgesChanged,
-         Action::unstage,
-         {"-one"},
-         "one\nONE\ntwo\nthree\nfour\nfive\n"},
-        {"discard first line",
-         "f.txt",
-         five,
-         edgesChanged,
-         Action::discard,
-         {"-one", "+ONE"},
-         "one\ntwo\nthree\nfour\nfive\n"},
-        {"discard addition alone",
-         "f.txt",
-         five,
-         edgesChanged,
-         Action::discard,
-         {"+five"},
-         "ONE\ntwo\nthree\nfour\n"},
+         {{stage, {"-one", "+ONE"}, "ONE\ntwo\nthree\nfour\n"},
+          {stage, {"+five"}, four + "five\n"},
+          {stage, {"-one"}, "two\nthree\nfour\n"},
+          {stage, {"+ONE"}, "one\nONE\ntwo\nthree\nfour\n"},
+          {unstage, {"-one", "+ONE"}, four + "five\n"},
+          {unstage, {"+five"}, "ONE\ntwo\nthree\nfour\n"},
+          {unstage, {"-one"}, "one\nONE\ntwo\nthree\nfour\nfive\n"},
+          {discard, {"-one", "+ONE"}, four + "five\n"},
+          {discard, {"+five"}, "ONE\ntwo\nthree\nfour\n"}}},
         // The old last line lacks its newline; the new one gains a line after it.
-        {"no newline, last line kept", "n.txt", "x\ny", "x\ny\nz", Action::stage, {"+z"}, "x\ny\nz"},
-        {"no newline, newline added", "n.txt", "x\ny", "x\ny\nz", Action::stage, {"-y", "+y"}, "x\ny\n"},
-        {"no newline, unstage", "n.txt", "x\ny", "x\ny\nz", Action::unstage, {"+z"}, "x\ny\n"},
-        {"no newline, discard", "n.txt", "x\ny", "x\ny\nz", Action::discard, {"-y", "+y"}, "x\ny\nz"},
-        {"no newline, discard deletion", "n.txt", "x\ny", "x\ny\nz", Action::discard, {"-y"}, "x\ny\ny\nz"},
+        {"no newline",
+         "n.txt",
+         "x\ny",
+         "x\ny\nz",
+         {{stage, {"+z"}, "x\ny\nz"},
+          {stage, {"-y", "+y"}, "x\ny\n"},
+          {unstage, {"+z"}, "x\ny\n"},
+          {discard, {"-y", "+y"}, "x\ny\nz"},
+          {discard, {"-y"}, "x\ny\ny\nz"}}},
         {"crlf",
          "w.txt",
          "a\r\nb\r\nc\r\n",
          "a\r\nB\r\nc\r\nd\r\n",
-         Action::stage,
-         {"-b\r", "+B\r"},
-         "a\r\nB\r\nc\r\n"},
-        {"crlf, unstage",
-         "w.txt",
-         "a\r\nb\r\nc\r\n",
-         "a\r\nB\r\nc\r\nd\r\n",
-         Action::unstage,
-         {"-b\r", "+B\r"},
-         "a\r\nb\r\nc\r\nd\r\n"},
-        {"crlf, discard",
-         "w.txt",
-         "a\r\nb\r\nc\r\n",
-         "a\r\nB\r\nc\r\nd\r\n",
-         Action::discard,
-         {"+d\r"},
-         "a\r\nB\r\nc\r\n"},
+         {{stage, {"-b\r", "+B\r"}, "a\r\nB\r\nc\r\n"},
+          {unstage, {"-b\r", "+B\r"}, "a\r\nb\r\nc\r\nd\r\n"},
+          {discard, {"+d\r"}, "a\r\nB\r\nc\r\n"}}},
         {"two hunks",
          "r.txt",
          rows(1, 20),
          twoHunks,
-         Action::stage,
-         {"+row two", "-row 18"},
-         rows(1, 2) + "row two\n" + rows(3, 17) + rows(19, 20)},
-        {"two hunks, unstage",
-         "r.txt",
-         rows(1, 20),
-         twoHunks,
-         Action::unstage,
-         {"+row two", "-row 18"},
-         rows(1, 1) + rows(3, 18) + "row eighteen\n" + rows(19, 20)},
-        {"two hunks, discard",
-         "r.txt",
-         rows(1, 20),
-         twoHunks,
-         Action::discard,
-         {"-row 2", "+row eighteen"},
-         rows(1, 1) + "row 2\nrow two\n" + rows(3, 17) + rows(19, 20)},
-        {"blank in the path",
-         "with blank.txt",
-         five,
-         edgesChanged,
-         Action::stage,
-         {"+five"},
-         five + "five\n"},
-        {"not UTF-8", "caf\xe9 b.txt", five, edgesChanged, Action::stage, {"+five"}, five + "five\n"},
-        {"not UTF-8, unstage",
+         {{stage, {"+row two", "-row 18"}, rows(1, 2) + "row two\n" + rows(3, 17) + rows(19, 20)},
+          {unstage, {"+row two", "-row 18"}, rows(1, 1) + rows(3, 18) + "row eighteen\n" + rows(19, 20)},
+          {discard,
+           {"-row 2", "+row eighteen"},
+           rows(1, 1) + "row 2\nrow two\n" + rows(3, 17) + rows(19, 20)}}},
+        {"blank in the path", "with blank.txt", four, edgesChanged, {{stage, {"+five"}, four + "five\n"}}},
+        {"not UTF-8",
          "caf\xe9 b.txt",
-         five,
+         four,
          edgesChanged,
-         Action::unstage,
-         {"+five"},
-         "ONE\ntwo\nthree\nfour\n"},
-        {"not UTF-8, discard",
-         "caf\xe9 b.txt",
-         five,
-         edgesChanged,
-         Action::discard,
-         {"-one", "+ONE"},
-         "one\ntwo\nthree\nfour\nfive\n"},
-        {"every line of a new file, unstage",
+         {{stage, {"+five"}, four + "five\n"},
+          {unstage, {"+five"}, "ONE\ntwo\nthree\nfour\n"},
+          {discard, {"-one", "+ONE"}, four + "five\n"}}},
+        {"new file",
          "new file.txt",
          {},
          "a\nb",
-         Action::unstage,
-         {"+a", "+b"},
-         {},
-         "?? \"new file.txt\"\n"},
-        {"every line of a new file, stage",
-         "new file.txt",
-         {},
-         "a\nb",
-         Action::stage,
-         {"+a", "+b"},
-         "a\nb",
-         "A  \"new file.txt\"\n"},
-        {"every line of a new file, discard",
-         "new file.txt",
-         {},
-         "a\nb",
-         Action::discard,
-         {"+a", "+b"},
-         {},
-         ""},
-        {"a line of a new file, discard",
+         {{unstage, {"+a", "+b"}, {}, "?? \"new file.txt\"\n"},
+          {stage, {"+a", "+b"}, "a\nb", "A  \"new file.txt\"\n"},
+          {discard, {"+a", "+b"}, {}, ""}}},
+        {"a line of a new file",
          "new file.txt",
          {},
          "a\nb\n",
-         Action::discard,
-         {"+a"},
-         "b\n",
-         " A \"new file.txt\"\n"},
-        {"every line of a deleted file, stage",
+         {{discard, {"+a"}, "b\n", " A \"new file.txt\"\n"}}},
+        {"deleted file",
          "gone file.txt",
          "a\nb",
          {},
-         Action::stage,
-         {"-a", "-b"},
-         {},
-         "D  \"gone file.txt\"\n"},
-        {"every line of a deleted file, unstage",
-         "gone file.txt",
-         "a\nb",
-         {},
-         Action::unstage,
-         {"-a", "-b"},
-         "a\nb",
-         " D \"gone file.txt\"\n"},
-        {"every line of a deleted file, discard",
-         "gone file.txt",
-         "a\nb",
-         {},
-         Action::discard,
-         {"-a", "-b"},
-         "a\nb",
-         ""},
+         {{stage, {"-a", "-b"}, {}, "D  \"gone file.txt\"\n"},
+          {unstage, {"-a", "-b"}, "a\nb", " D \"gone file.txt\"\n"},
+          {discard, {"-a", "-b"}, "a\nb", ""}}},
     };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.name);
-        if (c.committed) {
-            repo.write(c.path, *c.committed);
-            repo.commitAll(c.name);
+    for (const Case& c : cases)
+        for (const Outcome& o : c.outcomes) {
+            SCOPED_TRACE(std::string(c.name) + ", " + actionNames[int(o.action)] + " " + *o.chosen.begin());
+            if (c.committed) {
+                repo.write(c.path, *c.committed);
+                repo.commitAll(c.name);
+            }
+            if (c.worktree)
+                repo.write(c.path, *c.worktree);
+            else
+                std::filesystem::remove(repo / c.path);
+            const bool staged = o.action == unstage;
+            if (staged)
+                repo.git({"add", "--", c.path});
+            else if (!c.committed)
+                repo.git({"add", "-N", "--", c.path});
+            FileChange file;
+            file.path = c.path;
+            run(o.action, file, choose(diffOf(c.path, staged), o.chosen));
+            if (o.action == discard) {
+                EXPECT_EQ(onDisk(c.path), o.expected);
+                if (c.committed)
+                    EXPECT_EQ(indexed(c.path), c.committed);
+            } else {
+                EXPECT_EQ(indexed(c.path), o.expected);
+                EXPECT_EQ(onDisk(c.path), c.worktree);
+            }
+            if (o.status)
+                EXPECT_EQ(repo.git({"status", "--porcelain", "--", c.path}), o.status);
+            repo.git({"reset", "-q", "--hard"});
+            repo.git({"clean", "-q", "-f"});
         }
-        if (c.worktree)
-            repo.write(c.path, *c.worktree);
-        else
-            std::filesystem::remove(repo / c.path);
-        const bool staged = c.action == Action::unstage;
-        if (staged)
-            repo.git({"add", "--", c.path});
-        else if (!c.committed)
-            repo.git({"add", "-N", "--", c.path});
-        FileChange file;
-        file.path = c.path;
-        run(c.action, file, choose(diffOf(c.path, staged), c.chosen));
-        if (c.action == Action::discard) {
-            EXPECT_EQ(onDisk(c.path), c.expected);
-            if (c.committed)
-                EXPECT_EQ(indexed(c.path), c.committed);
-        } else {
-            EXPECT_EQ(indexed(c.path), c.expected);
-            EXPECT_EQ(onDisk(c.path), c.worktree);
-        }
-        if (c.status)
-            EXPECT_EQ(repo.git({"status", "--porcelain", "--", c.path}), c.status);
-        repo.git({"reset", "-q", "--hard"});
-        repo.git({"clean", "-q", "-f"});
-    }
 }
 
 TEST_F(LineStaging, LinesOfARenamedFileMoveWithoutUndoingTheRename) {
