@@ -4,12 +4,12 @@
 #include "merge/ConflictResolutionViewModel.h"
 
 #include "core/RealGitService.h"
+#include "merge/ConflictedMerge.h"
 
 #include <QTest>
 
 #include <gtest/gtest.h>
 
-#include <functional>
 #include <ostream>
 
 using namespace orvel;
@@ -21,10 +21,6 @@ void PrintTo(const ConflictSideNames& names, std::ostream* out) {
 } // namespace orvel
 
 namespace {
-
-std::string shortHash(const test::TempRepo& repo, const std::string& revision) {
-    return repo.rev(revision).substr(0, 7);
-}
 
 class ConflictSideNamesTest : public test::RepositoryTest {
   protected:
@@ -45,60 +41,34 @@ class ConflictSideNamesTest : public test::RepositoryTest {
 };
 
 TEST_F(ConflictSideNamesTest, EachOperationNamesItsSides) {
-    struct Case {
-        const char* name;
-        std::function<void(const test::TempRepo&)> stop;
-        std::function<ConflictSideNames(const test::TempRepo&)> expected;
-    };
-    const Case cases[] = {
-        {"merge",
-         [](const test::TempRepo& r) {
-             r.gitAllowingFailure({"merge", "topic"});
-         },
-         [](const test::TempRepo&) {
-             return ConflictSideNames{"main", "topic"};
-         }},
-        {"merge into a detached HEAD",
-         [](const test::TempRepo& r) {
-             r.git({"checkout", "-q", "--detach", "main"});
-             r.gitAllowingFailure({"merge", "topic"});
-         },
-         [](const test::TempRepo& r) {
-             return ConflictSideNames{shortHash(r, "main"), "topic"};
-         }},
+    // A side is its name, or the short hash of a revision and the text after it.
+    const struct {
+        const char* operation;
+        bool detached;
+        const char* oursHashOf;
+        const char* theirsHashOf;
+        const char* theirs;
+    } cases[] = {
+        {"merge", false, nullptr, nullptr, "topic"},
+        {"merge", true, "main", nullptr, "topic"},
         // The rebase replays topic's commit onto main.
-        {"rebase",
-         [](const test::TempRepo& r) {
-             r.git({"checkout", "-q", "topic"});
-             r.gitAllowingFailure({"rebase", "main"});
-         },
-         [](const test::TempRepo& r) {
-             return ConflictSideNames{"main", shortHash(r, "topic") + " topic changes file"};
-         }},
-        {"cherry-pick",
-         [](const test::TempRepo& r) {
-             r.gitAllowingFailure({"cherry-pick", "topic"});
-         },
-         [](const test::TempRepo& r) {
-             return ConflictSideNames{"main", shortHash(r, "topic") + " topic changes file"};
-         }},
-        {"revert",
-         [](const test::TempRepo& r) {
-             r.write("file", "main again\n");
-             r.commitAll("main changes file again");
-             r.gitAllowingFailure({"revert", "--no-edit", "HEAD~1"});
-         },
-         [](const test::TempRepo& r) {
-             return ConflictSideNames{"main", shortHash(r, "HEAD~1") + " Revert \"main changes file\""};
-         }},
+        {"rebase", false, nullptr, "topic", " topic changes file"},
+        {"cherry-pick", false, nullptr, "topic", " topic changes file"},
+        {"revert", false, nullptr, "HEAD~1", " Revert \"main changes file\""},
     };
     repo.divergeOnOneFile();
     const std::string mainHead = repo.head();
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.name);
-        c.stop(repo);
+    for (const auto& c : cases) {
+        SCOPED_TRACE(std::string(c.operation) + (c.detached ? " into a detached HEAD" : ""));
+        if (c.detached)
+            repo.git({"checkout", "-q", "--detach", "main"});
+        test::stopOnConflict(repo, c.operation);
         ASSERT_NE(repo.git({"ls-files", "--unmerged"}), "");
-        EXPECT_EQ(namesOnLoad(), c.expected(repo));
+        const auto hashOf = [&](const char* revision) {
+            return revision ? repo.rev(revision).substr(0, 7) : "";
+        };
+        EXPECT_EQ(namesOnLoad(), (ConflictSideNames{c.oursHashOf ? hashOf(c.oursHashOf) : "main",
+                                                    hashOf(c.theirsHashOf) + c.theirs}));
         for (const char* operation : {"merge", "rebase", "cherry-pick", "revert"})
             repo.gitAllowingFailure({operation, "--abort"});
         repo.git({"checkout", "-q", "-f", "main"});

@@ -1,5 +1,5 @@
 // A repository in the middle of a merge that conflicts on one file, made by real git, and the
-// three versions of that file used by the merge editor's tests.
+// three versions of that file used by the merge editor's tests; operations stopped on a conflict.
 #pragma once
 
 #include "support/GitFixture.h"
@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <string_view>
 
 namespace orvel::test {
 
@@ -46,5 +47,20 @@ struct ConflictedMerge {
         return repo.git({"show", ":" + std::to_string(number) + ":file.txt"});
     }
 };
+
+// Stops `repo`, as TempRepo::divergeOnOneFile leaves it, on the conflict in "file" of `operation`:
+// "merge", "cherry-pick" or "revert" on "main", or "rebase" of "topic" onto "main".
+inline void stopOnConflict(const TempRepo& repo, std::string_view operation) {
+    if (operation == "rebase") {
+        repo.git({"checkout", "-q", "topic"});
+        repo.gitAllowingFailure({"rebase", "main"});
+    } else if (operation == "revert") {
+        repo.write("file", "main again\n");
+        repo.commitAll("main changes file again");
+        repo.gitAllowingFailure({"revert", "--no-edit", "HEAD~1"});
+    } else {
+        repo.gitAllowingFailure({std::string(operation), "topic"});
+    }
+}
 
 } // namespace orvel::test
