@@ -8,6 +8,7 @@
 #include "merge/ui/ConflictResolutionView.h"
 
 #include "core/RealGitService.h"
+#include "merge/ConflictedMerge.h"
 #include "notices/ToastManager.h"
 #include "settings/ThemeEngine.h"
 #include "support/Await.h"
@@ -26,8 +27,6 @@
 
 #include <gtest/gtest.h>
 
-#include <functional>
-
 using namespace orvel;
 
 namespace {
@@ -36,12 +35,13 @@ class ConflictBannerTest : public test::RepositoryTest {
   protected:
     // The banner over its model, given the repository's state and files whenever an action changed
     // the repository, as the tab does after its refresh.
-    void showBanner() {
-        model = std::make_unique<ConflictBannerViewModel>(entry(), service, toasts);
+    void showBanner(const test::TempRepo& where) {
+        model = std::make_unique<ConflictBannerViewModel>(test::RealGitService::repoAt(where.path()), service,
+                                                          toasts);
         QObject::connect(model.get(), &ConflictBannerViewModel::repositoryChanged, model.get(),
-                         [this] { readRepository(repo.path()); });
+                         [this, path = where.path()] { readRepository(path); });
         banner = std::make_unique<ConflictBanner>(*model);
-        test::await(readRepository(repo.path()));
+        test::await(readRepository(where.path()));
     }
 
     QCoro::Task<void> readRepository(std::string path) {
@@ -89,7 +89,7 @@ TEST_F(ConflictBannerTest, ResolveARebaseConflictLineByLineAndContinue) {
     repo.git({"config", "core.editor", "true"});
     ASSERT_NE(repo.gitAllowingFailure({"rebase", "main"}).exitCode, 0);
 
-    showBanner();
+    showBanner(repo);
     ASSERT_FALSE(banner->isHidden());
     EXPECT_EQ(child<QLabel>(*banner, "conflict-banner.text")->text(),
               QStringLiteral("Rebasing: resolve conflicts and continue"));
@@ -121,7 +121,8 @@ TEST_F(ConflictBannerTest, ResolveARebaseConflictLineByLineAndContinue) {
     EXPECT_TRUE(
         child<QPlainTextEdit>(*editor, "merge-editor.raw-text-field")->toPlainText().contains("<<<<<<<"));
     child<QPushButton>(*editor, "merge-editor.save")->click();
-    ASSERT_TRUE(test::eventually([&] { return child<QLabel>(*editor, "merge-editor.save-error")->isVisible(); }));
+    ASSERT_TRUE(
+        test::eventually([&] { return child<QLabel>(*editor, "merge-editor.save-error")->isVisible(); }));
     EXPECT_EQ(child<QLabel>(*editor, "merge-editor.save-error")->text(),
               QStringLiteral("Remove conflict markers before saving."));
     raw->click();
@@ -171,7 +172,7 @@ TEST_F(ConflictBannerTest, OpenMergeEditorOpensTheSelectedConflictedFile) {
     repo.commitAll("main");
     ASSERT_NE(repo.gitAllowingFailure({"merge", "topic"}).exitCode, 0);
     repo.write("c.txt", "changed\n");
-    showBanner();
+    showBanner(repo);
     ASSERT_EQ(model->conflicts().size(), 2u);
 
     struct Case {
@@ -197,49 +198,24 @@ TEST_F(ConflictBannerTest, OpenMergeEditorOpensTheSelectedConflictedFile) {
     }
 }
 
-struct AbortCase {
-    const char* name;
-    std::function<void(const test::TempRepo&)> stop; // leaves the repository in the state
-    QString text;
-    QString abortTitle;
-    bool offersContinue;
-};
-
 TEST_F(ConflictBannerTest, AbortAsksFirstAndThenLeavesTheRepositoryClean) {
-    const std::vector<AbortCase> cases{
-        {"merge",
-         [](const test::TempRepo& r) {
-             r.gitAllowingFailure({"merge", "topic"});
-         },
-         "Merging: resolve conflicts and commit", "Abort Merge", false},
-        {"rebase",
-         [](const test::TempRepo& r) {
-             r.git({"checkout", "-q", "topic"});
-             r.gitAllowingFailure({"rebase", "main"});
-         },
-         "Rebasing: resolve conflicts and continue", "Abort Rebase", true},
-        {"cherry-pick",
-         [](const test::TempRepo& r) {
-             r.gitAllowingFailure({"cherry-pick", "topic"});
-         },
-         "Cherry-picking: resolve conflicts and commit", "Abort Cherry-pick", false},
-        {"revert",
-         [](const test::TempRepo& r) {
-             r.write("file", "main again\n");
-             r.commitAll("main changes file again");
-             r.gitAllowingFailure({"revert", "--no-edit", "HEAD~1"});
-         },
-         "Reverting: resolve conflicts and commit", "Abort Revert", false},
+    const struct {
+        const char* operation;
+        QString text;
+        QString abortTitle;
+        bool offersContinue;
+    } cases[] = {
+        {"merge", "Merging: resolve conflicts and commit", "Abort Merge", false},
+        {"rebase", "Rebasing: resolve conflicts and continue", "Abort Rebase", true},
+        {"cherry-pick", "Cherry-picking: resolve conflicts and commit", "Abort Cherry-pick", false},
+        {"revert", "Reverting: resolve conflicts and commit", "Abort Revert", false},
     };
-    for (const AbortCase& c : cases) {
-        SCOPED_TRACE(c.name);
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.operation);
         test::TempRepo fresh;
         fresh.divergeOnOneFile();
-        c.stop(fresh);
-        model = std::make_unique<ConflictBannerViewModel>(test::RealGitService::repoAt(fresh.path()), service,
-                                                          toasts);
-        banner = std::make_unique<ConflictBanner>(*model);
-        test::await(readRepository(fresh.path()));
+        test::stopOnConflict(fresh, c.operation);
+        showBanner(fresh);
         ASSERT_FALSE(banner->isHidden());
         EXPECT_EQ(child<QLabel>(*banner, "conflict-banner.text")->text(), c.text);
         EXPECT_EQ(!child<QPushButton>(*banner, "conflict-banner.continue")->isHidden(), c.offersContinue);
@@ -257,7 +233,8 @@ TEST_F(ConflictBannerTest, AbortAsksFirstAndThenLeavesTheRepositoryClean) {
 
         abort->click();
         child<QAbstractButton>(*banner->findChild<QMessageBox*>(), "conflict-banner.abort-confirm")->click();
-        ASSERT_TRUE(test::eventually([&] { return !model->isBusy() && banner->findChild<QMessageBox*>() == nullptr; }));
+        ASSERT_TRUE(test::eventually(
+            [&] { return !model->isBusy() && banner->findChild<QMessageBox*>() == nullptr; }));
         test::await(readRepository(fresh.path()));
         EXPECT_EQ(model->repoState(), RepositoryState::clean);
         EXPECT_TRUE(banner->isHidden());
