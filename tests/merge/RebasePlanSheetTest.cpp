@@ -6,9 +6,9 @@
 #include "merge/ui/RebasePlanItemModel.h"
 
 #include "core/RealGitService.h"
-#include "support/Screenshot.h"
-#include "support/Eventually.h"
 #include "notices/ToastManager.h"
+#include "support/Eventually.h"
+#include "support/Screenshot.h"
 
 #include <QComboBox>
 #include <QLabel>
@@ -30,8 +30,34 @@ namespace {
 
 class RebasePlanSheetTest : public test::RepositoryTest {
   protected:
+    // Commits each of `subjects` on top of "base", each writing its subject into the file named
+    // after its last word, so that "fixup! one" changes the file of "one"; answers base's hash.
+    std::string commitsOnBase(std::initializer_list<const char*> subjects) {
+        repo.write("base.txt", "base\n");
+        const std::string base = repo.commitAll("base");
+        for (const std::string subject : subjects) {
+            repo.write(subject.substr(subject.rfind(' ') + 1) + ".txt", subject + "\n");
+            repo.commitAll(subject);
+        }
+        return base;
+    }
+
+    // The sheet for the commits after `onto`, once shown.
+    void open(const std::string& onto) {
+        sheet = new RebasePlanSheet(entry(), onto, service, toasts);
+        sheet->model().load();
+        ASSERT_TRUE(test::eventually([&] { return sheet->isVisible(); }));
+        list = sheet->findChild<QTreeView*>(QStringLiteral("rebase-sheet.commit-list"));
+        rows = static_cast<RebasePlanItemModel*>(list->model());
+    }
+
+    void click(const char* button) { sheet->findChild<QPushButton*>(QString::fromLatin1(button))->click(); }
+
     std::shared_ptr<GitServiceProtocol> service{&real.service, [](GitServiceProtocol*) {}};
     ToastManager toasts;
+    QPointer<RebasePlanSheet> sheet;
+    QTreeView* list = nullptr;
+    RebasePlanItemModel* rows = nullptr;
 };
 
 std::vector<std::string> subjects(const RebasePlanModel& plan) {
@@ -43,52 +69,41 @@ std::vector<std::string> subjects(const RebasePlanModel& plan) {
 }
 
 TEST_F(RebasePlanSheetTest, RewordMoveExecAndAutosquashRunThroughGit) {
-    repo.write("base.txt", "base\n");
-    const std::string base = repo.commitAll("base");
-    repo.write("one.txt", "one\n");
-    repo.commitAll("one");
-    repo.write("two.txt", "two\n");
-    repo.commitAll("two");
-    repo.write("one.txt", "one fixed\n");
-    repo.commitAll("fixup! one");
-    repo.write("three.txt", "three\n");
-    repo.commitAll("three");
-
-    QPointer<RebasePlanSheet> sheet = new RebasePlanSheet(entry(), base, service, toasts);
-    sheet->model().load();
-    ASSERT_TRUE(test::eventually([&] { return sheet->isVisible(); }));
-    auto* list = sheet->findChild<QTreeView*>(QStringLiteral("rebase-sheet.commit-list"));
-    auto& rows = *static_cast<RebasePlanItemModel*>(list->model());
-    RebasePlanModel& plan = rows.plan();
+    const std::string base = commitsOnBase({"one", "two", "fixup! one", "three"});
+    open(base);
+    RebasePlanModel& plan = rows->plan();
     ASSERT_EQ(subjects(plan), (std::vector<std::string>{"one", "two", "fixup! one", "three"}));
 
-    sheet->findChild<QPushButton*>(QStringLiteral("rebase-sheet.autosquash"))->click();
-    list->setCurrentIndex(rows.index(3, 0));
+    click("rebase-sheet.autosquash");
+    list->setCurrentIndex(rows->index(3, 0));
     QTest::keyClick(list, Qt::Key_Up, Qt::ControlModifier);
     EXPECT_EQ(subjects(plan), (std::vector<std::string>{"one", "fixup! one", "three", "two"}));
     EXPECT_EQ(plan.entries()[1].action, RebaseAction::fixup);
 
     // "r" on the last row opens its message; the text reaches git byte for byte.
     const std::string message = "two: it's \"quoted\" $(touch pwned) `touch pwned`\n\nbody 'line'";
-    list->setCurrentIndex(rows.index(3, 0));
+    list->setCurrentIndex(rows->index(3, 0));
     QTest::keyClick(list, Qt::Key_R);
     auto* text = sheet->findChild<QPlainTextEdit*>(QStringLiteral("rebase-sheet.reword-text"));
     ASSERT_NE(text, nullptr);
     EXPECT_EQ(text->toPlainText(), QStringLiteral("two"));
     text->setPlainText(QString::fromStdString(message));
-    sheet->findChild<QPushButton*>(QStringLiteral("rebase-sheet.reword-save"))->click();
+    click("rebase-sheet.reword-save");
     EXPECT_EQ(plan.entries()[3].action, RebaseAction::reword);
-    ASSERT_TRUE(test::eventually([&] { return sheet->findChild<QPlainTextEdit*>(QStringLiteral("rebase-sheet.reword-text")) == nullptr; }));
+    ASSERT_TRUE(test::eventually([&] {
+        return sheet->findChild<QPlainTextEdit*>(QStringLiteral("rebase-sheet.reword-text")) == nullptr;
+    }));
 
-    sheet->findChild<QPushButton*>(QStringLiteral("rebase-sheet.add-exec"))->click();
+    click("rebase-sheet.add-exec");
     auto* command = sheet->findChild<QLineEdit*>(QStringLiteral("rebase-sheet.exec-command"));
     ASSERT_NE(command, nullptr);
     QTest::keyClicks(command, QStringLiteral("echo ran > exec-ran.txt"));
     QTest::keyClick(command, Qt::Key_Return);
-    ASSERT_TRUE(test::eventually([&] { return (subjects(plan).back()) == (std::string("exec echo ran > exec-ran.txt")); }));
+    ASSERT_TRUE(test::eventually(
+        [&] { return (subjects(plan).back()) == (std::string("exec echo ran > exec-ran.txt")); }));
     test::saveScreenshot(*sheet, QStringLiteral("rebase-sheet"), sheet->size());
 
-    sheet->findChild<QPushButton*>(QStringLiteral("rebase-sheet.start"))->click();
+    click("rebase-sheet.start");
     ASSERT_TRUE(test::eventually([&] { return sheet.isNull(); }));
     ASSERT_EQ(toasts.toasts().size(), 1u);
     EXPECT_EQ(toasts.toasts()[0].message, QStringLiteral("Interactive rebase completed"));
@@ -97,7 +112,7 @@ TEST_F(RebasePlanSheetTest, RewordMoveExecAndAutosquashRunThroughGit) {
     EXPECT_EQ(commit.substr(commit.find("\n\n") + 2), message + "\n");
     EXPECT_EQ(repo.git({"log", "--format=%s", base + "..HEAD"}),
               "two: it's \"quoted\" $(touch pwned) `touch pwned`\nthree\none\n");
-    EXPECT_EQ(repo.git({"show", "HEAD~2:one.txt"}), "one fixed\n");
+    EXPECT_EQ(repo.git({"show", "HEAD~2:one.txt"}), "fixup! one\n");
     EXPECT_TRUE(std::filesystem::exists(repo / "exec-ran.txt"));
     EXPECT_FALSE(std::filesystem::exists(repo / "pwned"));
 }
@@ -112,14 +127,11 @@ TEST_F(RebasePlanSheetTest, MarksTheRowsThatWillConflictAsTheyMove) {
     repo.write("f", "z\n");
     repo.commitAll("B");
 
-    QPointer<RebasePlanSheet> sheet = new RebasePlanSheet(entry(), base, service, toasts);
-    sheet->model().load();
-    ASSERT_TRUE(test::eventually([&] { return sheet->isVisible() && !sheet->model().isPredicting(); }));
-    auto* list = sheet->findChild<QTreeView*>(QStringLiteral("rebase-sheet.commit-list"));
-    auto& rows = *static_cast<RebasePlanItemModel*>(list->model());
-    const auto tooltip = [&](int row) { return rows.index(row, 0).data(Qt::ToolTipRole).toString(); };
+    open(base);
+    ASSERT_TRUE(test::eventually([&] { return !sheet->model().isPredicting(); }));
+    const auto tooltip = [&](int row) { return rows->index(row, 0).data(Qt::ToolTipRole).toString(); };
     const auto marked = [&](int row) {
-        return !rows.index(row, RebasePlanItemModel::CommitColumn).data(Qt::DecorationRole).isNull();
+        return !rows->index(row, RebasePlanItemModel::CommitColumn).data(Qt::DecorationRole).isNull();
     };
     const auto summary = [&] {
         return sheet->findChild<QLabel*>(QStringLiteral("rebase-sheet.conflict-preview"))->text();
@@ -128,7 +140,7 @@ TEST_F(RebasePlanSheetTest, MarksTheRowsThatWillConflictAsTheyMove) {
     EXPECT_FALSE(marked(0) || marked(1));
     EXPECT_EQ(summary(), QStringLiteral("No step will stop on a conflict."));
 
-    list->setCurrentIndex(rows.index(1, 0));
+    list->setCurrentIndex(rows->index(1, 0));
     QTest::keyClick(list, Qt::Key_Up, Qt::ControlModifier);
     EXPECT_TRUE(sheet->findChild<QPushButton*>(QStringLiteral("rebase-sheet.start"))->isEnabled());
     ASSERT_TRUE(test::eventually([&] { return marked(0); }));
@@ -158,20 +170,11 @@ void chooseAction(QTreeView& list, int row, const QString& action) {
 // A commit row given the exec action runs the command in place of the commit, and one given exec
 // and then pick is picked again under its own subject.
 TEST_F(RebasePlanSheetTest, ACommitRowMadeExecTakesItsActionBack) {
-    repo.write("base.txt", "base\n");
-    const std::string base = repo.commitAll("base");
-    for (const char* name : {"one", "two", "three"}) {
-        repo.write(std::string(name) + ".txt", std::string(name) + "\n");
-        repo.commitAll(name);
-    }
-    QPointer<RebasePlanSheet> sheet = new RebasePlanSheet(entry(), base, service, toasts);
-    sheet->model().load();
-    ASSERT_TRUE(test::eventually([&] { return sheet->isVisible(); }));
-    auto* list = sheet->findChild<QTreeView*>(QStringLiteral("rebase-sheet.commit-list"));
-    auto& rows = *static_cast<RebasePlanItemModel*>(list->model());
+    const std::string base = commitsOnBase({"one", "two", "three"});
+    open(base);
     auto* removeExec = sheet->findChild<QPushButton*>(QStringLiteral("rebase-sheet.remove-exec"));
     const auto subjectOf = [&](int row) {
-        return rows.index(row, RebasePlanItemModel::SubjectColumn).data().toString();
+        return rows->index(row, RebasePlanItemModel::SubjectColumn).data().toString();
     };
 
     chooseAction(*list, 1, QStringLiteral("exec"));
@@ -182,14 +185,14 @@ TEST_F(RebasePlanSheetTest, ACommitRowMadeExecTakesItsActionBack) {
     EXPECT_EQ(subjectOf(1), QStringLiteral("two"));
 
     chooseAction(*list, 0, QStringLiteral("exec"));
-    const QModelIndex command = rows.index(0, RebasePlanItemModel::SubjectColumn);
+    const QModelIndex command = rows->index(0, RebasePlanItemModel::SubjectColumn);
     ASSERT_TRUE(command.flags() & Qt::ItemIsEditable);
-    rows.setData(command, QStringLiteral("echo ran > exec-ran.txt"), Qt::EditRole);
+    rows->setData(command, QStringLiteral("echo ran > exec-ran.txt"), Qt::EditRole);
     EXPECT_EQ(subjectOf(0), QStringLiteral("echo ran > exec-ran.txt"));
     QTest::keyClick(list, Qt::Key_Delete);
-    EXPECT_EQ(rows.rowCount(), 3);
+    EXPECT_EQ(rows->rowCount(), 3);
 
-    sheet->findChild<QPushButton*>(QStringLiteral("rebase-sheet.start"))->click();
+    click("rebase-sheet.start");
     ASSERT_TRUE(test::eventually([&] { return sheet.isNull(); }));
     EXPECT_EQ(repo.git({"log", "--format=%s", base + "..HEAD"}), "three\ntwo\n");
     EXPECT_TRUE(std::filesystem::exists(repo / "exec-ran.txt"));
@@ -198,7 +201,7 @@ TEST_F(RebasePlanSheetTest, ACommitRowMadeExecTakesItsActionBack) {
 TEST_F(RebasePlanSheetTest, NothingToRebaseIsAToastAndNoSheet) {
     repo.write("a.txt", "a\n");
     repo.commitAll("only");
-    QPointer<RebasePlanSheet> sheet = new RebasePlanSheet(entry(), "HEAD", service, toasts);
+    sheet = new RebasePlanSheet(entry(), "HEAD", service, toasts);
     sheet->model().load();
     ASSERT_TRUE(test::eventually([&] { return sheet.isNull(); }));
     ASSERT_EQ(toasts.toasts().size(), 1u);
