@@ -35,42 +35,18 @@ const std::string notFound =
     "you viewed the diff";
 
 DiffHunk numbers(int oldStart, int oldCount, int newStart, int newCount) {
-    DiffHunk hunk;
-    hunk.oldStart = oldStart;
-    hunk.oldCount = oldCount;
-    hunk.newStart = newStart;
-    hunk.newCount = newCount;
-    return hunk;
+    return {{}, oldStart, oldCount, newStart, newCount};
 }
 
 // `git diff --cached -M` of a renamed file with two hunks, one changed line of each holding "@@".
-constexpr std::string_view renamedTwoHunks = "diff --git a/r.txt b/moved.txt\n"
-                                             "similarity index 72%\n"
-                                             "rename from r.txt\n"
-                                             "rename to moved.txt\n"
-                                             "index 569fb63..7341c6b 100644\n"
-                                             "--- a/r.txt\n"
-                                             "+++ b/moved.txt\n"
-                                             "@@ -1,5 +1,5 @@\n"
-                                             " row 1\n"
-                                             "-row 2\n"
-                                             "+row 2 @@ -1 +1 @@ changed\n"
-                                             " row 3\n"
-                                             " row 4\n"
-                                             " row 5\n"
-                                             "@@ -15,6 +15,6 @@ row 14\n"
-                                             " row 15\n"
-                                             " row 16\n"
-                                             " row 17\n"
-                                             "-row 18\n"
-                                             "+@@ row 18 changed\n"
-                                             " row 19\n"
-                                             " row 20\n";
+constexpr std::string_view renamedTwoHunks =
+    "diff --git a/r.txt b/moved.txt\nsimilarity index 72%\nrename from r.txt\nrename to moved.txt\n"
+    "index 569fb63..7341c6b 100644\n--- a/r.txt\n+++ b/moved.txt\n"
+    "@@ -1,5 +1,5 @@\n row 1\n-row 2\n+row 2 @@ -1 +1 @@ changed\n row 3\n row 4\n row 5\n"
+    "@@ -15,6 +15,6 @@ row 14\n row 15\n row 16\n row 17\n-row 18\n+@@ row 18 changed\n row 19\n row 20\n";
 
-constexpr std::string_view patchHeader = "diff --git a/r.txt b/moved.txt\n"
-                                         "index 569fb63..7341c6b 100644\n"
-                                         "--- a/r.txt\n"
-                                         "+++ b/moved.txt\n";
+constexpr std::string_view patchHeader =
+    "diff --git a/r.txt b/moved.txt\nindex 569fb63..7341c6b 100644\n--- a/r.txt\n+++ b/moved.txt\n";
 
 TEST(HunkPatch, HeaderMatchesOnTheFourNumbersOnly) {
     EXPECT_TRUE(hunkHeaderMatches("@@ -1 +1 @@", numbers(1, 1, 1, 1)));
