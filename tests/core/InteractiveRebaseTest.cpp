@@ -29,6 +29,9 @@ namespace {
 const std::string hostileMessage = "Say 'it''s' \"so\" $(touch pwned) `touch pwned`\n\n"
                                    "back\\slash \\n %s %% ${HOME} '\\'' ; touch pwned ;\nlast line";
 
+// What the service says of a run that git refused or that left no rebase behind, whatever git said.
+const std::string rebaseFailed = "git rebase failed: Rebase failed unexpectedly";
+
 class InteractiveRebase : public test::PrivateTemporaryDirectoryTest {
   protected:
     void SetUp() override {
@@ -154,9 +157,7 @@ TEST_F(InteractiveRebase, ConflictStopReportsTheStoppedCommitItsStepAndTheFiles)
     const auto result = rebase(rows, "main");
     ASSERT_TRUE(std::holds_alternative<RebaseStop>(result));
     const auto& stop = std::get<RebaseStop>(result);
-    EXPECT_EQ(stop.stoppedAtHash, conflicting);
-    EXPECT_EQ(stop.currentStep, 2);
-    EXPECT_EQ(stop.totalSteps, 3);
+    EXPECT_EQ(std::tie(stop.stoppedAtHash, stop.currentStep, stop.totalSteps), std::tuple(conflicting, 2, 3));
     ASSERT_EQ(stop.files.size(), 1u);
     EXPECT_EQ(stop.files[0].path, "file");
     EXPECT_EQ(state(), RepositoryState::rebasing);
@@ -173,9 +174,8 @@ TEST_F(InteractiveRebase, EditAndAFailingExecAreEditStops) {
     rows[1].action = RebaseAction::edit;
     const auto paused = rebase(rows);
     ASSERT_TRUE(std::holds_alternative<rebase::EditStop>(paused));
-    EXPECT_EQ(std::get<rebase::EditStop>(paused).currentStep, 2);
-    EXPECT_EQ(std::get<rebase::EditStop>(paused).totalSteps, 3);
-    EXPECT_EQ(std::get<rebase::EditStop>(paused).hash, head());
+    const auto& edit = std::get<rebase::EditStop>(paused);
+    EXPECT_EQ(std::tie(edit.currentStep, edit.totalSteps, edit.hash), std::tuple(2, 3, head()));
     EXPECT_EQ(state(), RepositoryState::rebasing);
     EXPECT_TRUE(std::holds_alternative<rebase::Success>(await(git.service.rebaseContinue(repo))));
     EXPECT_EQ(subjectsSinceBase(), "c\nb\na\n");
@@ -185,9 +185,7 @@ TEST_F(InteractiveRebase, EditAndAFailingExecAreEditStops) {
     const auto result = rebase(rows);
     ASSERT_TRUE(std::holds_alternative<rebase::EditStop>(result));
     const auto& stop = std::get<rebase::EditStop>(result);
-    EXPECT_EQ(stop.currentStep, 2);
-    EXPECT_EQ(stop.totalSteps, 4);
-    EXPECT_EQ(stop.hash, "");
+    EXPECT_EQ(std::tie(stop.currentStep, stop.totalSteps, stop.hash), std::tuple(2, 4, ""));
     await(git.service.abortRebase(repo));
 }
 
@@ -213,14 +211,13 @@ TEST_F(InteractiveRebase, RefusedAndFailedRunsChangeNothing) {
     const auto rows = todo();
 
     // git refuses an unknown target and an empty plan before a rebase exists.
-    EXPECT_EQ(test::thrownText([&] { rebase(rows, "no-such-branch"); }),
-              "git rebase failed: Rebase failed unexpectedly");
-    EXPECT_EQ(test::thrownText([&] { rebase({}); }), "git rebase failed: Rebase failed unexpectedly");
+    EXPECT_EQ(test::thrownText([&] { rebase(rows, "no-such-branch"); }), rebaseFailed);
+    EXPECT_EQ(test::thrownText([&] { rebase({}); }), rebaseFailed);
 
     test::writeFile(repoPath + "/a.txt", "local change\n");
     auto reordered = rows;
     std::swap(reordered[0], reordered[1]);
-    EXPECT_EQ(test::thrownText([&] { rebase(reordered); }), "git rebase failed: Rebase failed unexpectedly");
+    EXPECT_EQ(test::thrownText([&] { rebase(reordered); }), rebaseFailed);
     EXPECT_EQ(test::readFile(repoPath + "/a.txt"), "local change\n");
     EXPECT_EQ(head(), before);
     EXPECT_EQ(state(), RepositoryState::clean);
@@ -273,7 +270,7 @@ TEST_F(InteractiveRebaseFiles, OnlyARewordingPlanGetsAMessageEditor) {
     };
 
     // git's words give way to the missing rebase state.
-    EXPECT_EQ(runPlan({pick}), "git rebase failed: Rebase failed unexpectedly");
+    EXPECT_EQ(runPlan({pick}), rebaseFailed);
     EXPECT_EQ(git.arguments, (GitExecutorProtocol::Arguments{"rebase", "--interactive", "--", "main"}));
     EXPECT_EQ(git.environment.size(), 1u);
     EXPECT_TRUE(git.environment.at("GIT_SEQUENCE_EDITOR").starts_with(tmp.path() + "/orvel-rebase-editor-"));
@@ -285,7 +282,7 @@ TEST_F(InteractiveRebaseFiles, OnlyARewordingPlanGetsAMessageEditor) {
     RebaseTodoEntry reword = pick;
     reword.action = RebaseAction::reword;
     reword.rewordMessage = "new";
-    EXPECT_EQ(runPlan({reword}), "git rebase failed: Rebase failed unexpectedly");
+    EXPECT_EQ(runPlan({reword}), rebaseFailed);
     EXPECT_TRUE(git.environment.at("GIT_EDITOR").starts_with(tmp.path() + "/orvel-reword-editor-"));
     EXPECT_EQ(git.modes, (std::map<std::string, unsigned>{{"orvel-rebase-editor-", 0755},
                                                           {"orvel-rebase-todo-", 0600},
