@@ -8,14 +8,6 @@ using namespace orvel;
 
 namespace {
 
-RebaseTodoEntry commit(std::string hash, std::string subject) {
-    RebaseTodoEntry entry;
-    entry.id = QUuid::createUuid();
-    entry.hash = std::move(hash);
-    entry.subject = std::move(subject);
-    return entry;
-}
-
 // "hash:action" for every row, to read orders and actions at a glance.
 std::string summary(const RebasePlanModel& model) {
     std::string text;
@@ -25,11 +17,16 @@ std::string summary(const RebasePlanModel& model) {
     return text;
 }
 
-RebasePlanModel modelOf(const std::vector<std::pair<std::string, std::string>>& rows) {
+std::vector<RebaseTodoEntry> entriesOf(const std::vector<std::pair<std::string, std::string>>& rows) {
     std::vector<RebaseTodoEntry> entries;
     for (const auto& [hash, subject] : rows)
-        entries.push_back(commit(hash, subject));
-    return RebasePlanModel("main", std::move(entries));
+        entries.push_back(
+            {QUuid::createUuid(), RebaseAction::pick, hash, subject, std::nullopt, std::nullopt});
+    return entries;
+}
+
+RebasePlanModel modelOf(const std::vector<std::pair<std::string, std::string>>& rows) {
+    return RebasePlanModel("main", entriesOf(rows));
 }
 
 } // namespace
@@ -108,14 +105,10 @@ TEST(RebasePlanModelTest, MoveLeavesTheRowAtTheTargetPosition) {
 TEST(RebasePlanModelTest, ExecRowsAreAddedAtTheEndEditedAndRemoved) {
     auto model = modelOf({{"a1", "one"}, {"b2", "two"}});
     model.addExec();
-    const RebaseTodoEntry& added = model.entries().back();
-    EXPECT_FALSE(added.id.isNull());
-    EXPECT_EQ(added.action, RebaseAction::exec);
-    EXPECT_EQ(added.hash, "");
-    EXPECT_EQ(added.subject, "");
-    EXPECT_EQ(added.rewordMessage, std::nullopt);
-    EXPECT_EQ(added.execCommand, std::optional<std::string>(""));
-    const QUuid execId = added.id;
+    const QUuid execId = model.entries().back().id;
+    EXPECT_FALSE(execId.isNull());
+    EXPECT_EQ(model.entries().back(),
+              (RebaseTodoEntry{execId, RebaseAction::exec, "", "", std::nullopt, ""}));
 
     model.setExecCommand(execId, "make test && echo 'ok' $(date)");
     model.move(2, 1);
@@ -163,33 +156,26 @@ TEST(RebasePlanModelTest, RewordEditsFromTheMessageOrSubjectAndSavesTrimmed) {
 }
 
 TEST(RebasePlanModelTest, AutosquashMovesFixupsAndSquashesBehindTheirTargets) {
-    auto model = modelOf({{"f1", "fixup! A"},
-                          {"a", "A"},
-                          {"b", "B"},
-                          {"s1", "squash! B"},
-                          {"f2", "fixup! A"},
-                          {"n", "fixup! fixup! A"},
-                          {"u1", "fixup! Missing"},
-                          {"m", "amend! B"},
-                          {"c", "C"},
-                          {"u2", "squash! Gone"}});
-    auto marked = model.entries()[0];
-    marked.rewordMessage = "kept";
-    marked.execCommand = "kept too";
-    model = RebasePlanModel("main", [&] {
-        auto entries = model.entries();
-        entries[0] = marked;
-        return entries;
-    }());
+    auto entries = entriesOf({{"f1", "fixup! A"},
+                              {"a", "A"},
+                              {"b", "B"},
+                              {"s1", "squash! B"},
+                              {"f2", "fixup! A"},
+                              {"n", "fixup! fixup! A"},
+                              {"u1", "fixup! Missing"},
+                              {"m", "amend! B"},
+                              {"c", "C"},
+                              {"u2", "squash! Gone"}});
+    entries[0].rewordMessage = "kept";
+    entries[0].execCommand = "kept too";
+    RebaseTodoEntry moved = entries[0];
+    moved.action = RebaseAction::fixup;
+    RebasePlanModel model("main", std::move(entries));
     model.autosquash();
     // Fixups of A keep their order; a nested fixup and a missing target go to the end, backwards.
     EXPECT_EQ(summary(model),
               "a:pick f1:fixup f2:fixup b:pick s1:squash m:pick c:pick u2:squash u1:fixup n:fixup");
-    const auto& moved = model.entries()[1];
-    EXPECT_EQ(moved.id, marked.id);
-    EXPECT_EQ(moved.hash, "f1");
-    EXPECT_EQ(moved.rewordMessage, "kept");
-    EXPECT_EQ(moved.execCommand, "kept too");
+    EXPECT_EQ(model.entries()[1], moved) << "the same row, with its message and command";
 }
 
 TEST(RebasePlanModelTest, AutosquashMatchesTheLaterOfTwoEqualSubjectsAndNeverAnExecRow) {
