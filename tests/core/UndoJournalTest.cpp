@@ -135,10 +135,10 @@ class UndoJournalTest : public test::RepositoryTest {
         repo.git({"clean", "-qfdx"});
         repo.gitAllowingFailure({"stash", "clear"});
         repo.gitAllowingFailure({"branch", "-D", "topic"});
-        for (const char* ref : {"refs/heads/main", "refs/heads/topic"})
-            remote.gitAllowingFailure({"update-ref", "-d", ref});
-        repo.gitAllowingFailure({"update-ref", "-d", "refs/remotes/origin/main"});
-        repo.gitAllowingFailure({"update-ref", "-d", "refs/remotes/origin/topic"});
+        for (const char* branch : {"main", "topic"}) {
+            remote.gitAllowingFailure({"update-ref", "-d", std::string("refs/heads/") + branch});
+            repo.gitAllowingFailure({"update-ref", "-d", std::string("refs/remotes/origin/") + branch});
+        }
     }
 };
 
@@ -289,6 +289,7 @@ TEST_F(UndoJournalTest, AMergeOrRebaseStoppedOnAConflictIsJournalledByTheStepTha
         const InteractiveRebaseResult result = co_await service.rebaseContinue(entry());
         EXPECT_TRUE(std::holds_alternative<rebase::Success>(result));
     };
+    auto rebase = [&]() -> QCoro::Task<void> { co_await service.rebase(entry(), "topic"); };
     const struct {
         const char* name;
         UndoAction action;
@@ -297,10 +298,8 @@ TEST_F(UndoJournalTest, AMergeOrRebaseStoppedOnAConflictIsJournalledByTheStepTha
     } cases[] = {
         {"merge, then commit", UndoAction::merge,
          [&]() -> QCoro::Task<void> { co_await service.merge(entry(), "topic"); }, commit},
-        {"rebase, then continue", UndoAction::rebase,
-         [&]() -> QCoro::Task<void> { co_await service.rebase(entry(), "topic"); }, resume},
-        {"rebase, then skip", UndoAction::rebase,
-         [&]() -> QCoro::Task<void> { co_await service.rebase(entry(), "topic"); },
+        {"rebase, then continue", UndoAction::rebase, rebase, resume},
+        {"rebase, then skip", UndoAction::rebase, rebase,
          [&]() -> QCoro::Task<void> { co_await service.rebaseSkip(entry()); }},
         {"interactive rebase, then continue", UndoAction::rebase,
          [&]() -> QCoro::Task<void> {
