@@ -30,51 +30,48 @@ ConflictDecisions allOf(const std::vector<ConflictHunk>& hunks, bool ours, bool 
 
 } // namespace
 
-TEST(ConflictHunksTest, RealMergeConflictCutsIntoCleanRunsAndConflicts) {
-    ConflictedMerge merge(baseText, oursText, theirsText, false);
-    const auto hunks = parseConflictHunks(merge.text);
-    ASSERT_EQ(hunks.size(), 5u);
-    for (int i = 0; i < 5; ++i)
-        EXPECT_EQ(hunks[i].id, i);
-    EXPECT_EQ(cleanOf(hunks[0]), (Lines{"header", "shared 1"}));
-    EXPECT_EQ(sidesOf(hunks[1]), (ConflictSides{{"value = 2", "extra ours"}, {"value = 3"}, std::nullopt}));
-    EXPECT_EQ(cleanOf(hunks[2]), (Lines{"shared 2", "shared 3", "shared 4", "shared 5", "shared 6"}));
-    EXPECT_EQ(sidesOf(hunks[3]), (ConflictSides{{"last = ours"}, {"last = 'theirs' $(x)"}, std::nullopt}));
-    EXPECT_EQ(cleanOf(hunks[4]), (Lines{"trailer", ""}));
+// diff3 adds a base to each conflict, which never reaches the output.
+TEST(ConflictHunksTest, RealConflictsCutIntoHunksThatComposeGitsStagesAndTheChosenLines) {
+    for (const bool diff3 : {false, true}) {
+        SCOPED_TRACE(diff3 ? "diff3" : "merge");
+        ConflictedMerge merge(baseText, oursText, theirsText, diff3);
+        EXPECT_TRUE(containsConflictMarkers(merge.text));
+        EXPECT_FALSE(containsConflictMarkers(merge.stage(2)));
+        const auto hunks = parseConflictHunks(merge.text);
+        ASSERT_EQ(hunks.size(), 5u);
+        for (int i = 0; i < 5; ++i)
+            EXPECT_EQ(hunks[i].id, i);
+        const auto base = [diff3](const char* line) {
+            return diff3 ? std::optional(Lines{line}) : std::nullopt;
+        };
+        EXPECT_EQ(cleanOf(hunks[0]), (Lines{"header", "shared 1"}));
+        EXPECT_EQ(sidesOf(hunks[1]),
+                  (ConflictSides{{"value = 2", "extra ours"}, {"value = 3"}, base("value = 1")}));
+        EXPECT_EQ(cleanOf(hunks[2]), (Lines{"shared 2", "shared 3", "shared 4", "shared 5", "shared 6"}));
+        EXPECT_EQ(sidesOf(hunks[3]),
+                  (ConflictSides{{"last = ours"}, {"last = 'theirs' $(x)"}, base("last = base")}));
+        EXPECT_EQ(cleanOf(hunks[4]), (Lines{"trailer", ""}));
 
-    const auto defaults = defaultDecisions(hunks);
-    EXPECT_EQ(defaults, (ConflictDecisions{{1, {{true, true}, {false}}}, {3, {{true}, {false}}}}));
-    // The default is ours; all of theirs is theirs; both are what git's stages hold.
-    EXPECT_EQ(composeResolved(hunks, defaults), merge.stage(2));
-    EXPECT_EQ(composeResolved(hunks, {}), merge.stage(2));
-    EXPECT_EQ(composeResolved(hunks, allOf(hunks, false, true)), merge.stage(3));
-}
+        const auto defaults = defaultDecisions(hunks);
+        EXPECT_EQ(defaults, (ConflictDecisions{{1, {{true, true}, {false}}}, {3, {{true}, {false}}}}));
+        // The default is ours; all of theirs is theirs; both are what git's stages hold.
+        EXPECT_EQ(composeResolved(hunks, defaults), merge.stage(2));
+        EXPECT_EQ(composeResolved(hunks, {}), merge.stage(2));
+        EXPECT_EQ(composeResolved(hunks, allOf(hunks, false, true)), merge.stage(3));
+        EXPECT_EQ(composeResolved(hunks, allOf(hunks, false, false)),
+                  "header\nshared 1\nshared 2\nshared 3\nshared 4\nshared 5\nshared 6\ntrailer\n");
 
-TEST(ConflictHunksTest, Diff3ConflictHasABaseThatNeverReachesTheOutputAndLinesChosenOneByOne) {
-    ConflictedMerge merge(baseText, oursText, theirsText, true);
-    EXPECT_TRUE(containsConflictMarkers(merge.text));
-    EXPECT_FALSE(containsConflictMarkers(merge.stage(2)));
-    const auto hunks = parseConflictHunks(merge.text);
-    ASSERT_EQ(hunks.size(), 5u);
-    EXPECT_EQ(sidesOf(hunks[1]),
-              (ConflictSides{{"value = 2", "extra ours"}, {"value = 3"}, Lines{"value = 1"}}));
-    EXPECT_EQ(sidesOf(hunks[3]),
-              (ConflictSides{{"last = ours"}, {"last = 'theirs' $(x)"}, Lines{"last = base"}}));
-    EXPECT_EQ(composeResolved(hunks, defaultDecisions(hunks)), merge.stage(2));
-    EXPECT_EQ(composeResolved(hunks, allOf(hunks, false, true)), merge.stage(3));
-    EXPECT_EQ(composeResolved(hunks, allOf(hunks, false, false)),
-              "header\nshared 1\nshared 2\nshared 3\nshared 4\nshared 5\nshared 6\ntrailer\n");
-
-    ConflictDecisions decisions = defaultDecisions(hunks);
-    decisions[1] = {{false, true}, {true}}; // one line of ours dropped, theirs added after it
-    decisions[3] = {{true}, {true}};        // both: ours first, then theirs
-    EXPECT_EQ(composeResolved(hunks, decisions),
-              "header\nshared 1\nextra ours\nvalue = 3\nshared 2\nshared 3\n"
-              "shared 4\nshared 5\nshared 6\nlast = ours\nlast = 'theirs' $(x)\ntrailer\n");
-    decisions[3] = {{true}, {}}; // a missing flag takes the default: theirs stays out
-    EXPECT_EQ(composeResolved(hunks, decisions),
-              "header\nshared 1\nextra ours\nvalue = 3\nshared 2\nshared 3\n"
-              "shared 4\nshared 5\nshared 6\nlast = ours\ntrailer\n");
+        ConflictDecisions decisions = defaults;
+        decisions[1] = {{false, true}, {true}}; // one line of ours dropped, theirs added after it
+        decisions[3] = {{true}, {true}};        // both: ours first, then theirs
+        EXPECT_EQ(composeResolved(hunks, decisions),
+                  "header\nshared 1\nextra ours\nvalue = 3\nshared 2\nshared 3\n"
+                  "shared 4\nshared 5\nshared 6\nlast = ours\nlast = 'theirs' $(x)\ntrailer\n");
+        decisions[3] = {{true}, {}}; // a missing flag takes the default: theirs stays out
+        EXPECT_EQ(composeResolved(hunks, decisions),
+                  "header\nshared 1\nextra ours\nvalue = 3\nshared 2\nshared 3\n"
+                  "shared 4\nshared 5\nshared 6\nlast = ours\ntrailer\n");
+    }
 }
 
 TEST(ConflictHunksTest, CrlfAndNonUtf8LinesComeBackByteForByte) {
