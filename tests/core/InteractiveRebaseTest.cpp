@@ -260,8 +260,7 @@ class InteractiveRebaseFiles : public test::PrivateTemporaryDirectoryTest {
 };
 
 TEST_F(InteractiveRebaseFiles, OnlyARewordingPlanGetsAMessageEditor) {
-    RebaseTodoEntry pick{QUuid::createUuid(), RebaseAction::pick, "a1b2c3d", "one",
-                         std::nullopt,        std::nullopt};
+    RebaseTodoEntry pick{QUuid::createUuid(), RebaseAction::pick, "a1b2c3d", "one", {}, {}};
     const RepoEntry repo = test::RealGitService::repoAt(work.path());
     const auto runPlan = [&](std::vector<RebaseTodoEntry> entries) {
         return test::thrownText([&] {
@@ -293,10 +292,8 @@ TEST_F(InteractiveRebaseFiles, OnlyARewordingPlanGetsAMessageEditor) {
 // before git starts, and the files made before it go as well.
 TEST_F(InteractiveRebaseFiles, AFailedWriteOfAnyFileLeavesNoneBehind) {
     const std::string longText(64 * 1024, 'x');
-    RebaseTodoEntry longSubject{QUuid::createUuid(), RebaseAction::pick, "a1b2c3d", longText,
-                                std::nullopt,        std::nullopt};
-    RebaseTodoEntry longReword{QUuid::createUuid(), RebaseAction::reword, "a1b2c3d", "one", longText,
-                               std::nullopt};
+    RebaseTodoEntry longSubject{QUuid::createUuid(), RebaseAction::pick, "a1b2c3d", longText, {}, {}};
+    RebaseTodoEntry longReword{QUuid::createUuid(), RebaseAction::reword, "a1b2c3d", "one", longText, {}};
     // The todo file, the sequence editor (after an empty todo file), the reword script.
     const std::vector<std::pair<std::vector<RebaseTodoEntry>, rlim_t>> cases{
         {{longSubject}, 4096}, {{}, 16}, {{longReword}, 4096}};
