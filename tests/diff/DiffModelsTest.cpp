@@ -50,8 +50,9 @@ struct HighlightCase {
 
 TEST(GitPathQuotingTest, EveryChangedFileOfARealDiffIsFoundByItsRawPath) {
     const test::TempRepo repo;
-    const std::vector<std::string> paths{"plain.txt", "\xc3\xa9t\xc3\xa9.txt", "quote\"d.txt",
-                                         "back\\slash.txt", "tab\there.txt", "\xff-not-utf8.txt", "with blank.txt"};
+    const std::vector<std::string> paths{"plain.txt",       "\xc3\xa9t\xc3\xa9.txt", "quote\"d.txt",
+                                         "back\\slash.txt", "tab\there.txt",         "\xff-not-utf8.txt",
+                                         "with blank.txt"};
     for (const std::string& path : paths)
         repo.write(path, "one\n");
     repo.write("gone \xc3\xa9.txt", "x\n");
@@ -66,11 +67,10 @@ TEST(GitPathQuotingTest, EveryChangedFileOfARealDiffIsFoundByItsRawPath) {
     const DiffResult diff = GitOutputParser::parseDiff(repo.git({"diff", "--cached", "-M"}));
     std::vector<std::string> wanted = paths;
     wanted.push_back("new \xc3\xa9.txt");
-    for (const std::string& path : wanted) {
-        const bool found = std::any_of(diff.files.begin(), diff.files.end(),
-                                       [&](const FileDiff& file) { return diffPathNames(file.newPath, path); });
-        EXPECT_TRUE(found) << path;
-    }
+    for (const std::string& path : wanted)
+        EXPECT_TRUE(std::any_of(diff.files.begin(), diff.files.end(), [&](const FileDiff& file) {
+            return diffPathNames(file.newPath, path);
+        })) << path;
     EXPECT_TRUE(std::any_of(diff.files.begin(), diff.files.end(), [](const FileDiff& file) {
         return file.newPath.empty() && diffPathNames(file.oldPath, "gone \xc3\xa9.txt");
     }));
@@ -201,11 +201,8 @@ TEST(FileInspectionTest, PolicyFollowsSizeLinesAndBytes) {
          std::nullopt},
         {"blob", std::string("\0\1", 2), FileOpenPolicy::unsupported, true, std::nullopt, std::nullopt},
         {"late.txt", zeroAfterSample, FileOpenPolicy::text, false, 1, TextEncoding::utf8},
-        {"wide.txt",
-         std::string("\xff\xfe"
-                     "a\0b\0",
-                     6),
-         FileOpenPolicy::unsupported, true, std::nullopt, std::nullopt},
+        {"wide.txt", std::string("\xff\xfe\x61\0b\0", 6), FileOpenPolicy::unsupported, true, std::nullopt,
+         std::nullopt},
         {"latin.txt", "caf\xe9!", FileOpenPolicy::text, false, 1, TextEncoding::latin1},
         {"icon.svg", "<svg/>", FileOpenPolicy::text, false, 1, TextEncoding::utf8},
     };
