@@ -38,7 +38,6 @@
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
-#include <functional>
 
 #include <gtest/gtest.h>
 
@@ -226,34 +225,25 @@ TEST_F(DiffPaneTest, HunkButtonsShowOnTheHunkUnderThePointerOrWithTheFocus) {
 
     const struct {
         const char* state;
-        std::function<void()> enter;
+        bool focusOnText, pointerOnSecond;
         bool first, second;
     } cases[] = {
-        {"pointer elsewhere, focus elsewhere",
-         [&] {
-             modeButton->setFocus();
-             QTest::mouseMove(&pane, outside);
-         },
-         false, false},
-        {"pointer over the second hunk", [&] { QTest::mouseMove(view.viewport(), inSecondHunk); }, false,
-         true},
-        {"focus on the text, the first hunk in sight",
-         [&] {
-             QTest::mouseMove(&pane, outside);
-             view.setFocus();
-         },
-         true, false},
-        {"focus and pointer", [&] { QTest::mouseMove(view.viewport(), inSecondHunk); }, true, true},
-        {"focus leaves",
-         [&] {
-             modeButton->setFocus();
-             QTest::mouseMove(&pane, outside);
-         },
-         false, false},
+        {"pointer elsewhere, focus elsewhere", false, false, false, false},
+        {"pointer over the second hunk", false, true, false, true},
+        {"focus on the text, the first hunk in sight", true, false, true, false},
+        {"focus and pointer", true, true, true, true},
+        {"focus leaves", false, false, false, false},
     };
     for (const auto& each : cases) {
         SCOPED_TRACE(each.state);
-        each.enter();
+        if (each.focusOnText)
+            view.setFocus();
+        else
+            modeButton->setFocus();
+        if (each.pointerOnSecond)
+            QTest::mouseMove(view.viewport(), inSecondHunk);
+        else
+            QTest::mouseMove(&pane, outside);
         QApplication::processEvents();
         EXPECT_EQ(showsButtons(view, 0), each.first);
         EXPECT_EQ(showsButtons(view, 1), each.second);
