@@ -99,8 +99,7 @@ TEST_F(RebasePlanSheetTest, RewordMoveExecAndAutosquashRunThroughGit) {
     ASSERT_NE(command, nullptr);
     QTest::keyClicks(command, QStringLiteral("echo ran > exec-ran.txt"));
     QTest::keyClick(command, Qt::Key_Return);
-    ASSERT_TRUE(test::eventually(
-        [&] { return (subjects(plan).back()) == (std::string("exec echo ran > exec-ran.txt")); }));
+    ASSERT_TRUE(test::eventually([&] { return subjects(plan).back() == "exec echo ran > exec-ran.txt"; }));
     test::saveScreenshot(*sheet, QStringLiteral("rebase-sheet"), sheet->size());
 
     click("rebase-sheet.start");
