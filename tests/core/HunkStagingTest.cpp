@@ -35,7 +35,12 @@ const std::string notFound =
     "you viewed the diff";
 
 DiffHunk numbers(int oldStart, int oldCount, int newStart, int newCount) {
-    return {{}, oldStart, oldCount, newStart, newCount};
+    DiffHunk hunk;
+    hunk.oldStart = oldStart;
+    hunk.oldCount = oldCount;
+    hunk.newStart = newStart;
+    hunk.newCount = newCount;
+    return hunk;
 }
 
 // `git diff --cached -M` of a renamed file with two hunks, one changed line of each holding "@@".
