@@ -60,7 +60,12 @@ class RebaseStopFiles : public ::testing::Test {
         std::filesystem::create_directories(dir / "git/rebase-merge");
         test::writeFile(dir / ("git/rebase-merge/" + name), content);
     }
-    RepoEntry repo() const { return RepoEntry{dir.path(), dir / "git"}; }
+    RepoEntry repo() const {
+        RepoEntry entry;
+        entry.path = dir.path();
+        entry.gitDirPath = dir / "git";
+        return entry;
+    }
 };
 
 } // namespace
@@ -93,7 +98,9 @@ TEST_F(RebaseStopFiles, UnreadableFilesAFailedQueryOrNoGitDirectoryStillGiveASto
     // Without a git directory in the entry, the work tree's ".git" is read.
     std::filesystem::create_directories(dir / ".git/rebase-merge");
     test::writeFile(dir / ".git/rebase-merge/msgnum", "4");
-    const InteractiveRebaseResult fromDotGit = readRebaseStop(git, RepoEntry{dir.path()});
+    RepoEntry withoutGitDirectory;
+    withoutGitDirectory.path = dir.path();
+    const InteractiveRebaseResult fromDotGit = readRebaseStop(git, withoutGitDirectory);
     ASSERT_TRUE(std::holds_alternative<rebase::EditStop>(fromDotGit));
     EXPECT_EQ(std::get<rebase::EditStop>(fromDotGit).currentStep, 4);
 }
