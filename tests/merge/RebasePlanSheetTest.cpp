@@ -137,7 +137,7 @@ TEST_F(RebasePlanSheetTest, MarksTheRowsThatWillConflictAsTheyMove) {
     EXPECT_EQ(summary(), QStringLiteral("2 step(s) will stop on a conflict."));
     // The commit cell of a step, as painted; the hash takes the same place with and without the mark.
     const auto commitCell = [&](int row) {
-        const QModelIndex cell = rows.index(row, RebasePlanItemModel::CommitColumn);
+        const QModelIndex cell = list->model()->index(row, RebasePlanItemModel::CommitColumn);
         return list->viewport()->grab(list->visualRect(cell)).toImage();
     };
     const QImage markedB = commitCell(0); // B, moved first
