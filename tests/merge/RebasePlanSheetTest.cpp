@@ -116,8 +116,8 @@ TEST_F(RebasePlanSheetTest, RewordMoveExecAndAutosquashRunThroughGit) {
     EXPECT_FALSE(std::filesystem::exists(repo / "pwned"));
 }
 
-// Rows that will stop on a conflict carry a mark and their files in the tooltip, recomputed on git
-// as rows move; Start stays usable while that runs.
+// Rows that will stop on a conflict carry a mark beside their hash and their files in the tooltip,
+// recomputed on git as rows move; Start stays usable while that runs.
 TEST_F(RebasePlanSheetTest, MarksTheRowsThatWillConflictAsTheyMove) {
     repo.write("f", "x\n");
     const std::string base = repo.commitAll("base");
@@ -146,10 +146,26 @@ TEST_F(RebasePlanSheetTest, MarksTheRowsThatWillConflictAsTheyMove) {
     EXPECT_EQ(tooltip(0), QStringLiteral("Will stop on a conflict in 1 file(s): f"));
     ASSERT_TRUE(test::eventually([&] { return !sheet->model().isPredicting(); }));
     EXPECT_EQ(summary(), QStringLiteral("2 step(s) will stop on a conflict."));
+    // The commit cell of a step, as painted; the hash takes the same place with and without the mark.
+    const auto commitCell = [&](int row) {
+        const QModelIndex cell = list->model()->index(row, RebasePlanItemModel::CommitColumn);
+        return list->viewport()->grab(list->visualRect(cell)).toImage();
+    };
+    const QImage markedB = commitCell(0); // B, moved first
+    test::saveScreenshot(*sheet, QStringLiteral("rebase-sheet-conflicts"), sheet->size());
 
     QTest::keyClick(list, Qt::Key_Down, Qt::ControlModifier);
     ASSERT_TRUE(test::eventually([&] { return !sheet->model().isPredicting(); }));
     EXPECT_FALSE(marked(0) || marked(1));
+    const QImage plainB = commitCell(1);
+    const int hashEnd = plainB.width() - 4; // short of the focus frame's edge
+    EXPECT_TRUE(markedB.copy(0, 0, hashEnd, markedB.height()) == plainB.copy(0, 0, hashEnd, plainB.height()))
+        << "the mark covers the hash";
+    int markPixels = 0; // beyond the hash, unlike the background at its end
+    for (int y = 0; y < markedB.height(); ++y)
+        for (int x = hashEnd; x < markedB.width() - 4; ++x)
+            markPixels += markedB.pixel(x, y) != markedB.pixel(hashEnd, y);
+    EXPECT_GT(markPixels, 0) << "no mark beside the hash";
     sheet->close();
 }
 

@@ -4,7 +4,6 @@
 #include "settings/ThemeEngine.h"
 #include "widgets/Icons.h"
 
-#include <QApplication>
 #include <QPainter>
 
 namespace orvel {
@@ -30,13 +29,7 @@ QColor statusColour(const QString& code) {
 
 void FileTreeDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
                              const QModelIndex& index) const {
-    QStyleOptionViewItem background = option;
-    initStyleOption(&background, index);
-    background.text.clear();
-    background.icon = {};
-    const QWidget* widget = option.widget;
-    QStyle* style = widget ? widget->style() : QApplication::style();
-    style->drawControl(QStyle::CE_ItemViewItem, &background, painter, widget);
+    paintBackground(painter, option, index);
 
     const bool selected = option.state & QStyle::State_Selected;
     const ThemeTokens& tokens = ThemeEngine::shared().currentTokens();
@@ -82,7 +75,7 @@ void FileTreeDelegate::paint(QPainter* painter, const QStyleOptionViewItem& opti
 }
 
 QSize FileTreeDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const {
-    QSize size = QStyledItemDelegate::sizeHint(option, index);
+    QSize size = PaintedRowDelegate::sizeHint(option, index);
     size.setHeight(std::max(size.height(), option.fontMetrics.height() + 8));
     return size;
 }

@@ -3,15 +3,15 @@
 // for that kind of change.
 #pragma once
 
-#include <QStyledItemDelegate>
+#include "widgets/PaintedRowDelegate.h"
 
 namespace orvel {
 
-class FileTreeDelegate final : public QStyledItemDelegate {
+class FileTreeDelegate final : public PaintedRowDelegate {
     Q_OBJECT
 
   public:
-    using QStyledItemDelegate::QStyledItemDelegate;
+    using PaintedRowDelegate::PaintedRowDelegate;
 
     void paint(QPainter* painter, const QStyleOptionViewItem& option,
                const QModelIndex& index) const override;

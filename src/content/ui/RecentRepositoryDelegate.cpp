@@ -4,7 +4,6 @@
 #include "settings/ThemeEngine.h"
 #include "widgets/Icons.h"
 
-#include <QApplication>
 #include <QPainter>
 
 namespace orvel {
@@ -18,13 +17,7 @@ constexpr int iconSize = 16;
 
 void RecentRepositoryDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
                                      const QModelIndex& index) const {
-    QStyleOptionViewItem background = option;
-    initStyleOption(&background, index);
-    background.text.clear();
-    background.icon = QIcon();
-    const QWidget* widget = option.widget;
-    QStyle* style = widget ? widget->style() : QApplication::style();
-    style->drawPrimitive(QStyle::PE_PanelItemViewItem, &background, painter, widget);
+    paintBackground(painter, option, index);
 
     const ThemeTokens& tokens = ThemeEngine::shared().currentTokens();
     const bool selected = option.state & QStyle::State_Selected;

@@ -1,15 +1,15 @@
 // Paints one recent repository: a folder icon, the folder's name and, beneath it, the path.
 #pragma once
 
-#include <QStyledItemDelegate>
+#include "widgets/PaintedRowDelegate.h"
 
 namespace orvel {
 
-class RecentRepositoryDelegate final : public QStyledItemDelegate {
+class RecentRepositoryDelegate final : public PaintedRowDelegate {
     Q_OBJECT
 
   public:
-    using QStyledItemDelegate::QStyledItemDelegate;
+    using PaintedRowDelegate::PaintedRowDelegate;
 
     void paint(QPainter* painter, const QStyleOptionViewItem& option,
                const QModelIndex& index) const override;

@@ -6,7 +6,6 @@
 #include "graph/ui/RefPillPainting.h"
 
 #include <QAbstractItemView>
-#include <QApplication>
 #include <QHelpEvent>
 #include <QPainter>
 #include <QToolTip>
@@ -21,7 +20,7 @@ constexpr int textPadding = 6;
 
 GraphRowDelegate::GraphRowDelegate(const RepoGraphPaneViewModel& model, const QPalette& palette,
                                    QObject* parent)
-    : QStyledItemDelegate(parent), model_(model), style_(GraphRowStyle::current(palette)),
+    : PaintedRowDelegate(parent), model_(model), style_(GraphRowStyle::current(palette)),
       selectedStyle_(style_.onSelection(palette.color(QPalette::Highlight))), cells_(cellCacheBytes) {
     connect(&model_, &RepoGraphPaneViewModel::commitsChanged, this, [this] { cells_.clear(); });
 }
@@ -41,7 +40,7 @@ bool GraphRowDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view, con
     const int row = index.row();
     if (event->type() != QEvent::ToolTip || index.column() != GraphTableModel::refsColumn || row < 0 ||
         static_cast<std::size_t>(row) >= model_.refsByRow().size())
-        return QStyledItemDelegate::helpEvent(event, view, option, index);
+        return PaintedRowDelegate::helpEvent(event, view, option, index);
     const QStringList names =
         refsNotShownWhole(model_.refsByRow()[static_cast<std::size_t>(row)], option.rect.width(), style_);
     if (names.isEmpty()) {
@@ -58,9 +57,7 @@ void GraphRowDelegate::paint(QPainter* painter, const QStyleOptionViewItem& opti
     const int row = index.row();
     if (row < 0 || static_cast<std::size_t>(row) >= model_.commits().size())
         return;
-    const QWidget* widget = option.widget;
-    QStyle* style = widget ? widget->style() : QApplication::style();
-    style->drawPrimitive(QStyle::PE_PanelItemViewItem, &option, painter, widget);
+    paintBackground(painter, option, index);
 
     const bool isWorkingTree = model_.isWorkingTreeRow(row);
     const bool isSelected = option.state & QStyle::State_Selected;

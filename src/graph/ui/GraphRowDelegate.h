@@ -5,14 +5,13 @@
 
 #include "graph/ui/GraphCellCache.h"
 #include "graph/ui/GraphRowStyle.h"
-
-#include <QStyledItemDelegate>
+#include "widgets/PaintedRowDelegate.h"
 
 namespace orvel {
 
 class RepoGraphPaneViewModel;
 
-class GraphRowDelegate final : public QStyledItemDelegate {
+class GraphRowDelegate final : public PaintedRowDelegate {
     Q_OBJECT
 
   public:

@@ -4,7 +4,6 @@
 #include "merge/ui/MergeLineModel.h"
 #include "settings/ThemeEngine.h"
 
-#include <QApplication>
 #include <QFontDatabase>
 #include <QMouseEvent>
 #include <QPainter>
@@ -33,13 +32,7 @@ QColor tintColour(MergeSide side, bool focused) {
 
 void MergeLineDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
                               const QModelIndex& index) const {
-    QStyleOptionViewItem background = option;
-    initStyleOption(&background, index);
-    background.text.clear();
-    background.features &= ~QStyleOptionViewItem::HasCheckIndicator;
-    const QWidget* widget = option.widget;
-    QStyle* style = widget ? widget->style() : QApplication::style();
-    style->drawControl(QStyle::CE_ItemViewItem, &background, painter, widget);
+    paintBackground(painter, option, index);
 
     painter->save();
     const auto side = static_cast<MergeSide>(index.data(MergeLineModel::TintRole).toInt());
@@ -62,14 +55,15 @@ void MergeLineDelegate::paint(QPainter* painter, const QStyleOptionViewItem& opt
     const QVariant check = index.data(Qt::CheckStateRole);
     bool included = true;
     if (check.isValid()) {
+        QStyle* style = styleOf(option);
         QStyleOptionButton box;
-        const int size = style->pixelMetric(QStyle::PM_IndicatorWidth, nullptr, widget);
+        const int size = style->pixelMetric(QStyle::PM_IndicatorWidth, nullptr, option.widget);
         box.rect = QRect(area.left(), area.center().y() - size / 2, size, size);
         included = check.value<Qt::CheckState>() == Qt::Checked;
         box.state = QStyle::State_Enabled | (included ? QStyle::State_On : QStyle::State_Off);
         if (option.state & QStyle::State_HasFocus)
             box.state |= QStyle::State_HasFocus;
-        style->drawPrimitive(QStyle::PE_IndicatorCheckBox, &box, painter, widget);
+        style->drawPrimitive(QStyle::PE_IndicatorCheckBox, &box, painter, option.widget);
         area.setLeft(box.rect.right() + padding);
     }
 
@@ -104,7 +98,7 @@ bool MergeLineDelegate::editorEvent(QEvent* event, QAbstractItemModel* model,
     if ((event->type() == QEvent::MouseButtonPress || event->type() == QEvent::MouseButtonDblClick) &&
         (index.flags() & Qt::ItemIsUserCheckable))
         return event->type() == QEvent::MouseButtonDblClick;
-    return QStyledItemDelegate::editorEvent(event, model, option, index);
+    return PaintedRowDelegate::editorEvent(event, model, option, index);
 }
 
 } // namespace orvel

@@ -3,15 +3,15 @@
 // row toggles it, as Space does.
 #pragma once
 
-#include <QStyledItemDelegate>
+#include "widgets/PaintedRowDelegate.h"
 
 namespace orvel {
 
-class MergeLineDelegate final : public QStyledItemDelegate {
+class MergeLineDelegate final : public PaintedRowDelegate {
     Q_OBJECT
 
   public:
-    using QStyledItemDelegate::QStyledItemDelegate;
+    using PaintedRowDelegate::PaintedRowDelegate;
 
     void paint(QPainter* painter, const QStyleOptionViewItem& option,
                const QModelIndex& index) const override;

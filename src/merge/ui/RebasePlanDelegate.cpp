@@ -6,7 +6,6 @@
 #include "settings/ThemeEngine.h"
 #include "widgets/Icons.h"
 
-#include <QApplication>
 #include <QComboBox>
 #include <QFontDatabase>
 #include <QLineEdit>
@@ -20,7 +19,7 @@ namespace orvel {
 namespace {
 
 constexpr int padding = 6;
-constexpr int pencilSize = 16;
+constexpr int iconSize = 16; // the reword pencil and the conflict mark
 
 QColor actionColour(RebaseAction action) {
     const ThemeTokens& tokens = ThemeEngine::shared().currentTokens();
@@ -60,20 +59,22 @@ QFont cellFont(const QStyleOptionViewItem& option, int column) {
     return font;
 }
 
-QRect pencilRect(const QRect& cell) {
-    return {cell.right() - padding - pencilSize, cell.center().y() - pencilSize / 2, pencilSize, pencilSize};
+// The place of a cell's icon, at its right end.
+QRect iconRect(const QRect& cell) {
+    return {cell.right() - padding - iconSize, cell.center().y() - iconSize / 2, iconSize, iconSize};
+}
+
+// A step that will stop on a conflict carries the model's mark in its commit cell.
+QIcon conflictMark(const QModelIndex& index) {
+    return index.column() == RebasePlanItemModel::CommitColumn ? index.data(Qt::DecorationRole).value<QIcon>()
+                                                               : QIcon();
 }
 
 } // namespace
 
 void RebasePlanDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
                                const QModelIndex& index) const {
-    QStyleOptionViewItem background = option;
-    initStyleOption(&background, index);
-    background.text.clear();
-    const QWidget* widget = option.widget;
-    QStyle* style = widget ? widget->style() : QApplication::style();
-    style->drawControl(QStyle::CE_ItemViewItem, &background, painter, widget);
+    paintBackground(painter, option, index);
 
     const bool selected = option.state & QStyle::State_Selected;
     const ThemeTokens& tokens = ThemeEngine::shared().currentTokens();
@@ -90,6 +91,11 @@ void RebasePlanDelegate::paint(QPainter* painter, const QStyleOptionViewItem& op
         break;
     case RebasePlanItemModel::CommitColumn:
         colour = selected ? highlighted : tokens.fg2;
+        if (const QIcon mark = conflictMark(index); !mark.isNull()) {
+            const QRect place = iconRect(option.rect);
+            mark.paint(painter, place);
+            area.setRight(place.left() - padding);
+        }
         break;
     default:
         if (action == RebaseAction::exec && text.isEmpty()) {
@@ -101,8 +107,8 @@ void RebasePlanDelegate::paint(QPainter* painter, const QStyleOptionViewItem& op
             colour = tokens.fg3;
         }
         if (isReword(index)) {
-            const QRect pencil = pencilRect(option.rect);
-            painter->drawPixmap(pencil, tintedPixmap(themedIcon(QStringLiteral("document-edit")), pencilSize,
+            const QRect pencil = iconRect(option.rect);
+            painter->drawPixmap(pencil, tintedPixmap(themedIcon(QStringLiteral("document-edit")), iconSize,
                                                      selected ? highlighted : tokens.fg2,
                                                      painter->device()->devicePixelRatioF()));
             area.setRight(pencil.left() - padding);
@@ -123,8 +129,8 @@ QSize RebasePlanDelegate::sizeHint(const QStyleOptionViewItem& option, const QMo
     if (index.column() == RebasePlanItemModel::ActionColumn)
         for (RebaseAction action : allRebaseActions)
             width = std::max(width, metrics.horizontalAdvance(QString::fromLatin1(rawValue(action))));
-    if (index.column() == RebasePlanItemModel::SubjectColumn)
-        width += pencilSize + padding;
+    if (index.column() == RebasePlanItemModel::SubjectColumn || !conflictMark(index).isNull())
+        width += iconSize + padding;
     return {width + 2 * padding, metrics.height() + 6};
 }
 
@@ -144,7 +150,7 @@ QWidget* RebasePlanDelegate::createEditor(QWidget* parent, const QStyleOptionVie
         command->setAccessibleName(localized("Command"));
         return command;
     }
-    return QStyledItemDelegate::createEditor(parent, option, index);
+    return PaintedRowDelegate::createEditor(parent, option, index);
 }
 
 void RebasePlanDelegate::setEditorData(QWidget* editor, const QModelIndex& index) const {
@@ -166,11 +172,11 @@ void RebasePlanDelegate::setModelData(QWidget* editor, QAbstractItemModel* model
 bool RebasePlanDelegate::editorEvent(QEvent* event, QAbstractItemModel* model,
                                      const QStyleOptionViewItem& option, const QModelIndex& index) {
     if (event->type() == QEvent::MouseButtonRelease && isReword(index) &&
-        pencilRect(option.rect).contains(static_cast<QMouseEvent*>(event)->position().toPoint())) {
+        iconRect(option.rect).contains(static_cast<QMouseEvent*>(event)->position().toPoint())) {
         emit rewordRequested(index.row());
         return true;
     }
-    return QStyledItemDelegate::editorEvent(event, model, option, index);
+    return PaintedRowDelegate::editorEvent(event, model, option, index);
 }
 
 } // namespace orvel

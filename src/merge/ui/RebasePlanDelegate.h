@@ -3,15 +3,15 @@
 // reword row carries a pencil that asks for its message to be edited.
 #pragma once
 
-#include <QStyledItemDelegate>
+#include "widgets/PaintedRowDelegate.h"
 
 namespace orvel {
 
-class RebasePlanDelegate final : public QStyledItemDelegate {
+class RebasePlanDelegate final : public PaintedRowDelegate {
     Q_OBJECT
 
   public:
-    using QStyledItemDelegate::QStyledItemDelegate;
+    using PaintedRowDelegate::PaintedRowDelegate;
 
     void paint(QPainter* painter, const QStyleOptionViewItem& option,
                const QModelIndex& index) const override;

@@ -2,7 +2,6 @@
 
 #include "settings/ThemeEngine.h"
 
-#include <QApplication>
 #include <QPainter>
 #include <QPainterPath>
 
@@ -48,12 +47,7 @@ void paintSample(QPainter* painter, const QRectF& area, const ThemeTokens& token
 
 void CatalogueThemeDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
                                    const QModelIndex& index) const {
-    QStyleOptionViewItem background = option;
-    initStyleOption(&background, index);
-    background.text.clear();
-    const QWidget* widget = option.widget;
-    QStyle* style = widget ? widget->style() : QApplication::style();
-    style->drawPrimitive(QStyle::PE_PanelItemViewItem, &background, painter, widget);
+    paintBackground(painter, option, index);
 
     const bool selected = option.state & QStyle::State_Selected;
     const QPalette::ColorGroup group =

@@ -2,11 +2,11 @@
 // small sample of each of its two palettes, dark and light, so both can be judged before choosing.
 #pragma once
 
-#include <QStyledItemDelegate>
+#include "widgets/PaintedRowDelegate.h"
 
 namespace orvel {
 
-class CatalogueThemeDelegate final : public QStyledItemDelegate {
+class CatalogueThemeDelegate final : public PaintedRowDelegate {
     Q_OBJECT
 
   public:
@@ -14,7 +14,7 @@ class CatalogueThemeDelegate final : public QStyledItemDelegate {
     static constexpr int IdRole = Qt::UserRole + 1;
     static constexpr int TagRole = Qt::UserRole + 2;
 
-    using QStyledItemDelegate::QStyledItemDelegate;
+    using PaintedRowDelegate::PaintedRowDelegate;
 
     void paint(QPainter* painter, const QStyleOptionViewItem& option,
                const QModelIndex& index) const override;

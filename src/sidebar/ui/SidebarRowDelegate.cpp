@@ -6,7 +6,6 @@
 #include "widgets/Icons.h"
 #include "widgets/TextContrast.h"
 
-#include <QApplication>
 #include <QPainter>
 
 namespace orvel {
@@ -81,13 +80,7 @@ SidebarRowColours SidebarRowColours::of(const ThemeTokens& tokens, const QPalett
 void SidebarRowDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
                                const QModelIndex& index) const {
     const auto kind = static_cast<Kind>(index.data(SidebarTreeModel::KindRole).toInt());
-    QStyleOptionViewItem background = option;
-    initStyleOption(&background, index);
-    background.text.clear();
-    background.icon = {};
-    const QWidget* widget = option.widget;
-    QStyle* style = widget ? widget->style() : QApplication::style();
-    style->drawControl(QStyle::CE_ItemViewItem, &background, painter, widget);
+    paintBackground(painter, option, index);
 
     const Theme& theme = ThemeEngine::shared().currentTheme();
     const bool selected = option.state & QStyle::State_Selected;
@@ -164,7 +157,7 @@ void SidebarRowDelegate::paint(QPainter* painter, const QStyleOptionViewItem& op
 }
 
 QSize SidebarRowDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const {
-    QSize size = QStyledItemDelegate::sizeHint(option, index);
+    QSize size = PaintedRowDelegate::sizeHint(option, index);
     size.setHeight(std::max(size.height(), option.fontMetrics.height() + 8));
     return size;
 }

@@ -5,10 +5,10 @@
 #pragma once
 
 #include "settings/ThemeTokens.h"
+#include "widgets/PaintedRowDelegate.h"
 
 #include <QColor>
 #include <QPalette>
-#include <QStyledItemDelegate>
 
 namespace orvel {
 
@@ -25,11 +25,11 @@ struct SidebarRowColours {
     static SidebarRowColours of(const ThemeTokens& tokens, const QPalette& palette, bool selected);
 };
 
-class SidebarRowDelegate final : public QStyledItemDelegate {
+class SidebarRowDelegate final : public PaintedRowDelegate {
     Q_OBJECT
 
   public:
-    using QStyledItemDelegate::QStyledItemDelegate;
+    using PaintedRowDelegate::PaintedRowDelegate;
 
     void paint(QPainter* painter, const QStyleOptionViewItem& option,
                const QModelIndex& index) const override;
