@@ -64,8 +64,10 @@ bool isUntracked(const FileChange& file) {
 // an error, as the file manager would say; a folder holding a repository of its own is refused by name.
 QCoro::Task<void> removeFile(std::shared_ptr<GitServiceProtocol> service, RepoEntry repo, std::string path,
                              bool unstage = false) {
-    const auto failed =
-        co_await service->discardPaths(repo, {}, {path}, unstage ? std::vector{path} : std::vector<std::string>());
+    std::vector<std::string> unstaged;
+    if (unstage)
+        unstaged.push_back(path);
+    const auto failed = co_await service->discardPaths(repo, {}, {path}, std::move(unstaged));
     if (failed.empty())
         co_return;
     if (failed.front().nestedRepository)
@@ -98,10 +100,10 @@ std::vector<FileChange> rowsToDiscard(const std::vector<FileChange>& unstaged,
 }
 
 // What Discard All does with each row, after unstaging every staged path, in one journalled step
-// so that one undo brings all of them back, staged as they were. git can't restore what it doesn't track: an untracked or
-// added file or folder is removed (the service refuses a folder holding a repository of its own). A
-// rename is undone on both paths: the new one goes, the old one comes back as HEAD has it; a copy
-// only loses its new path.
+// so that one undo brings all of them back, staged as they were. git can't restore what it doesn't
+// track: an untracked or added file or folder is removed (the service refuses a folder holding a
+// repository of its own). A rename is undone on both paths: the new one goes, the old one comes back
+// as HEAD has it; a copy only loses its new path.
 struct DiscardPlan {
     std::vector<std::string> restore;
     std::vector<std::string> remove;

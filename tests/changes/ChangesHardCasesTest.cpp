@@ -1,6 +1,7 @@
 // The changes page's model on working trees that are easy to get wrong: a filter that hides part of
 // the selection, a staged rename undone by Discard All and brought back by Edit > Undo, a
-// repository of its own inside the working tree, and a submodule whose commit moved. All on real git, with the bytes on disk checked.
+// repository of its own inside the working tree, and a submodule whose commit moved. All on real
+// git, with the bytes on disk checked.
 #include "changes/ChangesOnRealGit.h"
 #include "changes/ChangesPaneViewModel.h"
 #include "changes/FileTreeModel.h"
@@ -98,7 +99,9 @@ TEST_F(ChangesHardCases, DiscardAllAfterAStagedRenameRestoresBothPaths) {
         test::await(model.refreshStatus());
         ASSERT_FALSE(model.stagedFiles().empty());
         // The index and what the work tree changes on it, for the undo to bring back.
-        const auto staging = [&] { return repo.git({"ls-files", "--stage"}) + repo.git({"diff", "--no-renames"}); };
+        const auto staging = [&] {
+            return repo.git({"ls-files", "--stage"}) + repo.git({"diff", "--no-renames"});
+        };
         const std::string before = staging();
 
         test::await(model.discardAll());

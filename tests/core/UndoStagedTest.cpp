@@ -58,8 +58,9 @@ void stageAndEdit(const TempRepo& repo) {
     repo.commitAll("base");
     repo.write("b.txt", "second\n");
     repo.commitAll("second");
-    for (const auto& [path, staged, edited] : {std::tuple{"a.txt", "A\n", "B\n"}, std::tuple{"new.txt", "new A\n", "new B\n"},
-                                               std::tuple{"c.txt", "C\n", "c in HEAD\n"}}) {
+    for (const auto& [path, staged, edited] :
+         {std::tuple{"a.txt", "A\n", "B\n"}, std::tuple{"new.txt", "new A\n", "new B\n"},
+          std::tuple{"c.txt", "C\n", "c in HEAD\n"}}) {
         repo.write(path, staged);
         repo.git({"add", "--", path});
         repo.write(path, edited);
@@ -101,25 +102,41 @@ TEST(UndoStaged, DiscardsAndHardResetsComeBackStagedAsTheyWere) {
         {"discard all",
          [&](NativeGitService& service, RepoEntry repo) -> QCoro::Task<void> {
              // As Discard All asks: every staged path unstaged, the new file removed, the rest restored.
-             const auto failed = co_await service.discardPaths(repo, {"a.txt", "c.txt", "gone.txt"}, {"new.txt"}, all);
+             const auto failed =
+                 co_await service.discardPaths(repo, {"a.txt", "c.txt", "gone.txt"}, {"new.txt"}, all);
              EXPECT_TRUE(failed.empty());
          },
          2 + 10 + 6 + 2 + 2 + 6},
         {"discard of the staged and edited file",
-         [](NativeGitService& service, RepoEntry repo) { return service.discardChanges(repo, "a.txt", true); }, 4},
+         [](NativeGitService& service, RepoEntry repo) {
+             return service.discardChanges(repo, "a.txt", true);
+         },
+         4},
         {"discard of the new file",
          [](NativeGitService& service, RepoEntry repo) -> QCoro::Task<void> {
              EXPECT_TRUE((co_await service.discardPaths(repo, {}, {"new.txt"}, {"new.txt"})).empty());
          },
          12},
         {"discard of the file staged for deletion",
-         [](NativeGitService& service, RepoEntry repo) { return service.discardChanges(repo, "gone.txt", true); }, 0},
+         [](NativeGitService& service, RepoEntry repo) {
+             return service.discardChanges(repo, "gone.txt", true);
+         },
+         0},
         {"discard of the change staged only",
-         [](NativeGitService& service, RepoEntry repo) { return service.discardChanges(repo, "c.txt", true); }, 12},
+         [](NativeGitService& service, RepoEntry repo) {
+             return service.discardChanges(repo, "c.txt", true);
+         },
+         12},
         {"hard reset",
-         [](NativeGitService& service, RepoEntry repo) { return service.reset(repo, "HEAD", ResetMode::hard); }, 28},
+         [](NativeGitService& service, RepoEntry repo) {
+             return service.reset(repo, "HEAD", ResetMode::hard);
+         },
+         28},
         {"hard reset to the commit before",
-         [](NativeGitService& service, RepoEntry repo) { return service.reset(repo, "HEAD~1", ResetMode::hard); }, 28},
+         [](NativeGitService& service, RepoEntry repo) {
+             return service.reset(repo, "HEAD~1", ResetMode::hard);
+         },
+         28},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.name);
@@ -168,7 +185,8 @@ TEST(UndoStaged, AnEntryWithItsIndexPartReadsBackWholeAndOneWrittenWithoutItStil
     UndoEntry entry;
     entry.id = "00000000000000000042";
     entry.time = 1767268800;
-    entry.files = {{"a b\n", "e69de29bb2d1d6434b8b29ae775ad8c2e48c5391", UndoFileMode::regular, std::string()}};
+    entry.files = {
+        {"a b\n", "e69de29bb2d1d6434b8b29ae775ad8c2e48c5391", UndoFileMode::regular, std::string()}};
     entry.index = {{"a b\n", {"100755", "e69de29bb2d1d6434b8b29ae775ad8c2e48c5391"}, UndoStaged{}},
                    {"new", {}, std::nullopt}};
     const std::string bytes = formatUndoEntry(entry);
@@ -197,10 +215,13 @@ TEST(StagedBlobParser, ReadsWhatGitListsOfAConflictedIndexAndOfATree) {
     std::vector<std::pair<std::string, int>> read;
     for (const auto& record : records) {
         read.emplace_back(record.path, record.stage);
-        EXPECT_EQ(record.blob, repo.git({"rev-parse", ":" + std::to_string(record.stage) + ":" + record.path}).substr(0, 40));
+        EXPECT_EQ(
+            record.blob,
+            repo.git({"rev-parse", ":" + std::to_string(record.stage) + ":" + record.path}).substr(0, 40));
         EXPECT_EQ(record.mode, "100644");
     }
-    EXPECT_EQ(read, (std::vector<std::pair<std::string, int>>{{"file", 1}, {"file", 2}, {"file", 3}, {"new\tline\n", 0}, {"other", 0}}));
+    EXPECT_EQ(read, (std::vector<std::pair<std::string, int>>{
+                        {"file", 1}, {"file", 2}, {"file", 3}, {"new\tline\n", 0}, {"other", 0}}));
     EXPECT_EQ(GitOutputParser::parseTreeBlobSizes(repo.git({"ls-tree", "-l", "-z", "HEAD"})),
               (std::map<std::string, std::uint64_t>{{"file", 5}, {"other", 6}}));
     const std::string hash(40, '0');

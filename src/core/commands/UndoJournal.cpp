@@ -410,7 +410,8 @@ void checkIndex(GitExecutorProtocol& git, const std::string& repoPath, const Und
     const std::vector<std::optional<UndoStaged>> now = stagedStates(git, repoPath, paths);
     for (std::size_t i = 0; i < changed.size(); ++i)
         if (now[i] != changed[i].after)
-            refuse("\"" + paths[i] + "\" was staged or unstaged after the discard; undoing would overwrite what is staged now.");
+            refuse("\"" + paths[i] + "\" was staged or unstaged after the discard; undoing would " +
+                   "overwrite what is staged now.");
 }
 
 void restoreIndex(GitExecutorProtocol& git, const std::string& repoPath, const UndoEntry& entry) {
@@ -573,7 +574,8 @@ std::set<std::string> keepStaged(GitExecutorProtocol& git, const std::string& re
     for (const auto& [path, name] : added)
         addedPaths.push_back(path);
     std::set<std::string> counted;
-    const Arguments stagedChanges{"--literal-pathspecs", "diff", "--cached", "--name-only", "-z", "--no-renames", "--"};
+    const Arguments stagedChanges{"--literal-pathspecs", "diff", "--cached", "--name-only",
+                                  "-z", "--no-renames", "--"};
     const std::string changed = withPaths(git, repoPath, stagedChanges, addedPaths);
     for (const std::string_view path : splitFields(changed, '\0'))
         if (const auto found = added.find(std::string(path)); found != added.end())
@@ -716,9 +718,9 @@ std::vector<std::string> locallyChangedFiles(GitExecutorProtocol& git, const std
             if (staged)
                 arguments.insert(arguments.begin() + 1, "--cached");
             const std::string output = git.execute(arguments, repoPath);
-            for (std::size_t start = 0, end; (end = output.find('\0', start)) != std::string::npos; start = end + 1)
-                if (std::string path = output.substr(start, end - start); seen.insert(path).second)
-                    paths.push_back(std::move(path));
+            for (const std::string_view path : splitFields(output, '\0'))
+                if (!path.empty() && seen.emplace(path).second)
+                    paths.emplace_back(path);
         }
     } catch (const GitServiceError&) {
         // No commit yet: a reset has nothing to go back to either.

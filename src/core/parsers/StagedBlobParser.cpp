@@ -14,7 +14,8 @@ namespace orvel::GitOutputParser {
 namespace {
 
 bool isMode(std::string_view text) {
-    return text.size() == 6 && std::all_of(text.begin(), text.end(), [](char c) { return c >= '0' && c <= '7'; });
+    return text.size() == 6 &&
+           std::all_of(text.begin(), text.end(), [](char c) { return c >= '0' && c <= '7'; });
 }
 
 // The fields before the record's tab, and the name after it; nothing without a tab or a name.
@@ -36,7 +37,8 @@ std::vector<IndexRecord> parseIndexRecords(std::string_view text) {
         if (!parts || !splitLeadingFields(parts->first, fields, stage) || !isMode(fields[0]) ||
             !isObjectName(fields[1]) || stage.size() != 1 || stage[0] < '0' || stage[0] > '3')
             return;
-        records.push_back({std::string(fields[0]), std::string(fields[1]), stage[0] - '0', std::string(parts->second)});
+        records.push_back(
+            {std::string(fields[0]), std::string(fields[1]), stage[0] - '0', std::string(parts->second)});
     });
     return records;
 }
@@ -52,7 +54,8 @@ std::map<std::string, std::uint64_t> parseTreeBlobSizes(std::string_view text) {
         std::uint64_t size = 0;
         if (fields.size() != 4 || !isMode(fields[0]) || fields[1] != "blob" || !isObjectName(fields[2]))
             return;
-        const auto [end, error] = std::from_chars(fields[3].data(), fields[3].data() + fields[3].size(), size);
+        const auto [end, error] =
+            std::from_chars(fields[3].data(), fields[3].data() + fields[3].size(), size);
         if (error == std::errc() && end == fields[3].data() + fields[3].size())
             sizes[std::string(parts->second)] = size;
     });

@@ -37,8 +37,9 @@ QCoro::Task<std::vector<DiscardFailure>> NativeGitService::discardPaths(RepoEntr
                                                                         std::vector<std::string> remove,
                                                                         std::vector<std::string> unstage,
                                                                         std::stop_token cancellation) {
-    qCDebug(lcStaging, "discardPaths: restore=%ld remove=%ld unstage=%ld in %s", static_cast<long>(restore.size()),
-            static_cast<long>(remove.size()), static_cast<long>(unstage.size()), repo.path.c_str());
+    qCDebug(lcStaging, "discardPaths: restore=%ld remove=%ld unstage=%ld in %s",
+            static_cast<long>(restore.size()), static_cast<long>(remove.size()),
+            static_cast<long>(unstage.size()), repo.path.c_str());
     std::vector<std::string> paths = remove;
     paths.insert(paths.end(), restore.begin(), restore.end());
     paths.insert(paths.end(), unstage.begin(), unstage.end());
