@@ -59,11 +59,15 @@ bool isUntracked(const FileChange& file) {
     return file.status.kind == FileStatusKind::Case::untracked;
 }
 
-// Removes an untracked file or folder as one journalled discard, so that Edit > Undo brings it back.
-// A path already gone is an error, as the file manager would say; a folder holding a repository of
-// its own is refused by name.
-QCoro::Task<void> removeFile(std::shared_ptr<GitServiceProtocol> service, RepoEntry repo, std::string path) {
-    const auto failed = co_await service->discardPaths(repo, {}, {path});
+// Removes an untracked file or folder, or with `unstage` a file only the index tracks, as one
+// journalled discard, so that Edit > Undo brings it back, staged as it was. A path already gone is
+// an error, as the file manager would say; a folder holding a repository of its own is refused by name.
+QCoro::Task<void> removeFile(std::shared_ptr<GitServiceProtocol> service, RepoEntry repo, std::string path,
+                             bool unstage = false) {
+    std::vector<std::string> unstaged;
+    if (unstage)
+        unstaged.push_back(path);
+    const auto failed = co_await service->discardPaths(repo, {}, {path}, std::move(unstaged));
     if (failed.empty())
         co_return;
     if (failed.front().nestedRepository)
@@ -95,18 +99,24 @@ std::vector<FileChange> rowsToDiscard(const std::vector<FileChange>& unstaged,
     return rows;
 }
 
-// What Discard All does with each row, after everything was unstaged, in one journalled step so
-// that one undo brings all of them back. git can't restore what it doesn't track: an untracked or
-// added file or folder is removed (the service refuses a folder holding a repository of its own). A
-// rename is undone on both paths: the new one goes, the old one comes back as HEAD has it; a copy
-// only loses its new path.
+// What Discard All does with each row, after unstaging every staged path, in one journalled step
+// so that one undo brings all of them back, staged as they were. git can't restore what it doesn't
+// track: an untracked or added file or folder is removed (the service refuses a folder holding a
+// repository of its own). A rename is undone on both paths: the new one goes, the old one comes back
+// as HEAD has it; a copy only loses its new path.
 struct DiscardPlan {
     std::vector<std::string> restore;
     std::vector<std::string> remove;
+    std::vector<std::string> unstage;
 };
 
-DiscardPlan planDiscard(const std::vector<FileChange>& rows) {
+DiscardPlan planDiscard(const std::vector<FileChange>& rows, const std::vector<FileChange>& staged) {
     DiscardPlan plan;
+    for (const FileChange& file : staged) {
+        plan.unstage.push_back(file.path);
+        if (file.originalPath)
+            plan.unstage.push_back(*file.originalPath);
+    }
     for (const FileChange& file : rows) {
         const auto status = file.displayStatus;
         if (file.path.ends_with('/') || isUntracked(file) || status == TrackedStatus::added ||
@@ -125,13 +135,11 @@ DiscardPlan planDiscard(const std::vector<FileChange>& rows) {
 // The discard of one row: git can't restore what it never tracked, so an untracked file is
 // removed from the disk; the failure becomes the error of the returned task.
 QCoro::Task<void> discardOne(std::shared_ptr<GitServiceProtocol> service, RepoEntry repo, FileChange file) {
-    // A file added with intent (git add -N) has an empty blob in the index: restoring it from there
-    // would leave an empty file marked as added, so its mark goes first and the file with it.
-    const bool intentToAdd = !isUntracked(file) && file.displayStatus == TrackedStatus::added;
-    if (intentToAdd)
-        co_await service->unstage(repo, file.path);
-    if (isUntracked(file) || intentToAdd || file.path.ends_with('/')) {
-        co_await removeFile(service, repo, file.path);
+    // A file added (also with intent, git add -N, as an empty blob) has nothing in HEAD to go back
+    // to: restoring it from the index would leave it added, so its mark goes first and the file with it.
+    const bool added = !isUntracked(file) && file.displayStatus == TrackedStatus::added;
+    if (isUntracked(file) || added || file.path.ends_with('/')) {
+        co_await removeFile(service, repo, file.path, added);
         co_return;
     }
     const auto failed = co_await service->discardPaths(repo, {file.path}, {});
@@ -307,21 +315,14 @@ QCoro::Task<void> ChangesPaneViewModel::discardAll() {
     auto service = service_;
     const RepoEntry repo = repo_;
     const std::vector<FileChange> rows = rowsToDiscard(unstagedFiles_, stagedFiles_);
-    if (!stagedFiles_.empty()) {
-        try {
-            co_await service->unstageAll(repo);
-        } catch (const std::exception& error) {
-            qCDebug(lcStaging, "op=discard.all scope=unstageAll reason=%s",
-                    redactForLog(error.what()).c_str());
-        }
-    }
     std::vector<std::string> failed;
-    DiscardPlan plan = planDiscard(rows);
+    DiscardPlan plan = planDiscard(rows, stagedFiles_);
     std::vector<std::string> all = plan.remove;
     all.insert(all.end(), plan.restore.begin(), plan.restore.end());
     try {
         for (const DiscardFailure& failure :
-             co_await service->discardPaths(repo, std::move(plan.restore), std::move(plan.remove))) {
+             co_await service->discardPaths(repo, std::move(plan.restore), std::move(plan.remove),
+                                            std::move(plan.unstage))) {
             qCDebug(lcStaging, "op=discard.all scope=file reason=%s", redactForLog(failure.reason).c_str());
             if (std::find(failed.begin(), failed.end(), failure.path) == failed.end())
                 failed.push_back(failure.path);

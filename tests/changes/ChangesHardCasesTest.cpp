@@ -1,6 +1,7 @@
 // The changes page's model on working trees that are easy to get wrong: a filter that hides part of
-// the selection, a staged rename undone by Discard All, a repository of its own inside the working
-// tree, and a submodule whose commit moved. All on real git, with the bytes on disk checked.
+// the selection, a staged rename undone by Discard All and brought back by Edit > Undo, a
+// repository of its own inside the working tree, and a submodule whose commit moved. All on real
+// git, with the bytes on disk checked.
 #include "changes/ChangesOnRealGit.h"
 #include "changes/ChangesPaneViewModel.h"
 #include "changes/FileTreeModel.h"
@@ -97,6 +98,11 @@ TEST_F(ChangesHardCases, DiscardAllAfterAStagedRenameRestoresBothPaths) {
         setup();
         test::await(model.refreshStatus());
         ASSERT_FALSE(model.stagedFiles().empty());
+        // The index and what the work tree changes on it, for the undo to bring back.
+        const auto staging = [&] {
+            return repo.git({"ls-files", "--stage"}) + repo.git({"diff", "--no-renames"});
+        };
+        const std::string before = staging();
 
         test::await(model.discardAll());
         EXPECT_EQ(repo.read("alpha.txt"), "alpha\n");
@@ -107,6 +113,13 @@ TEST_F(ChangesHardCases, DiscardAllAfterAStagedRenameRestoresBothPaths) {
         EXPECT_EQ(toastText(), "");
         EXPECT_TRUE(model.stagedFiles().empty());
         EXPECT_TRUE(model.unstagedFiles().empty());
+
+        // One undo brings every path back, staged as it was.
+        const auto entries = test::await(service->undoHistory(entry()));
+        ASSERT_EQ(entries.size(), 1u);
+        test::await(service->undo(entry(), entries.front().id));
+        EXPECT_EQ(staging(), before);
+        repo.git({"reset", "-q", "--hard"});
     }
 }
 

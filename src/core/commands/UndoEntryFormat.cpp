@@ -8,7 +8,9 @@ namespace orvel {
 
 namespace {
 
-constexpr std::string_view magic = "orvel-undo 1";
+constexpr std::string_view magic = "orvel-undo 2";
+// Entries written before the index was kept: the same fields without the index part.
+constexpr std::string_view magicWithoutIndex = "orvel-undo 1";
 // Stands for a value the entry does not know yet.
 constexpr std::string_view unknown = "?";
 
@@ -78,6 +80,21 @@ class Fields {
     std::string_view rest_;
 };
 
+// A staged state as one field: the mode and the blob with a blank between, empty for none.
+std::string stagedField(const UndoStaged& staged) {
+    return staged.blob.empty() ? std::string() : staged.mode + " " + staged.blob;
+}
+
+std::optional<UndoStaged> stagedNamed(std::string_view field) {
+    if (field.empty())
+        return UndoStaged{};
+    const auto blank = field.find(' ');
+    if (blank == 0 || blank == std::string_view::npos || blank + 1 == field.size() ||
+        field.find(' ', blank + 1) != std::string_view::npos)
+        return std::nullopt;
+    return UndoStaged{std::string(field.substr(0, blank)), std::string(field.substr(blank + 1))};
+}
+
 std::optional<UndoAction> actionNamed(std::string_view name) {
     for (const auto& [action, text] : actionNames)
         if (name == text)
@@ -128,6 +145,12 @@ std::string formatUndoEntry(const UndoEntry& entry) {
         put(out, ref.before);
         putOptional(out, ref.after);
     }
+    put(out, std::to_string(entry.index.size()));
+    for (const UndoIndexEntry& staged : entry.index) {
+        put(out, staged.path);
+        put(out, stagedField(staged.before));
+        putOptional(out, staged.after ? std::optional(stagedField(*staged.after)) : std::nullopt);
+    }
     return out;
 }
 
@@ -135,7 +158,8 @@ std::optional<UndoEntry> parseUndoEntry(std::string_view bytes, std::string id) 
     Fields fields(bytes);
     UndoEntry entry;
     entry.id = std::move(id);
-    if (fields.next() != magic)
+    const auto version = fields.next();
+    if (version != magic && version != magicWithoutIndex)
         return std::nullopt;
     const auto action = fields.next();
     const auto subject = fields.next();
@@ -172,6 +196,18 @@ std::optional<UndoEntry> parseUndoEntry(std::string_view bytes, std::string id) 
         if (!name || !before || !after)
             return std::nullopt;
         entry.refs.push_back({std::string(*name), std::string(*before), *after});
+    }
+    const auto indexCount = version == magic ? fields.number<std::size_t>() : std::optional<std::size_t>(0);
+    if (!indexCount || *indexCount > bytes.size() / 3)
+        return std::nullopt;
+    for (std::size_t i = 0; i < *indexCount; ++i) {
+        const auto path = fields.next();
+        const auto before = fields.next();
+        const auto after = fields.optional();
+        if (!path || !before || !after || !stagedNamed(*before) || (*after && !stagedNamed(**after)))
+            return std::nullopt;
+        entry.index.push_back({std::string(*path), *stagedNamed(*before),
+                               *after ? stagedNamed(**after) : std::optional<UndoStaged>()});
     }
     if (!fields.atEnd())
         return std::nullopt;

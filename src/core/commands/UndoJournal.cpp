@@ -1,6 +1,7 @@
 #include "core/commands/UndoJournal.h"
 
 #include "core/commands/UndoEntryFormat.h"
+#include "core/parsers/StagedBlobParser.h"
 #include "core/parsers/StashParser.h"
 #include "core/service/GitServiceError.h"
 #include "core/support/AtomicFile.h"
@@ -12,6 +13,7 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <map>
 #include <set>
 #include <sstream>
 #include <sys/stat.h>
@@ -29,6 +31,8 @@ constexpr std::string_view refRoot = "refs/orvel/undo/";
 constexpr std::size_t pathsPerRun = 1000;
 // What a path holds that is neither a file nor nothing; never equal to a blob.
 constexpr std::string_view notAFile = "!";
+constexpr std::string_view regularMode = "100644";
+constexpr std::string_view linkMode = "120000";
 
 std::vector<std::string> outputLines(const std::string& output) {
     std::vector<std::string> lines;
@@ -145,21 +149,29 @@ UndoEntry newEntry(const fs::path& folder, UndoAction action, std::string subjec
     return entry;
 }
 
+// Runs git with `arguments` and then `paths`, so many at a time that each command line stays short;
+// hands back the outputs one after the other. With no paths, git does not run.
+std::string withPaths(GitExecutorProtocol& git, const std::string& repoPath, const Arguments& arguments,
+                      const std::vector<std::string>& paths) {
+    std::string output;
+    for (std::size_t start = 0; start < paths.size(); start += pathsPerRun) {
+        Arguments batch = arguments;
+        const auto end = paths.begin() + static_cast<long>(std::min(paths.size(), start + pathsPerRun));
+        batch.insert(batch.end(), paths.begin() + static_cast<long>(start), end);
+        output += git.execute(batch, repoPath);
+    }
+    return output;
+}
+
 // The blobs of the files at `paths`, in their order; with `write`, also stored in the repository.
 // The bytes are taken as they are on the disk, without git's filters.
 std::vector<std::string> hashFiles(GitExecutorProtocol& git, const std::string& repoPath,
                                    const std::vector<std::string>& paths, bool write) {
-    std::vector<std::string> hashes;
-    for (std::size_t start = 0; start < paths.size(); start += pathsPerRun) {
-        Arguments arguments{"hash-object"};
-        if (write)
-            arguments.push_back("-w");
-        arguments.insert(arguments.end(), {"--no-filters", "--"});
-        const auto end = paths.begin() + static_cast<long>(std::min(paths.size(), start + pathsPerRun));
-        arguments.insert(arguments.end(), paths.begin() + static_cast<long>(start), end);
-        const auto lines = outputLines(git.execute(arguments, repoPath));
-        hashes.insert(hashes.end(), lines.begin(), lines.end());
-    }
+    Arguments arguments{"hash-object"};
+    if (write)
+        arguments.push_back("-w");
+    arguments.insert(arguments.end(), {"--no-filters", "--"});
+    const std::vector<std::string> hashes = outputLines(withPaths(git, repoPath, arguments, paths));
     if (hashes.size() != paths.size())
         throw GitServiceError::parseFailed("hash-object", "one hash per file expected");
     return hashes;
@@ -242,6 +254,32 @@ std::vector<std::string> contents(GitExecutorProtocol& git, const std::string& r
     return result;
 }
 
+// What the index holds for each of `paths`, in their order: its entry, or none when it has none.
+// Unset for a path in conflict or holding a submodule, which the journal leaves as the action
+// leaves it: the sides of a conflict would come back without the merge that made them, which the
+// action may have ended, while the file's bytes, markers and all, are kept anyway; and a
+// submodule's commit lives in a repository of its own.
+std::vector<std::optional<UndoStaged>> stagedStates(GitExecutorProtocol& git, const std::string& repoPath,
+                                                    const std::vector<std::string>& paths) {
+    std::map<std::string, std::vector<GitOutputParser::IndexRecord>> found;
+    const Arguments arguments{"--literal-pathspecs", "ls-files", "--stage", "-z", "--"};
+    for (GitOutputParser::IndexRecord& record :
+         GitOutputParser::parseIndexRecords(withPaths(git, repoPath, arguments, paths)))
+        found[record.path].push_back(std::move(record));
+    std::vector<std::optional<UndoStaged>> states;
+    for (const std::string& path : paths) {
+        const auto records = found.find(path);
+        if (records == found.end())
+            states.emplace_back(UndoStaged{});
+        else if (const auto& only = records->second.front();
+                 records->second.size() == 1 && only.stage == 0 && only.mode != "160000")
+            states.emplace_back(UndoStaged{only.mode, only.blob});
+        else
+            states.emplace_back();
+    }
+    return states;
+}
+
 // The paths a discard of `paths` may change, each once: a folder stands for every file and link
 // under it, but for what lies in a repository of its own, which no discard deletes.
 std::vector<std::string> expandFolders(const std::string& repoPath, const std::vector<std::string>& paths) {
@@ -275,7 +313,27 @@ std::vector<std::string> expandFolders(const std::string& repoPath, const std::v
     return expanded;
 }
 
-// A tree naming each kept blob by its hash, a link's target as a link, written through an index
+// Puts each path's staged state into the index `environment` names (the repository's own when it
+// names none).
+void putInIndex(GitExecutorProtocol& git, const std::string& repoPath,
+                const GitExecutorProtocol::Environment& environment,
+                const std::vector<std::pair<std::string, UndoStaged>>& entries) {
+    for (std::size_t start = 0; start < entries.size(); start += pathsPerRun) {
+        Arguments arguments{"update-index", "--add"};
+        for (std::size_t i = start; i < std::min(entries.size(), start + pathsPerRun); ++i) {
+            const auto& [path, staged] = entries[i];
+            arguments.insert(arguments.end(), {"--cacheinfo", staged.mode + "," + staged.blob + "," + path});
+        }
+        git.executeWithEnvironment(arguments, repoPath, environment);
+    }
+}
+
+// The name of a kept blob in the tree of an entry: its hash, with ".link" for a link's target.
+std::string keptName(const std::string& blob, UndoFileMode mode) {
+    return mode == UndoFileMode::link ? blob + ".link" : blob;
+}
+
+// A tree naming each kept blob by keptName, a link's target as a link, written through an index
 // of the journal's own, so that one ref keeps all of them.
 std::string treeOf(GitExecutorProtocol& git, const std::string& repoPath, const fs::path& folder,
                    const std::string& id, const std::set<std::pair<std::string, UndoFileMode>>& blobs) {
@@ -288,17 +346,11 @@ std::string treeOf(GitExecutorProtocol& git, const std::string& repoPath, const 
             fs::remove(path, ignored);
         }
     } removeIndex{index};
-    const std::vector<std::pair<std::string, UndoFileMode>> all(blobs.begin(), blobs.end());
-    for (std::size_t start = 0; start < all.size(); start += pathsPerRun) {
-        Arguments arguments{"update-index", "--add"};
-        for (std::size_t i = start; i < std::min(all.size(), start + pathsPerRun); ++i) {
-            const auto& [blob, mode] = all[i];
-            const bool link = mode == UndoFileMode::link;
-            arguments.insert(arguments.end(),
-                             {"--cacheinfo", (link ? "120000," : "100644,") + blob + "," + blob + (link ? ".link" : "")});
-        }
-        git.executeWithEnvironment(arguments, repoPath, environment);
-    }
+    std::vector<std::pair<std::string, UndoStaged>> entries;
+    for (const auto& [blob, mode] : blobs)
+        entries.push_back({keptName(blob, mode),
+                           {std::string(mode == UndoFileMode::link ? linkMode : regularMode), blob}});
+    putInIndex(git, repoPath, environment, entries);
     return trimmed(git.executeWithEnvironment({"write-tree"}, repoPath, environment));
 }
 
@@ -340,6 +392,39 @@ void checkFiles(GitExecutorProtocol& git, const std::string& repoPath, const Und
     for (std::size_t i = 0; i < paths.size(); ++i)
         if (entry.files[i].after && now[i] != *entry.files[i].after)
             refuse("\"" + paths[i] + "\" was changed after the discard; undoing would overwrite that change.");
+}
+
+// The index entries the action changed, which an undo puts back.
+std::vector<UndoIndexEntry> restagings(const UndoEntry& entry) {
+    std::vector<UndoIndexEntry> changed;
+    std::copy_if(entry.index.begin(), entry.index.end(), std::back_inserter(changed),
+                 [](const UndoIndexEntry& each) { return each.after && *each.after != each.before; });
+    return changed;
+}
+
+void checkIndex(GitExecutorProtocol& git, const std::string& repoPath, const UndoEntry& entry) {
+    const std::vector<UndoIndexEntry> changed = restagings(entry);
+    std::vector<std::string> paths;
+    for (const UndoIndexEntry& each : changed)
+        paths.push_back(each.path);
+    const std::vector<std::optional<UndoStaged>> now = stagedStates(git, repoPath, paths);
+    for (std::size_t i = 0; i < changed.size(); ++i)
+        if (now[i] != changed[i].after)
+            refuse("\"" + paths[i] + "\" was staged or unstaged after the discard; undoing would " +
+                   "overwrite what is staged now.");
+}
+
+void restoreIndex(GitExecutorProtocol& git, const std::string& repoPath, const UndoEntry& entry) {
+    std::vector<std::pair<std::string, UndoStaged>> put;
+    std::vector<std::string> removed;
+    for (const UndoIndexEntry& each : restagings(entry)) {
+        if (each.before.blob.empty())
+            removed.push_back(each.path);
+        else
+            put.emplace_back(each.path, each.before);
+    }
+    withPaths(git, repoPath, {"update-index", "--force-remove", "--"}, removed);
+    putInIndex(git, repoPath, {}, put);
 }
 
 // Puts `staged`, a new file or link beside the work tree's files, in the place of `target` at once.
@@ -469,6 +554,35 @@ std::optional<UndoEntry> stoppedOperation(GitExecutorProtocol& git, const std::s
     return stopped;
 }
 
+// Notes in `entry` what the index holds for `paths`, and adds the staged blobs to `kept`, the blobs
+// the entry's tree keeps. Gives back the names (keptName) of those that add to the entry's size:
+// the blobs neither kept as files already nor staged as HEAD has them, which its history keeps.
+std::set<std::string> keepStaged(GitExecutorProtocol& git, const std::string& repoPath,
+                                 const std::vector<std::string>& paths, UndoEntry& entry,
+                                 std::set<std::pair<std::string, UndoFileMode>>& kept) {
+    const std::vector<std::optional<UndoStaged>> staged = stagedStates(git, repoPath, paths);
+    std::map<std::string, std::string> added; // path → the name of a blob new to `kept`
+    for (std::size_t i = 0; i < staged.size(); ++i) {
+        if (!staged[i])
+            continue;
+        entry.index.push_back({paths[i], *staged[i], std::nullopt});
+        const UndoFileMode mode = staged[i]->mode == linkMode ? UndoFileMode::link : UndoFileMode::regular;
+        if (!staged[i]->blob.empty() && kept.emplace(staged[i]->blob, mode).second)
+            added.emplace(paths[i], keptName(staged[i]->blob, mode));
+    }
+    std::vector<std::string> addedPaths;
+    for (const auto& [path, name] : added)
+        addedPaths.push_back(path);
+    std::set<std::string> counted;
+    const Arguments stagedChanges{"--literal-pathspecs", "diff", "--cached", "--name-only",
+                                  "-z", "--no-renames", "--"};
+    const std::string changed = withPaths(git, repoPath, stagedChanges, addedPaths);
+    for (const std::string_view path : splitFields(changed, '\0'))
+        if (const auto found = added.find(std::string(path)); found != added.end())
+            counted.insert(found->second);
+    return counted;
+}
+
 // Keeps the bytes of `paths` and the refs at their values in `refs`, runs `operation`, then notes
 // what it left, as journal says.
 void journalRefs(GitExecutorProtocol& git, const std::string& repoPath, const UndoLimits& limits,
@@ -500,9 +614,15 @@ void journalRefs(GitExecutorProtocol& git, const std::string& repoPath, const Un
             kept.emplace(blobs[i], files[i].mode);
     }
     entry.files = std::move(files);
-    if (!kept.empty())
-        git.execute({"update-ref", keepRef(entry.id, "files"), treeOf(git, repoPath, folder, entry.id, kept)},
-                    repoPath);
+    const std::set<std::string> counted = keepStaged(git, repoPath, recorded, entry, kept);
+    if (!kept.empty()) {
+        const std::string tree = treeOf(git, repoPath, folder, entry.id, kept);
+        git.execute({"update-ref", keepRef(entry.id, "files"), tree}, repoPath);
+        if (!counted.empty())
+            for (const auto& [name, size] :
+                 GitOutputParser::parseTreeBlobSizes(git.execute({"ls-tree", "-l", "-z", tree}, repoPath)))
+                entry.bytes += counted.contains(name) ? size : 0;
+    }
     for (std::size_t i = 0; i < refs.size(); ++i)
         if (!refs[i].before.empty())
             git.execute({"update-ref", keepRef(entry.id, std::to_string(i)), refs[i].before}, repoPath);
@@ -526,6 +646,15 @@ void journalRefs(GitExecutorProtocol& git, const std::string& repoPath, const Un
         for (std::size_t i = 0; i < after.size(); ++i) {
             entry.files[i].after = after[i];
             changed = changed || after[i] != entry.files[i].before;
+        }
+        std::vector<std::string> indexPaths;
+        for (const UndoIndexEntry& each : entry.index)
+            indexPaths.push_back(each.path);
+        const std::vector<std::optional<UndoStaged>> stagedAfter = stagedStates(git, repoPath, indexPaths);
+        for (std::size_t i = 0; i < stagedAfter.size(); ++i) {
+            // A path the action left in conflict is left so by an undo too.
+            entry.index[i].after = stagedAfter[i];
+            changed = changed || (stagedAfter[i] && *stagedAfter[i] != entry.index[i].before);
         }
         for (UndoRef& ref : entry.refs) {
             ref.after = resolve(git, repoPath, ref.name);
@@ -580,10 +709,19 @@ void journalDiscard(GitExecutorProtocol& git, const std::string& repoPath, const
 
 std::vector<std::string> locallyChangedFiles(GitExecutorProtocol& git, const std::string& repoPath) {
     std::vector<std::string> paths;
+    std::set<std::string> seen;
     try {
-        const std::string output = git.execute({"diff", "--name-only", "-z", "--no-renames", "HEAD"}, repoPath);
-        for (std::size_t start = 0, end; (end = output.find('\0', start)) != std::string::npos; start = end + 1)
-            paths.push_back(output.substr(start, end - start));
+        // The work tree against HEAD, then the index: a staged change undone in the work tree
+        // shows in the second only.
+        for (const bool staged : {false, true}) {
+            Arguments arguments{"diff", "--name-only", "-z", "--no-renames", "HEAD"};
+            if (staged)
+                arguments.insert(arguments.begin() + 1, "--cached");
+            const std::string output = git.execute(arguments, repoPath);
+            for (const std::string_view path : splitFields(output, '\0'))
+                if (!path.empty() && seen.emplace(path).second)
+                    paths.emplace_back(path);
+        }
     } catch (const GitServiceError&) {
         // No commit yet: a reset has nothing to go back to either.
     }
@@ -629,10 +767,13 @@ void undo(GitExecutorProtocol& git, const std::string& repoPath, const std::stri
     if (entry == all.end())
         refuse("That undo entry is no longer kept.");
     checkFiles(git, repoPath, *entry);
+    checkIndex(git, repoPath, *entry);
     checkRefs(git, repoPath, *entry);
-    // The branch goes back first, so that the work tree it brings is the one the kept bytes go over.
+    // The branch goes back first, so that the work tree and index it brings are the ones the kept
+    // bytes and staged entries go over.
     restoreRefs(git, repoPath, *entry);
     restoreFiles(git, repoPath, *entry);
+    restoreIndex(git, repoPath, *entry);
     drop(git, repoPath, folder, *entry);
 }
 

@@ -1,5 +1,6 @@
 // The undo journal of a repository: before a destructive action runs, the bytes it will overwrite
-// or delete and the refs it will move are kept, so that the newest entries can be brought back.
+// or delete, what the index holds for those paths and the refs it will move are kept, so that the
+// newest entries can be brought back.
 //
 // It lives in "<git directory>/orvel/undo", private to this user (0700 folders, 0600 files), one
 // file an entry, each written whole and synced before it counts, and the file "stopped" naming the
@@ -53,8 +54,8 @@ auto passingResult(Operation operation, Journal journal) {
 
 // Keeps the working-tree bytes of `paths` (relative to the work tree; a missing one is kept as
 // missing, a link as its target, a folder as every file and link under it but a repository of
-// its own), runs `discard`, then notes what it left, all as one entry. Every discard goes through
-// here, whichever way it changes the files.
+// its own) and what the index holds for them, runs `discard`, then notes what it left, all as one
+// entry. Every discard goes through here, whichever way it changes the files.
 void journalDiscard(GitExecutorProtocol& git, const std::string& repoPath, const UndoLimits& limits,
                     const std::vector<std::string>& paths, const std::function<void()>& discard);
 
@@ -95,8 +96,8 @@ std::string checkedOutRef(GitExecutorProtocol& git, const std::string& repoPath)
 std::vector<std::string> checkedOutRefs(GitExecutorProtocol& git, const std::string& repoPath);
 
 // Brings back what the entry `id` kept and drops the entry. Throws GitServiceError, having changed
-// nothing, when that would overwrite newer work: a file changed since, a ref moved or a branch
-// name taken since.
+// nothing, when that would overwrite newer work: a file changed, staged or unstaged since, a ref
+// moved or a branch name taken since.
 void undo(GitExecutorProtocol& git, const std::string& repoPath, const std::string& id);
 
 } // namespace UndoJournal

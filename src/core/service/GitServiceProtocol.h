@@ -66,11 +66,13 @@ class GitServiceProtocol {
                                            std::stop_token cancellation = {}) = 0;
     virtual QCoro::Task<void> discardChanges(RepoEntry repo, std::string path, bool includeStaged,
                                              std::stop_token cancellation = {}) = 0;
-    // Restores each of `restore` from the index and deletes each of `remove` (a folder with all it
-    // holds, but one holding a repository of its own is refused), path by path, so that one failure doesn't stop the others; the bytes they had
-    // go to the undo journal first, as one entry. Gives back the paths that failed.
+    // Unstages each of `unstage`, then restores each of `restore` from the index and deletes each
+    // of `remove` (a folder with all it holds, but one holding a repository of its own is refused),
+    // path by path, so that one failure doesn't stop the others; the bytes they had and what the
+    // index held for them go to the undo journal first, as one entry. Gives back the paths that failed.
     virtual QCoro::Task<std::vector<DiscardFailure>> discardPaths(RepoEntry repo, std::vector<std::string> restore,
                                                                   std::vector<std::string> remove,
+                                                                  std::vector<std::string> unstage = {},
                                                                   std::stop_token cancellation = {}) = 0;
     virtual QCoro::Task<CommitEntry> commit(RepoEntry repo, std::string message,
                                             std::stop_token cancellation = {}) = 0;

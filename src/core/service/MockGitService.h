@@ -43,6 +43,7 @@ class MockGitService : public GitServiceProtocol {
                                      std::stop_token cancellation = {}) override;
     QCoro::Task<std::vector<DiscardFailure>> discardPaths(RepoEntry repo, std::vector<std::string> restore,
                                                           std::vector<std::string> remove,
+                                                          std::vector<std::string> unstage = {},
                                                           std::stop_token cancellation = {}) override;
     QCoro::Task<CommitEntry> commit(RepoEntry repo, std::string message,
                                     std::stop_token cancellation = {}) override;

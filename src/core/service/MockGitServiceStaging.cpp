@@ -105,11 +105,15 @@ QCoro::Task<void> MockGitService::discardChanges(RepoEntry, std::string path, bo
     co_return;
 }
 
-// Restoring goes as discardChanges does; a removed path leaves the status, as the file leaves the disk.
+// Unstaging goes as unstage does, restoring as discardChanges does; a removed path leaves the status,
+// as the file leaves the disk.
 QCoro::Task<std::vector<DiscardFailure>> MockGitService::discardPaths(RepoEntry repo, std::vector<std::string> restore,
                                                                       std::vector<std::string> remove,
+                                                                      std::vector<std::string> unstage,
                                                                       std::stop_token) {
     std::vector<DiscardFailure> failed;
+    for (const std::string& path : unstage)
+        unstageFile(workingTree, path);
     for (const std::string& path : remove)
         std::erase_if(workingTree.files, [&path](const FileChange& file) { return file.path == path; });
     for (const std::string& path : restore) {

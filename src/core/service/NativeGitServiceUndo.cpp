@@ -35,15 +35,24 @@ QCoro::Task<void> NativeGitService::undo(RepoEntry repo, std::string id, std::st
 
 QCoro::Task<std::vector<DiscardFailure>> NativeGitService::discardPaths(RepoEntry repo, std::vector<std::string> restore,
                                                                         std::vector<std::string> remove,
+                                                                        std::vector<std::string> unstage,
                                                                         std::stop_token cancellation) {
-    qCDebug(lcStaging, "discardPaths: restore=%ld remove=%ld in %s", static_cast<long>(restore.size()),
-            static_cast<long>(remove.size()), repo.path.c_str());
+    qCDebug(lcStaging, "discardPaths: restore=%ld remove=%ld unstage=%ld in %s",
+            static_cast<long>(restore.size()), static_cast<long>(remove.size()),
+            static_cast<long>(unstage.size()), repo.path.c_str());
     std::vector<std::string> paths = remove;
     paths.insert(paths.end(), restore.begin(), restore.end());
+    paths.insert(paths.end(), unstage.begin(), unstage.end());
     return queuedDiscard(
         repo.path, cancellation, std::move(paths),
-        [restore, remove](GitExecutorProtocol& git, const std::string& repoPath) {
+        [restore, remove, unstage](GitExecutorProtocol& git, const std::string& repoPath) {
             std::vector<DiscardFailure> failed;
+            // Inside the journalled step, so that the journal keeps what was staged.
+            try {
+                StagingCommands::unstageFiles(git, repoPath, unstage);
+            } catch (const std::exception& error) {
+                qCDebug(lcStaging, "discardPaths: unstaging failed: %s", redactForLog(error.what()).c_str());
+            }
             for (const std::string& path : remove) {
                 namespace fs = std::filesystem;
                 const fs::path target = fs::path(repoPath) / path;
