@@ -52,15 +52,15 @@ class ChangesPageTest : public test::ChangesOnRealGit {
                    rows("changes-pane.staged-list") == staged;
         });
     }
-    // The open alert of the window, once it shows.
+    // The open alert of the window, once it shows; null when none shows.
     QMessageBox* alert() {
         QMessageBox* box = nullptr;
-        QTest::qWaitFor([&] {
+        static_cast<void>(QTest::qWaitFor([&] {
             for (QWidget* widget : QApplication::topLevelWidgets())
                 if (auto* candidate = qobject_cast<QMessageBox*>(widget); candidate && candidate->isVisible())
                     box = candidate;
             return box != nullptr;
-        });
+        }));
         return box;
     }
     static void press(QMessageBox& box, const QString& text) {
