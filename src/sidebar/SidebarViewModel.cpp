@@ -114,23 +114,25 @@ QCoro::Task<void> SidebarViewModel::loadBranches(RepoEntry repo) {
         localTree_ = buildBranchTree(localBranches_, "local");
         remoteGroupedTree_ = groupByRemote(remoteBranches_);
         remoteGroupedTreeNodes_ = buildRemoteTrees(remoteGroupedTree_);
-        cachedRefFingerprint_ = std::move(fingerprint);
     }
     emit branchesChanged();
     emit branchesLoaded(branches);
     qCDebug(lcRefs, "op=branches.load localCount=%ld remoteCount=%ld",
             static_cast<long>(localBranches_.size()), static_cast<long>(remoteBranches_.size()));
-    // The same refs as last time: the details read then still hold, but for the stashes, which a
-    // stash or pop changes without moving any branch.
+    // The same refs as when the details were last read: those still hold, but for the stashes, which
+    // a stash or pop changes without moving any branch.
     if (!localBranches_.empty() && !refsChanged) {
         updateFilterSources();
         co_await loadStashes(std::move(repo));
         co_return;
     }
-    co_await loadDetails(std::move(ticket), std::move(repo));
+    co_await loadDetails(std::move(ticket), std::move(repo), std::move(fingerprint));
 }
 
-QCoro::Task<void> SidebarViewModel::loadDetails(LoadTicket ticket, RepoEntry repo) {
+// The refs are taken as read only once the details are: a load that a newer one replaces before
+// then leaves the details to that one.
+QCoro::Task<void> SidebarViewModel::loadDetails(LoadTicket ticket, RepoEntry repo,
+                                                std::set<std::string> refs) {
     isLoadingDetails_ = true;
     emit detailsChanged();
     auto service = service_;
@@ -155,6 +157,7 @@ QCoro::Task<void> SidebarViewModel::loadDetails(LoadTicket ticket, RepoEntry rep
     localTags_ = std::move(tagList);
     stashEntries_ = std::move(stashList);
     mergedBranchNames_ = std::set<std::string>(merged.begin(), merged.end());
+    cachedRefFingerprint_ = std::move(refs);
     isLoadingDetails_ = false;
     qCDebug(lcRefs, "op=branches.loadDetails tagCount=%ld", static_cast<long>(localTags_.size()));
     emit detailsChanged();

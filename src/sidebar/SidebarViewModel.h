@@ -164,7 +164,7 @@ class SidebarViewModel final : public QObject {
     void reloadAfterCheckout();
     // Reads the tags again, after one was created.
     QCoro::Task<void> reloadTags();
-    QCoro::Task<void> loadDetails(LoadTicket ticket, RepoEntry repo);
+    QCoro::Task<void> loadDetails(LoadTicket ticket, RepoEntry repo, std::set<std::string> refs);
     // Whether "stash@{index}" still names the stash's commit; when not, the rows follow git and the
     // user is told. A failed read is told with `failureFormat`.
     QCoro::Task<bool> stashStillListed(StashEntry stash, const char* logOp, const char* failureFormat);
@@ -198,6 +198,7 @@ class SidebarViewModel final : public QObject {
     std::vector<BranchTreeNode> localTree_;
     std::vector<RemoteGroup> remoteGroupedTree_;
     std::vector<RemoteTreeGroup> remoteGroupedTreeNodes_;
+    // The refs when the details were last read.
     std::set<std::string> cachedRefFingerprint_;
     QTimer navigationAck_;
     LoadGeneration branchLoads_;

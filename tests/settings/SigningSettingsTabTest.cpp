@@ -1,16 +1,25 @@
 // The signing tab over its model on real gpg and git: empty lists say where keys come from, the keys
 // found fill the pickers, the format shows its own rows, a picked key and the toggle reach the status
-// line and, through Apply, git's configuration; the mismatch alert updates git's address.
+// line and, through Apply, git's configuration; the mismatch alert updates git's address. The
+// program's settings window asks about a mismatch after Apply, and may close while it reads git's address.
 #include "SigningOnRealTools.h"
 
+#include "core/queue/GitOpRunner.h"
+#include "core/service/NativeGitConfigService.h"
+#include "core/service/NativeGitService.h"
 #include "settings/LocalizationManager.h"
+#include "settings/SettingsPageModels.h"
 #include "settings/ThemeEngine.h"
 #include "settings/ui/IdentityMismatchAlert.h"
 #include "settings/ui/SigningSettingsTab.h"
 #include "support/Eventually.h"
 #include "support/Screenshot.h"
 #include "widgets/TokenPalette.h"
+#include "workspace/AppViewModel.h"
+#include "workspace/ui/MainWindow.h"
+#include "workspace/ui/SettingsDialog.h"
 
+#include <QAction>
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
@@ -18,8 +27,12 @@
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QSignalSpy>
 #include <QTest>
 #include <QVBoxLayout>
+
+#include <condition_variable>
+#include <mutex>
 
 using namespace orvel;
 using namespace orvel::test;
@@ -34,6 +47,50 @@ Widget* child(QWidget& parent, const char* name) {
 }
 
 class SigningSettingsTabTest : public SigningOnRealTools {};
+
+// Real git whose reads of the global user.email wait until the test lets one through, as a git slow
+// to answer does.
+class HeldEmailReads final : public GitExecutorProtocol {
+  public:
+    explicit HeldEmailReads(std::shared_ptr<GitExecutorProtocol> git) : git_(std::move(git)) {}
+
+    std::string execute(const Arguments& arguments, const std::string& repoPath) override {
+        if (arguments == Arguments{"config", "--global", "user.email"}) {
+            std::unique_lock lock(mutex_);
+            ++waiting_;
+            let_.wait(lock, [this] { return allowed_ > 0; });
+            --allowed_;
+            --waiting_;
+        }
+        return git_->execute(arguments, repoPath);
+    }
+    std::string executeWithEnvironment(const Arguments& arguments, const std::string& repoPath,
+                                       const Environment& environment) override {
+        return git_->executeWithEnvironment(arguments, repoPath, environment);
+    }
+    std::string resolvedGitPath() override { return git_->resolvedGitPath(); }
+    std::string gitVersion() override { return git_->gitVersion(); }
+    void setGitPathOverride(const std::optional<std::string>& path) override {
+        git_->setGitPathOverride(path);
+    }
+
+    bool isWaiting() {
+        std::lock_guard lock(mutex_);
+        return waiting_ > 0;
+    }
+    void letOneThrough() {
+        std::lock_guard lock(mutex_);
+        ++allowed_;
+        let_.notify_all();
+    }
+
+  private:
+    std::shared_ptr<GitExecutorProtocol> git_;
+    std::mutex mutex_;
+    std::condition_variable let_;
+    int waiting_ = 0;
+    int allowed_ = 0;
+};
 
 TEST_F(SigningSettingsTabTest,
        ShowsTheKeysFoundAndTheRowsOfTheFormatAndApplyWritesThemThenTheAlertSyncsTheEmail) {
@@ -127,6 +184,47 @@ TEST_F(SigningSettingsTabTest,
         [&] { return status->text() == QStringLiteral("GPG：Signer Name <signer@orvel.invalid>"); }));
     saveScreenshot(window, QStringLiteral("settings-signing-gpg-zh-Hans"), QSize(720, 300));
     LocalizationManager::shared().switchLanguage("en", defaults);
+}
+
+TEST_F(SigningSettingsTabTest,
+       TheWindowAsksAboutAKeyOfAnotherAddressAfterApplyAndMayCloseWhileItReadsGitsAddress) {
+    if (gpg.empty())
+        GTEST_SKIP() << "gpg is not installed";
+    const QString keyID = QString::fromStdString(makeGpgKey("Signer Name <signer@orvel.invalid>", "never"));
+    auto held = std::make_shared<HeldEmailReads>(executor);
+    SettingsPageModels pages(held, std::make_shared<NativeGitConfigService>(executor), defaults);
+    // Each read's job holds the executor until it has handed its answer to this thread.
+    const long owners = held.use_count();
+    AppViewModel app(std::make_shared<NativeGitService>(executor, std::make_shared<GitOpRunner>(1)),
+                     defaults);
+    auto window = std::make_unique<MainWindow>(app, defaults);
+    window->setSettingsPages(pages);
+    // The window loads its pages when it opens: the form is edited once the signing page has loaded.
+    QSignalSpy loaded(&pages.signing, &SigningSettingsViewModel::formChanged);
+    window->findChild<QAction*>("menu.settings")->trigger();
+    const QPointer<SettingsDialog> dialog = window->findChild<SettingsDialog*>();
+    ASSERT_TRUE(eventually([&] { return !loaded.isEmpty() && !pages.signing.availableGPGKeys().empty(); }));
+    pages.signing.setGpgSigningKey(keyID);
+    pages.signing.setSignCommits(true);
+
+    auto* apply = dialog->findChild<QPushButton*>("settings.apply");
+    apply->click();
+    ASSERT_TRUE(eventually([&] { return held->isWaiting(); }));
+    held->letOneThrough();
+    ASSERT_TRUE(eventually([&] {
+        auto* alert = dialog->findChild<QMessageBox*>();
+        return alert && alert->isVisible();
+    }));
+    EXPECT_TRUE(dialog->isVisible());
+
+    // The window goes while git's address is read again: the answer finds nothing to ask over.
+    apply->click();
+    ASSERT_TRUE(eventually([&] { return held->isWaiting(); }));
+    window.reset();
+    EXPECT_FALSE(dialog);
+    held->letOneThrough();
+    ASSERT_TRUE(eventually([&] { return held.use_count() == owners; }));
+    QCoreApplication::processEvents();
 }
 
 } // namespace

@@ -1,6 +1,6 @@
-// The sidebar over the real git where the outcome is git's: how many commands a load runs, a
-// remote branch checked out as a new tracking branch, the rules for adding and removing remotes,
-// and applying, popping and dropping stashes.
+// The sidebar over the real git where the outcome is git's: how many commands a load runs, and that
+// a load cut short leaves the details to the next; a remote branch checked out as a new tracking
+// branch, the rules for adding and removing remotes, and applying, popping and dropping stashes.
 #include "sidebar/SidebarOnRealGit.h"
 #include "sidebar/ManageRemotesViewModel.h"
 #include "support/Await.h"
@@ -46,6 +46,19 @@ TEST_F(SidebarGit, ARefreshThatFindsTheSameRefsReadsOnlyTheBranchesAndTheStashes
     EXPECT_TRUE(ranCommand(second, {"stash", "list"}));
     ASSERT_EQ(sidebar.stashEntries().size(), 1u);
     EXPECT_EQ(sidebar.stashEntries().front().message, "On main: kept aside");
+
+    // A refresh that begins once the moved refs are read, before their details are, reads them.
+    repo.git({"tag", "v1"});
+    repo.git({"branch", "moved"});
+    QMetaObject::Connection again;
+    again = QObject::connect(&sidebar, &SidebarViewModel::branchesLoaded, [&] {
+        QObject::disconnect(again);
+        sidebar.loadBranches(entry);
+    });
+    test::await(sidebar.loadBranches(entry));
+    ASSERT_TRUE(test::eventually([&] { return !sidebar.isLoadingDetails(); }));
+    ASSERT_EQ(sidebar.localTags().size(), 1u);
+    EXPECT_EQ(sidebar.localTags().front().name, "v1");
 }
 
 TEST_F(SidebarGit, ARemoteBranchIsCheckedOutAsANewTrackingBranchThenAsTheLocalOne) {
@@ -118,7 +131,8 @@ TEST_F(SidebarGit, AMergeAsksFirstAndTellsWhichFilesWillConflict) {
     const auto forecastFor = [&](const char* branch) {
         sidebar.requestMerge(*find(branch));
         EXPECT_EQ(sidebar.pendingMergeForecast(), "Checking for conflicts…");
-        EXPECT_TRUE(test::eventually([&] { return sidebar.pendingMergeForecast() != "Checking for conflicts…"; }));
+        EXPECT_TRUE(
+            test::eventually([&] { return sidebar.pendingMergeForecast() != "Checking for conflicts…"; }));
         return sidebar.pendingMergeForecast();
     };
     EXPECT_EQ(forecastFor("topic"), "Merging 'topic' into 'main' will be clean.");

@@ -21,6 +21,25 @@
 
 namespace orvel {
 
+namespace {
+
+// Whether the settings window may close after Apply: not while it asks about a signing key whose
+// address is not git's user.email. The window can go while git's address is read, and with it the
+// function it keeps for after Apply: this coroutine holds what it needs in its own frame.
+QCoro::Task<bool> mayCloseAfterIdentityCheck(QPointer<SettingsDialog> window,
+                                             QPointer<SigningSettingsViewModel> signing) {
+    const std::optional<IdentityMismatch> mismatch = co_await signing->checkIdentityMismatch();
+    if (!mismatch || !window || !signing)
+        co_return true;
+    showIdentityMismatchAlert(window, *signing, *mismatch, [window] {
+        if (window)
+            window->accept();
+    });
+    co_return false;
+}
+
+} // namespace
+
 WorkspaceMenu::WorkspaceMenu(AppViewModel& app, GitToolbarViewModel& toolbar,
                              GeneralSettingsViewModel& generalSettings, QMenu& menu, QWidget* window)
     : QObject(&menu), app_(app), generalSettings_(generalSettings), menu_(menu), window_(window),
@@ -103,16 +122,8 @@ void WorkspaceMenu::showSettingsPages(SettingsDialog& dialog, SettingsPageModels
     dialog.setPage(SettingsTab::signing, new SigningSettingsTab(pages.signing), &pages.signing);
     // A signing key whose address is not git's user.email: the window asks whether to make the
     // key's address git's; it closes once that is written, and stays open to edit by hand.
-    QPointer<SettingsDialog> window(&dialog);
-    dialog.setAfterApply([window, &signing = pages.signing]() -> QCoro::Task<bool> {
-        const std::optional<IdentityMismatch> mismatch = co_await signing.checkIdentityMismatch();
-        if (!mismatch || !window)
-            co_return true;
-        showIdentityMismatchAlert(window, signing, *mismatch, [window] {
-            if (window)
-                window->accept();
-        });
-        co_return false;
+    dialog.setAfterApply([window = QPointer<SettingsDialog>(&dialog), signing = QPointer(&pages.signing)] {
+        return mayCloseAfterIdentityCheck(window, signing);
     });
 }
 
