@@ -204,10 +204,13 @@ std::optional<UndoEntry> parseUndoEntry(std::string_view bytes, std::string id) 
         const auto path = fields.next();
         const auto before = fields.next();
         const auto after = fields.optional();
-        if (!path || !before || !after || !stagedNamed(*before) || (*after && !stagedNamed(**after)))
+        if (!path || !before || !after)
             return std::nullopt;
-        entry.index.push_back({std::string(*path), *stagedNamed(*before),
-                               *after ? stagedNamed(**after) : std::optional<UndoStaged>()});
+        const auto stagedBefore = stagedNamed(*before);
+        const auto stagedAfter = *after ? stagedNamed(**after) : std::optional<UndoStaged>();
+        if (!stagedBefore || (*after && !stagedAfter))
+            return std::nullopt;
+        entry.index.push_back({std::string(*path), *stagedBefore, stagedAfter});
     }
     if (!fields.atEnd())
         return std::nullopt;
